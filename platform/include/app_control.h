@@ -1,0 +1,72 @@
+/* Requests between applications: an operation, a URI and extras, sent to an application by its id. */
+#pragma once
+
+#include <stdbool.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef struct app_control_s* app_control_h;
+
+typedef enum {
+    APP_CONTROL_ERROR_NONE = 0,
+    APP_CONTROL_ERROR_OUT_OF_MEMORY = -12,
+    APP_CONTROL_ERROR_INVALID_PARAMETER = -22,
+    APP_CONTROL_ERROR_APP_NOT_FOUND = -101,     /* no such application installed, or no default handler for the URI */
+    APP_CONTROL_ERROR_KEY_NOT_FOUND = -102,
+    APP_CONTROL_ERROR_INVALID_DATA_TYPE = -103, /* single value asked of an array, or the reverse */
+    APP_CONTROL_ERROR_LAUNCH_REJECTED = -104,
+    APP_CONTROL_ERROR_LAUNCH_FAILED = -105,
+    APP_CONTROL_ERROR_TIMED_OUT = -106,
+    APP_CONTROL_ERROR_IO_ERROR = -107, /* the application manager cannot be reached */
+} app_control_error_e;
+
+typedef enum {
+    APP_CONTROL_RESULT_APP_STARTED = 1,
+    APP_CONTROL_RESULT_SUCCEEDED = 0,
+    APP_CONTROL_RESULT_FAILED = -1,
+    APP_CONTROL_RESULT_CANCELED = -2,
+} app_control_result_e;
+
+/* Start an application at its main entry. */
+#define APP_CONTROL_OPERATION_MAIN "http://orvane.example/appcontrol/operation/main"
+/* Open a URI in the application registered for it. */
+#define APP_CONTROL_OPERATION_VIEW "http://orvane.example/appcontrol/operation/view"
+
+/* Reply to a request, on the main loop. Both handles belong to the platform and end with the call. */
+typedef void (*app_control_reply_cb)(app_control_h request, app_control_h reply, app_control_result_e result,
+                                     void* user_data);
+/* Return false to end the walk. */
+typedef bool (*app_control_extra_data_cb)(app_control_h app_control, const char* key, void* user_data);
+
+/* A handle is used by one thread at a time and freed with app_control_destroy. All return app_control_error_e. */
+int app_control_create(app_control_h* app_control);
+int app_control_destroy(app_control_h app_control);
+int app_control_set_app_id(app_control_h app_control, const char* app_id);
+int app_control_set_operation(app_control_h app_control, const char* operation);
+int app_control_set_uri(app_control_h app_control, const char* uri);
+/* The text is the caller's, freed with free(); null when the field was never set. */
+int app_control_get_app_id(app_control_h app_control, char** app_id);
+int app_control_get_operation(app_control_h app_control, char** operation);
+int app_control_get_uri(app_control_h app_control, char** uri);
+
+/* Inserts or replaces. Values are any bytes that a C string can hold. */
+int app_control_add_extra_data(app_control_h app_control, const char* key, const char* value);
+int app_control_add_extra_data_array(app_control_h app_control, const char* key, const char* value[], int length);
+/* The text is the caller's, freed with free(). */
+int app_control_get_extra_data(app_control_h app_control, const char* key, char** value);
+/* Each element and the array are the caller's, freed with free(). */
+int app_control_get_extra_data_array(app_control_h app_control, const char* key, char*** value, int* length);
+int app_control_is_extra_data_array(app_control_h app_control, const char* key, bool* array);
+int app_control_foreach_extra_data(app_control_h app_control, app_control_extra_data_cb callback, void* user_data);
+
+/* Starts the application if it does not run and hands it the request; blocks until it took delivery. With a callback
+ * the application may answer once. An application that is not installed: APP_CONTROL_ERROR_APP_NOT_FOUND, at once. */
+int app_control_send_launch_request(app_control_h app_control, app_control_reply_cb callback, void* user_data);
+/* Answers a request that this process received. */
+int app_control_reply_to_launch_request(app_control_h reply, app_control_h request, app_control_result_e result);
+
+#ifdef __cplusplus
+}
+#endif

@@ -1,0 +1,21 @@
+/* System log of the platform. */
+#pragma once
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef enum {
+    DLOG_DEBUG = 3,
+    DLOG_INFO = 4,
+    DLOG_WARN = 5,
+    DLOG_ERROR = 6,
+} log_priority;
+
+/* Writes one line under a tag. Any thread; does not block on a reader.
+ * Returns the number of bytes written, negative on failure. */
+int dlog_print(log_priority priority, const char* tag, const char* format, ...) __attribute__((format(printf, 3, 4)));
+
+#ifdef __cplusplus
+}
+#endif

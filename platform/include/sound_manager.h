@@ -1,0 +1,109 @@
+/* Sound streams, their focus, and the volumes of the sound types. Callbacks come on the sound manager's own thread. */
+#pragma once
+
+#include <stdbool.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef struct sound_stream_info_s* sound_stream_info_h;
+
+typedef enum {
+    SOUND_MANAGER_ERROR_NONE = 0,
+    SOUND_MANAGER_ERROR_OUT_OF_MEMORY = -12,
+    SOUND_MANAGER_ERROR_INVALID_PARAMETER = -22,
+    SOUND_MANAGER_ERROR_NO_DATA = -61,
+    SOUND_MANAGER_ERROR_INVALID_STATE = -701, /* the focus is already held, or is not */
+    SOUND_MANAGER_ERROR_POLICY = -702,        /* somebody holds the focus and does not give it up */
+    SOUND_MANAGER_ERROR_INTERNAL = -703,      /* the sound server cannot be reached */
+} sound_manager_error_e;
+
+typedef enum {
+    SOUND_TYPE_SYSTEM = 0,
+    SOUND_TYPE_NOTIFICATION = 1,
+    SOUND_TYPE_ALARM = 2,
+    SOUND_TYPE_MEDIA = 4,
+} sound_type_e;
+
+typedef enum {
+    SOUND_STREAM_TYPE_MEDIA = 0,
+    SOUND_STREAM_TYPE_VOICE_RECOGNITION = 6,
+} sound_stream_type_e;
+
+typedef enum {
+    SOUND_STREAM_FOCUS_FOR_PLAYBACK = 1,
+    SOUND_STREAM_FOCUS_FOR_RECORDING = 2,
+} sound_stream_focus_mask_e;
+
+typedef enum {
+    SOUND_STREAM_FOCUS_STATE_RELEASED = 0,
+    SOUND_STREAM_FOCUS_STATE_ACQUIRED = 1,
+} sound_stream_focus_state_e;
+
+typedef enum {
+    SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA = 0,
+    SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM = 1,
+    SOUND_STREAM_FOCUS_CHANGED_BY_ALARM = 2,
+    SOUND_STREAM_FOCUS_CHANGED_BY_NOTIFICATION = 3,
+    SOUND_STREAM_FOCUS_CHANGED_BY_EMERGENCY = 4,
+    SOUND_STREAM_FOCUS_CHANGED_BY_VOICE_INFORMATION = 5,
+    SOUND_STREAM_FOCUS_CHANGED_BY_VOICE_RECOGNITION = 6,
+    SOUND_STREAM_FOCUS_CHANGED_BY_RINGTONE = 7,
+    SOUND_STREAM_FOCUS_CHANGED_BY_VOIP = 8,
+    SOUND_STREAM_FOCUS_CHANGED_BY_CALL = 9,
+    SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA_EXTERNAL_ONLY = 10,
+} sound_stream_focus_change_reason_e;
+
+enum { SOUND_BEHAVIOR_NONE = 0 };
+
+/* The focus named by the mask changed; sound_behavior is SOUND_BEHAVIOR_*, extra_info may be null. */
+typedef void (*sound_stream_focus_state_changed_cb)(sound_stream_info_h stream_info,
+                                                    sound_stream_focus_mask_e focus_mask,
+                                                    sound_stream_focus_state_e focus_state,
+                                                    sound_stream_focus_change_reason_e reason, int sound_behavior,
+                                                    const char* extra_info, void* user_data);
+/* Anybody's focus changed. */
+typedef void (*sound_stream_focus_state_watch_cb)(int id, sound_stream_focus_mask_e focus_mask,
+                                                  sound_stream_focus_state_e focus_state,
+                                                  sound_stream_focus_change_reason_e reason, const char* extra_info,
+                                                  void* user_data);
+typedef void (*sound_manager_volume_changed_cb)(sound_type_e type, unsigned int volume, void* user_data);
+
+/* All functions: any thread but the sound manager's own for destroy, remove and unset, which wait for a running
+ * callback; they return sound_manager_error_e. */
+
+/* The handle is the caller's, freed with sound_manager_destroy_stream_information. */
+int sound_manager_create_stream_information(sound_stream_type_e stream_type,
+                                            sound_stream_focus_state_changed_cb callback, void* user_data,
+                                            sound_stream_info_h* stream_info);
+int sound_manager_destroy_stream_information(sound_stream_info_h stream_info);
+/* On: a focus lost to another stream is handed back when that stream releases it. */
+int sound_manager_set_focus_reacquisition(sound_stream_info_h stream_info, bool enable);
+/* Either output may be null. */
+int sound_manager_get_focus_state(sound_stream_info_h stream_info, sound_stream_focus_state_e* state_for_playback,
+                                  sound_stream_focus_state_e* state_for_recording);
+int sound_manager_acquire_focus(sound_stream_info_h stream_info, sound_stream_focus_mask_e focus_mask,
+                                int sound_behavior, const char* extra_info);
+int sound_manager_release_focus(sound_stream_info_h stream_info, sound_stream_focus_mask_e focus_mask,
+                                int sound_behavior, const char* extra_info);
+
+/* Who holds the playback focus. SOUND_MANAGER_ERROR_NO_DATA: nobody. extra_info is the caller's, freed with free(). */
+int sound_manager_get_current_playback_focus(sound_stream_focus_change_reason_e* acquired_by, int* flags,
+                                             char** extra_info);
+int sound_manager_add_focus_state_watch_cb(sound_stream_focus_mask_e focus_mask,
+                                           sound_stream_focus_state_watch_cb callback, void* user_data, int* id);
+int sound_manager_remove_focus_state_watch_cb(int id);
+
+/* Levels are whole steps from 0 to the type's maximum; a level above it is refused with
+ * SOUND_MANAGER_ERROR_INVALID_PARAMETER. */
+int sound_manager_get_volume(sound_type_e type, int* volume);
+int sound_manager_set_volume(sound_type_e type, int volume);
+/* Changes by anybody, of every sound type. Several registrations stand side by side, told apart by their pair of
+ * callback and user datum. */
+int sound_manager_set_volume_changed_cb(sound_manager_volume_changed_cb callback, void* user_data);
+int sound_manager_unset_volume_changed_cb(sound_manager_volume_changed_cb callback, void* user_data);
+
+#ifdef __cplusplus
+}
+#endif

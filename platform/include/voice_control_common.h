@@ -1,0 +1,65 @@
+/* Voice control: errors and commands. */
+#pragma once
+
+#include <stdbool.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef enum {
+    VC_ERROR_NONE = 0,
+    VC_ERROR_OUT_OF_MEMORY = -12,
+    VC_ERROR_IO_ERROR = -5,
+    VC_ERROR_INVALID_PARAMETER = -22,
+    VC_ERROR_TIMED_OUT = -110,
+    VC_ERROR_RECORDER_BUSY = -16,
+    VC_ERROR_PERMISSION_DENIED = -13,
+    VC_ERROR_NOT_SUPPORTED = -901,
+    VC_ERROR_INVALID_STATE = -902,
+    VC_ERROR_INVALID_LANGUAGE = -903,
+    VC_ERROR_ENGINE_NOT_FOUND = -904,
+    VC_ERROR_OPERATION_FAILED = -905,
+    VC_ERROR_OPERATION_REJECTED = -906,
+    VC_ERROR_ITERATION_END = -907,
+    VC_ERROR_EMPTY = -908,
+} vc_error_e;
+
+typedef enum {
+    VC_CMD_TYPE_SYSTEM = 4, /* handled by the service that owns the session */
+} vc_cmd_type_e;
+
+typedef enum {
+    VC_CMD_FORMAT_DOMAIN = 5, /* "#" and the name of a domain, not a phrase to be spoken */
+} vc_cmd_format_e;
+
+/* A command, and a list of commands with one cursor. A handle is used by one thread at a time. */
+typedef struct vc_cmd_s* vc_cmd_h;
+typedef struct vc_cmd_list_s* vc_cmd_list_h;
+
+/* All return vc_error_e. */
+int vc_cmd_create(vc_cmd_h* command);
+int vc_cmd_destroy(vc_cmd_h command);
+int vc_cmd_set_command(vc_cmd_h command, const char* text);
+int vc_cmd_set_type(vc_cmd_h command, vc_cmd_type_e type);
+int vc_cmd_set_format(vc_cmd_h command, vc_cmd_format_e format);
+/* Process that registered the command; the output is untouched on failure. */
+int vc_cmd_get_pid(vc_cmd_h command, int* pid);
+/* What the recogniser understood. The text is the caller's, freed with free(); null when there is none. */
+int vc_cmd_get_nlu_json(vc_cmd_h command, char** json);
+
+int vc_cmd_list_create(vc_cmd_list_h* list);
+/* release_command: destroys the commands in it too. */
+int vc_cmd_list_destroy(vc_cmd_list_h list, bool release_command);
+int vc_cmd_list_add(vc_cmd_list_h list, vc_cmd_h command);
+/* Takes the command out of the list; the command itself stays. */
+int vc_cmd_list_remove(vc_cmd_list_h list, vc_cmd_h command);
+/* VC_ERROR_EMPTY on an empty list; VC_ERROR_ITERATION_END behind the last command. */
+int vc_cmd_list_first(vc_cmd_list_h list);
+int vc_cmd_list_next(vc_cmd_list_h list);
+/* The command stays the list's. */
+int vc_cmd_list_get_current(vc_cmd_list_h list, vc_cmd_h* command);
+
+#ifdef __cplusplus
+}
+#endif

@@ -1,0 +1,24 @@
+/* Voice-control settings. All functions on the main loop; they return vc_error_e. */
+#pragma once
+
+#include "voice_control_common.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef void (*vc_setting_enabled_changed_cb)(bool enabled, void* user_data);
+
+int vc_setting_initialize(void);
+int vc_setting_deinitialize(void);
+int vc_setting_get_enabled(bool* enabled);
+int vc_setting_set_enabled_changed_cb(vc_setting_enabled_changed_cb callback, void* user_data);
+/* The text is the caller's, freed with free(). */
+int vc_setting_get_language(char** language);
+int vc_setting_set_language(const char* language);
+/* True: the engine's language follows the platform's. */
+int vc_setting_set_auto_language(bool enable);
+
+#ifdef __cplusplus
+}
+#endif

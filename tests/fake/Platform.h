@@ -1,0 +1,89 @@
+// The scripted platform: records every call that the product makes across the seam (what, in which order, with which
+// arguments, on which thread) and answers as the test tells it. One a process; reset() between tests.
+// Any thread may call in; a test reads on its own thread, which counts as the main loop's.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace fake {
+
+struct Call {
+    std::string name;
+    std::vector<std::string> args;
+    pid_t thread;  // kernel thread id
+
+    std::string text() const;  // name(arg, arg)
+};
+
+struct LogLine {
+    int priority;
+    std::string tag;
+    std::string text;  // as formatted for the system log, with colour and prefix
+    std::string message;  // between the prefix and the colour reset
+    pid_t thread;
+};
+
+class Platform {
+public:
+    static Platform& get();
+
+    // Forgets calls, lines, answers and hooks, and runs every room's own reset.
+    void reset();
+    // A room registers what reset() does to its state. Returns true, for use in a static initialiser.
+    bool addReset(std::function<void()> reset);
+
+    // For the rooms: records a call, runs its hook, returns the scripted answer or `otherwise`.
+    int call(const std::string& name, std::vector<std::string> args = {}, int otherwise = 0);
+    void log(LogLine line);
+
+    // For the tests.
+    void answer(const std::string& name, int code);                      // from now on
+    void answerNext(const std::string& name, int code, int times = 1);   // before any standing answer
+    void onCall(const std::string& name, std::function<void(const Call&)> hook);  // runs on the caller's thread, unlocked
+
+    std::vector<Call> calls() const;
+    std::vector<Call> calls(const std::string& name) const;
+    std::vector<std::string> names() const;           // in order
+    std::vector<std::string> texts() const;           // in order, with arguments
+    // In order, only the calls whose names start with one of the prefixes.
+    std::vector<std::string> textsOf(const std::vector<std::string>& prefixes) const;
+    size_t count(const std::string& name) const;
+    void forgetCalls();  // and log lines
+    std::vector<LogLine> logs() const;
+    bool logged(int priority, const std::string& message) const;
+    size_t countLogged(const std::string& message) const;
+    // Waits until a call was made `times` times in all. False when the watchdog ends first.
+    bool waitFor(const std::string& name, size_t times = 1,
+                 std::chrono::milliseconds watchdog = std::chrono::seconds(20)) const;
+    bool waitUntil(const std::function<bool()>& condition,
+                   std::chrono::milliseconds watchdog = std::chrono::seconds(20)) const;
+
+private:
+    mutable std::mutex mMutex;
+    mutable std::condition_variable mChanged;
+    std::vector<Call> mCalls;
+    std::vector<LogLine> mLogs;
+    std::map<std::string, int> mAnswers;
+    std::map<std::string, std::deque<int>> mNextAnswers;
+    std::map<std::string, std::function<void(const Call&)>> mHooks;
+    std::vector<std::function<void()>> mResets;
+};
+
+inline Platform& platform() { return Platform::get(); }
+
+std::string str(const char* text);  // "(null)" for null
+template <typename T>
+std::string str(T value) {
+    return std::to_string(value);
+}
+
+}  // namespace fake

@@ -58,9 +58,11 @@ public:
     // Ends listening and waits for the engine's thread; no call comes after it. Not from the engine's thread.
     static void Destroy(IWakeupCtx* ctx);
 
-    // Any thread. The listener and the audio input stay the caller's and must outlive the context.
+    // Any thread. The listener and the audio input stay the caller's and must outlive the context or be detached.
     virtual bool Initialize(const std::string& configDirectory, const std::string& configFile) = 0;
     virtual void AttachListener(IWakeupListener* listener) = 0;
+    // Another input, or none, ends a period of listening to the one before. When it returns the engine calls the one
+    // before no more, so it waits for a call in progress: the feed must be closed first, and not from the engine's thread.
     virtual void AttachAudioIn(IWakeupAudioIn* audioIn) = 0;
     virtual bool IsListening() = 0;
     virtual void StartListening() = 0;

@@ -1,0 +1,35 @@
+// Owner of a finite-state grammar being built.
+#pragma once
+
+#include <memory>
+#include <string>
+
+struct fsg_model_s;
+
+namespace sphinx {
+
+class Decoder;
+
+class Fsg {
+public:
+    // States are numbered from 0. The weights are in the decoder's own base.
+    Fsg(const Decoder& decoder, int states, int start, int final);
+
+    // An arc that speaks `word`, or no word. probability: 0 (excluded) to 1.
+    void addWord(int from, int to, const std::string& word, double probability = 1.0);
+    void addSilent(int from, int to, double probability = 1.0);
+    // After the last arc, before use.
+    void close();
+
+    fsg_model_s* handle() const { return mModel.get(); }
+
+private:
+    struct Free {
+        void operator()(fsg_model_s* model) const noexcept;
+    };
+    int logWeight(double probability) const;
+
+    std::unique_ptr<fsg_model_s, Free> mModel;
+};
+
+}  // namespace sphinx

@@ -1,0 +1,34 @@
+// A nameless file for text that the decoder reads from a path only.
+#pragma once
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace sphinx {
+
+class MemoryFile {
+public:
+    explicit MemoryFile(const std::string& content) : mDescriptor(memfd_create("orvane-words", MFD_CLOEXEC)) {
+        if (mDescriptor < 0 || !writeAll(content)) {
+            throw std::runtime_error("no memory for a word list");
+        }
+    }
+    ~MemoryFile() { ::close(mDescriptor); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    // Valid in this process while the object lives.
+    std::string path() const { return "/proc/self/fd/" + std::to_string(mDescriptor); }
+
+private:
+    bool writeAll(const std::string& content) const {
+        return ::write(mDescriptor, content.data(), content.size()) == static_cast<ssize_t>(content.size());
+    }
+
+    int mDescriptor;
+};
+
+}  // namespace sphinx

@@ -1,0 +1,33 @@
+// Wakes the spotter behind it only while somebody speaks, handing it the last moments before as well, so that a quiet
+// room costs next to nothing.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "lib/sphinx/Dither.h"
+#include "lib/sphinx/SpeechGate.h"
+#include "wakeup/Spotter.h"
+
+namespace wakeup {
+
+class GatedSpotter final : public Spotter {
+public:
+    GatedSpotter(std::unique_ptr<Spotter> spotter, double speechMarginDb);
+
+    void begin() override;
+    std::optional<Detection> accept(const int16_t* samples, std::size_t count) override;
+    std::optional<Detection> end() override;
+
+private:
+    std::optional<Detection> decode();
+    void trimHistory();
+
+    const std::unique_ptr<Spotter> mSpotter;
+    sphinx::SpeechGate mGate;
+    sphinx::Dither mDither;
+    std::vector<int16_t> mPending;  // not handed on yet
+    bool mSpeaking = false;
+};
+
+}  // namespace wakeup

@@ -1,0 +1,134 @@
+#include "wakeup/SphinxSpotter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+
+#include "lib/sphinx/MemoryFile.h"
+#include "lib/sphinx/Models.h"
+
+namespace wakeup {
+
+namespace {
+
+using Listener = nuance::IWakeupListener;
+
+// The search reports scores in steps of 1024 units of its logarithm, lowered by this many steps.
+constexpr int kScoreOffset = 1500;
+constexpr int kScoreStep = 1024;
+// Log ratio of phrase to phone loop that counts as certain.
+constexpr double kLogCertain = 46;
+// Phrases times pronunciations; more say nothing that fewer do not.
+constexpr std::size_t kMaxVariants = 64;
+
+std::vector<std::string> wordsOf(const std::string& phrase) {
+    std::istringstream in(phrase);
+    std::vector<std::string> words;
+    for (std::string word; in >> word;) {
+        words.push_back(word);
+    }
+    return words;
+}
+
+// The phrase's words with their sounds: the configuration's, else the dictionary's.
+sphinx::Pronunciations soundsOf(const WakeupConfig& config) {
+    sphinx::Pronunciations sounds;
+    std::set<std::string> unknown;
+    for (const std::string& word : wordsOf(config.phrase)) {
+        const auto own = config.pronunciations.find(word);
+        if (own != config.pronunciations.end() && !own->second.empty()) {
+            sounds[word] = own->second;
+        } else {
+            unknown.insert(word);
+        }
+    }
+    const std::string dictionary = sphinx::modelPath(config.dictionary);
+    if (!unknown.empty() && !sphinx::readPronunciations(dictionary, unknown, sounds)) {
+        throw ConfigFault{Listener::COULD_NOT_FIND_CLC, "no dictionary at " + dictionary};
+    }
+    for (const std::string& word : unknown) {
+        if (sounds.count(word) == 0) {
+            throw ConfigFault{Listener::WRONG_VOCON_DATA, "no pronunciation of \"" + word + "\""};
+        }
+    }
+    return sounds;
+}
+
+// One line for each way to say the phrase: the search itself knows only one sound of a word.
+std::string keyphraseLines(const WakeupConfig& config, const sphinx::Pronunciations& sounds) {
+    std::vector<std::string> ways{""};
+    for (const std::string& word : wordsOf(config.phrase)) {
+        std::vector<std::string> longer;
+        for (const std::string& way : ways) {
+            for (std::size_t i = 0; i < sounds.at(word).size() && longer.size() < kMaxVariants; ++i) {
+                longer.push_back(way + sphinx::variantName(word, i) + " ");
+            }
+        }
+        ways = std::move(longer);
+    }
+    std::ostringstream lines;
+    for (const std::string& way : ways) {
+        lines << way << "/" << config.threshold << "/\n";
+    }
+    return lines.str();
+}
+
+sphinx::Options decoderOptions(const WakeupConfig& config, const sphinx::MemoryFile& dictionary) {
+    const std::string model = sphinx::modelPath(config.model);
+    if (!sphinx::isAcousticModel(model)) {
+        throw ConfigFault{Listener::COULD_NOT_FIND_ACMOD, "no acoustic model at " + model};
+    }
+    return {{"hmm", model}, {"dict", dictionary.path()}, {"cmn", "live"}, {"bestpath", "no"}};
+}
+
+}  // namespace
+
+SphinxSpotter::SphinxSpotter(const WakeupConfig& config) try
+    : mPhrase(config.phrase),
+      mLogThreshold(std::log(config.threshold)),
+      mDecoder(decoderOptions(config, sphinx::MemoryFile(sphinx::dictionaryText(soundsOf(config))))) {
+    mDecoder.searchKeyphrases(sphinx::MemoryFile(keyphraseLines(config, soundsOf(config))).path());
+} catch (const std::exception& fault) {
+    throw ConfigFault{Listener::WRONG_VOCON_DATA, fault.what()};
+}
+
+void SphinxSpotter::begin() {
+    finish();
+    mDecoder.start();
+    mRunning = true;
+}
+
+std::optional<Detection> SphinxSpotter::accept(const int16_t* samples, std::size_t count) {
+    mDecoder.accept(samples, count);
+    return detection();
+}
+
+std::optional<Detection> SphinxSpotter::end() {
+    finish();
+    return detection();
+}
+
+void SphinxSpotter::finish() {
+    if (mRunning) {
+        mRunning = false;
+        mDecoder.finish();
+    }
+}
+
+std::optional<Detection> SphinxSpotter::detection() {
+    if (mDecoder.text().empty()) {
+        return std::nullopt;
+    }
+    int best = 0;
+    for (const sphinx::Segment& segment : mDecoder.segments()) {
+        best = std::max(best, confidence(segment.probability));
+    }
+    return Detection{mPhrase, best};
+}
+
+int SphinxSpotter::confidence(int probability) const {
+    const double logRatio = mDecoder.naturalLog(probability + kScoreOffset) * kScoreStep;
+    return static_cast<int>(std::clamp(100 * (logRatio - mLogThreshold) / (kLogCertain - mLogThreshold), 0.0, 100.0));
+}
+
+}  // namespace wakeup

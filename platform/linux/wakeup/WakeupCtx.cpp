@@ -1,0 +1,14 @@
+#include "wakeup/WakeupContext.h"
+
+namespace nuance {
+
+// Plain pointers are this interface's own way of ownership.
+IWakeupCtx* IWakeupCtx::Create() {
+    return new wakeup::WakeupContext;
+}
+
+void IWakeupCtx::Destroy(IWakeupCtx* ctx) {
+    delete static_cast<wakeup::WakeupContext*>(ctx);
+}
+
+}  // namespace nuance

@@ -1,0 +1,117 @@
+#include "Speech.h"
+
+#include <sndfile.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <random>
+#include <stdexcept>
+
+namespace speech {
+
+namespace {
+
+struct CloseSound {
+    void operator()(SNDFILE* file) const noexcept { sf_close(file); }
+};
+using SoundFile = std::unique_ptr<SNDFILE, CloseSound>;
+
+class TempFile {
+public:
+    TempFile() {
+        mPath = (std::filesystem::temp_directory_path() / "speech-XXXXXX.wav").string();
+        const int descriptor = mkstemps(mPath.data(), 4);
+        if (descriptor < 0) {
+            throw std::runtime_error("no temporary file");
+        }
+        ::close(descriptor);
+    }
+    ~TempFile() { std::filesystem::remove(mPath); }
+    const std::string& path() const { return mPath; }
+
+private:
+    std::string mPath;
+};
+
+void run(std::vector<std::string> words) {
+    std::vector<char*> arguments;
+    for (std::string& word : words) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    pid_t child = 0;
+    int status = -1;
+    if (posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0 ||
+        waitpid(child, &status, 0) != child || status != 0) {
+        throw std::runtime_error(words[0] + " fails");
+    }
+}
+
+SoundFile open(const std::string& path, int mode, SF_INFO& info) {
+    SoundFile file(sf_open(path.c_str(), mode, &info));
+    if (!file) {
+        throw std::runtime_error(path + ": " + sf_strerror(nullptr));
+    }
+    return file;
+}
+
+}  // namespace
+
+const Samples& say(const std::string& voice, const std::string& text) {
+    static std::map<std::pair<std::string, std::string>, Samples> spoken;
+    const auto [entry, isNew] = spoken.try_emplace({voice, text});
+    if (isNew) {
+        const TempFile file;
+        run({"flite", "-voice", voice, "-t", text, "-o", file.path()});
+        entry->second = loadWav(file.path());
+    }
+    return entry->second;
+}
+
+Samples silence(double seconds) {
+    return Samples(static_cast<std::size_t>(seconds * 16000));
+}
+
+Samples noise(double seconds, int peak) {
+    std::minstd_rand random(1);
+    std::uniform_int_distribution<int> level(-peak, peak);
+    Samples samples = silence(seconds);
+    for (int16_t& sample : samples) {
+        sample = static_cast<int16_t>(level(random));
+    }
+    return samples;
+}
+
+Samples join(const std::vector<Samples>& parts) {
+    Samples all;
+    for (const Samples& part : parts) {
+        all.insert(all.end(), part.begin(), part.end());
+    }
+    return all;
+}
+
+Samples loadWav(const std::string& path) {
+    SF_INFO info{};
+    const SoundFile file = open(path, SFM_READ, info);
+    if (info.samplerate != 16000 || info.channels != 1) {
+        throw std::runtime_error(path + ": not 16 kHz, one channel");
+    }
+    Samples samples(static_cast<std::size_t>(info.frames));
+    samples.resize(static_cast<std::size_t>(sf_read_short(file.get(), samples.data(), info.frames)));
+    return samples;
+}
+
+void saveWav(const std::string& path, const Samples& samples) {
+    SF_INFO info{};
+    info.samplerate = 16000;
+    info.channels = 1;
+    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    sf_write_short(open(path, SFM_WRITE, info).get(), samples.data(), static_cast<sf_count_t>(samples.size()));
+}
+
+}  // namespace speech

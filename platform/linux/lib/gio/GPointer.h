@@ -24,7 +24,9 @@ using Variant = std::unique_ptr<GVariant, VariantUnref>;
 using Text = std::unique_ptr<char, GFree>;
 
 // Takes the floating reference.
-inline Variant sink(GVariant* variant) { return Variant(g_variant_ref_sink(variant)); }
+inline Variant sink(GVariant* variant) {
+    return Variant(g_variant_ref_sink(variant));
+}
 
 // Out parameter of GIO's calls; empties itself.
 class Error {

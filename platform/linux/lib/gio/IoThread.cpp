@@ -15,7 +15,9 @@ gboolean runOnce(gpointer data) noexcept {
     return G_SOURCE_REMOVE;
 }
 
-void destroyWork(gpointer data) noexcept { delete static_cast<Work*>(data); }
+void destroyWork(gpointer data) noexcept {
+    delete static_cast<Work*>(data);
+}
 
 void attach(GSource* source, GMainContext* context, Work work) {
     g_source_set_callback(source, runOnce, new Work(std::move(work)), destroyWork);
@@ -40,7 +42,9 @@ IoThread::IoThread() : mContext(g_main_context_new()) {
     });
 }
 
-void IoThread::post(Work work) { attach(g_idle_source_new(), mContext, std::move(work)); }
+void IoThread::post(Work work) {
+    attach(g_idle_source_new(), mContext, std::move(work));
+}
 
 void IoThread::postAfter(unsigned milliseconds, Work work) {
     attach(g_timeout_source_new(milliseconds), mContext, std::move(work));

@@ -2,14 +2,48 @@
 
 #include <Ecore.h>
 
-#include <memory>
+#include <deque>
+#include <mutex>
 
 namespace {
 
 using Work = std::function<void()>;
 
-void runPosted(void* data) noexcept { (*std::unique_ptr<Work>(static_cast<Work*>(data)))(); }
+// One queue for all threads keeps the order of the calls. Ecore's own runs a call that the main loop makes at once,
+// within that call.
+struct Queue {
+    std::mutex mutex;
+    std::deque<Work> waiting;
+};
+
+Queue& queue() {
+    // Never destroyed: threads still post while the process ends.
+    static Queue* instance = new Queue;
+    return *instance;
+}
+
+// Work that is posted meanwhile comes with a wake-up of its own.
+void runWaiting(void*) noexcept {
+    std::deque<Work> due;
+    {
+        std::lock_guard lock(queue().mutex);
+        due.swap(queue().waiting);
+    }
+    for (const Work& work : due) {
+        work();
+    }
+}
 
 }  // namespace
 
-void postToMainLoop(Work work) { ecore_main_loop_thread_safe_call_async(runPosted, new Work(std::move(work))); }
+void postToMainLoop(Work work) {
+    {
+        std::lock_guard lock(queue().mutex);
+        queue().waiting.push_back(std::move(work));
+    }
+    if (eina_main_loop_is()) {
+        ecore_job_add(runWaiting, nullptr);
+    } else {
+        ecore_main_loop_thread_safe_call_async(runWaiting, nullptr);
+    }
+}

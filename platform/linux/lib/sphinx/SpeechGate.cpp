@@ -43,10 +43,17 @@ void SpeechGate::accept(const int16_t* samples, std::size_t count) {
     }
 }
 
+void SpeechGate::close() {
+    mSilentFrames = mHoldFrames;
+    mLoudFrames = 0;
+    mHeardFrames = 0;
+}
+
 void SpeechGate::judge(double levelDb) {
     mLoudFrames = levelDb > mFloorDb + mMarginDb ? mLoudFrames + 1 : 0;
     learn(levelDb);
     if (mLoudFrames >= kFramesToOpen) {
+        mHeardFrames += mLoudFrames == kFramesToOpen ? kFramesToOpen : 1;
         mSilentFrames = 0;
     } else if (mSilentFrames < std::numeric_limits<int>::max() / kFrameMilliseconds) {
         ++mSilentFrames;

@@ -19,8 +19,10 @@ public:
     bool isOpen() const { return mSilentFrames < mHoldFrames; }
     // Since the last loud sound; grows without bound while it is silent.
     int silentMilliseconds() const { return mSilentFrames * kFrameMilliseconds; }
+    // Of loud sound since the gate was last closed by hand.
+    int heardMilliseconds() const { return mHeardFrames * kFrameMilliseconds; }
     // Closes the gate; what was learnt about the room stays.
-    void close() { mSilentFrames = mHoldFrames; }
+    void close();
 
 private:
     static constexpr int kFrameMilliseconds = 10;
@@ -32,7 +34,8 @@ private:
     const double mMarginDb;
     const int mHoldFrames;
     int mSilentFrames;
-    int mLoudFrames = 0;
+    int mLoudFrames = 0;  // in a row
+    int mHeardFrames = 0;
     double mFloorDb;
     // Of the frame being filled.
     double mEnergy = 0;

@@ -1,0 +1,132 @@
+#include "voice/Clients.h"
+
+#include <algorithm>
+#include <mutex>
+#include <set>
+
+#include "dlog.h"
+#include "lib/gio/GPointer.h"
+#include "lib/gio/IoThread.h"
+
+namespace voice {
+
+namespace {
+
+constexpr char kPath[] = "/org/orvane/VoiceControl";
+constexpr char kClientPath[] = "/org/orvane/VoiceClient";
+constexpr char kClientInterface[] = "org.orvane.VoiceClient1";
+constexpr char kDescription[] =
+    "<node><interface name='org.orvane.VoiceControl1'>"
+    "<method name='Register'><arg type='as' name='domains' direction='in'/></method>"
+    "</interface></node>";
+constexpr int kTimeoutMilliseconds = 1000;
+
+struct Registration {
+    Client client;
+    std::set<std::string> agents;
+    guint watch = 0;
+};
+
+std::mutex mutex;
+std::vector<Registration> registrations;
+GDBusConnection* bus = nullptr;  // the process's own; set once, on the bus's thread
+
+int processOf(const char* name) {
+    gio::Error fault;
+    const gio::Variant answer(
+        g_dbus_connection_call_sync(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                    "GetConnectionUnixProcessID", g_variant_new("(s)", name), G_VARIANT_TYPE("(u)"),
+                                    G_DBUS_CALL_FLAGS_NONE, kTimeoutMilliseconds, nullptr, fault.out()));
+    guint32 pid = 0;
+    if (answer) {
+        g_variant_get(answer.get(), "(u)", &pid);
+    }
+    return static_cast<int>(pid);
+}
+
+void forget(GDBusConnection*, const gchar* name, gpointer) noexcept {
+    std::lock_guard lock(mutex);
+    const auto gone = std::find_if(registrations.begin(), registrations.end(),
+                                   [name](const Registration& r) { return r.client.busName == name; });
+    if (gone != registrations.end()) {
+        g_bus_unwatch_name(gone->watch);
+        registrations.erase(gone);
+    }
+}
+
+// A second registration of the same caller replaces the first.
+void remember(const char* name, std::set<std::string> agents) {
+    const int pid = processOf(name);
+    std::lock_guard lock(mutex);
+    for (Registration& known : registrations) {
+        if (known.client.busName == name) {
+            known.agents = std::move(agents);
+            return;
+        }
+    }
+    const guint watch =
+        g_bus_watch_name_on_connection(bus, name, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, forget, nullptr, nullptr);
+    registrations.push_back({{name, pid}, std::move(agents), watch});
+}
+
+std::set<std::string> textsOf(GVariant* arguments) {
+    const gio::Variant list(g_variant_get_child_value(arguments, 0));
+    std::set<std::string> texts;
+    for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
+        const gio::Variant text(g_variant_get_child_value(list.get(), i));
+        texts.insert(g_variant_get_string(text.get(), nullptr));
+    }
+    return texts;
+}
+
+void onCall(GDBusConnection*, const gchar* sender, const gchar*, const gchar*, const gchar*, GVariant* arguments,
+            GDBusMethodInvocation* invocation, gpointer) noexcept {
+    remember(sender, textsOf(arguments));
+    g_dbus_method_invocation_return_value(invocation, nullptr);
+}
+
+struct NodeUnref {
+    void operator()(GDBusNodeInfo* node) const noexcept { g_dbus_node_info_unref(node); }
+};
+
+void exportObject() {
+    gio::Error fault;
+    bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, fault.out());
+    if (!bus) {
+        dlog_print(DLOG_WARN, "orvane-voice", "no session bus, so no clients: %s", fault.message().c_str());
+        return;
+    }
+    const std::unique_ptr<GDBusNodeInfo, NodeUnref> node(g_dbus_node_info_new_for_xml(kDescription, nullptr));
+    static const GDBusInterfaceVTable methods{onCall, nullptr, nullptr, {}};
+    if (!g_dbus_connection_register_object(bus, kPath, node->interfaces[0], &methods, nullptr, nullptr, fault.out())) {
+        dlog_print(DLOG_ERROR, "orvane-voice", "clients cannot register: %s", fault.message().c_str());
+    }
+}
+
+}  // namespace
+
+void serveClients() {
+    static std::once_flag once;
+    std::call_once(once, [] { gio::IoThread::get().run(exportObject); });
+}
+
+std::vector<Client> clientsFor(const std::string& agent) {
+    std::lock_guard lock(mutex);
+    std::vector<Client> clients;
+    for (const Registration& registration : registrations) {
+        if (registration.agents.count(agent) != 0) {
+            clients.push_back(registration.client);
+        }
+    }
+    return clients;
+}
+
+void deliverResult(const Client& client, const std::string& text, const std::string& json) {
+    gio::IoThread::get().post([=] {
+        g_dbus_connection_call(bus, client.busName.c_str(), kClientPath, kClientInterface, "Result",
+                               g_variant_new("(ss)", text.c_str(), json.c_str()), nullptr, G_DBUS_CALL_FLAGS_NONE,
+                               kTimeoutMilliseconds, nullptr, nullptr, nullptr);
+    });
+}
+
+}  // namespace voice

@@ -1,0 +1,24 @@
+#include "voice/Engine.h"
+
+#include "dlog.h"
+
+namespace voice {
+
+std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& commandsPath) {
+    try {
+        auto engine = std::make_shared<Engine>();
+        engine->language = language;
+        const std::string& path = language.commands.empty() ? commandsPath : language.commands;
+        if (!path.empty()) {
+            readCommands(path, engine->commands);
+        }
+        engine->recogniser = makeRecogniser(language, engine->commands);
+        return engine;
+    } catch (const std::exception& fault) {
+        dlog_print(DLOG_ERROR, "orvane-voice", "the recogniser for \"%s\" cannot be loaded: %s", language.id.c_str(),
+                   fault.what());
+        return nullptr;
+    }
+}
+
+}  // namespace voice

@@ -1,0 +1,28 @@
+// A recogniser that is loaded, with the sentences that it knows.
+#pragma once
+
+#include <future>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "voice/CommandFile.h"
+#include "voice/Languages.h"
+#include "voice/Recogniser.h"
+
+namespace voice {
+
+struct Engine {
+    Language language;
+    CommandFile commands;                    // not changed any more
+    std::unique_ptr<Recogniser> recogniser;  // under the mutex: a cancelled utterance may still be at it
+    std::mutex mutex;
+};
+
+// One that is being loaded on a thread of its own. get() gives null when it could not be: logged there.
+using EngineFuture = std::shared_future<std::shared_ptr<Engine>>;
+
+// commandsPath may be empty: no sentences yet. An empty language id: none is installed.
+std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& commandsPath);
+
+}  // namespace voice

@@ -1,0 +1,342 @@
+// The course of a session as its owner sees it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "VoiceRoom.h"
+
+namespace {
+
+using speech::join;
+using speech::noise;
+using speech::say;
+using speech::silence;
+using testing::HasSubstr;
+
+class ASession : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(mRoom.makeReady());
+        mRoom.events.clear();
+    }
+
+    void say(const std::string& sentence) { microphone::speak(join({silence(0.4), speech::say("rms", sentence)})); }
+    bool start(vc_recognition_mode_e mode = VC_RECOGNITION_MODE_STOP_BY_SILENCE) {
+        vc_mgr_set_recognition_mode(mode);
+        return vc_mgr_start(false) == VC_ERROR_NONE && mRoom.runUntilEvent("service 1->2");
+    }
+    // Everything but the partial texts, whose number depends on the speaker's pace.
+    Events course() const {
+        Events course;
+        for (const std::string& event : mRoom.events) {
+            if (event.rfind("partial ", 0) != 0) {
+                course.push_back(event);
+            }
+        }
+        return course;
+    }
+
+    VoiceRoom mRoom;
+};
+
+TEST_F(ASession, RunsFromReadyThroughRecordingAndProcessingToReady) {
+    say("what time is it");
+    microphone::fallSilent();
+    ASSERT_TRUE(start());
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    EXPECT_THAT(course(), testing::ElementsAre("service 1->2", "speech", "service 2->3", "final what time is it",
+                                               "result what time is it", "service 3->1"));
+    EXPECT_FALSE(microphone::isOpen());
+}
+
+TEST_F(ASession, TellsWordsWhileThePersonStillSpeaks) {
+    say("show me the recipe for tomato soup");
+    ASSERT_TRUE(start(VC_RECOGNITION_MODE_MANUAL));
+    ASSERT_TRUE(mRoom.runUntil([&] { return !mRoom.firstWith("partial ").empty(); }));
+    EXPECT_EQ(mRoom.count("speech"), 1);
+    EXPECT_EQ(mRoom.count("service 2->3"), 0);
+    EXPECT_TRUE(microphone::isOpen());
+}
+
+TEST_F(ASession, InManualModeGoesOnThroughSilenceUntilItIsStopped) {
+    say("open the notes");
+    microphone::speak(silence(4));
+    ASSERT_TRUE(start(VC_RECOGNITION_MODE_MANUAL));
+    ASSERT_TRUE(mRoom.runUntilEvent("partial open the notes"));
+    mRoom.settle();
+    EXPECT_EQ(mRoom.count("service 2->3"), 0);
+    EXPECT_EQ(vc_mgr_stop(), VC_ERROR_NONE);
+    microphone::speak(silence(0.1));
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    EXPECT_EQ(mRoom.count("result open the notes"), 1);
+}
+
+TEST_F(ASession, CancelledWhileRecordingGivesNoResultAndIsReadyAgain) {
+    say("open the notes");
+    ASSERT_TRUE(start());
+    ASSERT_TRUE(mRoom.runUntilEvent("speech"));
+    EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_NONE);
+    EXPECT_EQ(mRoom.count("service 2->1"), 0) << "told within the call";
+    ASSERT_TRUE(mRoom.runUntilEvent("service 2->1"));
+    microphone::fallSilent();
+    mRoom.events.clear();
+    microphone::reset();
+    say("what time is it");
+    microphone::fallSilent();
+    ASSERT_TRUE(start());
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    EXPECT_EQ(mRoom.count("result what time is it"), 1);
+    EXPECT_EQ(mRoom.firstWith("result open"), "");
+}
+
+TEST_F(ASession, CancelledBeforeTheMicrophoneIsOpenTellsNothing) {
+    ASSERT_EQ(vc_mgr_start(false), VC_ERROR_NONE);
+    EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_NONE);
+    mRoom.settle();
+    EXPECT_THAT(mRoom.events, testing::IsEmpty());
+}
+
+TEST_F(ASession, CancelledAndStartedAtOnceRecordsAnew) {
+    ASSERT_TRUE(start());
+    EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_NONE);
+    EXPECT_EQ(vc_mgr_start(false), VC_ERROR_NONE);
+    ASSERT_TRUE(mRoom.runUntilEvent("service 1->2", 2));
+    EXPECT_THAT(course(), testing::ElementsAre("service 1->2", "service 2->1", "service 1->2"));
+}
+
+TEST_F(ASession, CancelledWhileProcessingGivesNoResult) {
+    mRoom.onEvent = [](const std::string& event) {
+        if (event == "service 2->3") {
+            vc_mgr_cancel();
+        }
+    };
+    say("open the notes");
+    microphone::fallSilent();
+    ASSERT_TRUE(start());
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    mRoom.onEvent = nullptr;
+    microphone::reset();
+    say("what time is it");
+    microphone::fallSilent();
+    ASSERT_TRUE(start());
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1", 2));
+    EXPECT_EQ(mRoom.firstWith("result "), "what time is it");
+}
+
+TEST_F(ASession, CancelledWithinItsResultIsReadyOnce) {
+    mRoom.inResult = [](vc_cmd_list_h) {
+        EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_NONE);
+        return false;
+    };
+    say("what time is it");
+    microphone::fallSilent();
+    ASSERT_TRUE(start());
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    mRoom.settle();
+    EXPECT_EQ(mRoom.count("service 3->1"), 1);
+    EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_INVALID_STATE);
+}
+
+TEST_F(ASession, OfNoiseWithoutSpeechIsRejectedWhenStopped) {
+    microphone::speak(noise(2, 20));
+    ASSERT_TRUE(start(VC_RECOGNITION_MODE_MANUAL));
+    vc_mgr_stop();
+    microphone::speak(noise(0.1, 20));
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    EXPECT_THAT(course(), testing::ElementsAre("service 1->2", "service 2->3", "rejected", "service 3->1"));
+}
+
+TEST_F(ASession, EndsInARoomTooLoudForSilenceToBeHeard) {
+    speech::Samples sound = join({silence(1), speech::say("rms", "open the music player"), silence(9)});
+    const speech::Samples hum = noise(20, 250);
+    for (std::size_t i = 16000; i < sound.size(); ++i) {
+        sound[i] = static_cast<int16_t>(sound[i] + hum[i]);
+    }
+    microphone::speak(sound);
+    ASSERT_TRUE(start());
+    EXPECT_TRUE(mRoom.runUntilEvent("service 2->3"));
+}
+
+TEST_F(ASession, CannotBeStartedTwice) {
+    ASSERT_TRUE(start());
+    EXPECT_EQ(vc_mgr_start(false), VC_ERROR_INVALID_STATE);
+}
+
+TEST_F(ASession, ThatDoesNotRunCannotBeStoppedOrCancelled) {
+    EXPECT_EQ(vc_mgr_stop(), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_INVALID_STATE);
+}
+
+TEST_F(ASession, WithoutASoundSourceReportsAnErrorOnTheWayBackToReady) {
+    microphone::disappear();
+    std::string message;
+    mRoom.onEvent = [&](const std::string& event) {
+        if (event == "service 2->1") {
+            message = mRoom.errorMessage();
+        }
+    };
+    ASSERT_EQ(vc_mgr_start(false), VC_ERROR_NONE);
+    ASSERT_TRUE(mRoom.runUntilEvent("service 2->1"));
+    EXPECT_THAT(mRoom.events, testing::ElementsAre("service 1->2", "error -905", "service 2->1"));
+    EXPECT_EQ(message, "No sound source");
+}
+
+TEST_F(ASession, WhoseSoundSourceFailsReportsAnError) {
+    ASSERT_TRUE(start());
+    microphone::breakDown();
+    ASSERT_TRUE(mRoom.runUntilEvent("service 2->1"));
+    EXPECT_EQ(mRoom.count("error -905"), 1);
+    EXPECT_EQ(mRoom.errorMessage(), "The sound source has failed");
+    microphone::reset();
+    EXPECT_TRUE(start());
+}
+
+TEST_F(ASession, WithoutClientsGivesOneCommandOfTheServiceWithTheResult) {
+    say("read out the recipe");
+    microphone::fallSilent();
+    ASSERT_TRUE(start());
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    EXPECT_THAT(mRoom.pids, testing::ElementsAre(getpid()));
+    ASSERT_EQ(mRoom.jsons.size(), 1U);
+    EXPECT_THAT(mRoom.jsons[0], HasSubstr("\"agent\":\"Recipe\""));
+}
+
+TEST_F(ASession, IsEndedByDeinitialisingInTheMiddle) {
+    say("open the notes");
+    ASSERT_TRUE(start());
+    EXPECT_EQ(vc_mgr_deinitialize(), VC_ERROR_NONE);
+    EXPECT_FALSE(microphone::isOpen());
+    mRoom.settle();
+    EXPECT_EQ(mRoom.firstWith("result"), "");
+}
+
+TEST_F(ASession, KeepsWorkingWhileTheEngineIsReloaded) {
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(vc_mgr_set_private_data("Request", "reloadEngine"), VC_ERROR_NONE);
+    }
+    say("what time is it");
+    microphone::fallSilent();
+    ASSERT_TRUE(start());
+    vc_mgr_set_private_data("Request", "reloadEngine");
+    ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    EXPECT_EQ(mRoom.count("result what time is it"), 1);
+    EXPECT_EQ(mRoom.firstWith("state "), "");
+}
+
+TEST_F(ASession, RemembersAQuestionAskedBackUntilTheSessionIsReset) {
+    const auto hear = [&](const std::string& sentence) {
+        mRoom.events.clear();
+        microphone::reset();
+        say(sentence);
+        microphone::fallSilent();
+        EXPECT_TRUE(start());
+        EXPECT_TRUE(mRoom.runUntilEvent("service 3->1"));
+    };
+    hear("set a timer");
+    EXPECT_EQ(mRoom.count("result set a timer"), 1);
+    hear("ten minutes");
+    EXPECT_EQ(mRoom.count("result ten minutes"), 1);
+    hear("set a timer");
+    EXPECT_EQ(vc_mgr_set_private_data("Request", "resetSession"), VC_ERROR_NONE);
+    hear("ten minutes");
+    EXPECT_EQ(mRoom.count("rejected"), 1);
+}
+
+TEST(AManager, BecomesReadyAfterPreparing) {
+    VoiceRoom room;
+    ASSERT_EQ(vc_setting_initialize(), VC_ERROR_NONE);
+    ASSERT_EQ(vc_mgr_initialize(), VC_ERROR_NONE);
+    room.setCallbacks();
+    ASSERT_EQ(vc_mgr_prepare(), VC_ERROR_NONE);
+    EXPECT_EQ(vc_mgr_start(false), VC_ERROR_INVALID_STATE);
+    EXPECT_THAT(room.events, testing::IsEmpty());
+    ASSERT_TRUE(room.runUntilEvent("service 0->1"));
+    EXPECT_THAT(room.events, testing::ElementsAre("state 1->2", "service 0->1"));
+}
+
+TEST(AManager, WithoutAModelReportsAnErrorAndDoesNotBecomeReady) {
+    VoiceRoom room;
+    setenv("ORVANE_MODEL_ROOT", "/nowhere", 1);
+    vc_setting_initialize();
+    vc_mgr_initialize();
+    room.setCallbacks();
+    EXPECT_EQ(vc_mgr_prepare(), VC_ERROR_NONE);
+    EXPECT_TRUE(room.runUntilEvent("error -904"));
+    unsetenv("ORVANE_MODEL_ROOT");
+    EXPECT_EQ(room.errorMessage(), "No speech recogniser");
+    EXPECT_EQ(vc_mgr_start(false), VC_ERROR_INVALID_STATE);
+}
+
+TEST(AManager, WhoseModelDisappearsDropsOutAndComesBackWithIt) {
+    VoiceRoom room;
+    ASSERT_TRUE(room.makeReady());
+    room.runUntilEvent("never", 0);
+    setenv("ORVANE_MODEL_ROOT", "/nowhere", 1);
+    vc_setting_deinitialize();
+    vc_setting_initialize();
+    vc_mgr_set_private_data("Request", "reloadEngine");
+    EXPECT_TRUE(room.runUntilEvent("state 2->1"));
+    EXPECT_EQ(room.count("error -904"), 1);
+    unsetenv("ORVANE_MODEL_ROOT");
+    vc_setting_deinitialize();
+    vc_setting_initialize();
+    vc_mgr_set_private_data("Request", "reloadEngine");
+    EXPECT_TRUE(room.runUntilEvent("state 1->2", 2));
+}
+
+TEST(AManager, SupportsTheLanguagesWhoseModelsAreInstalled) {
+    VoiceRoom room;
+    vc_setting_initialize();
+    vc_mgr_initialize();
+    std::vector<std::string> languages;
+    vc_mgr_foreach_supported_languages(
+        [](const char* language, void* data) noexcept {
+            static_cast<std::vector<std::string>*>(data)->emplace_back(language);
+            return true;
+        },
+        &languages);
+    EXPECT_THAT(languages, testing::ElementsAre("en_US", "en_GB"));
+    EXPECT_EQ(vc_setting_set_language("fr_FR"), VC_ERROR_INVALID_LANGUAGE);
+    EXPECT_EQ(vc_setting_set_language(""), VC_ERROR_INVALID_LANGUAGE);
+    EXPECT_EQ(vc_setting_set_language(nullptr), VC_ERROR_INVALID_PARAMETER);
+}
+
+TEST(AManager, TellsOfALanguageChangeOnceAndOnlyOfARealOne) {
+    VoiceRoom room;
+    vc_setting_initialize();
+    vc_mgr_initialize();
+    room.setCallbacks();
+    EXPECT_EQ(vc_setting_set_language("en_GB"), VC_ERROR_NONE);
+    EXPECT_EQ(vc_setting_set_language("en_GB"), VC_ERROR_NONE);
+    room.settle();
+    EXPECT_EQ(vc_setting_set_language("en_US"), VC_ERROR_NONE);
+    room.settle();
+    EXPECT_THAT(room.events, testing::ElementsAre("language en_US->en_GB", "language en_GB->en_US"));
+}
+
+TEST(AManager, ThatIsNotInitialisedRefusesEverything) {
+    EXPECT_EQ(vc_mgr_prepare(), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(vc_mgr_start(false), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(vc_mgr_deinitialize(), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(vc_mgr_unset_error_cb(), VC_ERROR_INVALID_STATE);
+    char* language = nullptr;
+    EXPECT_EQ(vc_setting_get_language(&language), VC_ERROR_INVALID_STATE);
+}
+
+TEST(AManager, RefusesWhatItDoesNotKnow) {
+    VoiceRoom room;
+    vc_mgr_initialize();
+    EXPECT_EQ(vc_mgr_set_private_data("Colour", "red"), VC_ERROR_NOT_SUPPORTED);
+    EXPECT_EQ(vc_mgr_set_private_data("Request", "makeCoffee"), VC_ERROR_NOT_SUPPORTED);
+    EXPECT_EQ(vc_mgr_set_private_data(nullptr, "x"), VC_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(vc_mgr_set_private_data("MediaVolume", "loud"), VC_ERROR_NONE);
+    EXPECT_EQ(vc_mgr_set_recognition_mode(static_cast<vc_recognition_mode_e>(7)), VC_ERROR_NOT_SUPPORTED);
+    EXPECT_EQ(vc_mgr_set_preloaded_commands_from_file("/nowhere.txt"), VC_ERROR_IO_ERROR);
+    EXPECT_EQ(vc_mgr_set_selected_results(nullptr), VC_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(vc_mgr_set_state_changed_cb(nullptr, nullptr), VC_ERROR_INVALID_PARAMETER);
+}
+
+}  // namespace

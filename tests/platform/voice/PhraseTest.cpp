@@ -1,0 +1,81 @@
+#include "voice/Phrase.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace {
+
+using voice::Filling;
+using voice::matches;
+using voice::NameLists;
+using voice::parsePhrase;
+using voice::splitWords;
+
+const NameLists kApps{
+    {"app", {{"org.music", parsePhrase("[the] music [player]")}, {"org.notes", parsePhrase("notes")}}}};
+
+bool fits(const std::string& phrase, const std::string& sentence, Filling* filling = nullptr) {
+    Filling own;
+    return matches(parsePhrase(phrase), kApps, splitWords(sentence), filling ? *filling : own);
+}
+
+TEST(APhrase, FitsTheSentencesItDescribesAndNoOthers) {
+    struct {
+        const char* phrase;
+        const char* sentence;
+        bool expected;
+    } table[] = {
+        {"go home", "go home", true},
+        {"go home", "go", false},
+        {"go home", "go home now", false},
+        {"Go Home", "go home", true},
+        {"go [back] home", "go home", true},
+        {"go [back] home", "go back home", true},
+        {"go [back] home", "go back", false},
+        {"(open | start) it", "start it", true},
+        {"(open | start) it", "close it", false},
+        {"(open [up] | start) it", "open up it", true},
+        {"[a [b [c]]] d", "a b c d", true},
+        {"[a [b [c]]] d", "a c d", false},
+        {"[a] a", "a", true},
+        {"[a] a a", "a a a", true},
+        {"what's up", "what's up", true},
+        {"search for *", "search for pie", true},
+        {"search for *", "search for", false},
+        {"a | b c", "b c", true},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(fits(row.phrase, row.sentence), row.expected) << row.phrase << " / " << row.sentence;
+    }
+}
+
+TEST(APhrase, TellsWhichNameWasSaid) {
+    Filling filling;
+    EXPECT_TRUE(fits("open <app>", "open the music player", &filling));
+    EXPECT_EQ(filling["app"], "org.music");
+    EXPECT_TRUE(fits("open <app>", "open notes", &filling));
+    EXPECT_EQ(filling["app"], "org.notes");
+}
+
+TEST(APhrase, TellsTheWordsOfItsFreeEnd) {
+    Filling filling;
+    EXPECT_TRUE(fits("search for *", "search for pie and cake", &filling));
+    EXPECT_EQ(filling["*"], "pie and cake");
+}
+
+TEST(APhrase, ThatIsNotWellFormedIsRefused) {
+    for (const char* text : {"", "   ", "(", ")", "open (a", "open [a", "a ]", "()", "[]", "(a|)", "|", "<", "<>",
+                             "<app", "* a", "a $ b", "a 7", "\xff"}) {
+        EXPECT_THROW(parsePhrase(text), std::invalid_argument) << text;
+    }
+    EXPECT_THROW(parsePhrase(std::string(100000, '(') + "a"), std::invalid_argument);
+}
+
+TEST(APhrase, KnowsItsWordsAndThoseOfItsNames) {
+    std::set<std::string> words;
+    collectWords(parsePhrase("(open | start) [the] <app>"), kApps, words);
+    EXPECT_EQ(words, (std::set<std::string>{"open", "start", "the", "music", "player", "notes"}));
+}
+
+}  // namespace

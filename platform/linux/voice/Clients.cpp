@@ -96,6 +96,8 @@ void exportObject() {
         dlog_print(DLOG_WARN, "orvane-voice", "no session bus, so no clients: %s", fault.message().c_str());
         return;
     }
+    // The end of the bus is no reason to end the process; who runs the service decides that.
+    g_dbus_connection_set_exit_on_close(bus, FALSE);
     const std::unique_ptr<GDBusNodeInfo, NodeUnref> node(g_dbus_node_info_new_for_xml(kDescription, nullptr));
     static const GDBusInterfaceVTable methods{onCall, nullptr, nullptr, {}};
     if (!g_dbus_connection_register_object(bus, kPath, node->interfaces[0], &methods, nullptr, nullptr, fault.out())) {

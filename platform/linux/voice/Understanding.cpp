@@ -7,8 +7,12 @@ namespace voice {
 
 namespace {
 
-// "Launch Apps" and "WebSearch" name their data "launch_apps" and "web_search".
+// "Launch Apps" and "WebSearch" name their data "launch_apps" and "web_search"; the other search agent shares the
+// latter.
 std::string dataName(const std::string& agent) {
+    if (agent == "Naver") {
+        return "web_search";
+    }
     std::string name;
     for (std::size_t i = 0; i < agent.size(); ++i) {
         const auto letter = static_cast<unsigned char>(agent[i]);

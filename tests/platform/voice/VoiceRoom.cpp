@@ -11,6 +11,7 @@
 #include <mutex>
 #include <thread>
 
+#include "PrivateBus.h"
 #include "audio_io.h"
 #include "lib/gio/MainLoopPost.h"
 #include "tzplatform_config.h"
@@ -130,6 +131,7 @@ int audio_in_read(audio_in_h, void* buffer, unsigned int length) {
 }
 
 VoiceRoom::VoiceRoom() {
+    privateBusAddress();
     ecore_app_no_system_modules();
     ecore_init();
     mainThread = std::this_thread::get_id();

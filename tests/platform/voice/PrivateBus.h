@@ -1,0 +1,63 @@
+// A message bus of the tests' own, so that the person's session is never touched.
+#pragma once
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+
+class PrivateBus {
+public:
+    PrivateBus() {
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0) {
+            throw std::runtime_error("no pipe");
+        }
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, ends[1], 3);
+        std::string words[] = {"dbus-daemon", "--session", "--nofork", "--print-address=3"};
+        char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};
+        const int code = posix_spawnp(&mProcess, "dbus-daemon", &actions, nullptr, arguments, environ);
+        posix_spawn_file_actions_destroy(&actions);
+        ::close(ends[1]);
+        if (code != 0) {
+            throw std::runtime_error("no dbus-daemon");
+        }
+        readAddress(ends[0]);
+        ::close(ends[0]);
+        setenv("DBUS_SESSION_BUS_ADDRESS", mAddress.c_str(), 1);
+    }
+    ~PrivateBus() {
+        kill(mProcess, SIGTERM);
+        waitpid(mProcess, nullptr, 0);
+    }
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
+
+    const std::string& address() const { return mAddress; }
+
+private:
+    void readAddress(int from) {
+        for (char letter = 0; read(from, &letter, 1) == 1 && letter != '\n';) {
+            mAddress += letter;
+        }
+        if (mAddress.empty()) {
+            throw std::runtime_error("dbus-daemon gives no address");
+        }
+    }
+
+    pid_t mProcess = 0;
+    std::string mAddress;
+};
+
+// The one of this test program; started on first use.
+inline const std::string& privateBusAddress() {
+    static const PrivateBus bus;
+    return bus.address();
+}

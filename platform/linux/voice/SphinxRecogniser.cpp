@@ -51,12 +51,8 @@ SphinxRecogniser::SphinxRecogniser(const Language& language, CommandFile& comman
 }
 
 void SphinxRecogniser::begin() {
-    if (mRunning) {
-        mDecoder.finish();
-    }
     mUtterance.clear();
     mDecoder.start();
-    mRunning = true;
 }
 
 void SphinxRecogniser::accept(const int16_t* samples, std::size_t count) {
@@ -81,7 +77,6 @@ std::string SphinxRecogniser::partial() {
 }
 
 std::string SphinxRecogniser::finish() {
-    mRunning = false;
     mDecoder.finish();
     decodeWhole(mDecoder, mUtterance.data(), mUtterance.size());
     int freeFromFrame = -1;

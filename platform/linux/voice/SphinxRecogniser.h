@@ -35,7 +35,6 @@ private:
     std::unique_ptr<sphinx::Decoder> mDictation;
     sphinx::Dither mDither;
     std::vector<int16_t> mUtterance;
-    bool mRunning = false;
 };
 
 }  // namespace voice

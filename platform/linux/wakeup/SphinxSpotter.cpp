@@ -93,9 +93,7 @@ SphinxSpotter::SphinxSpotter(const WakeupConfig& config) try
 }
 
 void SphinxSpotter::begin() {
-    finish();
     mDecoder.start();
-    mRunning = true;
 }
 
 std::optional<Detection> SphinxSpotter::accept(const int16_t* samples, std::size_t count) {
@@ -104,15 +102,8 @@ std::optional<Detection> SphinxSpotter::accept(const int16_t* samples, std::size
 }
 
 std::optional<Detection> SphinxSpotter::end() {
-    finish();
+    mDecoder.finish();
     return detection();
-}
-
-void SphinxSpotter::finish() {
-    if (mRunning) {
-        mRunning = false;
-        mDecoder.finish();
-    }
 }
 
 std::optional<Detection> SphinxSpotter::detection() {

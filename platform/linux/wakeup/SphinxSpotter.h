@@ -20,12 +20,10 @@ public:
 private:
     std::optional<Detection> detection();
     int confidence(int probability) const;
-    void finish();
 
     const std::string mPhrase;
     const double mLogThreshold;
     sphinx::Decoder mDecoder;
-    bool mRunning = false;
 };
 
 }  // namespace wakeup

@@ -333,7 +333,7 @@ TEST(AManager, RefusesWhatItDoesNotKnow) {
     EXPECT_EQ(vc_mgr_set_private_data("Request", "makeCoffee"), VC_ERROR_NOT_SUPPORTED);
     EXPECT_EQ(vc_mgr_set_private_data(nullptr, "x"), VC_ERROR_INVALID_PARAMETER);
     EXPECT_EQ(vc_mgr_set_private_data("MediaVolume", "loud"), VC_ERROR_NONE);
-    EXPECT_EQ(vc_mgr_set_recognition_mode(static_cast<vc_recognition_mode_e>(7)), VC_ERROR_NOT_SUPPORTED);
+    EXPECT_EQ(vc_mgr_set_recognition_mode(static_cast<vc_recognition_mode_e>(1)), VC_ERROR_NOT_SUPPORTED);
     EXPECT_EQ(vc_mgr_set_preloaded_commands_from_file("/nowhere.txt"), VC_ERROR_IO_ERROR);
     EXPECT_EQ(vc_mgr_set_selected_results(nullptr), VC_ERROR_INVALID_PARAMETER);
     EXPECT_EQ(vc_mgr_set_state_changed_cb(nullptr, nullptr), VC_ERROR_INVALID_PARAMETER);

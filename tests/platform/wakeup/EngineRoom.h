@@ -1,6 +1,7 @@
 // An engine with a feed that a test fills and a listener that remembers; conditions instead of sleeps.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
@@ -72,10 +73,10 @@ public:
         return 0;
     }
 
-    int starts = 0;
-    int stops = 0;
-    int fetches = 0;
-    int strangers = 0;  // blocks given back that were never handed out
+    std::atomic<int> starts{0};
+    std::atomic<int> stops{0};
+    std::atomic<int> fetches{0};
+    std::atomic<int> strangers{0};  // blocks given back that were never handed out
     int startResult = 0;
     int loaned() const { return mLoaned; }
 
@@ -84,7 +85,7 @@ private:
     std::condition_variable mChanged;
     std::deque<speech::Samples> mBlocks;
     speech::Samples mCurrent;
-    int mLoaned = 0;
+    std::atomic<int> mLoaned{0};
 };
 
 class Witness : public nuance::IWakeupListener {

@@ -26,8 +26,8 @@ protected:
 TEST_F(Listening, EndsBeforeTheWakeUpIsToldOnTheEnginesThread) {
     bool listening = true;
     int stops = 0;
-    mRoom.witness.inWakeup = [&] {
-        listening = mRoom.ctx->IsListening();
+    mRoom.witness.inWakeup = [&, ctx = mRoom.ctx.get()] {
+        listening = ctx->IsListening();
         stops = mRoom.feed.stops;
     };
     mRoom.feed.add(wakeUp());
@@ -50,7 +50,7 @@ TEST_F(Listening, StaysOverAfterAWakeUpUntilItIsStartedAgain) {
 }
 
 TEST_F(Listening, StartedFromWithinTheWakeUpBeginsFresh) {
-    mRoom.witness.inWakeup = [&] { mRoom.ctx->StartListening(); };
+    mRoom.witness.inWakeup = [ctx = mRoom.ctx.get()] { ctx->StartListening(); };
     mRoom.feed.add(join({wakeUp(), silence(2)}));
     mRoom.listen();
     ASSERT_TRUE(mRoom.feed.waitUntilEmpty());
@@ -103,7 +103,7 @@ TEST_F(Listening, EndsWithTheContextAndNothingIsCalledAfterIt) {
     mRoom.listen();
     ASSERT_TRUE(mRoom.ctx->IsListening());
     mRoom.ctx.reset();
-    const int fetches = mRoom.feed.fetches;
+    const int fetches = mRoom.feed.fetches.load();
     EXPECT_EQ(mRoom.feed.starts, mRoom.feed.stops);
     EXPECT_EQ(mRoom.feed.loaned(), 0);
     EXPECT_EQ(mRoom.feed.fetches, fetches);
@@ -136,7 +136,7 @@ TEST_F(Listening, ToAClosedFeedCostsNextToNothing) {
     ASSERT_TRUE(mRoom.feed.waitUntilEmpty());
     timespec before{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &before);
-    const int fetches = mRoom.feed.fetches;
+    const int fetches = mRoom.feed.fetches.load();
     std::mutex mutex;
     std::condition_variable quiet;
     std::unique_lock lock(mutex);

@@ -6,6 +6,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <mutex>
+#include <utility>
 
 #include "lib/sphinx/Fsg.h"
 
@@ -87,7 +88,12 @@ Decoder::Decoder(const Options& options) {
     }
 }
 
-Decoder::~Decoder() = default;
+Decoder::~Decoder() {
+    // The library leaks what an unfinished utterance holds.
+    if (mRunning) {
+        ps_end_utt(mDecoder.get());
+    }
+}
 
 void Decoder::searchKeyphrases(const std::string& keyphraseFile) {
     lastComplaint.clear();
@@ -104,6 +110,7 @@ void Decoder::searchGrammar(const Fsg& grammar) {
 }
 
 void Decoder::start() {
+    finish();
     lastComplaint.clear();
     if (!mInitialMean.empty()) {
         cmn_live_set(ps_get_feat(mDecoder.get())->cmn_struct, mInitialMean.data());
@@ -111,6 +118,7 @@ void Decoder::start() {
     if (ps_start_stream(mDecoder.get()) < 0 || ps_start_utt(mDecoder.get()) < 0) {
         fail("the utterance cannot start");
     }
+    mRunning = true;
 }
 
 void Decoder::accept(const int16_t* samples, std::size_t count, bool whole) {
@@ -120,7 +128,7 @@ void Decoder::accept(const int16_t* samples, std::size_t count, bool whole) {
 }
 
 void Decoder::finish() {
-    if (ps_end_utt(mDecoder.get()) < 0) {
+    if (std::exchange(mRunning, false) && ps_end_utt(mDecoder.get()) < 0) {
         fail("the utterance cannot end");
     }
 }

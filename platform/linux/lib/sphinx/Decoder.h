@@ -44,10 +44,11 @@ public:
     void searchKeyphrases(const std::string& keyphraseFile);
     void searchGrammar(const Fsg& grammar);
 
-    // Forgets speaker and room of the utterance before.
+    // Begins an utterance; forgets speaker and room of the one before, ended or not.
     void start();
     // `whole`: these are all samples of the utterance, so that it is normalised as a whole.
     void accept(const int16_t* samples, std::size_t count, bool whole = false);
+    // Does nothing when no utterance has begun.
     void finish();
 
     // The best text until now, empty when there is none.
@@ -63,6 +64,7 @@ private:
         void operator()(ps_decoder_s* decoder) const noexcept;
     };
     std::unique_ptr<ps_decoder_s, Free> mDecoder;
+    bool mRunning = false;
     std::vector<float> mInitialMean;  // of the sound's spectrum, as the model came with it
 };
 

@@ -21,9 +21,12 @@ public:
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_adddup2(&actions, ends[1], 3);
-        std::string words[] = {"dbus-daemon", "--session", "--nofork", "--print-address=3"};
-        char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};
-        const int code = posix_spawnp(&mProcess, "dbus-daemon", &actions, nullptr, arguments, environ);
+        // It ends with this process, however that ends.
+        std::string words[] = {"setpriv",  "--pdeathsig",      "TERM", "dbus-daemon", "--session",
+                               "--nofork", "--print-address=3"};
+        char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(),
+                             words[4].data(), words[5].data(), words[6].data(), nullptr};
+        const int code = posix_spawnp(&mProcess, arguments[0], &actions, nullptr, arguments, environ);
         posix_spawn_file_actions_destroy(&actions);
         ::close(ends[1]);
         if (code != 0) {

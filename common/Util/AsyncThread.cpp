@@ -1,0 +1,72 @@
+#include "Util/AsyncThread.h"
+
+#include <Ecore.h>
+#include <errno.h>
+#include <time.h>
+
+namespace Util {
+
+namespace {
+
+// Paces the worker: launches that follow each other too closely overrun the platform's launcher.
+void sleepOneCycle() {
+    timespec time{0, 50'000'000};
+    while (nanosleep(&time, &time) != 0 && errno == EINTR) {
+    }
+}
+
+}  // namespace
+
+AsyncThread::AsyncThread() { mThread = std::make_unique<std::thread>([this] { loop(); }); }
+
+AsyncThread::~AsyncThread() {
+    mStop = true;
+    mThread->join();
+}
+
+void AsyncThread::asyncCall(const std::function<bool()>& condition, const std::function<void()>& action) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    mJobs.push_back(std::make_unique<Job>(Job{condition, action}));
+}
+
+void AsyncThread::syncCallEcore(const std::function<void()>& action) {
+    ecore_main_loop_thread_safe_call_sync(runPostedSync, new Job{nullptr, action});
+}
+
+std::unique_ptr<AsyncThread::Job> AsyncThread::take() {
+    std::lock_guard<std::mutex> lock(mMutex);
+    if (mJobs.empty()) {
+        return nullptr;
+    }
+    std::unique_ptr<Job> job = std::move(mJobs.front());
+    mJobs.pop_front();
+    return job;
+}
+
+void AsyncThread::loop() {
+    while (!mStop) {
+        if (std::unique_ptr<Job> job = take()) {
+            if (job->condition()) {
+                ecore_main_loop_thread_safe_call_async(runPosted, job.release());
+            }
+        }
+        if (mStop) {
+            return;
+        }
+        sleepOneCycle();
+    }
+}
+
+void AsyncThread::runPosted(void* data) {
+    std::unique_ptr<Job> job(static_cast<Job*>(data));
+    if (job->action) {
+        job->action();
+    }
+}
+
+void* AsyncThread::runPostedSync(void* data) {
+    runPosted(data);
+    return nullptr;
+}
+
+}  // namespace Util

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <net_connection.h>
+
+#include "Util/SystemStateListener.h"
+
+namespace Util {
+
+// Watches the type of the network connection; without a connection handle the callbacks never come.
+class ConnectionStateListener : public SystemStateListener {
+public:
+    explicit ConnectionStateListener(connection_type_e type);
+    ~ConnectionStateListener() override;
+
+    // The process's connection, opened at program start and closed at its end.
+    class ConnectionInitializer {
+    public:
+        ConnectionInitializer();
+        virtual ~ConnectionInitializer();
+        ConnectionInitializer(const ConnectionInitializer&) = delete;
+        ConnectionInitializer& operator=(const ConnectionInitializer&) = delete;
+
+        connection_h getHandle() const { return mHandle; }  // null when it could not be opened
+
+    private:
+        connection_h mHandle = nullptr;
+    };
+
+    static ConnectionInitializer mInitializer;
+
+private:
+    static void typeChanged(connection_type_e type, void* listener);
+
+    connection_type_e mType;
+};
+
+}  // namespace Util

@@ -1,0 +1,72 @@
+// Strings that several modules share: application ids, operations, extra keys, files and settings.
+#pragma once
+
+namespace Constants {
+
+namespace App {
+inline constexpr char UI[] = "org.tizen.orvane-da";
+inline constexpr char HOME_SCREEN[] = "org.tizen.menu-screen";
+inline constexpr char RECIPE_WEB_DATABASE[] = "org.tizen.webdatabaseserviceapp";
+inline constexpr char RECIPE_SERVICE[] = "org.tizen.recipesvc";
+inline constexpr char RECIPE_WEBLINK_MARMITON[] = "org.tizen.WeblinkApps-Marmiton";
+inline constexpr char RECIPE_WEBLINK_ALLRECIPES[] = "org.tizen.WeblinkApps-Allrecipes";
+// Package ids of the app store; the build chooses them.
+inline constexpr char RECIPE_PARTNER_DELICOOK[] = ORVANE_RECIPE_DELICOOK_ID;
+inline constexpr char RECIPE_PARTNER_GENERAL[] = ORVANE_RECIPE_GENERAL_ID;
+inline constexpr char RECIPE_PARTNER_KOREA[] = ORVANE_RECIPE_KOREA_ID;
+inline constexpr char ACCOUNT_SERVICE[] = ORVANE_ACCOUNT_SERVICE_ID;
+// Stands where no recipe application serves the country.
+inline constexpr char RECIPE_NOT_SUPPORTED[] = "RecipeNotSupported";
+// Equals no application, so that filtering by it removes every command.
+inline constexpr char RECIPE_NOBODY[] = "this text is used that remove matched command list all";
+}  // namespace App
+
+#define ORVANE_OPERATION_BASE "http://orvane.example"
+namespace Operation {
+inline constexpr char START_VOICE_ENGINE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/start_voice_engine";
+inline constexpr char STOP_VOICE_ENGINE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/stop_voice_engine";
+inline constexpr char CLOSE_VOICE_ENGINE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/close_voice_engine";
+inline constexpr char CANCEL_VOICE_ENGINE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/cancel_voice_engine";
+inline constexpr char TRIGGER_SHOT_VOICE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/trigger_shot/voice";
+inline constexpr char TRIGGER_SHOT_TOUCH[] = ORVANE_OPERATION_BASE "/appcontrol/operation/trigger_shot/touch";
+inline constexpr char STATE_CHANGE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/state_change";
+inline constexpr char PARTIAL_RESULT[] = ORVANE_OPERATION_BASE "/appcontrol/operation/partial_result";
+inline constexpr char SPEECH_DETECTED[] = ORVANE_OPERATION_BASE "/appcontrol/operation/speech_detected";
+inline constexpr char LANG_CHANGE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/lang_change";
+inline constexpr char REFRESH_VIEW_TIMEOUT[] = ORVANE_OPERATION_BASE "/appcontrol/operation/refresh_view_timeout";
+inline constexpr char CLOSE_APP[] = ORVANE_OPERATION_BASE "/appcontrol/operation/close_app";
+// Asked of the account service, which takes it without a base.
+inline constexpr char GET_SERVICE_STATUS[] = "get_service_status";
+}  // namespace Operation
+
+namespace Key {
+inline constexpr char START_MODE[] = "key_start_mode";
+inline constexpr char CURRENT_VOLUME[] = "current_volume";
+inline constexpr char LANG_CHANGE[] = "key_lang_change";
+inline constexpr char VOL_VAL[] = "key_vol_val";
+inline constexpr char STATE_CHANGE[] = "key_state_change";
+inline constexpr char PARTIAL_RESULT[] = "key_partial_result";
+inline constexpr char IS_FINAL_RESULT[] = "key_is_final_result";
+inline constexpr char ERROR_TYPE[] = "key_error_type";
+inline constexpr char STOP_TTS[] = "key_stop_tts";
+inline constexpr char OPERATION[] = "operation";
+}  // namespace Key
+
+namespace Port {
+inline constexpr char PARTIAL[] = "partial";
+}
+
+namespace File {
+inline constexpr char RESULT_JSON[] = "/tmp/Result_Orvane_json.txt";
+inline constexpr char VOLUME[] = "/tmp/OrvaneVolume.tmp";
+// Below the data root.
+inline constexpr char PRELOADED_COMMANDS[] = "voice/data/preloaded_commands.txt";
+inline constexpr char WAKEUP_DATA[] = "voice/data/";
+inline constexpr char WAKEUP_CONFIG[] = "vocon_config.json";
+}  // namespace File
+
+namespace Web {
+inline constexpr char SEARCH_PAGE[] = "https://www.google.com/search?q=";
+}
+
+}  // namespace Constants

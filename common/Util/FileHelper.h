@@ -1,0 +1,38 @@
+// Whole files between memory and disk. Every operation is synchronous, logs its failure once and never throws.
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace Util {
+
+// Names one file and owns a private copy of its bytes.
+class FileContent {
+public:
+    explicit FileContent(const char* path) : path(path) {}
+    virtual ~FileContent() = default;
+    FileContent(const FileContent&) = delete;
+    FileContent& operator=(const FileContent&) = delete;
+
+    // Copies `size` bytes; a null source or a size below 1 leaves the object as it was.
+    FileContent& setCopiedData(const char* src, int size);
+
+    std::string path;
+    int size = 0;
+    std::unique_ptr<char[]> data;
+    bool nullTerminate = false;  // write() adds one zero byte
+};
+
+class FileHelper {
+public:
+    // Creates or replaces the file and syncs it to storage.
+    static bool write(FileContent& content);
+    // True for an empty file too, which leaves the content as it was.
+    static bool read(FileContent& content);
+    static bool remove(FileContent& content);
+    static bool isReadable(FileContent& content);
+    static bool isWritable(FileContent& content);
+    static bool isExist(FileContent& content);
+};
+
+}  // namespace Util

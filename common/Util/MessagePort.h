@@ -1,0 +1,65 @@
+// Key/value messages to a named port of a running application, over the platform's trusted message ports.
+#pragma once
+
+#include <bundle.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace Util {
+
+class MessageData {
+public:
+    virtual ~MessageData() = default;
+
+    // Inserts or replaces; returns itself for chaining.
+    MessageData& addData(std::string key, std::string value);
+    void removeData(std::string key);
+    // Inserts an empty value where the key is absent.
+    std::string& operator[](std::string key);
+    void clear();
+
+    const std::map<std::string, std::string>& getDataMap() const { return mData; }
+
+private:
+    std::map<std::string, std::string> mData;
+};
+
+// All entries in key order; null when creation failed. The caller frees it with bundle_free.
+bundle* makeBundle(const MessageData& data);
+
+class MessagePort {
+public:
+    using Callback = std::function<void(MessageData message, std::string remoteAppId, std::string remotePort, void*)>;
+
+    MessagePort();
+    virtual ~MessagePort();
+    MessagePort(const MessagePort&) = delete;
+    MessagePort& operator=(const MessagePort&) = delete;
+
+    bool setTarget(const std::string& appId, const std::string& port);
+    bool isTargetAlive(const std::string& appId, const std::string& port) const;
+    // Any thread. False when the target's port does not exist; true does not say that the platform took the message.
+    bool sendMessage(const MessageData& data) const;
+    // Registers the local port, once an object; the callback comes on the main loop.
+    bool setCallBack(const std::string& localPort, const Callback& callback, void* userData);
+
+private:
+    struct CallbackHolder {
+        Callback callback;
+        void* userData;
+    };
+
+    static void received(int localPortId, const char* remoteAppId, const char* remotePort, bool trusted,
+                         bundle* message, void* holder);
+
+    std::unique_ptr<CallbackHolder> mCallbackHolder;
+    std::string mLocalPortName;
+    std::string mTargetAppId;
+    std::string mTargetPort;
+    int mLocalPortId = -1;
+};
+
+}  // namespace Util

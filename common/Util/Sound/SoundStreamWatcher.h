@@ -1,0 +1,32 @@
+#pragma once
+
+#include <orvane_da_db.h>
+#include <sound_manager.h>
+
+#include <atomic>
+
+namespace Util {
+
+// Knows whether the media output is free: no media player holds the playback focus and no morning briefing plays.
+// Created and destroyed on the main loop; the question may be asked on any thread.
+class SoundStreamWatcher {
+public:
+    SoundStreamWatcher();
+    virtual ~SoundStreamWatcher();
+    SoundStreamWatcher(const SoundStreamWatcher&) = delete;
+    SoundStreamWatcher& operator=(const SoundStreamWatcher&) = delete;
+
+    bool isSoundStreamAvailable();
+
+private:
+    void askPlaybackFocus();
+    bool isMorningBriefPlaying();
+    static void focusStateChanged(int id, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+                                  sound_stream_focus_change_reason_e reason, const char* extraInfo, void* watcher);
+
+    std::atomic<bool> mAvailable{false};  // written on the sound manager's thread
+    int mWatchId = -1;
+    vrd_manager_h mBriefingDb = nullptr;
+};
+
+}  // namespace Util

@@ -1,0 +1,234 @@
+// The main loop and others call the public operations; the sound manager's thread reports changes; one fader thread at a
+// time moves the device's level and takes no lock of the operations, which may wait for it to end.
+#include "Util/Sound/VolumeController.h"
+
+#include <stdlib.h>
+#include <unistd.h>
+
+#include "Util/Log.h"
+#include "Util/Singleton.h"
+#include "Util/Sound/SoundStreamWatcher.h"
+
+namespace Util {
+
+namespace {
+
+constexpr int DUCKED_LEVEL = 2;
+constexpr int UNMUTE_LEVEL = 7;
+constexpr int TICK_MS = 50;
+
+sound_type_e soundTypeOf(MediaType type) {
+    switch (type) {
+        case MediaType::SYSTEM:
+            return SOUND_TYPE_SYSTEM;
+        case MediaType::NOTIFICATION:
+            return SOUND_TYPE_NOTIFICATION;
+        case MediaType::ALARM:
+            return SOUND_TYPE_ALARM;
+        default:
+            return SOUND_TYPE_MEDIA;
+    }
+}
+
+const char* nameOf(MediaType type) {
+    switch (type) {
+        case MediaType::SYSTEM:
+            return "SOUND_TYPE_SYSTEM";
+        case MediaType::NOTIFICATION:
+            return "SOUND_TYPE_NOTIFICATION";
+        case MediaType::ALARM:
+            return "SOUND_TYPE_ALARM";
+        case MediaType::MEDIA:
+            return "SOUND_TYPE_MEDIA";
+        default:
+            return "UNKNOWN";
+    }
+}
+
+}  // namespace
+
+VolumeController::VolumeController(MediaType mediaType) : mMediaType(mediaType) {
+    sound_manager_set_volume_changed_cb(volumeChanged, this);
+    const int level = getVolume();
+    mVolume = level;
+    mLastVolume = level;
+}
+
+VolumeController::~VolumeController() {
+    sound_manager_unset_volume_changed_cb(volumeChanged, this);
+    if (mFaderThread != nullptr && mFaderThread->joinable()) {
+        mFaderThread->join();
+    }
+}
+
+int VolumeController::getRealVolume() {
+    int level = -1;
+    const int result = sound_manager_get_volume(soundTypeOf(mMediaType), &level);
+    if (result != SOUND_MANAGER_ERROR_NONE) {
+        LOGE("[ERROR] Fail to get media volume");
+        return -1;
+    }
+    LOGD("get volume %d type(%s)", level, nameOf(mMediaType));
+    return level;
+}
+
+int VolumeController::setRealVolume(int v) {
+    LOGD("set volume %d type(%s)", v, nameOf(mMediaType));
+    const int result = sound_manager_set_volume(soundTypeOf(mMediaType), v);
+    if (result != SOUND_MANAGER_ERROR_NONE) {
+        LOGE("[ERROR] Fail to set media volume");
+    }
+    return result;
+}
+
+int VolumeController::getVolume() {
+    std::lock_guard<std::mutex> lock(mMutex);
+    return mFading ? mVolume.load() : getRealVolume();
+}
+
+int VolumeController::setVolume(int v) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    if (v < 0) {
+        return -1;
+    }
+    if (mFading) {
+        mVolume = v;
+        return 0;
+    }
+    return setRealVolume(v);
+}
+
+int VolumeController::VolumeUp() {
+    const int current = getVolume();
+    return current < 0 ? -1 : setVolume(current + 1);
+}
+
+int VolumeController::VolumeDown() {
+    const int current = getVolume();
+    return current < 0 ? -1 : setVolume(current - 1);
+}
+
+int VolumeController::mute() { return setVolume(0); }
+
+int VolumeController::unmute() {
+    if (getVolume() > 0) {
+        return -1;
+    }
+    return setVolume(mLastVolume < 1 ? UNMUTE_LEVEL : mLastVolume.load());
+}
+
+int VolumeController::addSync(VolumeController* other) {
+    {
+        std::lock_guard<std::mutex> lock(mSyncMutex);
+        mSyncList.push_back(other);
+    }
+    return other->setVolume(getVolume());
+}
+
+void VolumeController::setDecreaseCallback(const std::function<void(void*)>& callback, void* userData) {
+    std::lock_guard<std::mutex> lock(mSyncMutex);
+    mDecreaseCallback = std::make_unique<DecreaseCallback>(DecreaseCallback{callback, userData});
+}
+
+void VolumeController::volumeChanged(sound_type_e type, unsigned int level, void* data) {
+    auto* self = static_cast<VolumeController*>(data);
+    if (type != soundTypeOf(self->mMediaType)) {
+        return;
+    }
+    if (!self->mFading) {
+        std::vector<VolumeController*> followers;
+        {
+            std::lock_guard<std::mutex> lock(self->mSyncMutex);
+            followers = self->mSyncList;
+        }
+        for (VolumeController* follower : followers) {
+            follower->setVolume(static_cast<int>(level));
+        }
+        self->mVolume = static_cast<int>(level);
+        if (level != 0) {
+            self->mLastVolume = static_cast<int>(level);
+        }
+    }
+    LOGD("volume %d type(%s)", static_cast<int>(level), nameOf(self->mMediaType));
+}
+
+int VolumeController::decreaseVolume(double seconds) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    if (mMediaType == MediaType::MEDIA && Singleton<SoundStreamWatcher>::getInstance()->isSoundStreamAvailable()) {
+        return 0;
+    }
+    if (getRealVolume() <= DUCKED_LEVEL) {
+        return 0;
+    }
+    implFaderThread(seconds, DUCKED_LEVEL, false);
+    return 1;
+}
+
+int VolumeController::restoreVolume(double seconds) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    implFaderThread(seconds, mVolume, true);
+    return 1;
+}
+
+void VolumeController::implFaderThread(double seconds, int target, bool restore) {
+    stopFader();
+    mFaderSet = true;
+    mFaderThread = std::make_unique<std::thread>([=] { fade(seconds, target, restore); });
+}
+
+// The old fade ends at its next tick and still sets its own target.
+void VolumeController::stopFader() {
+    if (mFaderThread == nullptr) {
+        return;
+    }
+    mFaderSet = false;
+    if (mFaderThread->joinable()) {
+        mFaderThread->join();
+    }
+    mFaderThread.reset();
+}
+
+void VolumeController::fade(double seconds, int target, bool restore) {
+    const int start = getRealVolume();
+    mFading = true;
+    // Nothing to step through; the closing steps still set the level.
+    const int steps = abs(start - target);
+    int remaining = steps == 0 ? 0 : static_cast<int>(seconds * 1000);
+    int wait = 0;
+    while (mFaderSet && remaining > 0) {
+        if (wait < 1) {
+            const int current = getRealVolume();
+            const int next = current < target ? current + 1 : current - 1;
+            // Somebody else may have put the level on the target meanwhile.
+            if (next == target || current == target) {
+                break;
+            }
+            setRealVolume(next);
+            wait = remaining / steps;
+            remaining -= wait;
+        }
+        wait -= TICK_MS;
+        usleep(TICK_MS * 1000);
+    }
+    if (restore) {
+        mFading = false;
+    } else {
+        endDecrease();
+    }
+    setRealVolume(target);
+}
+
+void VolumeController::endDecrease() {
+    DecreaseCallback ended{nullptr, nullptr};
+    {
+        std::lock_guard<std::mutex> lock(mSyncMutex);
+        if (mDecreaseCallback != nullptr) {
+            ended = *mDecreaseCallback;
+        }
+    }
+    if (ended.callback) {
+        ended.callback(ended.userData);
+    }
+}
+
+}  // namespace Util

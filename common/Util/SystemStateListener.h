@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <list>
+
+namespace Util {
+
+// Callbacks to run when a watched state changes, in the order of their registration. Main loop only.
+class SystemStateListener {
+public:
+    using Callback = std::function<void(void*)>;
+
+    SystemStateListener() = default;
+    virtual ~SystemStateListener() = default;
+    SystemStateListener(const SystemStateListener&) = delete;
+    SystemStateListener& operator=(const SystemStateListener&) = delete;
+
+    // The callback must not be empty; it stays until the listener is destroyed.
+    void addCallback(const Callback& callback, void* userData);
+
+protected:
+    void callAll();
+
+private:
+    struct Entry {
+        Callback callback;
+        void* userData;
+    };
+    std::list<Entry> mCallbacks;
+};
+
+}  // namespace Util

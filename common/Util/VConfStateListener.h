@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vconf.h>
+
+#include <string>
+
+#include "Util/SystemStateListener.h"
+
+namespace Util {
+
+// Watches one key of the settings store; calls back only when its value really changes.
+class VConfStateListener : public SystemStateListener {
+public:
+    VConfStateListener(const std::string& key, int value);
+    VConfStateListener(const std::string& key, bool value);
+    VConfStateListener(const std::string& key, double value);
+    VConfStateListener(const std::string& key, const std::string& value);
+    ~VConfStateListener() override;
+
+private:
+    // Which constructor made the listener.
+    enum ValueType { INT = 0, BOOL = 1, DOUBLE = 2, STRING = 3 };
+
+    VConfStateListener(const std::string& key, ValueType type);
+    void subscribe();
+    bool update(const keynode_t* node);
+    static void vconfNotifyCb(keynode_t* node, void* listener);
+
+    // The value of the key's real type is compared, whatever type the listener was made with.
+    std::string mKey;
+    int mValueType;
+    int mIntValue = 0;
+    bool mBoolValue = false;
+    double mDoubleValue = 0;
+    std::string mStringValue;
+};
+
+}  // namespace Util

@@ -1,0 +1,33 @@
+// What the service tells the UI application of its state. Values are fixed; only the names travel.
+#pragma once
+
+namespace OrvaneDA {
+
+enum class ClientState : int {
+    Idle = 0,
+    Init = 1,
+    Recording = 2,
+    Ready = 3,
+    Processing = 4,
+    Error = 5,
+    StandBy = 6,
+    Unknown = 7,  // before the first report
+};
+
+enum class ErrorType : int {
+    None = 0,
+    Default = 1,
+    MicOff = 2,
+    WifiOff = 3,
+    RecordingTimeout = 4,
+    ProcessingTimeout = 5,
+    ServiceNotReady = 6,
+    NoResultJson = 7,
+    ServerCrashed = 8,
+};
+
+// Names on the wire; "UNKNOWN" for any value without one.
+const char* wireName(ClientState state);
+const char* wireName(ErrorType error);
+
+}  // namespace OrvaneDA

@@ -1,0 +1,78 @@
+#include "Controller/Trigger/vocon_4_10/WakeupAudioIn.h"
+
+#include <unistd.h>
+
+namespace OrvaneDA {
+
+namespace {
+
+constexpr size_t MAX_WAITING = 500;  // blocks queued before a new one drops the oldest
+constexpr useconds_t FETCH_PAUSE_US = 1000;
+
+}  // namespace
+
+WakeupAudioIn::WakeupAudioIn() : SRecordListener(0) {}
+
+WakeupAudioIn::~WakeupAudioIn() { clearQueue(); }
+
+int WakeupAudioIn::Start() { return 0; }
+
+int WakeupAudioIn::Stop() { return 0; }
+
+int WakeupAudioIn::HasData(bool& available) {
+    std::lock_guard<std::mutex> lock(mQueueMutex);
+    available = !mQueue.empty();
+    return 0;
+}
+
+int WakeupAudioIn::FetchData(void*& data, unsigned int& size) {
+    data = nullptr;
+    size = 0;
+    while (mEnabled) {
+        {
+            std::lock_guard<std::mutex> lock(mQueueMutex);
+            if (!mQueue.empty()) {
+                PCMData& oldest = mQueue.front();
+                if (oldest.data != nullptr) {
+                    data = oldest.data;
+                    size = oldest.size;
+                }
+                mSpare.splice(mSpare.begin(), mQueue, mQueue.begin());
+                return 0;
+            }
+        }
+        usleep(FETCH_PAUSE_US);
+    }
+    return 0;
+}
+
+int WakeupAudioIn::ReturnData(void* data) {
+    delete[] static_cast<char*>(data);
+    return 0;
+}
+
+void WakeupAudioIn::implDataHandled(char* data, int size) {
+    std::lock_guard<std::mutex> lock(mQueueMutex);
+    if (mQueue.size() > MAX_WAITING) {
+        delete[] mQueue.front().data;
+        mSpare.splice(mSpare.begin(), mQueue, mQueue.begin());
+    }
+    if (mSpare.empty()) {
+        mQueue.emplace_back(data, size);
+        return;
+    }
+    mSpare.front().data = data;
+    mSpare.front().size = size;
+    mQueue.splice(mQueue.end(), mSpare, mSpare.begin());
+}
+
+void WakeupAudioIn::clearQueue() {
+    std::lock_guard<std::mutex> lock(mQueueMutex);
+    for (PCMData& record : mQueue) {
+        delete[] record.data;
+    }
+    mQueue.clear();
+    mSpare.clear();
+}
+
+}  // namespace OrvaneDA

@@ -1,0 +1,66 @@
+// Publishes the capture level for the UI's level meter.
+#include <string.h>
+
+#include <limits>
+
+#include "Controller/SRecorder.h"
+#include "Service.h"
+#include "Util/Constants.h"
+#include "Util/FileHelper.h"
+
+namespace OrvaneDA {
+
+namespace {
+
+constexpr double VOLUME_PERIOD_S = 0.02;
+// No real level, so that the first refresh always writes.
+constexpr int NO_LEVEL = 987654321;
+int lastWrittenLevel = NO_LEVEL;
+
+// Silence is minus infinity, which no integer holds.
+int levelOf(float decibel) {
+    if (decibel <= static_cast<float>(std::numeric_limits<int>::min())) {
+        return std::numeric_limits<int>::min();
+    }
+    return static_cast<int>(decibel);
+}
+
+}  // namespace
+
+void Service::startTimerVolumeSender() {
+    if (mVolumeTimer != nullptr) {
+        return;
+    }
+    mVolumeTimer = ecore_timer_add(
+        VOLUME_PERIOD_S,
+        [](void* service) -> Eina_Bool {
+            static_cast<Service*>(service)->refreshVolumeFile();
+            return ECORE_CALLBACK_RENEW;
+        },
+        this);
+}
+
+void Service::stopTimerVolumeSender() {
+    if (mVolumeTimer != nullptr) {
+        ecore_timer_del(mVolumeTimer);
+    }
+    mVolumeTimer = nullptr;
+}
+
+void Service::refreshVolumeFile() {
+    if (mRecorder == nullptr) {
+        return;
+    }
+    const int level = levelOf(mRecorder->getVolume());
+    if (level == lastWrittenLevel) {
+        return;
+    }
+    lastWrittenLevel = level;
+    char bytes[sizeof level];
+    memcpy(bytes, &level, sizeof level);
+    Util::FileContent file(Constants::File::VOLUME);
+    file.setCopiedData(bytes, sizeof bytes);
+    Util::FileHelper::write(file);
+}
+
+}  // namespace OrvaneDA

@@ -12,7 +12,9 @@ namespace Util {
 
 AsyncThread AppControl::asyncThread;
 
-AppControlData::AppControlData() { clearData(); }
+AppControlData::AppControlData() {
+    clearData();
+}
 
 AppControlData::AppControlData(app_control_h& handle) {
     clearData();
@@ -74,25 +76,41 @@ void AppControlData::setReplyCallback(app_control_reply_cb callback, void* userD
     mReplyCallbackUserData = userData;
 }
 
-void AppControlData::setRequestedAppControl(app_control_h handle) { mRequestedAppControl = handle; }
+void AppControlData::setRequestedAppControl(app_control_h handle) {
+    mRequestedAppControl = handle;
+}
 
-void AppControlData::setResultCode(app_control_result_e code) { mResultCode = code; }
+void AppControlData::setResultCode(app_control_result_e code) {
+    mResultCode = code;
+}
 
-void AppControlData::setTerminateRequest(bool terminate) { mTerminateRequest = terminate; }
+void AppControlData::setTerminateRequest(bool terminate) {
+    mTerminateRequest = terminate;
+}
 
-void AppControlData::addExtraData(const std::string& key, const std::string& value) { mExtraData[key] = value; }
+void AppControlData::addExtraData(const std::string& key, const std::string& value) {
+    mExtraData[key] = value;
+}
 
 void AppControlData::addExtraVectorData(const std::string& key, const std::vector<std::string>& values) {
     mExtraVectorData[key] = values;
 }
 
-std::string& AppControlData::getExtraData(const std::string& key) { return mExtraData[key]; }
+std::string& AppControlData::getExtraData(const std::string& key) {
+    return mExtraData[key];
+}
 
-std::vector<std::string>& AppControlData::getExtraVectorData(const std::string& key) { return mExtraVectorData[key]; }
+std::vector<std::string>& AppControlData::getExtraVectorData(const std::string& key) {
+    return mExtraVectorData[key];
+}
 
-void AppControlData::clearExtraData() { mExtraData.clear(); }
+void AppControlData::clearExtraData() {
+    mExtraData.clear();
+}
 
-void AppControlData::clearExtraVectorData() { mExtraVectorData.clear(); }
+void AppControlData::clearExtraVectorData() {
+    mExtraVectorData.clear();
+}
 
 void AppControlData::clearData() {
     mPackageName.clear();

@@ -69,7 +69,8 @@ private:
 
 class AppControl {
 public:
-    // Sends a copy on the worker, in the order of the calls; the outcome is only logged. Any thread. Replies are refused.
+    // Sends a copy on the worker, in the order of the calls; the outcome is only logged. Any thread. Replies are
+    // refused.
     static void performAppControl(AppControlData& data);
     // Sends on the calling thread. 0, the failing platform call's code, or -1.
     static int performAppControlSync(AppControlData& data);

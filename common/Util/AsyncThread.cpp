@@ -17,7 +17,9 @@ void sleepOneCycle() {
 
 }  // namespace
 
-AsyncThread::AsyncThread() { mThread = std::make_unique<std::thread>([this] { loop(); }); }
+AsyncThread::AsyncThread() {
+    mThread = std::make_unique<std::thread>([this] { loop(); });
+}
 
 AsyncThread::~AsyncThread() {
     mStop = true;

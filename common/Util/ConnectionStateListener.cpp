@@ -4,7 +4,9 @@ namespace Util {
 
 ConnectionStateListener::ConnectionInitializer ConnectionStateListener::mInitializer;
 
-ConnectionStateListener::ConnectionInitializer::ConnectionInitializer() { connection_create(&mHandle); }
+ConnectionStateListener::ConnectionInitializer::ConnectionInitializer() {
+    connection_create(&mHandle);
+}
 
 ConnectionStateListener::ConnectionInitializer::~ConnectionInitializer() {
     if (mHandle != nullptr) {

@@ -9,7 +9,7 @@ namespace Util {
 // Names one file and owns a private copy of its bytes.
 class FileContent {
 public:
-    explicit FileContent(const char* path) : path(path) {}
+    explicit FileContent(const char* filePath) : path(filePath) {}
     virtual ~FileContent() = default;
     FileContent(const FileContent&) = delete;
     FileContent& operator=(const FileContent&) = delete;

@@ -1,5 +1,6 @@
-// The program's log. Each call writes its message twice: to the system log under the tag "orvane-da-service" with colour,
-// kernel thread id, file, function and line, and to standard output with function and line. Any thread; no state, no lock.
+// The program's log. Each call writes its message twice: to the system log under the tag "orvane-da-service" with
+// colour, kernel thread id, file, function and line, and to standard output with function and line. Any thread; no
+// state, no lock.
 #pragma once
 
 #include <dlog.h>
@@ -30,13 +31,13 @@ inline void write(log_priority priority, const char* systemFormat, const char* o
 }  // namespace Util
 
 // The branch never taken lets the compiler check the arguments against the format.
-#define ORVANE_LOG(priority, colour, format, ...)                                                                   \
-    do {                                                                                                            \
-        if (false) {                                                                                                \
-            printf(format, ##__VA_ARGS__);                                                                          \
-        }                                                                                                           \
-        ::Util::Log::write(priority, colour "[%d] %s: %s(%d) > " format "\033[0m", "[%s:%d] " format "\n",          \
-                           __FILE_NAME__, __FUNCTION__, __LINE__, ##__VA_ARGS__);                                   \
+#define ORVANE_LOG(priority, colour, format, ...)                                                          \
+    do {                                                                                                   \
+        if (false) {                                                                                       \
+            printf(format, ##__VA_ARGS__);                                                                 \
+        }                                                                                                  \
+        ::Util::Log::write(priority, colour "[%d] %s: %s(%d) > " format "\033[0m", "[%s:%d] " format "\n", \
+                           __FILE_NAME__, __FUNCTION__, __LINE__, ##__VA_ARGS__);                          \
     } while (false)
 
 #define LOGD(format, ...) ORVANE_LOG(DLOG_DEBUG, "\033[32m", format, ##__VA_ARGS__)

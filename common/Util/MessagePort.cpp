@@ -11,11 +11,17 @@ MessageData& MessageData::addData(std::string key, std::string value) {
     return *this;
 }
 
-void MessageData::removeData(std::string key) { mData.erase(key); }
+void MessageData::removeData(std::string key) {
+    mData.erase(key);
+}
 
-std::string& MessageData::operator[](std::string key) { return mData[std::move(key)]; }
+std::string& MessageData::operator[](std::string key) {
+    return mData[std::move(key)];
+}
 
-void MessageData::clear() { mData.clear(); }
+void MessageData::clear() {
+    mData.clear();
+}
 
 bundle* makeBundle(const MessageData& data) {
     bundle* result = bundle_create();
@@ -27,7 +33,9 @@ bundle* makeBundle(const MessageData& data) {
     return result;
 }
 
-MessagePort::MessagePort() { LOGD(""); }
+MessagePort::MessagePort() {
+    LOGD("");
+}
 
 MessagePort::~MessagePort() {
     LOGD("");

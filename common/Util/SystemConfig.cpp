@@ -92,7 +92,9 @@ SystemConfig::~SystemConfig() {
     }
 }
 
-int SystemConfig::getMicState() { return readInt(VConfKey::MIC_STATE, 1); }
+int SystemConfig::getMicState() {
+    return readInt(VConfKey::MIC_STATE, 1);
+}
 
 void SystemConfig::setMicState(bool on) {
     vconf_set_int(VConfKey::MIC_STATE, on ? 1 : 0);
@@ -147,7 +149,9 @@ std::string SystemConfig::getLangStr() {
     }
 }
 
-std::string SystemConfig::getSHLLangStr() { return getLangStr().replace(2, 1, "-"); }
+std::string SystemConfig::getSHLLangStr() {
+    return getLangStr().replace(2, 1, "-");
+}
 
 std::string SystemConfig::getWidgetLangStr() {
     const std::string locale = readText(VConfKey::WIDGET_LANG, "en_US.UTF-8");
@@ -163,33 +167,40 @@ int SystemConfig::getSystemCountry() {
 }
 
 int SystemConfig::getSystemRegion() {
-    static constexpr Named REGIONS[] = {
-        {"KR", Region::KR}, {"US", Region::US}, {"EU", Region::EU}, {"AU", Region::AU}};
+    static constexpr Named REGIONS[] = {{"KR", Region::KR}, {"US", Region::US}, {"EU", Region::EU}, {"AU", Region::AU}};
     return codeOf(readText(VConfKey::REGION, "US"), REGIONS, Region::OTHER);
 }
 
-bool SystemConfig::getVoiceFeedbackState() { return readBool(VConfKey::VOICE_FEEDBACK, true); }
+bool SystemConfig::getVoiceFeedbackState() {
+    return readBool(VConfKey::VOICE_FEEDBACK, true);
+}
 
 void SystemConfig::setVoiceFeedbackState(bool on) {
     LOGD("setVoiceFeedbackState to : %d", on);
     vconf_set_bool(VConfKey::VOICE_FEEDBACK, on);
 }
 
-bool SystemConfig::getVoiceWakeupState() { return readBool(VConfKey::VOICE_WAKEUP, true); }
+bool SystemConfig::getVoiceWakeupState() {
+    return readBool(VConfKey::VOICE_WAKEUP, true);
+}
 
 void SystemConfig::setVoiceWakeupState(bool on) {
     LOGD("setVoiceWakeupState to : %d", on);
     vconf_set_bool(VConfKey::VOICE_WAKEUP, on);
 }
 
-bool SystemConfig::getVoiceResponseState() { return readBool(VConfKey::VOICE_RESPONSE, false); }
+bool SystemConfig::getVoiceResponseState() {
+    return readBool(VConfKey::VOICE_RESPONSE, false);
+}
 
 void SystemConfig::setVoiceResponseState(bool on) {
     LOGD("setVoiceResponseState to : %d", on);
     vconf_set_bool(VConfKey::VOICE_RESPONSE, on);
 }
 
-bool SystemConfig::getVoiceBOSResponseState() { return readBool(VConfKey::VOICE_BOS_RESPONSE, false); }
+bool SystemConfig::getVoiceBOSResponseState() {
+    return readBool(VConfKey::VOICE_BOS_RESPONSE, false);
+}
 
 void SystemConfig::setVoiceBOSResponseState(bool on) {
     LOGD("setVoiceBOSResponseState to : %d", on);
@@ -204,9 +215,13 @@ void SystemConfig::setVoiceWakeupWord(OrvaneWUW word) {
     vconf_set_int(VConfKey::WAKEUP_WORD, word != OrvaneWUW::QUORBIT ? 1 : 0);
 }
 
-int SystemConfig::getScreenSaverTimeout() { return readInt(VConfKey::SCREEN_SAVER_TIMEOUT); }
+int SystemConfig::getScreenSaverTimeout() {
+    return readInt(VConfKey::SCREEN_SAVER_TIMEOUT);
+}
 
-int SystemConfig::getLcdTimeout() { return readInt(VConfKey::LCD_TIMEOUT); }
+int SystemConfig::getLcdTimeout() {
+    return readInt(VConfKey::LCD_TIMEOUT);
+}
 
 void SystemConfig::setLcdTimeout(int timeout) {
     if (timeout >= 1) {

@@ -1,5 +1,6 @@
 // The device's settings, as the service's own enumerations and texts, and the registry of their change listeners.
-// Getters and setters may be called on any thread; registrations and the creation of the instance on the main loop only.
+// Getters and setters may be called on any thread; registrations and the creation of the instance on the main loop
+// only.
 #pragma once
 
 #include <net_connection.h>

@@ -13,7 +13,9 @@ struct Free {
 // A text that a platform call gave away.
 using PlatformText = std::unique_ptr<char, Free>;
 
-inline std::string copied(const PlatformText& text) { return text ? text.get() : ""; }
+inline std::string copied(const PlatformText& text) {
+    return text ? text.get() : "";
+}
 
 // Without leading and trailing space, tab, carriage return, line feed and vertical tab.
 inline std::string trimmed(const std::string& text) {

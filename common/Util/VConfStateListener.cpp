@@ -36,9 +36,13 @@ VConfStateListener::VConfStateListener(const std::string& key, const std::string
     subscribe();
 }
 
-VConfStateListener::~VConfStateListener() { vconf_ignore_key_changed(mKey.c_str(), vconfNotifyCb); }
+VConfStateListener::~VConfStateListener() {
+    vconf_ignore_key_changed(mKey.c_str(), vconfNotifyCb);
+}
 
-void VConfStateListener::subscribe() { vconf_notify_key_changed(mKey.c_str(), vconfNotifyCb, this); }
+void VConfStateListener::subscribe() {
+    vconf_notify_key_changed(mKey.c_str(), vconfNotifyCb, this);
+}
 
 bool VConfStateListener::update(const keynode_t* node) {
     switch (vconf_keynode_get_type(node)) {

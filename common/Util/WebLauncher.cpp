@@ -13,9 +13,12 @@ namespace Util {
 namespace {
 
 bool isShownByUiOnly(const std::string& actionName) {
-    static constexpr const char* ANSWERS[] = {"Websearch Disabled",        "News Engine Unavailable",
-                                              "Search Engine Unavailable", "Website Unavailable",
-                                              "Pseudo Escalating Error Drive Mode", "Unsupported Feature"};
+    static constexpr const char* ANSWERS[] = {"Websearch Disabled",
+                                              "News Engine Unavailable",
+                                              "Search Engine Unavailable",
+                                              "Website Unavailable",
+                                              "Pseudo Escalating Error Drive Mode",
+                                              "Unsupported Feature"};
     return std::find(std::begin(ANSWERS), std::end(ANSWERS), actionName) != std::end(ANSWERS);
 }
 

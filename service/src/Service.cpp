@@ -22,7 +22,9 @@ namespace {
 constexpr int UI_ANSWER_POLLS = 10;
 constexpr useconds_t UI_ANSWER_POLL_US = 100'000;
 
-Util::SystemConfig& config() { return *Util::Singleton<Util::SystemConfig>::getInstance(); }
+Util::SystemConfig& config() {
+    return *Util::Singleton<Util::SystemConfig>::getInstance();
+}
 
 }  // namespace
 
@@ -65,7 +67,9 @@ void Service::addListeners() {
     config().addVoiceWakeupWordChangedListener([this](void*) { refreshTrigger(); }, nullptr);
 }
 
-bool Service::isListening() const { return mState == ClientState::Recording || mState == ClientState::Processing; }
+bool Service::isListening() const {
+    return mState == ClientState::Recording || mState == ClientState::Processing;
+}
 
 void Service::failIfListening(const ErrorType& error) {
     if (!isListening()) {

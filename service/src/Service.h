@@ -65,14 +65,15 @@ private:
     void destroy(Module*& module);
 
     Ecore_Timer* mVolumeTimer = nullptr;
-    ClientState mState = ClientState::Unknown;          // last sent to the UI
+    ClientState mState = ClientState::Unknown;           // last sent to the UI
     ClientState mRecognitionState = ClientState::Ready;  // last reported by the recognition module
     SRecorder* mRecorder = nullptr;
     Trigger* mTrigger = nullptr;
     VoiceControl* mVoiceControl = nullptr;
     ProfileRefresher* mProfileRefresher = nullptr;
     Util::MessagePort mUiPort;
-    // The async worker's callback holds it while it uses recorder and trigger; the main loop, while it changes the pointers.
+    // The async worker's callback holds it while it uses recorder and trigger; the main loop, while it changes the
+    // pointers.
     std::mutex mModulesMutex;
 };
 

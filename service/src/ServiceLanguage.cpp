@@ -1,5 +1,5 @@
-// Keeps the assistant's language in step with the device's menu language. The chain runs over the settings store: the menu
-// language writes the assistant's, whose change rebuilds what depends on it; an unchanged value ends the chain.
+// Keeps the assistant's language in step with the device's menu language. The chain runs over the settings store: the
+// menu language writes the assistant's, whose change rebuilds what depends on it; an unchanged value ends the chain.
 #include <mutex>
 
 #include "Controller/SRecorder.h"
@@ -14,7 +14,9 @@ namespace {
 
 using Util::OrvaneLang;
 
-Util::SystemConfig& config() { return *Util::Singleton<Util::SystemConfig>::getInstance(); }
+Util::SystemConfig& config() {
+    return *Util::Singleton<Util::SystemConfig>::getInstance();
+}
 
 OrvaneLang languageOfLocale(const std::string& locale) {
     static const struct {

@@ -70,7 +70,9 @@ double MainLoop::now() const {
     return state().now;
 }
 
-bool MainLoop::onMainThread() const { return static_cast<pid_t>(syscall(SYS_gettid)) == state().mainThread; }
+bool MainLoop::onMainThread() const {
+    return static_cast<pid_t>(syscall(SYS_gettid)) == state().mainThread;
+}
 
 size_t MainLoop::timers() const {
     std::lock_guard<std::mutex> lock(state().mutex);

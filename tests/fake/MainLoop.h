@@ -19,11 +19,13 @@ public:
     int runPosted();
     // Runs posted calls until the condition holds. False when the watchdog (20 s) ends first.
     bool runUntil(const std::function<bool()>& condition);
-    size_t timers() const;   // that now run
+    size_t timers() const;                // that now run
     double interval(size_t index) const;  // of the running timer, oldest first
     bool onMainThread() const;
 };
 
-inline MainLoop& mainLoop() { return MainLoop::get(); }
+inline MainLoop& mainLoop() {
+    return MainLoop::get();
+}
 
 }  // namespace fake

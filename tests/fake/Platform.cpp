@@ -7,7 +7,9 @@
 
 namespace fake {
 
-std::string str(const char* text) { return text ? text : "(null)"; }
+std::string str(const char* text) {
+    return text ? text : "(null)";
+}
 
 std::string Call::text() const {
     std::string result = name + "(";
@@ -129,7 +131,9 @@ std::vector<std::string> Platform::textsOf(const std::vector<std::string>& prefi
     return result;
 }
 
-size_t Platform::count(const std::string& name) const { return calls(name).size(); }
+size_t Platform::count(const std::string& name) const {
+    return calls(name).size();
+}
 
 void Platform::forgetCalls() {
     std::lock_guard<std::mutex> lock(mMutex);
@@ -144,9 +148,8 @@ std::vector<LogLine> Platform::logs() const {
 
 bool Platform::logged(int priority, const std::string& message) const {
     auto lines = logs();
-    return std::any_of(lines.begin(), lines.end(), [&](const LogLine& line) {
-        return line.priority == priority && line.message == message;
-    });
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const LogLine& line) { return line.priority == priority && line.message == message; });
 }
 
 size_t Platform::countLogged(const std::string& message) const {

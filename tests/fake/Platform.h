@@ -27,7 +27,7 @@ struct Call {
 struct LogLine {
     int priority;
     std::string tag;
-    std::string text;  // as formatted for the system log, with colour and prefix
+    std::string text;     // as formatted for the system log, with colour and prefix
     std::string message;  // between the prefix and the colour reset
     pid_t thread;
 };
@@ -46,14 +46,15 @@ public:
     void log(LogLine line);
 
     // For the tests.
-    void answer(const std::string& name, int code);                      // from now on
-    void answerNext(const std::string& name, int code, int times = 1);   // before any standing answer
-    void onCall(const std::string& name, std::function<void(const Call&)> hook);  // runs on the caller's thread, unlocked
+    void answer(const std::string& name, int code);                     // from now on
+    void answerNext(const std::string& name, int code, int times = 1);  // before any standing answer
+    void onCall(const std::string& name,
+                std::function<void(const Call&)> hook);  // runs on the caller's thread, unlocked
 
     std::vector<Call> calls() const;
     std::vector<Call> calls(const std::string& name) const;
-    std::vector<std::string> names() const;           // in order
-    std::vector<std::string> texts() const;           // in order, with arguments
+    std::vector<std::string> names() const;  // in order
+    std::vector<std::string> texts() const;  // in order, with arguments
     // In order, only the calls whose names start with one of the prefixes.
     std::vector<std::string> textsOf(const std::vector<std::string>& prefixes) const;
     size_t count(const std::string& name) const;
@@ -78,7 +79,9 @@ private:
     std::vector<std::function<void()>> mResets;
 };
 
-inline Platform& platform() { return Platform::get(); }
+inline Platform& platform() {
+    return Platform::get();
+}
 
 std::string str(const char* text);  // "(null)" for null
 template <typename T>

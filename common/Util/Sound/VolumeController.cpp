@@ -1,5 +1,5 @@
-// The main loop and others call the public operations; the sound manager's thread reports changes; one fader thread at a
-// time moves the device's level and takes no lock of the operations, which may wait for it to end.
+// The main loop and others call the public operations; the sound manager's thread reports changes; one fader thread at
+// a time moves the device's level and takes no lock of the operations, which may wait for it to end.
 #include "Util/Sound/VolumeController.h"
 
 #include <stdlib.h>
@@ -108,7 +108,9 @@ int VolumeController::VolumeDown() {
     return current < 0 ? -1 : setVolume(current - 1);
 }
 
-int VolumeController::mute() { return setVolume(0); }
+int VolumeController::mute() {
+    return setVolume(0);
+}
 
 int VolumeController::unmute() {
     if (getVolume() > 0) {

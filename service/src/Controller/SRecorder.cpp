@@ -16,8 +16,8 @@ constexpr useconds_t PAUSE_US = 1000;
 
 SRecorder::SRecorder() {
     LOGI("");
-    int result = sound_manager_create_stream_information(SOUND_STREAM_TYPE_VOICE_RECOGNITION, focusCallback, this,
-                                                         &mStreamInfo);
+    int result =
+        sound_manager_create_stream_information(SOUND_STREAM_TYPE_VOICE_RECOGNITION, focusCallback, this, &mStreamInfo);
     if (result != SOUND_MANAGER_ERROR_NONE) {
         LOGE("[ERROR] Fail to create stream information : %d", result);
     }
@@ -149,8 +149,8 @@ bool SRecorder::holdsRecordingFocus() {
 }
 
 int SRecorder::acquireRecordingFocus() {
-    const int result = sound_manager_acquire_focus(mStreamInfo, SOUND_STREAM_FOCUS_FOR_RECORDING, SOUND_BEHAVIOR_NONE,
-                                                   nullptr);
+    const int result =
+        sound_manager_acquire_focus(mStreamInfo, SOUND_STREAM_FOCUS_FOR_RECORDING, SOUND_BEHAVIOR_NONE, nullptr);
     if (result != SOUND_MANAGER_ERROR_NONE) {
         LOGE("[Recorder ERROR] Fail to acquire focus : %d", result);
     }
@@ -158,8 +158,8 @@ int SRecorder::acquireRecordingFocus() {
 }
 
 int SRecorder::releaseRecordingFocus() {
-    const int result = sound_manager_release_focus(mStreamInfo, SOUND_STREAM_FOCUS_FOR_RECORDING, SOUND_BEHAVIOR_NONE,
-                                                   nullptr);
+    const int result =
+        sound_manager_release_focus(mStreamInfo, SOUND_STREAM_FOCUS_FOR_RECORDING, SOUND_BEHAVIOR_NONE, nullptr);
     if (result != SOUND_MANAGER_ERROR_NONE) {
         LOGE("[Recorder ERROR] Fail to release focus :%d", result);
     }
@@ -204,18 +204,17 @@ void SRecorder::focusChanged(sound_stream_focus_mask_e mask, sound_stream_focus_
 }
 
 const char* SRecorder::TranslateSoundStreamFocusChangeReason(sound_stream_focus_change_reason_e reason) {
-    static constexpr const char* NAMES[] = {
-        "SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_ALARM",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_NOTIFICATION",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_EMERGENCY",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_VOICE_INFORMATION",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_VOICE_RECOGNITION",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_RINGTONE",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_VOIP",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_CALL",
-        "SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA_EXTERNAL_ONLY"};
+    static constexpr const char* NAMES[] = {"SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_ALARM",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_NOTIFICATION",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_EMERGENCY",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_VOICE_INFORMATION",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_VOICE_RECOGNITION",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_RINGTONE",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_VOIP",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_CALL",
+                                            "SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA_EXTERNAL_ONLY"};
     const auto index = static_cast<size_t>(reason);
     return index < std::size(NAMES) ? NAMES[index] : "Undefined reason code";
 }

@@ -1,8 +1,8 @@
-// The microphone recorder: holds the recording focus, reads 16 kHz mono S16 blocks on a read thread, measures each block's
-// level and hands every enabled listener a copy of its own. A back end fills in the device operations.
+// The microphone recorder: holds the recording focus, reads 16 kHz mono S16 blocks on a read thread, measures each
+// block's level and hands every enabled listener a copy of its own. A back end fills in the device operations.
 //
-// Threads: the owner constructs, starts and destroys; the read thread reads, resets the device and calls the listeners; the
-// sound manager's thread reports focus changes, which stop and resume capture.
+// Threads: the owner constructs, starts and destroys; the read thread reads, resets the device and calls the listeners;
+// the sound manager's thread reports focus changes, which stop and resume capture.
 #pragma once
 
 #include <audio_io.h>

@@ -8,8 +8,8 @@ namespace OrvaneDA {
 
 namespace {
 
-constexpr int FRAMES = 256;              // of one read
-constexpr int BLOCK_SIZE = FRAMES * 2;   // bytes: the library folds its two channels into one
+constexpr int FRAMES = 256;             // of one read
+constexpr int BLOCK_SIZE = FRAMES * 2;  // bytes: the library folds its two channels into one
 
 }  // namespace
 
@@ -117,6 +117,8 @@ int SRecorderSSE::_audio_deinit() {
     return deinitialized != 0 ? deinitialized : destroyed;
 }
 
-void SRecorderSSE::debugTriggerShot(int level) { sse_trigger_wakeup_word_recording(level); }
+void SRecorderSSE::debugTriggerShot(int level) {
+    sse_trigger_wakeup_word_recording(level);
+}
 
 }  // namespace OrvaneDA

@@ -4,7 +4,9 @@
 
 namespace OrvaneDA {
 
-void Trigger::setCallback(std::function<void(int)> callback) { mCallback = std::move(callback); }
+void Trigger::setCallback(std::function<void(int)> callback) {
+    mCallback = std::move(callback);
+}
 
 void Trigger::_shot(int level) {
     if (mCallback && mEnabled) {

@@ -13,11 +13,17 @@ constexpr useconds_t FETCH_PAUSE_US = 1000;
 
 WakeupAudioIn::WakeupAudioIn() : SRecordListener(0) {}
 
-WakeupAudioIn::~WakeupAudioIn() { clearQueue(); }
+WakeupAudioIn::~WakeupAudioIn() {
+    clearQueue();
+}
 
-int WakeupAudioIn::Start() { return 0; }
+int WakeupAudioIn::Start() {
+    return 0;
+}
 
-int WakeupAudioIn::Stop() { return 0; }
+int WakeupAudioIn::Stop() {
+    return 0;
+}
 
 int WakeupAudioIn::HasData(bool& available) {
     std::lock_guard<std::mutex> lock(mQueueMutex);

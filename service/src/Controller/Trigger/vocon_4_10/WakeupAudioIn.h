@@ -1,5 +1,5 @@
-// Carries microphone audio to the wake-up engine: the recorder's read thread queues blocks, the engine's thread takes them.
-// The listener's enabled flag opens and closes the feed for both.
+// Carries microphone audio to the wake-up engine: the recorder's read thread queues blocks, the engine's thread takes
+// them. The listener's enabled flag opens and closes the feed for both.
 #pragma once
 
 #include <wakeup_engine.h>

@@ -71,6 +71,7 @@ WuWTrigger::~WuWTrigger() {
     __cancelListening();
     // The feed is emptied now; its memory stays until the engine's thread, which may still ask it, has ended.
     if (mAudioIn != nullptr) {
+        mAudioIn->setEnabled(false);
         mAudioIn->clearQueue();
     }
     nuance::IWakeupCtx::Destroy(mEngine);
@@ -149,44 +150,46 @@ void WuWTrigger::OnWakeup(const std::string& word, int level) {
     queueShot([this, level] { _shot(level); });
 }
 
-void WuWTrigger::OnCanceled() { LOGD("Canced"); }
+void WuWTrigger::OnCanceled() {
+    LOGD("Canced");
+}
 
 void WuWTrigger::OnError(nuance::IWakeupListener::Error code, const std::string& detail) {
-    const std::string& name = getErrorCode(code);
     LOGE("Error");
     LOGE("======================================");
     LOGE(" Error occurred during recognition! ");
-    LOGE("  - code   : (%s)", name.c_str());
+    LOGE("  - code   : (%s)", getErrorCode(code).c_str());
     LOGE("  - detail : %s", detail.c_str());
     LOGE("====================================");
 }
 
 void WuWTrigger::OnWarning(nuance::IWakeupListener::Warning code, const std::string& detail) {
-    const std::string& name = getWarningCode(code);
     LOGW("Warning");
     LOGW("======================================");
     LOGW(" Warning occurred during recognition! ");
-    LOGW("  - code   : (%s)", name.c_str());
+    LOGW("  - code   : (%s)", getWarningCode(code).c_str());
     LOGW("  - detail : %s", detail.c_str());
     LOGW("====================================");
 }
 
-SRecordListener* WuWTrigger::getSRecordListener() { return mAudioIn.get(); }
+SRecordListener* WuWTrigger::getSRecordListener() {
+    return mAudioIn.get();
+}
 
 const std::string& WuWTrigger::getErrorCode(nuance::IWakeupListener::Error code) {
-    static const std::map<int, std::string> NAMES = {{0, "NOT_ENOUGH_RESOURCE"},   {1, "NOT_IN_PROPER_STATE"},
-                                                     {2, "INVALID_ARGUMENT"},      {3, "WRONG_VOCON_DATA"},
+    static const std::map<int, std::string> NAMES = {{0, "NOT_ENOUGH_RESOURCE"},      {1, "NOT_IN_PROPER_STATE"},
+                                                     {2, "INVALID_ARGUMENT"},         {3, "WRONG_VOCON_DATA"},
                                                      {4, "ERROR_FROM_USER_CALLBACK"}, {5, "NOT_SUPPORTED"},
-                                                     {6, "VOCON_INTERNAL_ERROR"},  {7, "COULD_NOT_FIND_ACMOD"},
-                                                     {8, "COULD_NOT_FIND_CLC"},    {9, "ERROR_FROM_CONFIG_PARSER"}};
+                                                     {6, "VOCON_INTERNAL_ERROR"},     {7, "COULD_NOT_FIND_ACMOD"},
+                                                     {8, "COULD_NOT_FIND_CLC"},       {9, "ERROR_FROM_CONFIG_PARSER"}};
     return NAMES.at(code);
 }
 
 const std::string& WuWTrigger::getWarningCode(nuance::IWakeupListener::Warning code) {
-    static const std::map<int, std::string> NAMES = {{0, "NOT_INITIALIZED"},     {1, "ALREADY_LISTENING"},
+    static const std::map<int, std::string> NAMES = {{0, "NOT_INITIALIZED"},          {1, "ALREADY_LISTENING"},
                                                      {2, "FAIL_TO_CREATE_DIRECTORY"}, {3, "AUDIOIN_NOT_ATTACHED"},
-                                                     {4, "WAKEUP_WORD_NOT_SET"}, {5, "FILE_OPEN_FAILED"},
-                                                     {6, "INVALID_CONFIG_KEY"},  {7, "INVALID_CONFIG_VALUE"}};
+                                                     {4, "WAKEUP_WORD_NOT_SET"},      {5, "FILE_OPEN_FAILED"},
+                                                     {6, "INVALID_CONFIG_KEY"},       {7, "INVALID_CONFIG_VALUE"}};
     return NAMES.at(code);
 }
 

@@ -1,5 +1,6 @@
-// Listens for the wake-up word. start, stop and forceShot come from the service's thread or the async worker; the engine
-// calls the listener on its own thread; the callback runs on the process-wide async worker, never on the engine's thread.
+// Listens for the wake-up word. start, stop and forceShot come from the service's thread or the async worker; the
+// engine calls the listener on its own thread; the callback runs on the process-wide async worker, never on the
+// engine's thread.
 #pragma once
 
 #include <wakeup_engine.h>

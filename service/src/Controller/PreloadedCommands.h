@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace OrvaneDA {
+
+// Absolute path of the file of commands that the engine knows from the start; computed once.
+const std::string& preloadedCommandsPath();
+
+}  // namespace OrvaneDA

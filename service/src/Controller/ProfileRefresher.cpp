@@ -1,0 +1,110 @@
+#include "Controller/ProfileRefresher.h"
+
+#include <map>
+#include <mutex>
+#include <thread>
+
+#include "Controller/ProfileSession.h"
+#include "Util/AppControl.h"
+#include "Util/Constants.h"
+#include "Util/Log.h"
+#include "Util/Singleton.h"
+#include "Util/SystemConfig.h"
+
+namespace OrvaneDA {
+
+namespace {
+
+// Replies carry a plain pointer and may come after the refresher has gone.
+std::mutex liveMutex;
+std::map<void*, std::weak_ptr<ProfileSession>> liveSessions;
+
+std::shared_ptr<ProfileSession> liveSession(void* refresher) {
+    std::lock_guard<std::mutex> lock(liveMutex);
+    auto found = liveSessions.find(refresher);
+    return found == liveSessions.end() ? nullptr : found->second.lock();
+}
+
+}  // namespace
+
+ProfileRefresher::ProfileRefresher() {
+    LOGD("");
+    mSession = std::make_shared<ProfileSession>();
+    {
+        std::lock_guard<std::mutex> lock(liveMutex);
+        liveSessions[this] = mSession;
+    }
+    initPushProfile();
+    updateProfileInfo();
+}
+
+ProfileRefresher::~ProfileRefresher() {
+    LOGD("~ProfileRefresher");
+    {
+        std::lock_guard<std::mutex> lock(liveMutex);
+        liveSessions.erase(this);
+    }
+    if (mEventHandler != nullptr) {
+        event_remove_event_handler(mEventHandler);
+    }
+    mSession->close();
+}
+
+void ProfileRefresher::initPushProfile() {
+    const std::string eventName = std::string("event.") + Constants::App::ACCOUNT_SERVICE + ".notification";
+    if (event_add_event_handler(eventName.c_str(), pushed, this, &mEventHandler) != EVENT_ERROR_NONE) {
+        LOGE("Failed to init push profile");
+    } else {
+        LOGD("Success to init push profile");
+    }
+}
+
+void ProfileRefresher::pushed(const char*, bundle*, void* refresher) {
+    LOGD("received push message of profile update");
+    static_cast<ProfileRefresher*>(refresher)->updateProfileInfo();
+}
+
+void ProfileRefresher::updateProfileInfo() {
+    LOGD("");
+    if (Util::Singleton<Util::SystemConfig>::getInstance()->getConnectionState() == CONNECTION_TYPE_DISCONNECTED) {
+        LOGD("No network connection.");
+        return;
+    }
+    if (!mSession->begin()) {
+        return;
+    }
+    std::thread([session = mSession, refresher = static_cast<void*>(this)] {
+        Util::AppControlData request;
+        session->refresh([&] {
+            request.setPackageName(Constants::App::ACCOUNT_SERVICE)
+                .setOperation(Constants::Operation::GET_SERVICE_STATUS);
+            request.setReplyCallback(appControlReplyCB, refresher);
+            Util::AppControl::performAppControl(request);
+        });
+        session->end();
+    }).detach();
+}
+
+void ProfileRefresher::appControlReplyCB(app_control_h, app_control_h reply, app_control_result_e result,
+                                         void* user_data) {
+    LOGD("");
+    Util::AppControlData data(reply);
+    LOGD("result_e:[%d]", result);
+    if (result == APP_CONTROL_RESULT_FAILED) {
+        LOGE("errorMessage:[%s]", data.getExtraData("errorMessage").c_str());
+    }
+    const std::shared_ptr<ProfileSession> session = liveSession(user_data);
+    if (session == nullptr) {
+        return;
+    }
+    if (result == APP_CONTROL_RESULT_SUCCEEDED && data.getExtraData("quorbit_account_status") == "true") {
+        const Account account{
+            data.getExtraData("quorbit_account_guid"), data.getExtraData("quorbit_account_access_token"),
+            data.getExtraData("quorbit_account_client_id"), data.getExtraData("quorbit_account_server_uri")};
+        session->answer(&account);
+    } else {
+        session->answer(nullptr);
+    }
+}
+
+}  // namespace OrvaneDA

@@ -1,0 +1,34 @@
+#include <voice_control_common.h>
+
+#include "Controller/VoiceControl.h"
+
+namespace OrvaneDA {
+
+const char* voiceErrorName(int error) {
+    static constexpr struct {
+        int error;
+        const char* name;
+    } NAMES[] = {{VC_ERROR_NONE, "NONE"},
+                 {VC_ERROR_OUT_OF_MEMORY, "OUT_OF_MEMORY"},
+                 {VC_ERROR_IO_ERROR, "IO_ERROR"},
+                 {VC_ERROR_INVALID_PARAMETER, "INVALID_PARAMETER"},
+                 {VC_ERROR_TIMED_OUT, "TIMED_OUT"},
+                 {VC_ERROR_RECORDER_BUSY, "RECORDER_BUSY"},
+                 {VC_ERROR_PERMISSION_DENIED, "PERMISSION_DENIED"},
+                 {VC_ERROR_NOT_SUPPORTED, "NOT_SUPPORTED"},
+                 {VC_ERROR_INVALID_STATE, "INVALID_STATE"},
+                 {VC_ERROR_INVALID_LANGUAGE, "INVALID_LANGUAGE"},
+                 {VC_ERROR_ENGINE_NOT_FOUND, "ENGINE_NOT_FOUND"},
+                 {VC_ERROR_OPERATION_FAILED, "OPERATION_FAILED"},
+                 {VC_ERROR_OPERATION_REJECTED, "OPERATION_REJECTED"},
+                 {VC_ERROR_ITERATION_END, "ITERATION_END"},
+                 {VC_ERROR_EMPTY, "EMPTY"}};
+    for (const auto& row : NAMES) {
+        if (row.error == error) {
+            return row.name;
+        }
+    }
+    return "VC_ERROR_UNKNOWN";
+}
+
+}  // namespace OrvaneDA

@@ -1,4 +1,4 @@
-#include "MainLoop.h"
+#include "fake/MainLoop.h"
 
 #include <Ecore.h>
 #include <errno.h>
@@ -13,7 +13,7 @@
 #include <mutex>
 #include <vector>
 
-#include "Platform.h"
+#include "fake/Platform.h"
 
 namespace {
 

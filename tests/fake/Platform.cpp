@@ -1,4 +1,4 @@
-#include "Platform.h"
+#include "fake/Platform.h"
 
 #include <sys/syscall.h>
 #include <unistd.h>

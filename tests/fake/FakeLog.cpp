@@ -1,0 +1,65 @@
+#include <dlog.h>
+#include <stdarg.h>
+#include <stdio.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include "fake/FakeLog.h"
+#include "fake/Platform.h"
+
+namespace {
+
+std::mutex outputMutex;
+std::vector<std::string> outputLines;
+
+const bool registered = fake::platform().addReset([] {
+    std::lock_guard<std::mutex> lock(outputMutex);
+    outputLines.clear();
+});
+
+std::string formatted(const char* format, va_list arguments) {
+    char text[8192];
+    vsnprintf(text, sizeof text, format, arguments);
+    return text;
+}
+
+// Between the prefix "[tid] file: function(line) > " and the colour reset.
+std::string messageOf(const std::string& text) {
+    const size_t start = text.find(" > ");
+    const size_t end = text.rfind("\033[0m");
+    return start == std::string::npos || end == std::string::npos ? text : text.substr(start + 3, end - start - 3);
+}
+
+}  // namespace
+
+namespace fake {
+
+std::vector<std::string> output() {
+    std::lock_guard<std::mutex> lock(outputMutex);
+    return outputLines;
+}
+
+}  // namespace fake
+
+extern "C" {
+
+int dlog_print(log_priority priority, const char* tag, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    const std::string text = formatted(format, arguments);
+    va_end(arguments);
+    fake::platform().log({priority, tag, text, messageOf(text), static_cast<pid_t>(syscall(SYS_gettid))});
+    return static_cast<int>(text.size());
+}
+
+int __printf_chk(int, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    const std::string text = formatted(format, arguments);
+    va_end(arguments);
+    std::lock_guard<std::mutex> lock(outputMutex);
+    outputLines.push_back(text);
+    return static_cast<int>(text.size());
+}
+
+}  // extern "C"

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <wakeup_engine.h>
+
+#include <functional>
+#include <string>
+
+namespace fake {
+
+// Whether Initialize succeeds from now on.
+void setEngineUsable(bool usable);
+bool engineExists();
+bool engineListens();
+nuance::IWakeupAudioIn* engineAudioIn();
+// Runs `work` with the present engine's listener on a thread of its own and waits for it.
+void onEngineThread(const std::function<void(nuance::IWakeupListener&)>& work);
+
+}  // namespace fake

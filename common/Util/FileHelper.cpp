@@ -4,6 +4,7 @@
 #include <string.h>
 #include <unistd.h>
 
+#include <limits>
 #include <new>
 
 #include "Util/Log.h"
@@ -61,7 +62,8 @@ bool FileHelper::read(FileContent& content) {
         return false;
     }
     const long size = ftell(file.get());
-    if (size < 0) {
+    // A folder claims to be larger than anything that the content's size can tell.
+    if (size < 0 || size > std::numeric_limits<int>::max()) {
         LOGE("Invalid size");
         return false;
     }

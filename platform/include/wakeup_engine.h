@@ -22,7 +22,7 @@ public:
 // which are told on the caller's thread before the call returns.
 class IWakeupListener {
 public:
-    enum Error {
+    enum Error : int {
         NOT_ENOUGH_RESOURCE = 0,
         NOT_IN_PROPER_STATE = 1,
         INVALID_ARGUMENT = 2,
@@ -34,7 +34,7 @@ public:
         COULD_NOT_FIND_CLC = 8,
         ERROR_FROM_CONFIG_PARSER = 9,
     };
-    enum Warning {
+    enum Warning : int {
         NOT_INITIALIZED = 0,
         ALREADY_LISTENING = 1,
         FAIL_TO_CREATE_DIRECTORY = 2,

@@ -13,14 +13,15 @@ namespace {
 
 std::mutex stateMutex;
 std::vector<fake::Launch> sent;
-std::set<app_control_h> open;
+// Never destroyed: handles that the product abandons stay reachable to the end.
+auto& open = *new std::set<app_control_h>;
+// Abandoned by earlier tests, or still in the worker's hands.
+auto& left = *new std::set<app_control_h>;
 
 const bool registered = platform().addReset([] {
     std::lock_guard<std::mutex> lock(stateMutex);
     sent.clear();
-    for (app_control_h handle : open) {
-        delete handle;
-    }
+    left.insert(open.begin(), open.end());
     open.clear();
 });
 
@@ -96,6 +97,7 @@ int app_control_destroy(app_control_h app_control) {
     if (result == 0) {
         std::lock_guard<std::mutex> lock(stateMutex);
         open.erase(app_control);
+        left.erase(app_control);
         delete app_control;
     }
     return result;

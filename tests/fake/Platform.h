@@ -3,6 +3,7 @@
 // Any thread may call in; a test reads on its own thread, which counts as the main loop's.
 #pragma once
 
+#include <dlog.h>
 #include <sys/types.h>
 
 #include <chrono>

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "Util/AppControl.h"
+#include "Util/Singleton.h"
+#include "Util/Sound/SoundStreamWatcher.h"
+#include "Util/SystemConfig.h"
+#include "fake/FakeAppControl.h"
+#include "fake/MainLoop.h"
+#include "fake/Platform.h"
+
+using Texts = std::vector<std::string>;
+
+// Starts from a platform that knows nothing and ends without the product's singletons.
+class PlatformTest : public testing::Test {
+protected:
+    void SetUp() override { fake::platform().reset(); }
+    void TearDown() override {
+        Util::Singleton<Util::SystemConfig>::destroy();
+        Util::Singleton<Util::SoundStreamWatcher>::destroy();
+    }
+    static Util::SystemConfig& config() { return *Util::Singleton<Util::SystemConfig>::getInstance(); }
+};
+
+// For tests that send requests: nothing that is still queued reaches the next test.
+class SendingTest : public PlatformTest {
+protected:
+    void TearDown() override {
+        drain();
+        PlatformTest::TearDown();
+    }
+
+    // Waits until the worker has sent everything queued so far.
+    static void drain() {
+        // No scripted failure may stop the marker.
+        for (const char* call :
+             {"app_control_create", "app_control_set_app_id", "app_control_set_operation", "app_control_set_uri",
+              "app_control_add_extra_data", "app_control_add_extra_data_array", "app_control_send_launch_request",
+              "app_control_destroy"}) {
+            fake::platform().answer(call, 0);
+        }
+        static int drains = 0;
+        const std::string name = "drain" + std::to_string(++drains);
+        Util::AppControlData marker;
+        marker.setPackageName(name);
+        Util::AppControl::performAppControl(marker);
+        ASSERT_TRUE(fake::platform().waitUntil([&] {
+            auto texts = fake::launchTexts();
+            return !texts.empty() && texts.back() == name + " - -";
+        }));
+    }
+
+    // What was sent so far, without the drain's own.
+    static Texts sent() {
+        drain();
+        Texts texts = fake::launchTexts();
+        texts.erase(std::remove_if(texts.begin(), texts.end(), [](auto& text) { return text.find("drain") == 0; }),
+                    texts.end());
+        return texts;
+    }
+};

@@ -1,0 +1,109 @@
+#include <atomic>
+#include <thread>
+
+#include "Controller/SRecorderSSE.h"
+#include "fake/FakeSound.h"
+#include "unit/Fixture.h"
+
+using OrvaneDA::SRecorder;
+using OrvaneDA::SRecorderSSE;
+
+namespace {
+
+constexpr auto RECORDING = SOUND_STREAM_FOCUS_FOR_RECORDING;
+constexpr auto RELEASED = SOUND_STREAM_FOCUS_STATE_RELEASED;
+constexpr auto ACQUIRED = SOUND_STREAM_FOCUS_STATE_ACQUIRED;
+constexpr auto BY_CALL = SOUND_STREAM_FOCUS_CHANGED_BY_CALL;
+
+// As the sound manager does it: on a thread of its own.
+void change(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state, bool rightStream = true) {
+    std::thread([=] { fake::changeFocus(mask, state, BY_CALL, rightStream); }).join();
+}
+
+}  // namespace
+
+class FocusTest : public PlatformTest {
+protected:
+    static bool reads(size_t more) {
+        const size_t before = fake::platform().count("sse_read");
+        return fake::platform().waitFor("sse_read", before + more);
+    }
+};
+
+TEST_F(FocusTest, LosingItStopsCaptureAndGettingItBackResumesIt) {
+    SRecorderSSE recorder;
+    recorder.startRecord();
+    ASSERT_TRUE(reads(1));
+    change(RECORDING, RELEASED);
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Sound Stream Focus State Chagned!"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG,
+                                        "Focus state changed to (0) with reason(SOUND_STREAM_FOCUS_CHANGED_BY_CALL)"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus released as interrupt"));
+    EXPECT_EQ(fake::platform().count("sse_unprepare"), 1u);
+    EXPECT_EQ(fake::platform().count("sound_manager_release_focus"), 0u);
+    EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "_audio_record finish"));
+
+    change(RECORDING, ACQUIRED);
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus acquired as interrupt completed"));
+    EXPECT_EQ(fake::platform().count("sse_prepare"), 2u);
+    EXPECT_TRUE(reads(2));
+}
+
+TEST_F(FocusTest, ChangesOfThePlaybackFocusChangeNothing) {
+    SRecorderSSE recorder;
+    change(SOUND_STREAM_FOCUS_FOR_PLAYBACK, RELEASED);
+    EXPECT_EQ(fake::platform().count("sse_unprepare"), 0u);
+}
+
+TEST_F(FocusTest, GettingItWhilePreparedAndLosingItWhileNotChangeNothing) {
+    SRecorderSSE recorder;
+    change(RECORDING, ACQUIRED);
+    EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
+    recorder._audio_unprepare();
+    change(RECORDING, RELEASED);
+    EXPECT_EQ(fake::platform().count("sse_unprepare"), 1u);
+}
+
+TEST_F(FocusTest, AChangeOfAnotherStreamIsAnError) {
+    SRecorderSSE recorder;
+    change(RECORDING, RELEASED, false);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid stream info handle"));
+    EXPECT_EQ(fake::platform().countLogged("Sound Stream Focus State Chagned!"), 0u);
+    EXPECT_EQ(fake::platform().count("sse_unprepare"), 0u);
+}
+
+TEST_F(FocusTest, ReasonsHaveTheirNames) {
+    const char* names[] = {
+        "MEDIA",    "SYSTEM", "ALARM", "NOTIFICATION",       "EMERGENCY", "VOICE_INFORMATION", "VOICE_RECOGNITION",
+        "RINGTONE", "VOIP",   "CALL",  "MEDIA_EXTERNAL_ONLY"};
+    for (int i = 0; i < 11; ++i) {
+        EXPECT_EQ(SRecorder::TranslateSoundStreamFocusChangeReason(static_cast<sound_stream_focus_change_reason_e>(i)),
+                  std::string("SOUND_STREAM_FOCUS_CHANGED_BY_") + names[i]);
+    }
+    for (int i : {11, -1}) {
+        EXPECT_STREQ(
+            SRecorder::TranslateSoundStreamFocusChangeReason(static_cast<sound_stream_focus_change_reason_e>(i)),
+            "Undefined reason code");
+    }
+}
+
+TEST_F(FocusTest, AChangeThatComesWhileTheRecorderIsDestroyedIsSafe) {
+    for (int i = 0; i < 10; ++i) {
+        auto recorder = std::make_unique<SRecorderSSE>();
+        recorder->startRecord();
+        std::atomic<bool> done{false};
+        // The platform waits for a running callback before the stream information goes.
+        std::thread manager([&] {
+            fake::changeFocus(RECORDING, RELEASED, BY_CALL);
+            done = true;
+        });
+        fake::platform().onCall("sound_manager_destroy_stream_information", [&](const fake::Call&) {
+            while (!done) {
+                std::this_thread::yield();
+            }
+        });
+        recorder.reset();
+        manager.join();
+    }
+    fake::platform().onCall("sound_manager_destroy_stream_information", nullptr);
+}

@@ -1,0 +1,124 @@
+#include "Controller/Trigger/vocon_4_10/WakeupAudioIn.h"
+
+#include <string.h>
+
+#include <atomic>
+#include <thread>
+
+#include "unit/Fixture.h"
+
+using OrvaneDA::WakeupAudioIn;
+
+namespace {
+
+void hand(WakeupAudioIn& feed, int number) {
+    char* block = new char[sizeof number];
+    memcpy(block, &number, sizeof number);
+    feed.onDataHandled(block, sizeof number);
+}
+
+// The number in the next block, -1 where there is none.
+int fetch(WakeupAudioIn& feed) {
+    void* data = &feed;
+    unsigned int size = 99;
+    EXPECT_EQ(feed.FetchData(data, size), 0);
+    if (data == nullptr) {
+        EXPECT_EQ(size, 0u);
+        return -1;
+    }
+    int number = 0;
+    EXPECT_EQ(size, sizeof number);
+    memcpy(&number, data, sizeof number);
+    EXPECT_EQ(feed.ReturnData(data), 0);
+    return number;
+}
+
+bool hasData(WakeupAudioIn& feed) {
+    bool available = false;
+    EXPECT_EQ(feed.HasData(available), 0);
+    return available;
+}
+
+}  // namespace
+
+TEST(AWakeupAudioFeed, GivesTheBlocksInTheirOrder) {
+    WakeupAudioIn feed;
+    feed.setEnabled(true);
+    EXPECT_EQ(feed.Start(), 0);
+    for (int i = 0; i < 3; ++i) {
+        hand(feed, i);
+    }
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(fetch(feed), i);
+    }
+    EXPECT_EQ(feed.Stop(), 0);
+}
+
+TEST(AWakeupAudioFeed, GivesTheVeryBlockThatTheRecorderAllocated) {
+    WakeupAudioIn feed;
+    feed.setEnabled(true);
+    char* block = new char[8];
+    feed.onDataHandled(block, 8);
+    void* data = nullptr;
+    unsigned int size = 0;
+    feed.FetchData(data, size);
+    EXPECT_EQ(data, block);
+    feed.ReturnData(data);
+}
+
+TEST(AWakeupAudioFeedOf501Blocks, DropsTheOldestForOneMore) {
+    WakeupAudioIn feed;
+    feed.setEnabled(true);
+    for (int i = 0; i < 501; ++i) {
+        hand(feed, i);
+    }
+    hand(feed, 501);
+    EXPECT_EQ(fetch(feed), 1);
+    int left = 0;
+    while (hasData(feed)) {
+        fetch(feed);
+        ++left;
+    }
+    EXPECT_EQ(left, 500);
+}
+
+TEST(AClosedWakeupAudioFeed, GivesNothingAtOnceEvenWhenBlocksWait) {
+    WakeupAudioIn feed;
+    hand(feed, 7);
+    EXPECT_EQ(fetch(feed), -1);
+    EXPECT_TRUE(hasData(feed));
+}
+
+TEST(AnOpenWakeupAudioFeedThatIsEmpty, WaitsForABlock) {
+    WakeupAudioIn feed;
+    feed.setEnabled(true);
+    std::atomic<int> got{-2};
+    std::thread engine([&] { got = fetch(feed); });
+    EXPECT_FALSE(hasData(feed));
+    hand(feed, 42);
+    engine.join();
+    EXPECT_EQ(got, 42);
+}
+
+TEST(AnOpenWakeupAudioFeedThatIsEmpty, LetsTheEngineGoWhenItIsClosed) {
+    WakeupAudioIn feed;
+    feed.setEnabled(true);
+    std::atomic<int> got{-2};
+    std::thread engine([&] { got = fetch(feed); });
+    feed.setEnabled(false);
+    engine.join();
+    EXPECT_EQ(got, -1);
+}
+
+TEST(AWakeupAudioFeed, IgnoresTheReturnOfNothing) {
+    WakeupAudioIn feed;
+    EXPECT_EQ(feed.ReturnData(nullptr), 0);
+}
+
+TEST(AClearedWakeupAudioFeed, IsEmpty) {
+    WakeupAudioIn feed;
+    hand(feed, 1);
+    hand(feed, 2);
+    feed.clearQueue();
+    EXPECT_FALSE(hasData(feed));
+}

@@ -1,0 +1,258 @@
+#include "Controller/Trigger/vocon_4_10/WuWTrigger.h"
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <atomic>
+
+#include "Controller/SRecordListener.h"
+#include "fake/FakeSettings.h"
+#include "fake/FakeWakeupEngine.h"
+#include "unit/Fixture.h"
+
+using OrvaneDA::Trigger;
+using OrvaneDA::WuWTrigger;
+using Error = nuance::IWakeupListener::Error;
+using Warning = nuance::IWakeupListener::Warning;
+
+class WuWTriggerTest : public PlatformTest {
+protected:
+    void listenTo(WuWTrigger& trigger) {
+        trigger.setCallback([this](int value) {
+            thread = static_cast<pid_t>(syscall(SYS_gettid));
+            level = value;
+            ++shots;
+        });
+    }
+    static void wakeUp(int level) {
+        fake::onEngineThread([=](nuance::IWakeupListener& listener) { listener.OnWakeup("hey quorbit", level); });
+    }
+    // A job behind all others has run, so those before it have too.
+    static void drainWorker() {
+        auto done = std::make_shared<std::atomic<bool>>(false);
+        Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([done] { return *done = true, false; });
+        ASSERT_TRUE(fake::platform().waitUntil([&] { return done->load(); }));
+    }
+    static Texts engineCalls() { return fake::platform().textsOf({"IWakeupCtx"}); }
+
+    std::atomic<int> shots{0};
+    std::atomic<int> level{0};
+    std::atomic<pid_t> thread{0};
+};
+
+TEST_F(WuWTriggerTest, ConstructionSetsTheEngineUpForLanguageAndWord) {
+    fake::setSetting("db/orvane/setting/lang", 4);
+    fake::setSetting("db/orvane/setting/voice_wakeup_word", 1);
+    WuWTrigger trigger;
+    EXPECT_EQ(engineCalls(), (Texts{"IWakeupCtx::Create()", "IWakeupCtx::AttachListener()",
+                                    "IWakeupCtx::Initialize(/data/voice/data/GED/wakeup_vexal/, vocon_config.json)",
+                                    "IWakeupCtx::AttachAudioIn()"}));
+    EXPECT_NE(trigger.getSRecordListener(), nullptr);
+    EXPECT_FALSE(fake::engineListens());
+}
+
+TEST_F(WuWTriggerTest, AnEngineThatCannotBeSetUpLeavesTheTriggerWithoutAudio) {
+    fake::setEngineUsable(false);
+    WuWTrigger trigger;
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Initialize error"));
+    EXPECT_EQ(trigger.getSRecordListener(), nullptr);
+    trigger.start();
+    trigger.stop();
+}
+
+TEST_F(WuWTriggerTest, EachLanguageHasItsFolderAndUnlistedOnesTheAmerican) {
+    const char* folders[] = {"KOK", "ENU", "ENG", "ENU", "GED", "ITI", "FRF", "ENU", "ENU", "ENU"};
+    for (int value = 0; value < 10; ++value) {
+        EXPECT_EQ(WuWTrigger::getConfigPath(static_cast<Util::OrvaneLang>(value), Util::OrvaneWUW::QUORBIT),
+                  std::string("/data/voice/data/") + folders[value] + "/wakeup_quorbit/");
+    }
+}
+
+TEST_F(WuWTriggerTest, AWordThatIsNotListedLeavesItsKeyEmpty) {
+    EXPECT_EQ(WuWTrigger::getConfigPath(Util::OrvaneLang::FR_FR, static_cast<Util::OrvaneWUW>(2)),
+              "/data/voice/data/FRF//");
+}
+
+TEST_F(WuWTriggerTest, StartingListensAndThenOpensTheFeed) {
+    WuWTrigger trigger;
+    fake::platform().onCall("IWakeupCtx::StartListening",
+                            [&](const fake::Call&) { EXPECT_FALSE(trigger.getSRecordListener()->isEnabled()); });
+    trigger.start();
+    EXPECT_TRUE(fake::engineListens());
+    EXPECT_TRUE(trigger.getSRecordListener()->isEnabled());
+    trigger.start();
+    EXPECT_EQ(fake::platform().count("IWakeupCtx::StartListening"), 1u);
+}
+
+TEST_F(WuWTriggerTest, StoppingClosesTheFeedAndThenCancels) {
+    WuWTrigger trigger;
+    trigger.start();
+    fake::platform().onCall("IWakeupCtx::CancelListening",
+                            [&](const fake::Call&) { EXPECT_FALSE(trigger.getSRecordListener()->isEnabled()); });
+    trigger.stop();
+    EXPECT_FALSE(fake::engineListens());
+    trigger.stop();
+    EXPECT_EQ(fake::platform().count("IWakeupCtx::CancelListening"), 1u);
+}
+
+TEST_F(WuWTriggerTest, AWakeUpClosesTheFeedAndCallsBackOnTheWorker) {
+    WuWTrigger trigger;
+    listenTo(trigger);
+    trigger.start();
+    wakeUp(83);
+    EXPECT_FALSE(trigger.getSRecordListener()->isEnabled());
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return shots == 1; }));
+    EXPECT_EQ(level, 83);
+    EXPECT_NE(thread, syscall(SYS_gettid));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Wakeup! wuw: hey quorbit,  confidential level = 83"));
+    const auto logs = fake::platform().logs();
+    EXPECT_NE(logs.back().thread, thread) << "the engine's thread is not the worker";
+    EXPECT_EQ(fake::platform().count("ecore_main_loop_thread_safe_call_async"), 0u);
+    // It listens again only when the service says so.
+    EXPECT_FALSE(fake::engineListens());
+}
+
+TEST_F(WuWTriggerTest, AForcedShotOfAStoppedTriggerStillCallsBackWithMinusOne) {
+    WuWTrigger trigger;
+    listenTo(trigger);
+    trigger.forceShot();
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return shots == 1; }));
+    EXPECT_EQ(level, -1);
+}
+
+TEST_F(WuWTriggerTest, AForcedShotStopsListeningFirst) {
+    WuWTrigger trigger;
+    listenTo(trigger);
+    trigger.start();
+    trigger.forceShot();
+    EXPECT_FALSE(fake::engineListens());
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return shots == 1; }));
+}
+
+TEST_F(WuWTriggerTest, AWakeUpWithoutACallbackQueuesAJobThatDoesNothing) {
+    WuWTrigger trigger;
+    trigger.start();
+    wakeUp(50);
+    trigger.forceShot();
+    drainWorker();
+    EXPECT_EQ(shots, 0);
+}
+
+TEST_F(WuWTriggerTest, AWakeUpThatIsStillQueuedWhenTheTriggerGoesIsDropped) {
+    for (int i = 0; i < 3; ++i) {
+        WuWTrigger trigger;
+        listenTo(trigger);
+        trigger.start();
+        // The worker is held up, so that the shot is still queued when the trigger goes.
+        Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([] { return false; });
+        wakeUp(50);
+    }
+    drainWorker();
+    EXPECT_LE(shots, 3);
+}
+
+TEST_F(WuWTriggerTest, DestructionCancelsAndThenDestroysTheEngine) {
+    {
+        WuWTrigger trigger;
+        trigger.start();
+        fake::platform().forgetCalls();
+    }
+    EXPECT_EQ(engineCalls(), (Texts{"IWakeupCtx::CancelListening()", "IWakeupCtx::Destroy()"}));
+    EXPECT_FALSE(fake::engineExists());
+}
+
+TEST_F(WuWTriggerTest, AStoppedTriggerIsDestroyedWithoutACancel) {
+    {
+        WuWTrigger trigger;
+        fake::platform().forgetCalls();
+    }
+    EXPECT_EQ(engineCalls(), Texts{"IWakeupCtx::Destroy()"});
+}
+
+TEST_F(WuWTriggerTest, TheEngineMayStillAskTheFeedWhileItIsDestroyed) {
+    nuance::IWakeupAudioIn* feed = nullptr;
+    fake::platform().onCall("IWakeupCtx::Destroy", [&](const fake::Call&) {
+        void* data = nullptr;
+        unsigned int size = 1;
+        feed->FetchData(data, size);
+        EXPECT_EQ(data, nullptr);
+        feed->Stop();
+    });
+    {
+        WuWTrigger trigger;
+        trigger.start();
+        feed = fake::engineAudioIn();
+    }
+    fake::platform().onCall("IWakeupCtx::Destroy", nullptr);
+}
+
+TEST_F(WuWTriggerTest, ACancelIsLoggedAndNothingElse) {
+    WuWTrigger trigger;
+    fake::platform().forgetCalls();
+    trigger.OnCanceled();
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Canced"));
+    EXPECT_EQ(fake::platform().logs().size(), 1u);
+}
+
+TEST_F(WuWTriggerTest, AnErrorIsLoggedAsABlock) {
+    WuWTrigger trigger;
+    fake::platform().forgetCalls();
+    trigger.OnError(Error::COULD_NOT_FIND_ACMOD, "/models");
+    Texts lines;
+    for (const auto& line : fake::platform().logs()) {
+        EXPECT_EQ(line.priority, DLOG_ERROR);
+        lines.push_back(line.message);
+    }
+    EXPECT_EQ(lines, (Texts{"Error", std::string(38, '='), " Error occurred during recognition! ",
+                            "  - code   : (COULD_NOT_FIND_ACMOD)", "  - detail : /models", std::string(36, '=')}));
+}
+
+TEST_F(WuWTriggerTest, AWarningIsLoggedAsABlock) {
+    WuWTrigger trigger;
+    fake::platform().forgetCalls();
+    trigger.OnWarning(Warning::ALREADY_LISTENING, "twice");
+    Texts lines;
+    for (const auto& line : fake::platform().logs()) {
+        EXPECT_EQ(line.priority, DLOG_WARN);
+        lines.push_back(line.message);
+    }
+    EXPECT_EQ(lines, (Texts{"Warning", std::string(38, '='), " Warning occurred during recognition! ",
+                            "  - code   : (ALREADY_LISTENING)", "  - detail : twice", std::string(36, '=')}));
+}
+
+TEST_F(WuWTriggerTest, CodesHaveTheirNamesAndOthersThrow) {
+    const char* errors[] = {"NOT_ENOUGH_RESOURCE",     "NOT_IN_PROPER_STATE",      "INVALID_ARGUMENT",
+                            "WRONG_VOCON_DATA",        "ERROR_FROM_USER_CALLBACK", "NOT_SUPPORTED",
+                            "VOCON_INTERNAL_ERROR",    "COULD_NOT_FIND_ACMOD",     "COULD_NOT_FIND_CLC",
+                            "ERROR_FROM_CONFIG_PARSER"};
+    for (int code = 0; code < 10; ++code) {
+        EXPECT_EQ(WuWTrigger::getErrorCode(static_cast<Error>(code)), errors[code]);
+    }
+    const char* warnings[] = {"NOT_INITIALIZED",      "ALREADY_LISTENING",   "FAIL_TO_CREATE_DIRECTORY",
+                              "AUDIOIN_NOT_ATTACHED", "WAKEUP_WORD_NOT_SET", "FILE_OPEN_FAILED",
+                              "INVALID_CONFIG_KEY",   "INVALID_CONFIG_VALUE"};
+    for (int code = 0; code < 8; ++code) {
+        EXPECT_EQ(WuWTrigger::getWarningCode(static_cast<Warning>(code)), warnings[code]);
+    }
+    WuWTrigger trigger;
+    EXPECT_THROW(trigger.OnError(static_cast<Error>(10), "x"), std::out_of_range);
+    EXPECT_THROW(trigger.OnWarning(static_cast<Warning>(8), "x"), std::out_of_range);
+}
+
+TEST_F(WuWTriggerTest, TheBaseShootsOnlyWhenEnabledAndSet) {
+    struct Probe : Trigger {
+        using Trigger::mEnabled;
+    } probe;
+    probe._shot(1);
+    int got = 0;
+    probe.setCallback([&](int value) { got = value; });
+    probe.start();
+    probe._shot(2);
+    EXPECT_EQ(got, 0) << "the base's start does nothing";
+    probe.mEnabled = 1;
+    probe.stop();
+    probe.forceShot();
+    EXPECT_EQ(got, 0);
+    probe._shot(3);
+    EXPECT_EQ(got, 3);
+}

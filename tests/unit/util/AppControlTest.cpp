@@ -1,0 +1,237 @@
+#include "Util/AppControl.h"
+
+#include "fake/FakeAppManager.h"
+#include "unit/Fixture.h"
+
+using Util::AppControl;
+using Util::AppControlData;
+
+using AppControlTest = SendingTest;
+
+namespace {
+
+Texts callsOfSend() {
+    return fake::platform().textsOf({"app_control_"});
+}
+
+AppControlData full() {
+    AppControlData data;
+    data.setPackageName("pkg").setOperation("op").setUri("uri:x");
+    data.addExtraData("b", "2");
+    data.addExtraData("a", "1");
+    data.addExtraVectorData("v", {"x", "y"});
+    return data;
+}
+
+}  // namespace
+
+TEST_F(AppControlTest, ANewRequestHasTheDefaults) {
+    AppControlData data;
+    EXPECT_EQ(data.getPackageName(), "");
+    EXPECT_EQ(data.getReplyCallback(), nullptr);
+    EXPECT_EQ(data.getRequestedAppControl(), nullptr);
+    EXPECT_EQ(data.getResultCode(), 1);
+    EXPECT_FALSE(data.getTerminateRequest());
+}
+
+TEST_F(AppControlTest, ClearingBringsEveryFieldBackAndTheResultCodeToOne) {
+    AppControlData data = full();
+    app_control_s request;
+    data.setRequestedAppControl(&request);
+    data.setResultCode(APP_CONTROL_RESULT_SUCCEEDED);
+    data.setTerminateRequest(true);
+    data.clearData();
+    EXPECT_EQ(data.getResultCode(), 1);
+    EXPECT_EQ(data.getUri(), "");
+    EXPECT_TRUE(data.getExtraDataMap().empty());
+    EXPECT_TRUE(data.getExtraVectorDataMap().empty());
+    EXPECT_FALSE(data.getTerminateRequest());
+    EXPECT_EQ(data.getRequestedAppControl(), nullptr);
+}
+
+TEST_F(AppControlTest, ReadingAMissingExtraInsertsAnEmptyOne) {
+    AppControlData data;
+    EXPECT_EQ(data.getExtraData("k"), "");
+    EXPECT_TRUE(data.getExtraVectorData("v").empty());
+    EXPECT_EQ(data.getExtraDataMap().count("k"), 1u);
+    EXPECT_EQ(data.getExtraVectorDataMap().count("v"), 1u);
+}
+
+TEST_F(AppControlTest, AReceivedRequestIsReadWithAllItsExtras) {
+    app_control_s request{"app", "op", "uri", {{"k", "v"}}, {{"list", {"1", "2"}}}};
+    app_control_h handle = &request;
+    AppControlData data(handle);
+    EXPECT_EQ(data.getPackageName(), "app");
+    EXPECT_EQ(data.getOperation(), "op");
+    EXPECT_EQ(data.getUri(), "uri");
+    EXPECT_EQ(data.getExtraData("k"), "v");
+    EXPECT_EQ(data.getExtraVectorData("list"), (Texts{"1", "2"}));
+}
+
+TEST_F(AppControlTest, ANullHandleGivesTheDefaultsWithoutACall) {
+    app_control_h handle = nullptr;
+    AppControlData data(handle);
+    EXPECT_EQ(data.getResultCode(), 1);
+    EXPECT_TRUE(callsOfSend().empty());
+}
+
+TEST_F(AppControlTest, AnExtraWhoseKindCannotBeToldIsLoggedAndTheNextOneStillRead) {
+    app_control_s request{{}, {}, {}, {{"a", "1"}, {"b", "2"}}, {}};
+    app_control_h handle = &request;
+    fake::platform().answerNext("app_control_is_extra_data_array", -1);
+    AppControlData data(handle);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "app_control_is_extra_data_array() failed"));
+    EXPECT_EQ(data.getExtraDataMap(), (std::map<std::string, std::string>{{"b", "2"}}));
+}
+
+TEST_F(AppControlTest, ASendFillsTheHandleInAFixedOrderAndDestroysIt) {
+    AppControlData data = full();
+    EXPECT_EQ(AppControl::performAppControlSync(data), 0);
+    EXPECT_EQ(callsOfSend(),
+              (Texts{"app_control_create()", "app_control_set_app_id(pkg)", "app_control_set_operation(op)",
+                     "app_control_set_uri(uri:x)", "app_control_add_extra_data(a, 1)",
+                     "app_control_add_extra_data(b, 2)", "app_control_add_extra_data_array(v, 2)",
+                     "app_control_send_launch_request(pkg op uri:x a=1 b=2 v=[x,y,])", "app_control_destroy()"}));
+    EXPECT_EQ(fake::openAppControls(), 0u);
+}
+
+TEST_F(AppControlTest, ARequestWithOnlyAPackageNameLaunchesItWithNoOperation) {
+    AppControlData data;
+    data.setPackageName("only");
+    AppControl::performAppControlSync(data);
+    EXPECT_EQ(fake::launchTexts(), Texts{"only - -"});
+}
+
+TEST_F(AppControlTest, ExtrasWithAnEmptyKeyOrValueAreNotSent) {
+    AppControlData data;
+    data.setPackageName("p");
+    data.addExtraData("empty", "");
+    data.addExtraData("", "value");
+    data.addExtraVectorData("", {"x"});
+    data.addExtraVectorData("none", {});
+    EXPECT_EQ(AppControl::performAppControlSync(data), 0);
+    EXPECT_EQ(fake::launchTexts(), Texts{"p - - none=[]"});
+}
+
+struct FailingStep {
+    const char* call;
+    const char* message;
+};
+
+class AFailingStepOfASend : public AppControlTest, public testing::WithParamInterface<FailingStep> {};
+
+TEST_P(AFailingStepOfASend, IsLoggedReturnsItsCodeAndAbandonsTheHandle) {
+    AppControlData data = full();
+    fake::platform().answerNext(GetParam().call, -77);
+    EXPECT_EQ(AppControl::performAppControlSync(data), -77);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, GetParam().message));
+    EXPECT_EQ(fake::platform().calls().back().name, GetParam().call);
+    EXPECT_EQ(fake::platform().logs().size(), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, AFailingStepOfASend,
+                         testing::Values(FailingStep{"app_control_create", "Failed to create app_control handle"},
+                                         FailingStep{"app_control_set_app_id", "Failed to set app id"},
+                                         FailingStep{"app_control_set_operation", "Failed to set operation"},
+                                         FailingStep{"app_control_set_uri", "Failed to set uri"},
+                                         FailingStep{"app_control_add_extra_data", "Failed to add extra data"},
+                                         FailingStep{"app_control_add_extra_data_array",
+                                                     "Failed to add extra vector data"},
+                                         FailingStep{"app_control_send_launch_request", "Failed to launch request"},
+                                         FailingStep{"app_control_destroy", "Failed to destroy app_control handle"}),
+                         [](const auto& row) { return std::string(row.param.call); });
+
+TEST_F(AppControlTest, AnAsynchronousSendRunsOnTheWorkerWithACopyOfTheRequest) {
+    AppControlData data;
+    data.setPackageName("first");
+    AppControl::performAppControl(data);
+    data.setPackageName("second");
+    AppControl::performAppControl(data);
+    ASSERT_TRUE(fake::waitForLaunches(2));
+    EXPECT_EQ(fake::launchTexts(), (Texts{"first - -", "second - -"}));
+    EXPECT_NE(fake::platform().calls("app_control_send_launch_request").at(0).thread, gettid());
+}
+
+TEST_F(AppControlTest, TheReplyCallbackTravelsWithTheLaunch) {
+    AppControlData data;
+    int datum = 0;
+    auto callback = [](app_control_h, app_control_h, app_control_result_e, void*) {};
+    data.setPackageName("p");
+    data.setReplyCallback(callback, &datum);
+    AppControl::performAppControlSync(data);
+    EXPECT_EQ(fake::launches().at(0).callback, static_cast<app_control_reply_cb>(callback));
+    EXPECT_EQ(fake::launches().at(0).userData, &datum);
+}
+
+TEST_F(AppControlTest, AReplyIsSentToTheRequestWithItsResultCode) {
+    app_control_s request;
+    AppControlData data;
+    data.setRequestedAppControl(&request);
+    data.setResultCode(APP_CONTROL_RESULT_SUCCEEDED);
+    data.addExtraData("k", "v");
+    EXPECT_EQ(AppControl::performAppControlSync(data), 0);
+    EXPECT_EQ(fake::platform().textsOf({"app_control_reply"}),
+              Texts{"app_control_reply_to_launch_request(- - - k=v, 0)"});
+    EXPECT_TRUE(fake::launches().empty());
+}
+
+TEST_F(AppControlTest, AReplyByTheWorkerIsRefusedAndNeverReachesThePlatform) {
+    app_control_s request;
+    AppControlData data;
+    data.setRequestedAppControl(&request);
+    AppControl::performAppControl(data);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Reply App Control must be called by sync"));
+    EXPECT_TRUE(sent().empty());
+    EXPECT_EQ(fake::platform().count("app_control_reply_to_launch_request"), 0u);
+}
+
+class ClosingAnApplication : public AppControlTest {
+protected:
+    int close(const std::string& package = "app") {
+        AppControlData data;
+        data.setPackageName(package);
+        data.setTerminateRequest(true);
+        return AppControl::performAppControlSync(data);
+    }
+    static Texts calls() { return fake::platform().textsOf({"app_"}); }
+};
+
+TEST_F(ClosingAnApplication, WithoutAPackageNameFails) {
+    EXPECT_EQ(close(""), -1);
+    EXPECT_TRUE(calls().empty());
+}
+
+TEST_F(ClosingAnApplication, ThatDoesNotRunSucceedsAndLogsNothing) {
+    EXPECT_EQ(close(), 0);
+    EXPECT_EQ(calls(), Texts{"app_manager_is_running(app)"});
+    EXPECT_TRUE(fake::platform().logs().empty());
+}
+
+TEST_F(ClosingAnApplication, ReturnsTheCodeOfAFailedQuestionWhetherItRuns) {
+    fake::platform().answer("app_manager_is_running", -9);
+    EXPECT_EQ(close(), -9);
+}
+
+TEST_F(ClosingAnApplication, ThatRunsTerminatesItsContextAndDestroysIt) {
+    fake::setRunning("app");
+    EXPECT_EQ(close(), 0);
+    EXPECT_EQ(calls(), (Texts{"app_manager_is_running(app)", "app_manager_get_app_context(app)",
+                              "app_manager_terminate_app()", "app_context_destroy()"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Terminate target app"));
+}
+
+TEST_F(ClosingAnApplication, WithoutAContextFails) {
+    fake::setRunning("app");
+    fake::platform().answer("app_manager_get_app_context", -1);
+    EXPECT_EQ(close(), -1);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to get app_context handle"));
+    EXPECT_EQ(fake::platform().count("app_context_destroy"), 0u);
+}
+
+TEST_F(ClosingAnApplication, ThatRefusesFailsAndStillDestroysTheContext) {
+    fake::setRunning("app");
+    fake::platform().answer("app_manager_terminate_app", -3);
+    EXPECT_EQ(close(), -1);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to terminate bg app"));
+    EXPECT_EQ(calls().back(), "app_context_destroy()");
+}

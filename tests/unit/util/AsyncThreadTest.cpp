@@ -1,0 +1,128 @@
+#include "Util/AsyncThread.h"
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+#include "unit/Fixture.h"
+
+using Clock = std::chrono::steady_clock;
+
+class AsyncThreadTest : public PlatformTest {
+protected:
+    static bool posted() { return fake::platform().count("ecore_main_loop_thread_safe_call_async") > 0; }
+};
+
+TEST_F(AsyncThreadTest, JobsQueuedAtOnceRunOnTheWorkerInOrderAFiftyMillisecondCycleApart) {
+    Util::AsyncThread worker;
+    std::vector<std::pair<int, Clock::time_point>> ran;
+    std::vector<pid_t> threads;
+    std::atomic<int> done{0};
+    for (int i = 0; i < 3; ++i) {
+        worker.asyncCall([&, i] {
+            ran.push_back({i, Clock::now()});
+            threads.push_back(static_cast<pid_t>(syscall(SYS_gettid)));
+            ++done;
+            return false;
+        });
+    }
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return done == 3; }));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(ran[i].first, i);
+        EXPECT_NE(threads[i], syscall(SYS_gettid));
+    }
+    EXPECT_GE(ran[1].second - ran[0].second, std::chrono::milliseconds(50));
+    EXPECT_GE(ran[2].second - ran[1].second, std::chrono::milliseconds(50));
+}
+
+TEST_F(AsyncThreadTest, AJobWhoseConditionIsFalsePostsNothingToTheMainLoop) {
+    std::atomic<bool> acted{false};
+    std::atomic<int> asked{0};
+    Util::AsyncThread worker;
+    worker.asyncCall(
+        [&] {
+            ++asked;
+            return false;
+        },
+        [&] { acted = true; });
+    worker.asyncCall([&] {
+        ++asked;
+        return false;
+    });
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return asked == 2; }));
+    fake::mainLoop().runPosted();
+    EXPECT_FALSE(acted);
+    EXPECT_FALSE(posted());
+}
+
+TEST_F(AsyncThreadTest, AJobWhoseConditionIsTrueRunsItsActionOnTheMainLoop) {
+    Util::AsyncThread worker;
+    pid_t thread = 0;
+    worker.asyncCall([] { return true; }, [&] { thread = static_cast<pid_t>(syscall(SYS_gettid)); });
+    ASSERT_TRUE(fake::mainLoop().runUntil([&] { return thread != 0; }));
+    EXPECT_EQ(thread, syscall(SYS_gettid));
+}
+
+TEST_F(AsyncThreadTest, ATrueConditionWithoutAnActionCausesOneCallbackThatDoesNothing) {
+    Util::AsyncThread worker;
+    worker.asyncCall([] { return true; });
+    ASSERT_TRUE(fake::platform().waitFor("ecore_main_loop_thread_safe_call_async"));
+    ASSERT_TRUE(fake::platform().waitUntil([] { return fake::mainLoop().runPosted() == 1; }));
+    EXPECT_EQ(fake::platform().count("ecore_main_loop_thread_safe_call_async"), 1u);
+}
+
+TEST_F(AsyncThreadTest, DestroyingItWithJobsQueuedRunsNoneOfThemAndLeaksNothing) {
+    auto token = std::make_shared<int>(0);
+    std::atomic<int> ran{0};
+    {
+        Util::AsyncThread worker;
+        std::atomic<bool> first{false};
+        worker.asyncCall([&] { return first = true, false; });
+        ASSERT_TRUE(fake::platform().waitUntil([&] { return first.load(); }));
+        // The worker now sleeps its cycle out, and then finds the stop flag before the jobs.
+        for (int i = 0; i < 5; ++i) {
+            worker.asyncCall([&, token] { return ++ran, true; }, [&, token] { ++ran; });
+        }
+    }
+    EXPECT_EQ(ran, 0);
+    EXPECT_EQ(token.use_count(), 1);
+}
+
+TEST_F(AsyncThreadTest, ASynchronousCallReturnsWhenTheMainLoopHasRunIt) {
+    Util::AsyncThread worker;
+    std::atomic<bool> ran{false};
+    std::atomic<bool> returned{false};
+    std::thread caller([&] {
+        worker.syncCallEcore([&] { ran = true; });
+        EXPECT_TRUE(ran);
+        returned = true;
+    });
+    ASSERT_TRUE(fake::mainLoop().runUntil([&] { return returned.load(); }));
+    caller.join();
+}
+
+TEST_F(AsyncThreadTest, ASynchronousCallOfNothingReturnsOnceTheMainLoopHasTakenIt) {
+    Util::AsyncThread worker;
+    std::atomic<bool> returned{false};
+    std::thread caller([&] {
+        worker.syncCallEcore(nullptr);
+        returned = true;
+    });
+    ASSERT_TRUE(fake::mainLoop().runUntil([&] { return returned.load(); }));
+    caller.join();
+    EXPECT_EQ(fake::platform().count("ecore_main_loop_thread_safe_call_sync"), 1u);
+}
+
+TEST_F(AsyncThreadTest, AJobWithoutAConditionEndsTheProcess) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_DEATH(
+        {
+            Util::AsyncThread worker;
+            worker.asyncCall(nullptr);
+            fake::platform().waitUntil([] { return false; }, std::chrono::seconds(5));
+        },
+        "bad_function_call");
+}

@@ -1,0 +1,150 @@
+#include "Util/FileHelper.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "unit/Fixture.h"
+
+using Util::FileContent;
+using Util::FileHelper;
+
+class FileHelperTest : public PlatformTest {
+protected:
+    void SetUp() override {
+        PlatformTest::SetUp();
+        char name[] = "/tmp/orvane-file-XXXXXX";
+        folder = mkdtemp(name);
+        path = folder + "/file";
+    }
+    void TearDown() override {
+        std::filesystem::remove_all(folder);
+        PlatformTest::TearDown();
+    }
+    std::string bytes() const {
+        std::ifstream file(path, std::ios::binary);
+        std::stringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
+    bool exists() const { return access(path.c_str(), F_OK) == 0; }
+
+    std::string folder;
+    std::string path;
+};
+
+TEST_F(FileHelperTest, WritingWithoutDataFailsAndCreatesNoFile) {
+    FileContent content(path.c_str());
+    EXPECT_FALSE(FileHelper::write(content));
+    EXPECT_FALSE(exists());
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Data is not set"));
+}
+
+TEST_F(FileHelperTest, WritingReplacesTheFile) {
+    std::ofstream(path) << "longer than before";
+    FileContent content(path.c_str());
+    EXPECT_TRUE(FileHelper::write(content.setCopiedData("abc", 3)));
+    EXPECT_EQ(bytes(), "abc");
+}
+
+TEST_F(FileHelperTest, ATerminatedFileIsOneByteLongerAndEndsWithZero) {
+    FileContent content(path.c_str());
+    content.setCopiedData("abc", 3);
+    content.nullTerminate = true;
+    EXPECT_TRUE(FileHelper::write(content));
+    EXPECT_EQ(bytes(), std::string("abc\0", 4));
+}
+
+TEST_F(FileHelperTest, WritingWhereNoFileCanBeFails) {
+    FileContent content((folder + "/no/file").c_str());
+    content.setCopiedData("abc", 3);
+    EXPECT_FALSE(FileHelper::write(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "file open error"));
+}
+
+TEST_F(FileHelperTest, ReadingGivesTheWholeFile) {
+    std::ofstream(path) << "hello";
+    FileContent content(path.c_str());
+    EXPECT_TRUE(FileHelper::read(content));
+    EXPECT_EQ(std::string(content.data.get(), content.size), "hello");
+}
+
+TEST_F(FileHelperTest, ReadingAMissingFileFails) {
+    FileContent content(path.c_str());
+    EXPECT_FALSE(FileHelper::read(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "File open fail, path = " + path));
+}
+
+TEST_F(FileHelperTest, ReadingAnEmptyFileSucceedsAndLeavesTheContentAsItWas) {
+    std::ofstream file(path);
+    file.close();
+    FileContent content(path.c_str());
+    content.setCopiedData("old", 3);
+    EXPECT_TRUE(FileHelper::read(content));
+    EXPECT_EQ(std::string(content.data.get(), content.size), "old");
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Data set fail , filepath : " + path));
+}
+
+TEST_F(FileHelperTest, ReadingAPipeThatCannotBeSoughtFails) {
+    mkfifo(path.c_str(), 0600);
+    const int keeper = open(path.c_str(), O_RDWR);
+    FileContent content(path.c_str());
+    EXPECT_FALSE(FileHelper::read(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "fseek fail"));
+    close(keeper);
+}
+
+TEST_F(FileHelperTest, ReadingAFolderFailsWithoutACrash) {
+    FileContent content(folder.c_str());
+    EXPECT_FALSE(FileHelper::read(content));
+    EXPECT_EQ(content.data, nullptr);
+}
+
+TEST_F(FileHelperTest, RefusedDataLeavesTheContentAsItWas) {
+    FileContent content(path.c_str());
+    content.setCopiedData("abc", 3);
+    content.setCopiedData("xyz", -1).setCopiedData(nullptr, 4).setCopiedData("xyz", 0);
+    EXPECT_EQ(std::string(content.data.get(), content.size), "abc");
+    EXPECT_EQ(fake::platform().countLogged("Data set fail , filepath : " + path), 3u);
+}
+
+TEST_F(FileHelperTest, SettingDataTwiceKeepsTheSecondCopyOnly) {
+    FileContent content(path.c_str());
+    content.setCopiedData("first", 5).setCopiedData("2", 1);
+    EXPECT_EQ(content.size, 1);
+    EXPECT_EQ(content.data[0], '2');
+}
+
+TEST_F(FileHelperTest, RemovingDeletesTheFileOnceAndThenFails) {
+    std::ofstream(path) << "x";
+    FileContent content(path.c_str());
+    EXPECT_TRUE(FileHelper::remove(content));
+    EXPECT_FALSE(exists());
+    EXPECT_FALSE(FileHelper::remove(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "failed to delete file : " + path));
+}
+
+TEST_F(FileHelperTest, ProbesTellOfAFileThatIsThere) {
+    std::ofstream(path) << "x";
+    FileContent content(path.c_str());
+    EXPECT_TRUE(FileHelper::isExist(content));
+    EXPECT_TRUE(FileHelper::isReadable(content));
+    EXPECT_TRUE(FileHelper::isWritable(content));
+    EXPECT_TRUE(fake::platform().logs().empty());
+}
+
+TEST_F(FileHelperTest, ProbesOfAMissingFileLogOneDebugLineEach) {
+    FileContent content(path.c_str());
+    EXPECT_FALSE(FileHelper::isExist(content));
+    EXPECT_FALSE(FileHelper::isReadable(content));
+    EXPECT_FALSE(FileHelper::isWritable(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "File not exist"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Can't Readable"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Can't Writable"));
+}

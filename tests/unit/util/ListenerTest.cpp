@@ -1,0 +1,112 @@
+#include "Util/ConnectionStateListener.h"
+#include "Util/VConfStateListener.h"
+#include "fake/FakeSettings.h"
+#include "unit/Fixture.h"
+
+class ListenerTest : public PlatformTest {
+protected:
+    Util::SystemConfig::Callback note(const std::string& name) {
+        return [this, name](void* datum) { heard.push_back(name + (datum == this ? "!" : "")); };
+    }
+    Texts heard;
+};
+
+TEST_F(ListenerTest, TwoRegistrationsShareOneSubscriptionAndRunInTheirOrder) {
+    config().addLangStateChangedListener(note("first"), this);
+    config().addLangStateChangedListener(note("second"), nullptr);
+    EXPECT_EQ(fake::platform().count("vconf_notify_key_changed"), 1u);
+    fake::changeSetting("db/orvane/setting/lang", 3);
+    EXPECT_EQ(heard, (Texts{"first!", "second"}));
+}
+
+TEST_F(ListenerTest, WritingTheSameValueAgainCallsNobody) {
+    fake::setSetting("db/mic_key/status", 1);
+    config().addMicStateChangedListener(note("mic"), nullptr);
+    fake::changeSetting("db/mic_key/status", 1);
+    EXPECT_TRUE(heard.empty());
+    fake::changeSetting("db/mic_key/status", 0);
+    fake::changeSetting("db/mic_key/status", 0);
+    EXPECT_EQ(heard, Texts{"mic"});
+}
+
+TEST_F(ListenerTest, ATextIsComparedByContent) {
+    fake::setSetting("db/menu_widget/language", std::string("en_US.UTF-8"));
+    config().addWidgetLangStateChangedListener(note("menu"), nullptr);
+    // The initial value is the locale without its encoding, so the first whole text is news.
+    fake::changeSetting("db/menu_widget/language", std::string("en_US.UTF-8"));
+    EXPECT_EQ(heard.size(), 1u);
+    fake::changeSetting("db/menu_widget/language", std::string("en_US.UTF-8"));
+    EXPECT_EQ(heard.size(), 1u);
+    fake::changeSetting("db/menu_widget/language", std::string("de_DE.UTF-8"));
+    EXPECT_EQ(heard.size(), 2u);
+}
+
+TEST_F(ListenerTest, ASwitchWatchedThroughTheIntConstructorIsFirstComparedWithFalse) {
+    fake::setSetting("db/orvane/setting/voice_wakeup", 1);
+    config().addVoiceWakeupStateChangedListener(note("wakeup"), nullptr);
+    fake::changeSetting("db/orvane/setting/voice_wakeup", false);
+    EXPECT_TRUE(heard.empty());
+    fake::changeSetting("db/orvane/setting/voice_wakeup", true);
+    EXPECT_EQ(heard.size(), 1u);
+    fake::changeSetting("db/orvane/setting/voice_wakeup", true);
+    EXPECT_EQ(heard.size(), 1u);
+}
+
+TEST_F(ListenerTest, ADoubleIsComparedAsOne) {
+    Util::VConfStateListener listener("key", 1.5);
+    listener.addCallback(note("double"), nullptr);
+    fake::changeSetting("key", 1.5);
+    EXPECT_TRUE(heard.empty());
+    fake::changeSetting("key", 2.5);
+    EXPECT_EQ(heard.size(), 1u);
+}
+
+TEST_F(ListenerTest, AValueOfAnUnknownTypeIsIgnored) {
+    config().addMicStateChangedListener(note("mic"), nullptr);
+    fake::changeSettingToUnknownType("db/mic_key/status");
+    EXPECT_TRUE(heard.empty());
+}
+
+TEST_F(ListenerTest, EachItemHasItsKey) {
+    auto any = [](void*) {};
+    config().addWidgetLangStateChangedListener(any, nullptr);
+    config().addMicStateChangedListener(any, nullptr);
+    config().addCountryStateChangedListener(any, nullptr);
+    config().addVoiceWakeupWordChangedListener(any, nullptr);
+    config().addLangStateChangedListener(any, nullptr);
+    config().addVoiceWakeupStateChangedListener(any, nullptr);
+    config().addVoiceFeedbackStateChangedListener(any, nullptr);
+    EXPECT_EQ(fake::platform().textsOf({"vconf_notify"}),
+              (Texts{"vconf_notify_key_changed(db/menu_widget/language)", "vconf_notify_key_changed(db/mic_key/status)",
+                     "vconf_notify_key_changed(db/setting/country_code)",
+                     "vconf_notify_key_changed(db/orvane/setting/voice_wakeup_word)",
+                     "vconf_notify_key_changed(db/orvane/setting/lang)",
+                     "vconf_notify_key_changed(db/orvane/setting/voice_wakeup)",
+                     "vconf_notify_key_changed(db/orvane/setting/voice_feedback)"}));
+}
+
+TEST_F(ListenerTest, DestroyingTheConfigurationEndsEverySubscription) {
+    config().addMicStateChangedListener(note("mic"), nullptr);
+    config().addConnectionStateChangedListener(note("net"), nullptr);
+    Util::Singleton<Util::SystemConfig>::destroy();
+    EXPECT_EQ(fake::platform().count("vconf_ignore_key_changed"), 1u);
+    EXPECT_EQ(fake::platform().count("connection_unset_type_changed_cb"), 1u);
+    fake::changeSetting("db/mic_key/status", 0);
+    EXPECT_TRUE(heard.empty());
+}
+
+TEST_F(ListenerTest, OnlyARealChangeOfTheConnectionCallsBack) {
+    config().addConnectionStateChangedListener(note("net"), this);
+    EXPECT_EQ(fake::platform().count("connection_set_type_changed_cb"), 1u);
+    fake::changeConnection(CONNECTION_TYPE_ETHERNET);
+    EXPECT_TRUE(heard.empty());
+    fake::changeConnection(CONNECTION_TYPE_DISCONNECTED);
+    fake::changeConnection(CONNECTION_TYPE_DISCONNECTED);
+    EXPECT_EQ(heard, Texts{"net!"});
+}
+
+TEST_F(ListenerTest, TheConnectionIsOpenedOnceAtProgramStart) {
+    EXPECT_NE(Util::ConnectionStateListener::mInitializer.getHandle(), nullptr);
+    Util::ConnectionStateListener one(CONNECTION_TYPE_WIFI);
+    EXPECT_EQ(fake::platform().count("connection_create"), 0u);
+}

@@ -1,0 +1,99 @@
+#include "Util/Log.h"
+
+#include <sys/syscall.h>
+
+#include <thread>
+
+#include "fake/FakeLog.h"
+#include "unit/Fixture.h"
+
+using LogTest = PlatformTest;
+
+namespace {
+
+void report(int value) {
+    LOGW("value %d of %s", value, "x");
+}
+int line;
+void silent() {
+    line = __LINE__ + 1;
+    LOGI("");
+}
+int evaluations = 0;
+int evaluated() {
+    return ++evaluations;
+}
+
+std::string self() {
+    return std::to_string(syscall(SYS_gettid));
+}
+
+}  // namespace
+
+TEST_F(LogTest, ALineGoesToTheSystemLogWithColourThreadFileFunctionAndLine) {
+    report(7);
+    const fake::LogLine logged = fake::platform().logs().at(0);
+    EXPECT_EQ(logged.priority, DLOG_WARN);
+    EXPECT_EQ(logged.tag, "orvane-da-service");
+    EXPECT_EQ(logged.text.substr(0, 30 + self().size()).find("\033[33m[" + self() + "] LogTest.cpp: report("), 0u);
+    EXPECT_EQ(logged.message, "value 7 of x");
+    EXPECT_EQ(logged.text.substr(logged.text.size() - 4), "\033[0m");
+}
+
+TEST_F(LogTest, TheCopyOnStandardOutputCarriesFunctionAndLineOnly) {
+    report(7);
+    const std::string text = fake::output().at(0);
+    EXPECT_EQ(text.find("[report:"), 0u);
+    EXPECT_EQ(text.substr(text.find(']')), "] value 7 of x\n");
+}
+
+TEST_F(LogTest, EachLevelHasItsPriorityAndColour) {
+    LOGD("m");
+    LOGI("m");
+    LOGW("m");
+    LOGE("m");
+    const char* colours[] = {"\033[32m", "\033[34m", "\033[33m", "\033[31m"};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(fake::platform().logs().at(i).priority, 3 + i);
+        EXPECT_EQ(fake::platform().logs().at(i).text.find(colours[i]), 0u);
+    }
+}
+
+TEST_F(LogTest, AMessageFromALambdaNamesOperatorCallInBothLines) {
+    [] { LOGD("inside"); }();
+    EXPECT_NE(fake::platform().logs().at(0).text.find(": operator()("), std::string::npos);
+    EXPECT_EQ(fake::output().at(0).find("[operator():"), 0u);
+}
+
+TEST_F(LogTest, AMessageWithoutTextLeavesThePrefixDirectlyBeforeTheReset) {
+    silent();
+    const std::string at = std::to_string(line);
+    EXPECT_EQ(fake::platform().logs().at(0).text, "\033[34m[" + self() + "] LogTest.cpp: silent(" + at + ") > \033[0m");
+    EXPECT_EQ(fake::output().at(0), "[silent:" + at + "] \n");
+}
+
+TEST_F(LogTest, EachThreadShowsItsOwnKernelThreadId) {
+    std::string other;
+    std::thread([&] {
+        LOGD("other");
+        other = self();
+    }).join();
+    LOGD("main");
+    EXPECT_EQ(fake::platform().logs().at(0).text.find("\033[32m[" + other + "]"), 0u);
+    EXPECT_NE(other, std::to_string(getpid()));
+    EXPECT_EQ(fake::platform().logs().at(1).text.find("\033[32m[" + self() + "]"), 0u);
+}
+
+TEST_F(LogTest, ArgumentsAreEvaluatedOnce) {
+    evaluations = 0;
+    LOGD("%d", evaluated());
+    EXPECT_EQ(evaluations, 1);
+}
+
+TEST_F(LogTest, TheVersionIsLoggedFromTheHeaderItself) {
+    Util::printVersion();
+    const fake::LogLine logged = fake::platform().logs().at(0);
+    EXPECT_EQ(logged.priority, DLOG_INFO);
+    EXPECT_EQ(logged.message, "Orvane DA Version: 0.0.1-7.1");
+    EXPECT_NE(logged.text.find(" Log.h: printVersion("), std::string::npos);
+}

@@ -1,0 +1,195 @@
+#include "Util/SystemConfig.h"
+
+#include "fake/FakeSettings.h"
+#include "unit/Fixture.h"
+
+using Util::OrvaneLang;
+using Util::OrvaneWUW;
+
+class SystemConfigTest : public PlatformTest {
+protected:
+    static void leaveTheBox() {
+        for (const char* key :
+             {"db/pwlock/factory_boot", "db/pwlock/setup_wizard", "memory/refrigerator/OtnProgress", "db/demo_mode"}) {
+            fake::setSetting(key, 0);
+        }
+    }
+    static Texts reads() { return fake::platform().textsOf({"vconf_get"}); }
+    static size_t errors() {
+        size_t count = 0;
+        for (const auto& line : fake::platform().logs()) {
+            count += line.priority == DLOG_ERROR;
+        }
+        return count;
+    }
+};
+
+TEST_F(SystemConfigTest, AStoredLanguageIsReadAndAnyOtherValueIsAmericanEnglish) {
+    const std::pair<int, int> rows[] = {{0, 0}, {1, 1}, {2, 2}, {6, 6}, {7, 7}, {8, 1}, {-2, 1}};
+    for (const auto& [stored, read] : rows) {
+        fake::setSetting("db/orvane/setting/lang", stored);
+        EXPECT_EQ(static_cast<int>(config().getOrvaneLang()), read) << stored;
+    }
+}
+
+TEST_F(SystemConfigTest, AMissingLanguageReadsAsAmericanEnglishWithOneErrorOfItsOwn) {
+    EXPECT_EQ(config().getOrvaneLang(), OrvaneLang::EN_US);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "VConf Read Fail : db/orvane/setting/lang"));
+    EXPECT_EQ(errors(), 1u);
+}
+
+TEST_F(SystemConfigTest, EachLanguageHasItsLocale) {
+    const char* locales[] = {"ko_KR", "en_US", "en_GB", "zh_CN", "de_DE", "it_IT", "fr_FR", "en_US"};
+    for (int value = 0; value < 8; ++value) {
+        fake::setSetting("db/orvane/setting/lang", value);
+        EXPECT_EQ(config().getLangStr(), locales[value]);
+    }
+}
+
+TEST_F(SystemConfigTest, TheHubsLocaleHasADash) {
+    fake::setSetting("db/orvane/setting/lang", 4);
+    EXPECT_EQ(config().getSHLLangStr(), "de-DE");
+}
+
+TEST_F(SystemConfigTest, StoringALanguageOutsideTheListStoresAmericanEnglish) {
+    config().setOrvaneLang(static_cast<OrvaneLang>(9));
+    EXPECT_EQ(fake::setting("db/orvane/setting/lang"), 1);
+    config().setOrvaneLang(static_cast<OrvaneLang>(7));
+    EXPECT_EQ(fake::setting("db/orvane/setting/lang"), 7);
+}
+
+TEST_F(SystemConfigTest, TheMenuLocaleLosesItsEncoding) {
+    EXPECT_EQ(config().getWidgetLangStr(), "en_US");
+    fake::setSetting("db/menu_widget/language", std::string("de_DE.UTF-8"));
+    EXPECT_EQ(config().getWidgetLangStr(), "de_DE");
+    fake::setSetting("db/menu_widget/language", std::string("fr_FR"));
+    EXPECT_EQ(config().getWidgetLangStr(), "fr_FR");
+}
+
+TEST_F(SystemConfigTest, CountriesHaveTheirCodes) {
+    EXPECT_EQ(config().getSystemCountry(), 1);
+    const char* names[] = {"KR", "US", "CN", "GB", "DE", "FR", "IT", "CH",
+                           "BR", "AU", "NZ", "ZA", "EU", "NO", "SE", "JP"};
+    for (int code = 0; code < 16; ++code) {
+        fake::setSetting("db/setting/country_code", std::string(names[code]));
+        EXPECT_EQ(config().getSystemCountry(), code) << names[code];
+    }
+}
+
+TEST_F(SystemConfigTest, RegionsHaveTheirCodes) {
+    EXPECT_EQ(config().getSystemRegion(), 1);
+    const char* names[] = {"KR", "US", "EU", "AU", "XX"};
+    for (int code = 0; code < 5; ++code) {
+        fake::setSetting("db/setting/region_code", std::string(names[code]));
+        EXPECT_EQ(config().getSystemRegion(), code);
+    }
+}
+
+TEST_F(SystemConfigTest, MissingSwitchesReadAsTheirDefaultsAndAreLogged) {
+    EXPECT_EQ(config().getMicState(), 1);
+    EXPECT_TRUE(config().getVoiceFeedbackState());
+    EXPECT_TRUE(config().getVoiceWakeupState());
+    EXPECT_FALSE(config().getVoiceResponseState());
+    EXPECT_FALSE(config().getVoiceBOSResponseState());
+    EXPECT_EQ(config().getVoiceWakeupWord(), OrvaneWUW::QUORBIT);
+    for (const char* key :
+         {"db/mic_key/status", "db/orvane/setting/voice_feedback", "db/orvane/setting/voice_wakeup",
+          "db/orvane/manager/response", "db/orvane/manager/bos_response", "db/orvane/setting/voice_wakeup_word"}) {
+        EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, std::string("Vconf Read Fail : ") + key)) << key;
+    }
+}
+
+TEST_F(SystemConfigTest, MissingTimeOutsReadAsMinusOneInSilence) {
+    EXPECT_EQ(config().getScreenSaverTimeout(), -1);
+    EXPECT_EQ(config().getLcdTimeout(), -1);
+    EXPECT_TRUE(fake::platform().logs().empty());
+}
+
+TEST_F(SystemConfigTest, SwitchesAreLoggedAndThenStored) {
+    config().setVoiceFeedbackState(true);
+    config().setVoiceWakeupState(false);
+    config().setVoiceResponseState(true);
+    config().setVoiceBOSResponseState(false);
+    EXPECT_EQ(fake::platform().textsOf({"vconf_set"}), (Texts{"vconf_set_bool(db/orvane/setting/voice_feedback, 1)",
+                                                              "vconf_set_bool(db/orvane/setting/voice_wakeup, 0)",
+                                                              "vconf_set_bool(db/orvane/manager/response, 1)",
+                                                              "vconf_set_bool(db/orvane/manager/bos_response, 0)"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "setVoiceFeedbackState to : 1"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "setVoiceWakeupState to : 0"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "setVoiceResponseState to : 1"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "setVoiceBOSResponseState to : 0"));
+}
+
+TEST_F(SystemConfigTest, TheMicrophoneSwitchIsStoredBeforeItsLightChanges) {
+    config().setMicState(true);
+    config().setMicState(false);
+    EXPECT_EQ(fake::platform().texts(),
+              (Texts{"vconf_set_int(db/mic_key/status, 1)", "device_touchkey_set_mic_led(1)",
+                     "vconf_set_int(db/mic_key/status, 0)", "device_touchkey_set_mic_led(0)"}));
+}
+
+TEST_F(SystemConfigTest, TheWakeUpWordIsOneOfTwo) {
+    fake::setSetting("db/orvane/setting/voice_wakeup_word", 1);
+    EXPECT_EQ(config().getVoiceWakeupWord(), OrvaneWUW::VEXAL);
+    fake::setSetting("db/orvane/setting/voice_wakeup_word", 2);
+    EXPECT_EQ(config().getVoiceWakeupWord(), OrvaneWUW::QUORBIT);
+    config().setVoiceWakeupWord(static_cast<OrvaneWUW>(5));
+    EXPECT_EQ(fake::setting("db/orvane/setting/voice_wakeup_word"), 1);
+}
+
+TEST_F(SystemConfigTest, ALcdTimeOutBelowOneChangesNothing) {
+    config().setLcdTimeout(0);
+    config().setLcdTimeout(-1);
+    EXPECT_TRUE(fake::platform().texts().empty());
+    config().setLcdTimeout(1);
+    EXPECT_EQ(fake::setting("db/setting/lcd_backlight_normal"), 1);
+}
+
+TEST_F(SystemConfigTest, ResettingTheScreenSaverTellsPowerManagementAndThenTheDisplay) {
+    config().setScreenSaverReset();
+    const auto calls = fake::platform().calls();
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(calls[0].name, "vconf_set_int");
+    EXPECT_EQ(calls[0].args[0], "memory/pm/event-external");
+    EXPECT_LT(std::stoi(calls[0].args[1]), 100);
+    EXPECT_EQ(calls[1].text(), "display_change_state(1)");
+}
+
+TEST_F(SystemConfigTest, TheDeviceIsOutOfTheBoxWhenAllFourStatesAreOver) {
+    leaveTheBox();
+    EXPECT_TRUE(config().isOutOfBoxing());
+    EXPECT_EQ(reads(), (Texts{"vconf_get_int(db/pwlock/factory_boot)", "vconf_get_int(db/pwlock/setup_wizard)",
+                              "vconf_get_int(memory/refrigerator/OtnProgress)", "vconf_get_int(db/demo_mode)"}));
+}
+
+TEST_F(SystemConfigTest, TheDeviceIsInTheBoxWhileAnyOfTheFourStatesLasts) {
+    for (const char* key :
+         {"db/pwlock/factory_boot", "db/pwlock/setup_wizard", "memory/refrigerator/OtnProgress", "db/demo_mode"}) {
+        leaveTheBox();
+        fake::setSetting(key, 1);
+        fake::platform().forgetCalls();
+        EXPECT_FALSE(config().isOutOfBoxing()) << key;
+        EXPECT_EQ(reads().back(), std::string("vconf_get_int(") + key + ")");
+        EXPECT_TRUE(fake::platform().logs().empty());
+    }
+}
+
+TEST_F(SystemConfigTest, TheDeviceIsInTheBoxWhenAStateCannotBeRead) {
+    fake::setSetting("db/pwlock/factory_boot", 0);
+    EXPECT_FALSE(config().isOutOfBoxing());
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Vconf Read Fail : db/pwlock/setup_wizard"));
+    EXPECT_EQ(reads().size(), 2u);
+}
+
+TEST_F(SystemConfigTest, TheConnectionTypeIsAskedAndLogged) {
+    fake::setConnection(CONNECTION_TYPE_WIFI);
+    EXPECT_EQ(config().getConnectionState(), CONNECTION_TYPE_WIFI);
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "net connection state: 1"));
+}
+
+TEST_F(SystemConfigTest, AConnectionThatCannotBeAskedCountsAsNone) {
+    fake::platform().answer("connection_get_type", -5);
+    EXPECT_EQ(config().getConnectionState(), CONNECTION_TYPE_DISCONNECTED);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Could not get net connection state: -5"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "net connection state: 0"));
+}

@@ -1,0 +1,68 @@
+#include "Util/WebLauncher.h"
+
+#include "fake/FakeNlu.h"
+#include "unit/Fixture.h"
+
+class WebLauncherTest : public SendingTest {
+protected:
+    static Texts launch(const fake::NluResult& result) {
+        fake::setNluResult(result);
+        vrp_response_data_s* response = vrp_response_data_parse("{}");
+        Util::WebLauncher::launch(response);
+        vrp_response_data_destroy(response);
+        return sent();
+    }
+    static fake::NluResult search(const char* provider, const char* term, const char* url) {
+        fake::NluResult result;
+        result.actionName = " Web Search\n";
+        result.webSearch.emplace();
+        result.webSearch->provider = provider;
+        result.webSearch->term = term;
+        result.webSearch->url = url;
+        return result;
+    }
+    static std::string view(const std::string& url) {
+        return std::string("- ") + APP_CONTROL_OPERATION_VIEW + " " + url;
+    }
+};
+
+TEST_F(WebLauncherTest, TheSearchTermGoesBehindTheSearchPageUnescaped) {
+    EXPECT_EQ(launch(search("google", " red wine & cheese ", "u")),
+              Texts{view("https://www.google.com/search?q=red wine & cheese")});
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "action name : Web Search"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "https://www.google.com/search?q=red wine & cheese"));
+}
+
+TEST_F(WebLauncherTest, TheProviderMayBeginWithACapital) {
+    EXPECT_EQ(launch(search("Google", "x", "u")), Texts{view("https://www.google.com/search?q=x")});
+}
+
+TEST_F(WebLauncherTest, AProviderInCapitalsThroughoutUsesTheResultsOwnAddress) {
+    EXPECT_EQ(launch(search("GOOGLE", "x", "https://own.example/")), Texts{view("https://own.example/")});
+}
+
+TEST_F(WebLauncherTest, AnEmptyAddressStillReachesTheViewer) {
+    EXPECT_EQ(launch(search("other", "x", "")), Texts{std::string("- ") + APP_CONTROL_OPERATION_VIEW + " -"});
+}
+
+TEST_F(WebLauncherTest, AResultWithoutAnActionNameDoesNothing) {
+    auto result = search("google", "x", "u");
+    result.actionName = " \t";
+    EXPECT_TRUE(launch(result).empty());
+    EXPECT_TRUE(fake::platform().logs().empty());
+}
+
+TEST_F(WebLauncherTest, AnswersThatOnlyTheUiShowsOpenNothing) {
+    for (const char* name : {"Websearch Disabled", "News Engine Unavailable", "Search Engine Unavailable",
+                             "Website Unavailable", "Pseudo Escalating Error Drive Mode", "Unsupported Feature"}) {
+        auto result = search("google", "x", "u");
+        result.actionName = name;
+        EXPECT_TRUE(launch(result).empty()) << name;
+    }
+}
+
+TEST_F(WebLauncherTest, AFailedReadOfTheActionDataIsLoggedWithItsCode) {
+    fake::platform().answer("vrp_response_data_get_action_data", -7);
+    EXPECT_TRUE(launch(search("google", "x", "u")).empty());
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vrp_response_data_get_action_data() failed: [-7]"));
+}

@@ -1,0 +1,44 @@
+// The microphone key's light: the machine's microphone LED, where it has one. A desktop's lights up when muted.
+#include <device.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool write(const fs::path& file, int value) {
+    std::ofstream stream(file);
+    stream << value << std::flush;
+    return stream.good();
+}
+
+int brightest(const fs::path& led) {
+    int value = 1;
+    std::ifstream(led / "max_brightness") >> value;
+    return value;
+}
+
+}  // namespace
+
+extern "C" int device_touchkey_set_mic_led(bool on) {
+    try {
+        const char* chosen = getenv("ORVANE_SYSFS_ROOT");
+        const fs::path leds = fs::path(chosen ? chosen : "/sys") / "class" / "leds";
+        std::error_code error;
+        for (const fs::directory_entry& led : fs::directory_iterator(leds, error)) {
+            const std::string name = led.path().filename();
+            if (name.find("mic") == std::string::npos) {
+                continue;
+            }
+            const bool lit = name.find("mute") == std::string::npos ? on : !on;
+            return write(led.path() / "brightness", lit ? brightest(led.path()) : 0) ? DEVICE_ERROR_NONE
+                                                                                     : DEVICE_ERROR_OPERATION_FAILED;
+        }
+        return DEVICE_ERROR_NOT_SUPPORTED;
+    } catch (const std::exception&) {
+        return DEVICE_ERROR_OPERATION_FAILED;
+    }
+}

@@ -1,0 +1,88 @@
+// The system log: the journal where it listens, standard error otherwise; ORVANE_LOG=journal, stderr or off chooses.
+#include <dlog.h>
+#include <stdarg.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/uio.h>
+#include <syslog.h>
+#include <systemd/sd-journal.h>
+#include <unistd.h>
+
+namespace {
+
+enum class Sink { JOURNAL, STANDARD_ERROR, OFF };
+
+// Lines of a reader that follows a pipe must not wait for a full buffer; set up before main() prints its first.
+Sink chooseSink() {
+    setvbuf(stdout, nullptr, _IOLBF, 0);
+    const char* chosen = getenv("ORVANE_LOG");
+    if (chosen != nullptr && strcmp(chosen, "off") == 0) {
+        return Sink::OFF;
+    }
+    if (chosen != nullptr && strcmp(chosen, "stderr") == 0) {
+        return Sink::STANDARD_ERROR;
+    }
+    return access("/run/systemd/journal/socket", W_OK) == 0 ? Sink::JOURNAL : Sink::STANDARD_ERROR;
+}
+
+Sink sink() {
+    static const Sink chosen = chooseSink();
+    return chosen;
+}
+
+const bool chosenAtStart = (sink(), true);
+
+int journalPriority(log_priority priority) {
+    switch (priority) {
+        case DLOG_DEBUG:
+            return LOG_DEBUG;
+        case DLOG_INFO:
+            return LOG_INFO;
+        case DLOG_WARN:
+            return LOG_WARNING;
+        default:
+            return LOG_ERR;
+    }
+}
+
+char letterOf(log_priority priority) {
+    const int index = priority - DLOG_DEBUG;
+    return index >= 0 && index < 4 ? "DIWE"[index] : '?';
+}
+
+// One write a line, so that lines of several threads do not mix.
+void writeToStandardError(log_priority priority, const char* tag, const char* text, size_t length) {
+    char head[64];
+    const int size = snprintf(head, sizeof head, "%c/%s ", letterOf(priority), tag);
+    iovec parts[] = {{head, static_cast<size_t>(size) < sizeof head ? size : sizeof head - 1},
+                     {const_cast<char*>(text), length},
+                     {const_cast<char*>("\n"), 1}};
+    if (writev(STDERR_FILENO, parts, 3) < 0) {
+        // Nobody reads; a log has nowhere to tell it.
+    }
+}
+
+}  // namespace
+
+extern "C" int dlog_print(log_priority priority, const char* tag, const char* format, ...) {
+    if (sink() == Sink::OFF) {
+        return 0;
+    }
+    char text[4096];  // longer lines are cut
+    va_list arguments;
+    va_start(arguments, format);
+    const int wanted = vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    if (wanted < 0) {
+        return wanted;
+    }
+    const size_t length = static_cast<size_t>(wanted) < sizeof text ? wanted : sizeof text - 1;
+    if (sink() == Sink::JOURNAL) {
+        sd_journal_send("MESSAGE=%s", text, "PRIORITY=%i", journalPriority(priority), "SYSLOG_IDENTIFIER=%s", tag,
+                        nullptr);
+    } else {
+        writeToStandardError(priority, tag, text, length);
+    }
+    return static_cast<int>(length);
+}

@@ -1,0 +1,35 @@
+// The assistant's UI without a screen: what a person would see is in its record.
+//   state           every state and error it was told
+//   partial         text while the person speaks, from the port "partial"
+//   speech detected, wake-up, result, level
+// Orders: start (argument: mode), stop, cancel, close: sent to the service; acknowledge yes|no: whether Ready is
+// answered; answer yes|no: whether a wake-up starts the engine; mode Default|PTT|ClearContext: how a wake-up starts it.
+#pragma once
+
+#include "lib/Application.h"
+
+namespace sim {
+
+class UiApp : public Application {
+public:
+    explicit UiApp(const std::string& id);
+
+private:
+    void onLaunch(const Request& request) override;
+    void onMessage(const std::string& port, const Entries& data) override;
+    bool hasPort(const std::string& port) const override { return port == "partial"; }
+    void onOrder(const std::string& order, const std::string& argument) override;
+
+    void showState(const Extras& extras);
+    void showResult();
+    void watchLevel(bool recording);
+    void tell(const std::string& operation, const Extras& extras = {});
+    static gboolean onLevelDue(gpointer self) noexcept;
+
+    bool mAcknowledges = true;
+    bool mAnswers = true;
+    std::string mMode = "Default";
+    guint mLevelTimer = 0;
+};
+
+}  // namespace sim

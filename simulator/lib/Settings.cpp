@@ -1,0 +1,44 @@
+#include "lib/Settings.h"
+
+#include <dconf.h>
+
+#include <stdexcept>
+
+#include "lib/Pointer.h"
+
+namespace sim::settings {
+
+namespace {
+
+struct ClientRelease {
+    void operator()(DConfClient* client) const noexcept { g_object_unref(client); }
+};
+
+void write(const std::string& key, GVariant* value) {
+    const Pointer<GVariant> kept(g_variant_ref_sink(value));
+    const std::unique_ptr<DConfClient, ClientRelease> client(dconf_client_new());
+    Fault fault;
+    if (!dconf_client_write_sync(client.get(), ("/" + key).c_str(), kept.get(), nullptr, nullptr, fault.out())) {
+        throw std::runtime_error("cannot set " + key + ": " + fault.text());
+    }
+}
+
+}  // namespace
+
+void set(const std::string& key, int value) {
+    write(key, g_variant_new_int32(value));
+}
+
+void set(const std::string& key, bool value) {
+    write(key, g_variant_new_boolean(value));
+}
+
+void set(const std::string& key, const std::string& value) {
+    write(key, g_variant_new_string(value.c_str()));
+}
+
+void set(const std::string& key, const char* value) {
+    set(key, std::string(value));
+}
+
+}  // namespace sim::settings

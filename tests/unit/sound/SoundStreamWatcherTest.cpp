@@ -1,0 +1,110 @@
+#include "Util/Sound/SoundStreamWatcher.h"
+
+#include "fake/FakeHousehold.h"
+#include "fake/FakeSound.h"
+#include "unit/Fixture.h"
+
+using Util::SoundStreamWatcher;
+
+namespace {
+
+constexpr auto PLAYBACK = SOUND_STREAM_FOCUS_FOR_PLAYBACK;
+constexpr auto RELEASED = SOUND_STREAM_FOCUS_STATE_RELEASED;
+constexpr auto ACQUIRED = SOUND_STREAM_FOCUS_STATE_ACQUIRED;
+constexpr auto BY_MEDIA = SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA;
+constexpr auto BY_ALARM = SOUND_STREAM_FOCUS_CHANGED_BY_ALARM;
+
+}  // namespace
+
+class SoundStreamWatcherTest : public PlatformTest {
+protected:
+    static void nobodyPlays() {
+        fake::platform().answer("sound_manager_get_current_playback_focus", SOUND_MANAGER_ERROR_NO_DATA);
+    }
+    static void briefing(const char* field, int kind, const char* value) {
+        fake::setTable("MorningBrief", {{"other", 1, "Play"}, {field, kind, value}});
+    }
+};
+
+TEST_F(SoundStreamWatcherTest, WithNobodyPlayingTheOutputIsFree) {
+    nobodyPlays();
+    SoundStreamWatcher watcher;
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "No one has media focus for playback!"));
+}
+
+TEST_F(SoundStreamWatcherTest, AMediaPlayerThatHoldsTheFocusAtTheStartTakesIt) {
+    fake::setPlaybackFocus(BY_MEDIA);
+    SoundStreamWatcher watcher;
+    EXPECT_FALSE(watcher.isSoundStreamAvailable());
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Some media has focus for playback: 3"));
+}
+
+TEST_F(SoundStreamWatcherTest, AFocusThatIsNotMediasLeavesItFree) {
+    fake::setPlaybackFocus(BY_ALARM);
+    SoundStreamWatcher watcher;
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+}
+
+TEST_F(SoundStreamWatcherTest, AFailedQuestionCountsAsTaken) {
+    fake::platform().answer("sound_manager_get_current_playback_focus", -703);
+    SoundStreamWatcher watcher;
+    EXPECT_FALSE(watcher.isSoundStreamAvailable());
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to get current playback focus : -703"));
+}
+
+TEST_F(SoundStreamWatcherTest, MediaThatTakesAndReleasesTheFocusChangesTheAnswer) {
+    nobodyPlays();
+    SoundStreamWatcher watcher;
+    fake::changePlaybackFocus(PLAYBACK, ACQUIRED, BY_MEDIA);
+    EXPECT_FALSE(watcher.isSoundStreamAvailable());
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus state changed!"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "For Playback By media!"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "State Acquired"));
+    fake::changePlaybackFocus(PLAYBACK, RELEASED, BY_MEDIA);
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "State Released"));
+}
+
+TEST_F(SoundStreamWatcherTest, AnotherReasonOrAnotherFocusLeavesTheAnswer) {
+    nobodyPlays();
+    SoundStreamWatcher watcher;
+    fake::changePlaybackFocus(PLAYBACK, ACQUIRED, BY_ALARM);
+    fake::changePlaybackFocus(SOUND_STREAM_FOCUS_FOR_RECORDING, ACQUIRED, BY_MEDIA);
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+    EXPECT_EQ(fake::platform().countLogged("Focus state changed!"), 2u);
+    EXPECT_EQ(fake::platform().countLogged("For Playback By media!"), 0u);
+}
+
+TEST_F(SoundStreamWatcherTest, AMorningBriefingThatPlaysTakesTheOutputWhateverTheFocus) {
+    nobodyPlays();
+    SoundStreamWatcher watcher;
+    briefing("isMorningBriefPlaying", 1, "Play");
+    EXPECT_FALSE(watcher.isSoundStreamAvailable());
+    briefing("isMorningBriefPlaying", 1, "play");
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+    briefing("isMorningBriefPlaying", 2, "Play");
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+}
+
+TEST_F(SoundStreamWatcherTest, WithoutTheDatabaseTheBriefingIsNotAsked) {
+    nobodyPlays();
+    fake::platform().answer("vrd_manager_create", -1102);
+    SoundStreamWatcher watcher;
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+    EXPECT_EQ(fake::platform().count("vrd_manager_foreach_table"), 0u);
+}
+
+TEST_F(SoundStreamWatcherTest, AFailedWatchIsLogged) {
+    fake::platform().answer("sound_manager_add_focus_state_watch_cb", -22);
+    SoundStreamWatcher watcher;
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to add focus state watch cb : -22"));
+}
+
+TEST_F(SoundStreamWatcherTest, ItsCallsHaveTheirOrder) {
+    { SoundStreamWatcher watcher; }
+    EXPECT_EQ(fake::platform().texts(),
+              (Texts{"sound_manager_get_current_playback_focus()", "sound_manager_add_focus_state_watch_cb(1)",
+                     "vrd_manager_create(Morning Brief)", "sound_manager_remove_focus_state_watch_cb(5)",
+                     "vrd_manager_destroy()"}));
+}

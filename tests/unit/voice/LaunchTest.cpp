@@ -1,0 +1,83 @@
+#include "fake/FakeAppManager.h"
+#include "fake/FakeNlu.h"
+#include "fake/FakeSettings.h"
+#include "voice/VoiceFixture.h"
+
+using OrvaneDA::VoiceControl;
+
+class LaunchTest : public VoiceTest {
+protected:
+    static Texts launch(const char* actionName, std::optional<std::string> package, const char* region = "US",
+                        const char* country = "US") {
+        fake::setSetting("db/setting/region_code", std::string(region));
+        fake::setSetting("db/setting/country_code", std::string(country));
+        fake::NluResult result;
+        result.actionName = actionName;
+        result.launchPackage = package;
+        fake::setNluResult(result);
+        VoiceControl session;
+        vrp_response_data_s* response = vrp_response_data_parse("{}");
+        session.launchApps(response);
+        vrp_response_data_destroy(response);
+        return sent();
+    }
+    static Texts main(const std::string& package) { return {package + " " + APP_CONTROL_OPERATION_MAIN + " -"}; }
+    static constexpr char GENERAL[] = "com.generalrecipe.app";
+};
+
+TEST_F(LaunchTest, TheHomeScreenOpensWhateverThePackageSaysAndWithoutAny) {
+    EXPECT_EQ(launch("Go to Home Screen", "other"), main("org.tizen.menu-screen"));
+    fake::platform().reset();
+    EXPECT_EQ(launch("Go to Home Screen", {}), main("org.tizen.menu-screen"));
+}
+
+TEST_F(LaunchTest, AnApplicationOpensAtItsMainEntry) {
+    EXPECT_EQ(launch("Open App", " org.music\n"), main("org.music"));
+}
+
+TEST_F(LaunchTest, AMissingPackageIsLoggedWithItsCodeAndLaunchesNothing) {
+    EXPECT_TRUE(launch("Open App", {}).empty());
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vrp_response_data_get_action_data() failed: [-1001]"));
+}
+
+TEST_F(LaunchTest, TheGeneralRecipeAppIsChosenByPlace) {
+    const struct {
+        const char* region;
+        const char* country;
+        const char* package;
+    } rows[] = {{"KR", "KR", "com.delicook.recipes"},
+                {"EU", "DE", "org.tizen.WeblinkApps-Allrecipes"},
+                {"US", "US", GENERAL},
+                {"AU", "AU", GENERAL},
+                {"ZZ", "CN", GENERAL}};
+    for (const auto& row : rows) {
+        fake::platform().reset();
+        EXPECT_EQ(launch("Open App", GENERAL, row.region, row.country), main(row.package)) << row.region;
+    }
+}
+
+TEST_F(LaunchTest, TheGeneralRecipeAppIsNotSupportedInSwedenAndNorwayWhateverTheRegion) {
+    for (const char* country : {"SE", "NO"}) {
+        for (const char* region : {"EU", "US", "KR"}) {
+            fake::platform().reset();
+            EXPECT_TRUE(launch("Open App", GENERAL, region, country).empty());
+            EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Not supported recipe app name"));
+        }
+    }
+}
+
+TEST_F(LaunchTest, OtherApplicationsOpenInSwedenToo) {
+    EXPECT_EQ(launch("Open App", "org.music", "EU", "SE"), main("org.music"));
+}
+
+TEST_F(LaunchTest, ThePackageMayItselfSayThatItIsNotSupported) {
+    EXPECT_TRUE(launch("Open App", "RecipeNotSupported").empty());
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Not supported recipe app name"));
+}
+
+TEST_F(LaunchTest, ClosingAnApplicationTerminatesItInsteadOfOpeningIt) {
+    fake::setRunning("org.music");
+    EXPECT_TRUE(launch("Close App", "org.music").empty());
+    EXPECT_EQ(fake::platform().textsOf({"app_manager_is", "app_manager_t"}),
+              (Texts{"app_manager_is_running(org.music)", "app_manager_terminate_app()"}));
+}

@@ -1,0 +1,355 @@
+#include "fake/FakeVoice.h"
+#include "voice/VoiceFixture.h"
+
+using OrvaneDA::VoiceControl;
+using OrvaneDA::VoiceStartMode;
+using VoiceControlTest = VoiceTest;
+
+namespace {
+
+constexpr auto NONE = VC_SERVICE_STATE_NONE;
+constexpr auto READY = VC_SERVICE_STATE_READY;
+constexpr auto RECORDING = VC_SERVICE_STATE_RECORDING;
+constexpr auto PROCESSING = VC_SERVICE_STATE_PROCESSING;
+
+}  // namespace
+
+TEST_F(VoiceControlTest, OpeningTheSessionHasItsOrder) {
+    VoiceControl session;
+    Texts calls = fake::platform().textsOf({"vc_setting", "vc_mgr"});
+    EXPECT_EQ(calls,
+              (Texts{"vc_setting_initialize()", "vc_setting_get_enabled()", "vc_setting_set_enabled_changed_cb()",
+                     "vc_setting_get_language()", "vc_setting_set_auto_language(0)", "vc_setting_set_language(en_US)",
+                     "vc_mgr_initialize()", "vc_mgr_foreach_supported_languages()", "vc_mgr_set_state_changed_cb()",
+                     "vc_mgr_set_service_state_changed_cb()", "vc_mgr_set_all_result_cb()",
+                     "vc_mgr_set_pre_result_cb()", "vc_mgr_set_error_cb()", "vc_mgr_set_speech_detected_cb()",
+                     "vc_mgr_set_current_language_changed_cb()", "vc_mgr_prepare()"}));
+    EXPECT_EQ(fake::platform().names().at(calls.size()), "vc_cmd_list_create");
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "vc lang : en_US"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "supported lang: en_US"));
+}
+
+TEST_F(VoiceControlTest, ClosingTheSessionHasItsOrder) {
+    {
+        VoiceControl session;
+        fake::platform().forgetCalls();
+    }
+    EXPECT_EQ(
+        fake::platform().texts(),
+        (Texts{"vc_mgr_unset_command_list()", "vc_cmd_list_destroy(list, 1)", "vc_mgr_unset_state_changed_cb()",
+               "vc_mgr_unset_service_state_changed_cb()", "vc_mgr_unset_all_result_cb()",
+               "vc_mgr_unset_pre_result_cb()", "vc_mgr_unset_error_cb()", "vc_mgr_unset_speech_detected_cb()",
+               "vc_mgr_unset_current_language_changed_cb()", "vc_mgr_deinitialize()", "vc_setting_deinitialize()"}));
+    EXPECT_EQ(fake::openCommands(), 0);
+}
+
+TEST_F(VoiceControlTest, FailuresOfClosingAreLoggedByName) {
+    {
+        VoiceControl session;
+        fake::platform().answer("vc_cmd_list_destroy", VC_ERROR_INVALID_PARAMETER);
+        fake::platform().answer("vc_mgr_deinitialize", VC_ERROR_INVALID_STATE);
+        fake::platform().answer("vc_setting_deinitialize", VC_ERROR_OPERATION_FAILED);
+    }
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_cmd_list_destroy: INVALID_PARAMETER"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_mgr_deinitialize: INVALID_STATE"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_setting_deinitialize: OPERATION_FAILED"));
+}
+
+struct OpeningFailure {
+    const char* call;
+    const char* message;
+};
+class AFailedStepOfOpening : public VoiceControlTest, public testing::WithParamInterface<OpeningFailure> {};
+
+TEST_P(AFailedStepOfOpening, IsLoggedAndEndsIt) {
+    fake::platform().answer(GetParam().call, VC_ERROR_OPERATION_FAILED);
+    VoiceControl session;
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, GetParam().message));
+    EXPECT_EQ(fake::platform().names().back(), GetParam().call);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, AFailedStepOfOpening,
+    testing::Values(OpeningFailure{"vc_setting_initialize", "Fail to init"},
+                    OpeningFailure{"vc_setting_get_enabled", "Fail to get enabled"},
+                    OpeningFailure{"vc_setting_set_enabled_changed_cb", "Fail to set enabled cb"},
+                    OpeningFailure{"vc_setting_get_language", "Fail to get language"},
+                    OpeningFailure{"vc_setting_set_auto_language", "Fail to auto language set false"},
+                    OpeningFailure{"vc_setting_set_language", "Fail to set language"},
+                    OpeningFailure{"vc_mgr_initialize", "[ERROR] Fail to initialize"},
+                    OpeningFailure{"vc_mgr_set_state_changed_cb", "[ERROR] Fail to set state changed cb"},
+                    OpeningFailure{"vc_mgr_set_service_state_changed_cb",
+                                   "[ERROR] Fail to set service state changed cb"},
+                    OpeningFailure{"vc_mgr_set_all_result_cb", "[ERROR] Fail to set all result cb"},
+                    OpeningFailure{"vc_mgr_set_pre_result_cb", "[ERROR] Fail to set pre result cb"},
+                    OpeningFailure{"vc_mgr_set_error_cb", "[ERROR] Fail to set error cb"},
+                    OpeningFailure{"vc_mgr_set_speech_detected_cb", "[ERROR] Fail to set speech detected cb"},
+                    OpeningFailure{"vc_mgr_set_current_language_changed_cb", "[ERROR] Fail to set language changed cb"},
+                    OpeningFailure{"vc_mgr_prepare", "[ERROR] Fail to prepare"}),
+    [](const auto& row) { return std::string(row.param.call); });
+
+TEST_F(VoiceControlTest, ADisabledVoiceControlEndsOpening) {
+    fake::setVoiceEnabled(false);
+    VoiceControl session;
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Voice control is disabled"));
+    EXPECT_EQ(fake::platform().names().back(), "vc_setting_get_enabled");
+}
+
+TEST_F(VoiceControlTest, AFailedListOfLanguagesDoesNotEndOpening) {
+    fake::platform().answer("vc_mgr_foreach_supported_languages", VC_ERROR_OPERATION_FAILED);
+    VoiceControl session;
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Fail to foreach supported lang"));
+    EXPECT_EQ(fake::platform().count("vc_mgr_prepare"), 1u);
+    EXPECT_FALSE(session.isSupportedLang("en_US"));
+}
+
+TEST_F(VoiceControlTest, SupportedLanguagesMatchToTheLetter) {
+    fake::setSupportedLanguages({"en_US", "fr_FR"});
+    VoiceControl session;
+    EXPECT_TRUE(session.isSupportedLang("fr_FR"));
+    EXPECT_FALSE(session.isSupportedLang("fr_fr"));
+    EXPECT_FALSE(session.isSupportedLang("ko_KR"));
+}
+
+TEST_F(VoiceControlTest, TheEngineReloadsOnlyForAnotherModel) {
+    VoiceControl session;
+    session.setLanguage("ko_KR");
+    fake::platform().forgetCalls();
+    EXPECT_TRUE(session.setLanguage("fr_FR"));
+    EXPECT_TRUE(session.setLanguage("fr_FR"));
+    EXPECT_TRUE(session.setLanguage("de_DE"));
+    EXPECT_EQ(fake::platform().texts(),
+              (Texts{"vc_setting_set_language(fr_FR)", "vc_mgr_set_private_data(Request, reloadEngine)",
+                     "vc_setting_set_language(fr_FR)", "vc_setting_set_language(de_DE)"}));
+    session.setLanguage("en_US");
+    EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), 2u);
+}
+
+TEST_F(VoiceControlTest, ALanguageThatTheEngineRefusesIsLoggedByName) {
+    VoiceControl session;
+    fake::platform().answer("vc_setting_set_language", VC_ERROR_INVALID_LANGUAGE);
+    EXPECT_FALSE(session.setLanguage("xx_XX"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_setting_set_language: INVALID_LANGUAGE"));
+}
+
+TEST_F(VoiceControlTest, AStartHasItsOrder) {
+    VoiceControl session;
+    fake::platform().forgetCalls();
+    EXPECT_EQ(session.startRecognition(VoiceStartMode::Default, "7"), 0);
+    EXPECT_EQ(fake::platform().texts(),
+              (Texts{"vc_mgr_set_private_data(MediaVolume, 7)", "vc_mgr_set_recognition_mode(0)",
+                     "vc_mgr_set_command_list()", "vc_mgr_start(0)"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: Default"));
+}
+
+TEST_F(VoiceControlTest, PushToTalkLetsTheUserEndTheUtterance) {
+    VoiceControl session;
+    session.startRecognition(VoiceStartMode::PTT, "");
+    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_recognition"}), Texts{"vc_mgr_set_recognition_mode(3)"});
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: PTT"));
+}
+
+TEST_F(VoiceControlTest, AStartWithAClearedContextResetsTheSessionFirst) {
+    VoiceControl session;
+    session.startRecognition(VoiceStartMode::ClearContext, "3");
+    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_private"}),
+              (Texts{"vc_mgr_set_private_data(Request, resetSession)", "vc_mgr_set_private_data(MediaVolume, 3)"}));
+    session.startRecognition(VoiceStartMode::Unnamed, "");
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: UNKNOWN"));
+}
+
+TEST_F(VoiceControlTest, FailuresAreReturnedAndLogged) {
+    VoiceControl session;
+    fake::platform().answer("vc_mgr_start", VC_ERROR_RECORDER_BUSY);
+    fake::platform().answer("vc_mgr_stop", VC_ERROR_INVALID_STATE);
+    fake::platform().answer("vc_mgr_cancel", VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(session.startRecognition(VoiceStartMode::Default, ""), VC_ERROR_RECORDER_BUSY);
+    EXPECT_EQ(session.stopRecognition(true), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(session.cancelRecognition(true, false), VC_ERROR_INVALID_STATE);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_mgr_start() failed: RECORDER_BUSY"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to stop"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to cancel"));
+}
+
+TEST_F(VoiceControlTest, ASecondTimeOutTimerKeepsTheFirst) {
+    VoiceControl session;
+    session.startTimeOutTimer(5);
+    session.startTimeOutTimer(9);
+    EXPECT_EQ(fake::mainLoop().timers(), 1u);
+    EXPECT_EQ(fake::mainLoop().interval(0), 5);
+    session.stopTimeOutTimer();
+    session.stopTimeOutTimer();
+    EXPECT_EQ(fake::platform().count("ecore_timer_del"), 1u);
+}
+
+TEST_F(VoiceControlTest, ARecognitionReportsItsStatesUnderTheirTimeOuts) {
+    VoiceControl session;
+    listenTo(session);
+    fake::serviceState(READY, RECORDING);
+    EXPECT_EQ(fake::mainLoop().interval(0), 7.0);
+    fake::serviceState(RECORDING, PROCESSING);
+    EXPECT_EQ(fake::mainLoop().timers(), 1u);
+    EXPECT_EQ(fake::mainLoop().interval(0), 30.0);
+    fake::serviceState(PROCESSING, READY);
+    EXPECT_EQ(fake::mainLoop().timers(), 0u);
+    EXPECT_EQ(reports, (Texts{"recognition Recording", "Recording None", "recognition Processing", "Processing None",
+                              "recognition Ready"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "==== Service state is changed ===="));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Recording) -> Current(Processing)"));
+}
+
+TEST_F(VoiceControlTest, OtherServiceStatesTranslateToo) {
+    VoiceControl session;
+    listenTo(session);
+    fake::serviceState(READY, NONE);
+    EXPECT_EQ(reports.at(0), "recognition Idle");
+}
+
+TEST_F(VoiceControlTest, ARecordingInWhichNobodySpokeEndsInATimeOut) {
+    VoiceControl session;
+    listenTo(session);
+    fake::serviceState(READY, RECORDING);
+    fake::mainLoop().advance(6.9);
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 0u);
+    fake::platform().onCall("vc_mgr_cancel",
+                            [&](const fake::Call&) { EXPECT_EQ(reports.back(), "Error RecordingTimeout"); });
+    fake::mainLoop().advance(0.2);
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u);
+    fake::mainLoop().advance(60);
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u) << "it fires once";
+}
+
+TEST_F(VoiceControlTest, ARecordingInWhichSomebodySpokeIsStoppedSoThatItsResultComes) {
+    VoiceControl session;
+    listenTo(session);
+    fake::serviceState(READY, RECORDING);
+    fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "open");
+    fake::mainLoop().advance(9.9);
+    EXPECT_EQ(fake::platform().count("vc_mgr_stop"), 0u);
+    fake::mainLoop().advance(0.2);
+    EXPECT_EQ(fake::platform().count("vc_mgr_stop"), 1u);
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 0u);
+    EXPECT_EQ(reports.back(), "[open]");
+}
+
+TEST_F(VoiceControlTest, AProcessingThatTakesTooLongEndsInATimeOut) {
+    VoiceControl session;
+    listenTo(session);
+    fake::serviceState(RECORDING, PROCESSING);
+    fake::mainLoop().advance(30.1);
+    EXPECT_EQ(reports.back(), "Error ProcessingTimeout");
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u);
+}
+
+TEST_F(VoiceControlTest, ATimeOutInAnyOtherStateCancelsInSilence) {
+    VoiceControl session;
+    listenTo(session);
+    session.startTimeOutTimer(1);
+    fake::mainLoop().advance(1.1);
+    EXPECT_TRUE(reports.empty());
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u);
+}
+
+TEST_F(VoiceControlTest, TheHandleOfATimerThatFiredIsDeletedAtTheNextStateChange) {
+    VoiceControl session;
+    listenTo(session);
+    fake::serviceState(READY, RECORDING);
+    fake::mainLoop().advance(8);
+    fake::serviceState(RECORDING, READY);
+    EXPECT_EQ(fake::platform().count("ecore_timer_del"), 1u);
+}
+
+TEST_F(VoiceControlTest, ErrorMessagesOfTheServerHaveTheirErrors) {
+    const std::pair<const char*, const char*> rows[] = {{"Server timed out!", "ProcessingTimeout"},
+                                                        {"network_timeout_exception", "ProcessingTimeout"},
+                                                        {"connection_fail_exception", "ProcessingTimeout"},
+                                                        {"612: ASR timed out", "ProcessingTimeout"},
+                                                        {"NLU Exception", "ServerCrashed"},
+                                                        {"Unknown error 1", "ServerCrashed"},
+                                                        {"server_side_prepare_exception", "ServerCrashed"},
+                                                        {"nlu exception", "Default"}};
+    for (const auto& [message, error] : rows) {
+        for (auto previous : {RECORDING, PROCESSING}) {
+            VoiceControl session;
+            listenTo(session);
+            fake::setVoiceErrorMessage(message);
+            fake::voiceError(VC_ERROR_TIMED_OUT);
+            EXPECT_TRUE(reports.empty()) << "judged only at Ready";
+            EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "==== vc error - TIMED_OUT ===="));
+            EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, std::string("Error Msg: [") + message + "]"));
+            fake::serviceState(previous, READY);
+            EXPECT_EQ(reports, (Texts{"recognition Ready", std::string("Error ") + error}));
+            reports.clear();
+        }
+    }
+}
+
+TEST_F(VoiceControlTest, WithoutAMessageReadyReportsNothing) {
+    VoiceControl session;
+    listenTo(session);
+    fake::serviceState(RECORDING, READY);
+    EXPECT_EQ(reports, Texts{"recognition Ready"});
+}
+
+TEST_F(VoiceControlTest, AMessageIsNotJudgedWhenNothingWasGoingOn) {
+    VoiceControl session;
+    listenTo(session);
+    fake::setVoiceErrorMessage("NLU Exception");
+    fake::voiceError(VC_ERROR_OPERATION_FAILED);
+    fake::serviceState(NONE, READY);
+    EXPECT_EQ(reports, Texts{"recognition Ready"});
+}
+
+TEST_F(VoiceControlTest, AReadyManagerGetsTheDomainAndThenThePreloadedCommands) {
+    VoiceControl session;
+    listenTo(session);
+    fake::voiceState(VC_STATE_INITIALIZED, VC_STATE_READY);
+    const auto calls = fake::platform().calls();
+    ASSERT_GE(calls.size(), 2u);
+    EXPECT_EQ(calls[0].name, "vc_mgr_set_domain");
+    EXPECT_NE(calls[0].args[0].find("Version 1.0"), std::string::npos);
+    EXPECT_EQ(calls[0].args[0].find('\n'), std::string::npos);
+    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_preloaded"}),
+              Texts{"vc_mgr_set_preloaded_commands_from_file(/data/voice/data/preloaded_commands.txt)"});
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "==== State is changed ===="));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Initialized) -> Current(Ready)"));
+}
+
+TEST_F(VoiceControlTest, AnEngineThatDropsOutIsReportedAndReplayedAsReady) {
+    VoiceControl session;
+    listenTo(session);
+    fake::serviceState(READY, RECORDING);
+    reports.clear();
+    fake::voiceState(VC_STATE_READY, VC_STATE_INITIALIZED);
+    EXPECT_EQ(reports, (Texts{"Error Default", "recognition Ready"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_WARN, "Re-Prepare Voice Control Engine"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Recording) -> Current(Ready)"));
+    EXPECT_EQ(fake::platform().count("vc_mgr_prepare"), 0u);
+    EXPECT_EQ(fake::mainLoop().timers(), 0u);
+}
+
+TEST_F(VoiceControlTest, ErrorNamesAreTheirs) {
+    EXPECT_STREQ(OrvaneDA::voiceErrorName(VC_ERROR_NONE), "NONE");
+    EXPECT_STREQ(OrvaneDA::voiceErrorName(VC_ERROR_EMPTY), "EMPTY");
+    EXPECT_STREQ(OrvaneDA::voiceErrorName(-12345), "VC_ERROR_UNKNOWN");
+}
+
+TEST_F(VoiceControlTest, ChangesOfEnabledAndLanguageAreOnlyLogged) {
+    VoiceControl session;
+    listenTo(session);
+    fake::voiceEnabledChanged(false);
+    fake::voiceLanguageChanged("en_US", "fr_FR");
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice control enabled changed to (0)"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Language is changed (en_US) to (fr_FR)"));
+    EXPECT_TRUE(reports.empty());
+    EXPECT_TRUE(fake::platform().calls().empty());
+}
+
+TEST_F(VoiceControlTest, ASessionWithoutCallbacksRunsAllTheSame) {
+    VoiceControl session;
+    fake::serviceState(READY, RECORDING);
+    fake::preResult(VC_PRE_RESULT_EVENT_FINAL, "x");
+    session.syncAppState(OrvaneDA::ClientState::Error, OrvaneDA::ErrorType::Default);
+    fake::mainLoop().advance(11);
+    EXPECT_EQ(fake::platform().count("vc_mgr_stop"), 1u);
+}

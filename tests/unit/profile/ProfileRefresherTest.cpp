@@ -1,0 +1,182 @@
+#include "Controller/ProfileRefresher.h"
+
+#include "fake/FakeHousehold.h"
+#include "fake/FakeMessages.h"
+#include "fake/FakeSettings.h"
+#include "unit/Fixture.h"
+
+using OrvaneDA::ProfileRefresher;
+
+class ProfileRefresherTest : public SendingTest {
+protected:
+    void SetUp() override {
+        SendingTest::SetUp();
+        fake::setFamilies({{"f1", {{"u1", "Ann"}, {"u2", "Bob"}}, 0}, {"f2", {}, 0}, {"f3", {{"u3", "Cy"}}, 0}});
+    }
+    void TearDown() override {
+        // Workers are not joined; the session's end is the last that they do.
+        EXPECT_TRUE(fake::platform().waitFor("ks_server_destroy"));
+        EXPECT_TRUE(fake::platform().waitFor("vrd_manager_destroy"));
+        EXPECT_EQ(fake::openRecords(), 0);
+        SendingTest::TearDown();
+    }
+
+    static app_control_s account(const char* status = "true", const char* token = "token") {
+        return {{},
+                {},
+                {},
+                {{"quorbit_account_status", status},
+                 {"quorbit_account_guid", "guid"},
+                 {"quorbit_account_access_token", token},
+                 {"quorbit_account_client_id", "client"},
+                 {"quorbit_account_server_uri", "https://hub"}},
+                {}};
+    }
+    // Answers every account request from now on, until the worker's wait has ended.
+    static bool answer(app_control_s reply, app_control_result_e result = APP_CONTROL_RESULT_SUCCEEDED) {
+        if (!fake::platform().waitUntil([] { return !fake::launches().empty(); })) {
+            return false;
+        }
+        const fake::Launch launch = fake::launches().at(0);
+        const size_t before = fake::platform().count("vrd_manager_private_update");
+        // A worker that does not wait yet misses the answer, as with the real one.
+        return fake::platform().waitUntil([&] {
+            launch.callback(nullptr, &reply, result, launch.userData);
+            return fake::platform().count("vrd_manager_private_update") > before;
+        });
+    }
+    static Texts hub() {
+        return fake::platform().textsOf({"ks_server_sa", "ks_server_profile", "vrd_manager_private"});
+    }
+};
+
+TEST_F(ProfileRefresherTest, TheHouseholdsUsersAreFetchedAndStored) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    EXPECT_EQ(fake::launchTexts().at(0), "org.orvane.account get_service_status -");
+    EXPECT_EQ(hub(), (Texts{"ks_server_sa_account_set(guid, token, client, https://hub)",
+                            "ks_server_profile_families_get()", "ks_server_profile_families_family_users_get(f1)",
+                            "ks_server_profile_families_family_users_get(f2)",
+                            "ks_server_profile_families_family_users_get(f3)", "vrd_manager_private_update(3)"}));
+    EXPECT_EQ(fake::storedRecords(),
+              (Texts{"userId=u1 userName=Ann", "userId=u2 userName=Bob", "userId=u3 userName=Cy"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "result_e:[0]"));
+}
+
+TEST_F(ProfileRefresherTest, ConstructionAndDestructionHaveTheirOrder) {
+    fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
+    { ProfileRefresher refresher; }
+    EXPECT_EQ(fake::platform().texts(),
+              (Texts{"ks_server_create()", "vrd_manager_create(Profile)",
+                     "event_add_event_handler(event.org.orvane.account.notification)", "connection_get_type()",
+                     "event_remove_event_handler()", "ks_server_destroy()", "vrd_manager_destroy()"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Success to init push profile"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "~ProfileRefresher"));
+}
+
+TEST_F(ProfileRefresherTest, WithoutANetworkNothingIsAsked) {
+    fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
+    ProfileRefresher refresher;
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "No network connection."));
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(ProfileRefresherTest, AnEventThatCannotBeWatchedIsLoggedAndNothingIsRemoved) {
+    fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
+    fake::platform().answer("event_add_event_handler", -401);
+    { ProfileRefresher refresher; }
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to init push profile"));
+    EXPECT_EQ(fake::platform().count("event_remove_event_handler"), 0u);
+}
+
+TEST_F(ProfileRefresherTest, APushRefreshesAgain) {
+    fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
+    ProfileRefresher refresher;
+    fake::setConnection(CONNECTION_TYPE_ETHERNET);
+    fake::emitEvent("event.org.orvane.account.notification");
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "received push message of profile update"));
+    ASSERT_TRUE(answer(account()));
+    EXPECT_EQ(fake::storedRecords().size(), 3u);
+}
+
+TEST_F(ProfileRefresherTest, AnAccountServiceThatIsSilentForFiveSecondsLeavesNoUsers) {
+    const auto start = std::chrono::steady_clock::now();
+    ProfileRefresher refresher;
+    ASSERT_TRUE(fake::platform().waitFor("vrd_manager_private_update"));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(4900));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to get quorbit account"));
+    EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
+}
+
+TEST_F(ProfileRefresherTest, ASignedOutAccountLeavesNoUsers) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account("false")));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to get quorbit account"));
+    EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
+}
+
+TEST_F(ProfileRefresherTest, AnAccountWithoutATokenLeavesNoUsers) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account("true", "")));
+    EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
+}
+
+TEST_F(ProfileRefresherTest, AFailedReplyIsLoggedWithItsMessage) {
+    ProfileRefresher refresher;
+    app_control_s reply = account();
+    reply.extras["errorMessage"] = "no account";
+    ASSERT_TRUE(answer(reply, APP_CONTROL_RESULT_FAILED));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "errorMessage:[no account]"));
+    EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
+}
+
+TEST_F(ProfileRefresherTest, AnyOtherResultOfAReplyIsNotRead) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account(), APP_CONTROL_RESULT_CANCELED));
+    EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
+}
+
+TEST_F(ProfileRefresherTest, AHubThatRefusesTheAccountLeavesNoUsers) {
+    fake::platform().answer("ks_server_sa_account_set", 401);
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to set quorbit account"));
+    EXPECT_EQ(fake::storedRecords(), Texts{});
+}
+
+TEST_F(ProfileRefresherTest, AHubThatGivesNoFamiliesLeavesNoUsers) {
+    fake::platform().answer("ks_server_profile_families_get", 500);
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "failed to get family list from server: 500"));
+    EXPECT_EQ(fake::platform().count("ks_server_profile_families_family_users_get"), 0u);
+}
+
+TEST_F(ProfileRefresherTest, AFailureAtTheSecondFamilyKeepsTheFirstOnesUsersAndAsksNoFurther) {
+    fake::setFamilies({{"f1", {{"u1", "Ann"}}, 0}, {"f2", {{"u2", "Bob"}}, 503}, {"f3", {{"u3", "Cy"}}, 0}});
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "failed to get user list from server: 503"));
+    EXPECT_EQ(fake::platform().count("ks_server_profile_families_family_users_get"), 2u);
+    EXPECT_EQ(fake::storedRecords(), Texts{"userId=u1 userName=Ann"});
+}
+
+TEST_F(ProfileRefresherTest, ASecondRefreshReplacesTheUsersOfTheFirst) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    fake::setFamilies({{"f9", {{"u9", "Zoe"}}, 0}});
+    refresher.updateProfileInfo();
+    ASSERT_TRUE(answer(account()));
+    ASSERT_TRUE(fake::platform().waitUntil([] { return fake::storedRecords() == Texts{"userId=u9 userName=Zoe"}; }));
+}
+
+TEST_F(ProfileRefresherTest, ARefresherThatGoesWhileAWorkerWaitsClosesOnceTheWorkerHasEnded) {
+    auto refresher = std::make_unique<ProfileRefresher>();
+    ASSERT_TRUE(fake::platform().waitUntil([] { return !fake::launches().empty(); }));
+    const fake::Launch launch = fake::launches().at(0);
+    refresher.reset();
+    app_control_s reply = account();
+    launch.callback(nullptr, &reply, APP_CONTROL_RESULT_SUCCEEDED, launch.userData);
+    ASSERT_TRUE(fake::platform().waitFor("vrd_manager_destroy"));
+    EXPECT_EQ(fake::platform().count("vrd_manager_private_update"), 0u) << "the stored users stay";
+}

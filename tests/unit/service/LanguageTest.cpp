@@ -1,0 +1,79 @@
+#include "service/ServiceFixture.h"
+
+class LanguageTest : public ServiceTest {
+protected:
+    // The language that the service stores at its start.
+    int stored(const std::vector<std::string>& supported, const char* menu, const char* region) {
+        fake::setSupportedLanguages(supported);
+        fake::setSetting("db/menu_widget/language", std::string(menu));
+        fake::setSetting("db/setting/region_code", std::string(region));
+        create();
+        return fake::setting("db/orvane/setting/lang");
+    }
+};
+
+TEST_F(LanguageTest, ASupportedMenuLanguageIsTakenWhateverTheRegion) {
+    EXPECT_EQ(stored({"fr_FR"}, "fr_FR.UTF-8", "US"), 6);
+}
+
+TEST_F(LanguageTest, KoreanIsTakenInAmerica) {
+    EXPECT_EQ(stored({"ko_KR"}, "ko_KR.UTF-8", "US"), 0);
+}
+
+TEST_F(LanguageTest, FrenchThatIsNotSupportedBecomesBritishInEurope) {
+    EXPECT_EQ(stored({"en_US"}, "fr_FR.UTF-8", "EU"), 2);
+}
+
+TEST_F(LanguageTest, AnUnsupportedLanguageIsBritishInAustralia) {
+    EXPECT_EQ(stored({}, "xx_XX", "AU"), 2);
+}
+
+TEST_F(LanguageTest, AnUnsupportedLanguageIsKoreanInKorea) {
+    EXPECT_EQ(stored({}, "xx_XX", "KR"), 0);
+}
+
+TEST_F(LanguageTest, AnUnsupportedLanguageInAnUnknownRegionIsAmerican) {
+    EXPECT_EQ(stored({}, "xx_XX", "ZZ"), 1);
+}
+
+TEST_F(LanguageTest, ASupportedLanguageOutsideTheListIsAmerican) {
+    EXPECT_EQ(stored({"es_ES"}, "es_ES", "EU"), 1);
+}
+
+TEST_F(LanguageTest, AMenuLanguageThatMapsToTheStoredOneRebuildsNothing) {
+    create();
+    fake::changeSetting("db/menu_widget/language", std::string("xx_XX.UTF-8"));
+    EXPECT_EQ(fake::setting("db/orvane/setting/lang"), 1);
+    fake::changeSetting("db/orvane/setting/lang", 1);
+    EXPECT_EQ(fake::platform().count("IWakeupCtx::Create"), 0u);
+}
+
+TEST_F(LanguageTest, AnotherLanguageRebuildsTheTriggerAndThenMovesTheRecogniser) {
+    create();
+    fake::changeSetting("db/orvane/setting/lang", 4);
+    EXPECT_EQ(fake::platform().textsOf({"IWakeupCtx", "vc_setting"}),
+              (Texts{"IWakeupCtx::CancelListening()", "IWakeupCtx::Destroy()", "IWakeupCtx::Create()",
+                     "IWakeupCtx::AttachListener()",
+                     "IWakeupCtx::Initialize(/data/voice/data/GED/wakeup_quorbit/, vocon_config.json)",
+                     "IWakeupCtx::AttachAudioIn()", "IWakeupCtx::StartListening()", "vc_setting_set_language(de_DE)"}));
+    EXPECT_TRUE(fake::engineListens());
+}
+
+TEST_F(LanguageTest, AnotherWakeUpWordRebuildsTheTriggerOnly) {
+    create();
+    fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1);
+    EXPECT_EQ(fake::platform().textsOf({"IWakeupCtx::Initialize"}),
+              Texts{"IWakeupCtx::Initialize(/data/voice/data/ENU/wakeup_vexal/, vocon_config.json)"});
+    EXPECT_EQ(fake::platform().count("vc_setting_set_language"), 0u);
+    EXPECT_TRUE(fake::engineListens());
+}
+
+TEST_F(LanguageTest, TheNewTriggerIsFedByTheRecorder) {
+    create();
+    fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1);
+    EXPECT_TRUE(fake::platform().waitUntil([] {
+        bool available = false;
+        fake::engineAudioIn()->HasData(available);
+        return available;
+    }));
+}

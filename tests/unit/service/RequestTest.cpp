@@ -1,0 +1,103 @@
+#include "service/ServiceFixture.h"
+
+using RequestTest = ServiceTest;
+
+namespace {
+
+Texts session() {
+    return fake::platform().textsOf({"vc_mgr_"});
+}
+
+Texts started(const std::string& volume, int mode) {
+    return {"vc_mgr_set_private_data(MediaVolume, " + volume + ")",
+            "vc_mgr_set_recognition_mode(" + std::to_string(mode) + ")", "vc_mgr_set_command_list()",
+            "vc_mgr_start(0)"};
+}
+
+}  // namespace
+
+TEST_F(RequestTest, AStartPassesModeAndVolumeOn) {
+    create();
+    request("start_voice_engine", {{"key_start_mode", "PTT"}, {"current_volume", "7"}});
+    EXPECT_EQ(session(), started("7", 3));
+    EXPECT_TRUE(sent().empty());
+    EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Service::onAppControl"));
+}
+
+TEST_F(RequestTest, AModeThatDiffersInCaseIsNoMode) {
+    create();
+    request("start_voice_engine", {{"key_start_mode", "ptt"}});
+    EXPECT_EQ(session(), started("", 0));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: UNKNOWN"));
+}
+
+TEST_F(RequestTest, ModesAreTakenByTheirExactNames) {
+    using OrvaneDA::startModeOf;
+    EXPECT_EQ(static_cast<int>(startModeOf("Default")), 0);
+    EXPECT_EQ(static_cast<int>(startModeOf("PTT")), 1);
+    EXPECT_EQ(static_cast<int>(startModeOf("ClearContext")), 2);
+    EXPECT_EQ(static_cast<int>(startModeOf("")), 3);
+    EXPECT_EQ(static_cast<int>(startModeOf("UNKNOWN")), 3);
+}
+
+TEST_F(RequestTest, AStartWithoutExtrasStartsWithoutModeAndVolume) {
+    create();
+    request("start_voice_engine");
+    EXPECT_EQ(session(), started("", 0));
+}
+
+TEST_F(RequestTest, AStartWithTheMicrophoneOffReportsItEvenWithoutANetwork) {
+    create();
+    fake::setSetting("db/mic_key/status", 0);
+    fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
+    request("start_voice_engine");
+    EXPECT_TRUE(session().empty());
+    EXPECT_EQ(sent(), Texts{state("Error", "MicOff")});
+}
+
+TEST_F(RequestTest, AStartWithoutANetworkReportsIt) {
+    create();
+    fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
+    request("start_voice_engine");
+    EXPECT_TRUE(session().empty());
+    EXPECT_EQ(sent(), Texts{state("Error", "WifiOff")});
+}
+
+TEST_F(RequestTest, AStartThatTheSessionRefusesReportsThatTheServiceIsNotReady) {
+    create();
+    fake::platform().answer("vc_mgr_start", VC_ERROR_INVALID_STATE);
+    request("start_voice_engine");
+    EXPECT_EQ(sent(), Texts{state("Error", "ServiceNotReady")});
+}
+
+TEST_F(RequestTest, AStopIsPassedOnEvenWhenNothingRuns) {
+    create();
+    request("stop_voice_engine");
+    EXPECT_EQ(session(), Texts{"vc_mgr_stop()"});
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(RequestTest, ACloseCancelsAndSendsNoState) {
+    create();
+    request("close_voice_engine");
+    EXPECT_EQ(session(), Texts{"vc_mgr_cancel()"});
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(RequestTest, ACancelSendsStandByEvenWhenNothingRunsAndThenCancels) {
+    create();
+    fake::platform().onCall("vc_mgr_cancel",
+                            [&](const fake::Call&) { EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "StandBy")); });
+    request("cancel_voice_engine");
+    EXPECT_EQ(session(), Texts{"vc_mgr_cancel()"});
+    EXPECT_EQ(sent(), Texts{state("StandBy", "None")});
+}
+
+TEST_F(RequestTest, AnyOtherOperationIsIgnoredInSilence) {
+    create();
+    for (const char* operation : {"Start_voice_engine", "state_change", "", "start_voice_engine/"}) {
+        request(operation);
+    }
+    EXPECT_TRUE(session().empty());
+    EXPECT_EQ(fake::platform().logs().size(), 4u) << "only the entries";
+}

@@ -1,0 +1,193 @@
+#include "appliance/Appliance.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "appliance/Speech.h"
+#include "lib/Application.h"
+
+namespace sim {
+
+namespace {
+
+constexpr useconds_t kPollMicroseconds = 10000;
+constexpr char kControlPath[] = "/org/orvane/sim/Control";
+constexpr char kControlInterface[] = "org.orvane.sim.Control1";
+constexpr char kDaemon[] = "org.freedesktop.DBus";
+
+bool prepared(const Folder& folder) {
+    prepareEnvironment(folder);
+    return true;
+}
+
+}  // namespace
+
+Appliance::Appliance(const std::string& microphone)
+    : mPrepared(prepared(mFolder)), mRecord(std::make_unique<Record>("appliance")), mEvents(mFolder / "records") {
+    startBuses();
+    mNetwork = std::make_unique<Process>(std::vector<std::string>{ORVANE_SIM_APP, "network", kNetwork},
+                                         mFolder / "network.log");
+    until("the network stands", [this] { return mSystem->hasOwner(kNetwork); });
+    mRoom = std::make_unique<Room>(mFolder, microphone);
+    writeSettings();
+    for (const char* application : kRecipeApps) {
+        launch(application);
+    }
+}
+
+// The applications end with their bus; the service goes first, so that it meets the appliance whole.
+Appliance::~Appliance() {
+    mService.reset();
+    mBus.reset();
+    mSystem.reset();
+}
+
+void Appliance::startBuses() {
+    for (const char* type : {"system", "session"}) {
+        auto& process = type == std::string("system") ? mSystemBus : mSessionBus;
+        process = std::make_unique<Process>(
+            std::vector<std::string>{"dbus-daemon", "--nofork",
+                                     "--config-file=" + (mFolder / (std::string(type) + ".conf"))},
+            mFolder / "dbus.log");
+        const std::string socket = mFolder / (std::string(type) + ".bus");
+        until(std::string("the ") + type + " bus stands", [&] { return std::filesystem::exists(socket); });
+    }
+    mSystem = std::make_unique<Bus>("unix:path=" + (mFolder / "system.bus"));
+    mBus = std::make_unique<Bus>("unix:path=" + (mFolder / "session.bus"));
+}
+
+// An appliance that has been set up, with its microphone on, somewhere in the United States.
+void Appliance::writeSettings() {
+    for (const char* key :
+         {"db/pwlock/factory_boot", "db/pwlock/setup_wizard", "memory/refrigerator/OtnProgress", "db/demo_mode"}) {
+        settings::set(key, 0);
+    }
+    settings::set("db/mic_key/status", 1);
+    settings::set("db/orvane/setting/lang", 1);
+    settings::set("db/orvane/setting/voice_wakeup_word", 0);
+    settings::set("db/orvane/setting/voice_feedback", true);
+    settings::set("db/orvane/setting/voice_wakeup", true);
+    settings::set("db/orvane/manager/response", false);
+    settings::set("db/orvane/manager/bos_response", false);
+    settings::set("db/menu_widget/language", "en_US.UTF-8");
+    settings::set("db/setting/country_code", "US");
+    settings::set("db/setting/region_code", "US");
+    settings::set("db/pm/event-ss-wait-time", 300);
+    settings::set("db/setting/lcd_backlight_normal", 60);
+}
+
+void Appliance::startService() {
+    mRecord->write("service starts");
+    mService = std::make_unique<Process>(std::vector<std::string>{ORVANE_SERVICE_PROGRAM}, mFolder / "service.log");
+    until("the service is on the bus", [this] {
+        if (!mService->runs()) {
+            throw std::runtime_error("the service has ended:\n" + serviceLog());
+        }
+        return mBus->hasOwner(kServiceId);
+    });
+    until("the service listens", [this] { return mRoom->isHeard(); });
+    mRecord->write("service listens");
+}
+
+void Appliance::stopService() {
+    mService.reset();
+    mRecord->write("service stopped");
+}
+
+void Appliance::say(const std::string& text, const std::string& voice) {
+    const std::string wav = speak(mFolder, text, voice);
+    mRecord->write("said", {{"text", text}, {"voice", voice}});
+    mRoom->play(wav);
+}
+
+void Appliance::play(const std::string& wav) {
+    mRecord->write("played", {{"file", wav}});
+    mRoom->play(wav);
+}
+
+void Appliance::order(const std::string& application, const std::string& order, const std::string& argument) {
+    mBus->call(application, kControlPath, kControlInterface, "Do",
+               g_variant_new("(ss)", order.c_str(), argument.c_str()));
+}
+
+void Appliance::launch(const std::string& application) {
+    mBus->call(
+        application, "/org/orvane/Application", "org.orvane.Application1", "Launch",
+        g_variant_new("(ss@a(aybaay)s)", (std::string(kOperationBase) + "main").c_str(), "", packExtras({}), ""));
+}
+
+void Appliance::kill(const std::string& application) {
+    const auto answer = mBus->call(kDaemon, "/org/freedesktop/DBus", kDaemon, "GetConnectionUnixProcessID",
+                                   g_variant_new("(s)", application.c_str()));
+    guint32 process = 0;
+    g_variant_get(answer.get(), "(u)", &process);
+    ::kill(static_cast<pid_t>(process), SIGKILL);
+    until(application + " has gone", [&] { return !runs(application); });
+    mRecord->write("killed", {{"application", application}});
+}
+
+void Appliance::network(const std::string& kind) {
+    mSystem->call(kNetwork, kControlPath, kControlInterface, "Do", g_variant_new("(ss)", "network", kind.c_str()));
+    mRecord->write("network", {{"kind", kind}});
+}
+
+void Appliance::turnPage() {
+    mEvents.read();
+    mPage = mEvents.all().size();
+}
+
+const Event* Appliance::find(const Event& wanted) const {
+    const auto& all = mEvents.all();
+    const auto found = std::find_if(all.begin() + static_cast<std::ptrdiff_t>(mPage), all.end(),
+                                    [&wanted](const Event& event) { return matches(event, wanted); });
+    return found == all.end() ? nullptr : &*found;
+}
+
+Event Appliance::await(const std::string& application, const Event& wanted, double seconds) {
+    Event whole = wanted;
+    whole["app"] = application;
+    const Event* found = nullptr;
+    until(
+        "from " + application + " comes " + wanted.dump(),
+        [&] {
+            mEvents.read();
+            found = find(whole);
+            return found != nullptr;
+        },
+        seconds);
+    return *found;
+}
+
+Event Appliance::awaitState(const std::string& state, const std::string& error, double seconds) {
+    return await(kUi, {{"event", "state"}, {"state", state}, {"error", error}}, seconds);
+}
+
+int Appliance::count(const std::string& application, const Event& wanted) {
+    mEvents.read();
+    Event whole = wanted;
+    whole["app"] = application;
+    const auto& all = mEvents.all();
+    return static_cast<int>(std::count_if(all.begin() + static_cast<std::ptrdiff_t>(mPage), all.end(),
+                                          [&whole](const Event& event) { return matches(event, whole); }));
+}
+
+void Appliance::until(const std::string& what, const std::function<bool()>& condition, double seconds) {
+    for (const double end = monotonicNow() + seconds; !condition(); usleep(kPollMicroseconds)) {
+        if (monotonicNow() > end) {
+            throw std::runtime_error("this did not happen: " + what);
+        }
+    }
+}
+
+std::string Appliance::serviceLog() const {
+    std::ifstream file(mFolder / "service.log");
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace sim

@@ -1,0 +1,76 @@
+// A whole appliance of this process's own: buses, settings, a room to speak in, the applications and the service. One a
+// process; everything that it started ends with it. All calls on one thread, the one that made it.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "appliance/Environment.h"
+#include "appliance/Events.h"
+#include "appliance/Folder.h"
+#include "appliance/Process.h"
+#include "appliance/Room.h"
+#include "lib/Bus.h"
+#include "lib/Record.h"
+#include "lib/Settings.h"
+
+namespace sim {
+
+class Appliance {
+public:
+    // Throws std::runtime_error, as all of these do, with a text that names what did not happen.
+    // `microphone`: see Room.
+    explicit Appliance(const std::string& microphone = {});
+    ~Appliance();
+    Appliance(const Appliance&) = delete;
+    Appliance& operator=(const Appliance&) = delete;
+
+    // Returns when the service listens.
+    void startService();
+    void stopService();
+    // The end of a process that had no time to say good-bye.
+    void killService() { mService.reset(); }
+    bool serviceRuns() { return mService && mService->runs(); }
+
+    void say(const std::string& text, const std::string& voice = "slt");
+    void play(const std::string& wav);
+    void order(const std::string& application, const std::string& order, const std::string& argument = {});
+    void launch(const std::string& application);
+    void kill(const std::string& application);
+    void network(const std::string& kind);
+    bool runs(const std::string& application) { return mBus->hasOwner(application); }
+
+    // What follows waits only for events from now on.
+    void turnPage();
+    // The first event of this page with these members. Throws when it has not come in `seconds`.
+    Event await(const std::string& application, const Event& wanted, double seconds = 20);
+    Event awaitState(const std::string& state, const std::string& error = "None", double seconds = 20);
+    // How often it came on this page so far.
+    int count(const std::string& application, const Event& wanted);
+    void until(const std::string& what, const std::function<bool()>& condition, double seconds = 10);
+
+    Events& events() { return mEvents; }
+    Record& record() { return *mRecord; }
+    const Folder& folder() const { return mFolder; }
+    std::string serviceLog() const;
+
+private:
+    void startBuses();
+    void writeSettings();
+    const Event* find(const Event& wanted) const;
+
+    Folder mFolder;
+    bool mPrepared;
+    std::unique_ptr<Record> mRecord;
+    Events mEvents;
+    std::size_t mPage = 0;
+    std::unique_ptr<Process> mSystemBus;
+    std::unique_ptr<Process> mSessionBus;
+    std::unique_ptr<Process> mNetwork;
+    std::unique_ptr<Room> mRoom;
+    std::unique_ptr<Bus> mBus;
+    std::unique_ptr<Bus> mSystem;
+    std::unique_ptr<Process> mService;
+};
+
+}  // namespace sim

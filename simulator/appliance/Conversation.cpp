@@ -1,0 +1,33 @@
+#include "appliance/Conversation.h"
+
+namespace sim {
+
+namespace {
+
+constexpr Turn kTurns[] = {
+    {"open music", "org.orvane.sim.music", "launch"},
+    {"go to the home screen", kHomeScreen, "launch"},
+    {"close music", "org.orvane.sim.music", "closed"},
+    {"show me the recipe for pancakes", "org.tizen.recipesvc", "voice result"},
+    {"search for apple pie", kViewer, "opened"},
+};
+
+}  // namespace
+
+void wakeUp(Appliance& appliance, const std::string& voice) {
+    appliance.turnPage();
+    appliance.say("hey quorbit", voice);
+    appliance.await(kUi, {{"event", "wake-up"}}, 5);
+    appliance.awaitState("Recording", "None", 5);
+}
+
+void converse(Appliance& appliance) {
+    for (const Turn& turn : kTurns) {
+        wakeUp(appliance, "slt");
+        appliance.say(turn.command);
+        appliance.awaitState("Ready");
+        appliance.await(turn.application, {{"event", turn.event}}, 5);
+    }
+}
+
+}  // namespace sim

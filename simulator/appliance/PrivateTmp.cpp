@@ -1,0 +1,70 @@
+#include "appliance/PrivateTmp.h"
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace sim {
+
+namespace {
+
+// A folder under /tmp that the new /tmp would hide, held open until it is shown again.
+struct Kept {
+    std::string path;
+    int handle;
+};
+
+void keep(std::vector<Kept>& kept, std::filesystem::path path) {
+    if (path.string().rfind("/tmp/", 0) == 0) {
+        kept.push_back({path, open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)});
+    }
+}
+
+void show(const std::vector<Kept>& kept) {
+    for (const auto& [path, handle] : kept) {
+        std::error_code ignored;
+        std::filesystem::create_directories(path, ignored);
+        mount(("/proc/self/fd/" + std::to_string(handle)).c_str(), path.c_str(), nullptr, MS_BIND | MS_REC, nullptr);
+        close(handle);
+    }
+}
+
+bool write(const char* path, const std::string& text) {
+    std::ofstream file(path);
+    return static_cast<bool>(file << text << std::flush);
+}
+
+bool separate() {
+    if (unshare(CLONE_NEWNS) == 0) {
+        return true;
+    }
+    const std::string user = std::to_string(getuid());
+    const std::string group = std::to_string(getgid());
+    return unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && write("/proc/self/setgroups", "deny") &&
+           write("/proc/self/uid_map", user + " " + user + " 1") &&
+           write("/proc/self/gid_map", group + " " + group + " 1");
+}
+
+}  // namespace
+
+bool enterPrivateTmp() {
+    std::vector<Kept> kept;
+    keep(kept, std::filesystem::current_path());
+    keep(kept, ORVANE_SOURCE_DATA);
+    keep(kept, std::filesystem::path(ORVANE_SERVICE_PROGRAM).parent_path());
+    keep(kept, std::filesystem::path(ORVANE_SIM_APP).parent_path());
+    if (!separate() || mount(nullptr, "/", nullptr, MS_REC | MS_SLAVE, nullptr) != 0 ||
+        mount("tmpfs", "/tmp", "tmpfs", MS_NOSUID | MS_NODEV, "mode=1777") != 0) {
+        return false;
+    }
+    show(kept);
+    return true;
+}
+
+}  // namespace sim

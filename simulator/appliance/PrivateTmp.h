@@ -1,0 +1,10 @@
+// The service and the UI meet in files under /tmp with fixed names. In a mount namespace of its own with its own /tmp
+// an appliance meets neither another one nor the person's files.
+#pragma once
+
+namespace sim {
+
+// Before the process has threads. False (and nothing has changed) where the machine does not allow it.
+bool enterPrivateTmp();
+
+}  // namespace sim

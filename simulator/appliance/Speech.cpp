@@ -1,0 +1,78 @@
+#include "appliance/Speech.h"
+
+#include <sndfile.h>
+
+#include <algorithm>
+#include <memory>
+#include <random>
+#include <stdexcept>
+#include <vector>
+
+#include "appliance/Process.h"
+
+namespace sim {
+
+namespace {
+
+constexpr int kRate = 16000;
+constexpr float kPeak = 0.5F;
+constexpr float kNoise = 0.001F;
+
+struct SoundClose {
+    void operator()(SNDFILE* file) const noexcept { sf_close(file); }
+};
+using Sound = std::unique_ptr<SNDFILE, SoundClose>;
+
+std::vector<float> read(const std::string& path) {
+    SF_INFO info{};
+    const Sound file(sf_open(path.c_str(), SFM_READ, &info));
+    if (!file || info.samplerate != kRate || info.channels != 1) {
+        throw std::runtime_error("flite wrote no 16 kHz sound");
+    }
+    std::vector<float> samples(static_cast<std::size_t>(info.frames));
+    sf_readf_float(file.get(), samples.data(), info.frames);
+    return samples;
+}
+
+void write(const std::string& path, const std::vector<float>& samples) {
+    SF_INFO info{};
+    info.samplerate = kRate;
+    info.channels = 1;
+    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    const Sound file(sf_open(path.c_str(), SFM_WRITE, &info));
+    const auto frames = static_cast<sf_count_t>(samples.size());
+    if (!file || sf_writef_float(file.get(), samples.data(), frames) != frames) {
+        throw std::runtime_error("cannot write " + path);
+    }
+}
+
+// A breath before and after, one loudness for all voices, and noise: digital silence is no room.
+std::vector<float> inRoom(const std::vector<float>& voice) {
+    std::vector<float> sound(voice.size() + kRate / 2, 0.0F);
+    float peak = 0.01F;
+    for (const float sample : voice) {
+        peak = std::max(peak, std::abs(sample));
+    }
+    std::transform(voice.begin(), voice.end(), sound.begin() + kRate / 5,
+                   [peak](float sample) { return sample / peak * kPeak; });
+    std::mt19937 random(1);  // the same noise each time: a run can be repeated
+    std::uniform_real_distribution<float> noise(-kNoise, kNoise);
+    for (float& sample : sound) {
+        sample += noise(random);
+    }
+    return sound;
+}
+
+}  // namespace
+
+std::string speak(const Folder& folder, const std::string& text, const std::string& voice) {
+    const std::string path = folder / "speech.wav";
+    Process flite({"flite", "-voice", voice, "-t", text, "-o", path}, folder / "flite.log");
+    if (flite.wait() != 0) {
+        throw std::runtime_error("flite cannot say \"" + text + "\" in the voice " + voice);
+    }
+    write(path, inRoom(read(path)));
+    return path;
+}
+
+}  // namespace sim

@@ -21,6 +21,17 @@ constexpr char kControlPath[] = "/org/orvane/sim/Control";
 constexpr char kControlInterface[] = "org.orvane.sim.Control1";
 constexpr char kDaemon[] = "org.freedesktop.DBus";
 
+// The settings library talks over this process's shared connection, whose end would end the process.
+void outliveTheBus() {
+    Fault fault;
+    // Kept until the process ends: there is one a process, and only while someone has it.
+    static const Pointer<GDBusConnection> shared(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, fault.out()));
+    if (!shared) {
+        throw std::runtime_error("no session bus: " + fault.text());
+    }
+    g_dbus_connection_set_exit_on_close(shared.get(), FALSE);
+}
+
 bool prepared(const Folder& folder) {
     prepareEnvironment(folder);
     return true;
@@ -60,6 +71,7 @@ void Appliance::startBuses() {
     }
     mSystem = std::make_unique<Bus>("unix:path=" + (mFolder / "system.bus"));
     mBus = std::make_unique<Bus>("unix:path=" + (mFolder / "session.bus"));
+    outliveTheBus();
 }
 
 // An appliance that has been set up, with its microphone on, somewhere in the United States.

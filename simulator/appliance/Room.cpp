@@ -30,7 +30,7 @@ Room::Room(const Folder& folder, const std::string& microphone) : mFolder(folder
 }
 
 void Room::play(const std::string& wav) {
-    Process player({"paplay", "--device=room", wav}, mFolder / "pulse.log");
+    Process player({"paplay", "--latency-msec=20", "--device=room", wav}, mFolder / "pulse.log");
     if (player.wait() != 0) {
         throw std::runtime_error("cannot play " + wav);
     }

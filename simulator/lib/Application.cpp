@@ -66,6 +66,8 @@ void Application::run() {
     mRecord.write("started");
     g_main_loop_run(mLoop.get());
     mRecord.write("ended");
+    // The answer to Close may still wait to be sent.
+    g_dbus_connection_flush_sync(mBus.get(), nullptr, nullptr);
 }
 
 void Application::launch(const std::string& id, const std::string& operation, const Extras& extras,

@@ -1,0 +1,52 @@
+// Speech in, an application out.
+#include <gtest/gtest.h>
+
+#include "Person.h"
+
+class AVoice : public testing::TestWithParam<const char*> {};
+
+TEST_P(AVoice, WakesTheAssistantAndOpensAnApplication) {
+    Person person(GetParam());
+    person.wakes();
+    person.says("open music");
+    person.appliance.awaitState("Processing");
+    person.appliance.awaitState("Ready");
+    person.appliance.await("org.orvane.sim.music", {{"event", "launch"}});
+}
+
+INSTANTIATE_TEST_SUITE_P(Flite, AVoice, testing::Values("slt", "awb", "rms", "kal16"),
+                         [](const auto& voice) { return std::string(voice.param); });
+
+TEST(PushToTalk, IsStartedAndStoppedByTheUi) {
+    Person person;
+    person.appliance.launch(sim::kUi);
+    person.appliance.order(sim::kUi, "start", "PTT");
+    person.appliance.awaitState("Recording");
+    person.says("open music");
+    EXPECT_EQ(person.appliance.count(sim::kUi, {{"event", "state"}, {"state", "Ready"}}), 0);
+    person.appliance.order(sim::kUi, "stop");
+    person.appliance.awaitState("Ready");
+    person.appliance.await("org.orvane.sim.music", {{"event", "launch"}});
+}
+
+TEST(ASecondWakeUpRightAfterAResult, IsAnswered) {
+    Person person;
+    person.wakes();
+    person.says("open music");
+    person.appliance.awaitState("Ready");
+    person.wakes();
+    person.says("close music");
+    person.appliance.await("org.orvane.sim.music", {{"event", "closed"}});
+}
+
+TEST(AUiThatNeverAcknowledgesReady, HoldsTheLaunchForAboutASecond) {
+    Person person;
+    person.appliance.launch(sim::kUi);
+    person.appliance.order(sim::kUi, "acknowledge", "no");
+    person.wakes();
+    person.says("open music");
+    const double ready = person.appliance.awaitState("Ready")["at"];
+    const double launched = person.appliance.await("org.orvane.sim.music", {{"event", "launch"}})["at"];
+    EXPECT_GT(launched - ready, 0.9);
+    EXPECT_LT(launched - ready, 2.5);
+}

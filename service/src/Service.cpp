@@ -234,17 +234,6 @@ void Service::wakeUi() {
     Util::AppControl::performAppControl(UiRequests::get().triggerShot);
 }
 
-// The pointer goes first and the object after, outside the lock: a module's destructor may wait for the async worker.
-template <typename Module>
-void Service::destroy(Module*& module) {
-    Module* leaving = nullptr;
-    {
-        std::lock_guard<std::mutex> lock(mModulesMutex);
-        std::swap(leaving, module);
-    }
-    delete leaving;
-}
-
 void Service::onTerminate() {
     LOGI("Service::onTerminate");
     stopTimerVolumeSender();

@@ -7,6 +7,7 @@
 
 #include <mutex>
 #include <string>
+#include <utility>
 
 #include "ClientState.h"
 #include "Controller/VoiceStartMode.h"
@@ -61,8 +62,17 @@ private:
     bool isListening() const;
     void triggerShot(int level);
     void wakeUi();
+    // The pointer goes first and the object after, outside the lock: a module's destructor may wait for the async
+    // worker.
     template <typename Module>
-    void destroy(Module*& module);
+    void destroy(Module*& module) {
+        Module* leaving = nullptr;
+        {
+            std::lock_guard<std::mutex> lock(mModulesMutex);
+            std::swap(leaving, module);
+        }
+        delete leaving;
+    }
 
     Ecore_Timer* mVolumeTimer = nullptr;
     ClientState mState = ClientState::Unknown;           // last sent to the UI

@@ -78,8 +78,13 @@ void setFocus(sound_stream_focus_state_e state) {
 void changeFocus(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
                  sound_stream_focus_change_reason_e reason, bool rightStream) {
     setFocus(state);
-    if (focusCallback != nullptr) {
-        focusCallback(rightStream ? &stream : &otherStream, mask, state, reason, 0, nullptr, focusUserData);
+    sound_stream_focus_state_changed_cb callback = nullptr;
+    {
+        std::lock_guard<std::mutex> lock(stateMutex);
+        callback = focusCallback;
+    }
+    if (callback != nullptr) {
+        callback(rightStream ? &stream : &otherStream, mask, state, reason, 0, nullptr, focusUserData);
     }
 }
 
@@ -135,14 +140,20 @@ extern "C" {
 
 int sound_manager_create_stream_information(sound_stream_type_e type, sound_stream_focus_state_changed_cb callback,
                                             void* user_data, sound_stream_info_h* info) {
-    focusCallback = callback;
-    focusUserData = user_data;
+    {
+        std::lock_guard<std::mutex> lock(stateMutex);
+        focusCallback = callback;
+        focusUserData = user_data;
+    }
     *info = &stream;
     return platform().call("sound_manager_create_stream_information", {str(static_cast<int>(type))});
 }
 
 int sound_manager_destroy_stream_information(sound_stream_info_h) {
-    focusCallback = nullptr;
+    {
+        std::lock_guard<std::mutex> lock(stateMutex);
+        focusCallback = nullptr;
+    }
     return platform().call("sound_manager_destroy_stream_information");
 }
 

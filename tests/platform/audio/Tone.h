@@ -1,0 +1,23 @@
+// Tones for tests of sound: made, and looked for.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tone {
+
+using Samples = std::vector<int16_t>;
+
+// A sine of `amplitude` (full scale is 32767).
+Samples sine(double hertz, int rate, double seconds, double amplitude = 8000);
+// The amplitude of one frequency in the samples.
+double amplitudeAt(double hertz, int rate, const Samples& samples);
+// Root mean square.
+double level(const Samples& samples);
+// Left and right interleaved; the shorter decides.
+Samples stereo(const Samples& left, const Samples& right);
+// In a file of the test's own; the path.
+std::string wav(const std::string& folder, const std::string& name, int rate, int channels, const Samples& samples);
+
+}  // namespace tone

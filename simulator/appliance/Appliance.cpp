@@ -95,11 +95,15 @@ void Appliance::writeSettings() {
 }
 
 void Appliance::startService() {
+    if (access(ORVANE_SERVICE_PROGRAM, X_OK) != 0) {
+        throw std::runtime_error("there is no program " ORVANE_SERVICE_PROGRAM
+                                 "; build with -DORVANE_BUILD_PROGRAM=ON");
+    }
     mRecord->write("service starts");
     mService = std::make_unique<Process>(std::vector<std::string>{ORVANE_SERVICE_PROGRAM}, mFolder / "service.log");
     until("the service is on the bus", [this] {
         if (!mService->runs()) {
-            throw std::runtime_error("the service has ended:\n" + serviceLog());
+            throw std::runtime_error("the service ended at once, with code " + std::to_string(mService->wait()));
         }
         return mBus->hasOwner(kServiceId);
     });

@@ -111,8 +111,10 @@ void run(const Options& options) {
     } catch (...) {
         appliance.events().read();
         const std::string log = appliance.serviceLog();
-        fprintf(stderr, "the service's last words:\n%s\n",
-                log.substr(log.size() > 3000 ? log.size() - 3000 : 0).c_str());
+        if (!log.empty()) {
+            fprintf(stderr, "the service's last words:\n%s\n",
+                    log.substr(log.size() > 3000 ? log.size() - 3000 : 0).c_str());
+        }
         throw;
     }
 }

@@ -188,16 +188,16 @@ WakeupContext::Outcome WakeupContext::listen(Period period, Spotter& spotter, nu
     if (audioIn.Start() != 0) {
         return {Outcome::Failed, {}, Listener::ERROR_FROM_USER_CALLBACK, "the audio input does not start"};
     }
-    Outcome outcome;
     try {
         spotter.begin();
-        outcome = pull(period, spotter, audioIn);
+        Outcome outcome = pull(period, spotter, audioIn);
         spotter.end();
+        audioIn.Stop();
+        return outcome;
     } catch (const std::exception& fault) {
-        outcome = {Outcome::Failed, {}, Listener::VOCON_INTERNAL_ERROR, fault.what()};
+        audioIn.Stop();
+        return {Outcome::Failed, {}, Listener::VOCON_INTERNAL_ERROR, fault.what()};
     }
-    audioIn.Stop();
-    return outcome;
 }
 
 WakeupContext::Outcome WakeupContext::pull(Period period, Spotter& spotter, nuance::IWakeupAudioIn& audioIn) {

@@ -6,7 +6,7 @@
 
 #include <atomic>
 
-#include "PrivateBus.h"
+#include "support/PrivateBus.h"
 #include "VoiceRoom.h"
 #include "lib/gio/GPointer.h"
 #include "lib/gio/IoThread.h"

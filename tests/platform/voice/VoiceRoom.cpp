@@ -11,7 +11,7 @@
 #include <mutex>
 #include <thread>
 
-#include "PrivateBus.h"
+#include "support/PrivateBus.h"
 #include "audio_io.h"
 #include "lib/gio/MainLoopPost.h"
 #include "tzplatform_config.h"

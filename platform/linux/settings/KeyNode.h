@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vconf.h>
+
+#include <string>
+
+#include "lib/gio/GPointer.h"
+
+// A value as a subscriber sees it.
+struct keynode_s {
+    int type = 0;  // VCONF_TYPE_*, 0 for a key without a value or of another type
+    int number = 0;
+    double real = 0;
+    std::string text;
+};
+
+namespace settings {
+
+keynode_s nodeOf(GVariant* value);  // null: a key without a value
+
+}  // namespace settings

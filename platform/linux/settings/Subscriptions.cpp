@@ -1,0 +1,62 @@
+#include "settings/Subscriptions.h"
+
+#include <algorithm>
+
+#include "lib/gio/MainLoopPost.h"
+#include "settings/KeyNode.h"
+#include "settings/Store.h"
+
+namespace settings {
+
+namespace {
+
+bool covers(const std::string& changed, const std::string& path) {
+    return changed == path ||
+           (!changed.empty() && changed.back() == '/' && path.compare(0, changed.size(), changed) == 0);
+}
+
+}  // namespace
+
+void Subscriptions::add(const std::string& path, vconf_callback_fn callback, void* userData) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    mAll.push_back({++mLastId, path, callback, userData});
+}
+
+bool Subscriptions::remove(const std::string& path, vconf_callback_fn callback) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    const auto gone = std::remove_if(mAll.begin(), mAll.end(), [&](const Subscription& subscription) {
+        return subscription.path == path && subscription.callback == callback;
+    });
+    const bool found = gone != mAll.end();
+    mAll.erase(gone, mAll.end());
+    return found;
+}
+
+void Subscriptions::changed(const std::vector<std::string>& paths) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    for (const Subscription& subscription : mAll) {
+        if (std::any_of(paths.begin(), paths.end(),
+                        [&](const std::string& changed) { return covers(changed, subscription.path); })) {
+            postToMainLoop([this, id = subscription.id] { tell(id); });
+        }
+    }
+}
+
+// On the main loop, where subscriptions end too. The value is read now, so that what the callback is given is what a
+// read gives.
+void Subscriptions::tell(unsigned long id) {
+    Subscription subscription{};
+    {
+        std::lock_guard<std::mutex> lock(mMutex);
+        const auto found =
+            std::find_if(mAll.begin(), mAll.end(), [=](const Subscription& candidate) { return candidate.id == id; });
+        if (found == mAll.end()) {
+            return;
+        }
+        subscription = *found;
+    }
+    keynode_s node = nodeOf(Store::get().read(subscription.path).get());
+    subscription.callback(&node, subscription.userData);
+}
+
+}  // namespace settings

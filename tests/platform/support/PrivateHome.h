@@ -1,0 +1,36 @@
+// A home of the tests' own: settings and sockets in a folder that ends with the process.
+#pragma once
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+class PrivateHome {
+public:
+    PrivateHome() {
+        char name[] = "/tmp/orvane-home-XXXXXX";
+        if (mkdtemp(name) == nullptr) {
+            throw std::runtime_error("no folder under /tmp");
+        }
+        mFolder = name;
+        for (const char* variable : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {
+            const std::string folder = mFolder + "/" + variable;
+            std::filesystem::create_directory(folder);
+            std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
+            setenv(variable, folder.c_str(), 1);
+        }
+    }
+    ~PrivateHome() {
+        std::error_code ignored;
+        std::filesystem::remove_all(mFolder, ignored);
+    }
+    PrivateHome(const PrivateHome&) = delete;
+    PrivateHome& operator=(const PrivateHome&) = delete;
+
+    const std::string& folder() const { return mFolder; }
+
+private:
+    std::string mFolder;
+};

@@ -1,0 +1,23 @@
+// What a bundle is, and how it travels: a(ayay).
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "bundle.h"
+#include "lib/gio/GPointer.h"
+
+struct bundle_keyval_s {
+    std::string value;
+};
+
+struct bundle_s {
+    std::vector<std::pair<std::string, bundle_keyval_s>> entries;  // in the order of their arrival
+};
+
+namespace appfw {
+
+GVariant* toVariant(const bundle_s& bundle);  // floating
+bundle_s toBundle(GVariant* list);
+
+}  // namespace appfw

@@ -1,0 +1,45 @@
+#include "appfw/DesktopApp.h"
+
+#include <gio/gdesktopappinfo.h>
+
+#include "app_control.h"
+#include "dlog.h"
+#include "lib/gio/GPointer.h"
+
+namespace appfw {
+
+namespace {
+
+int failed(const std::string& what, const gio::Error& error) {
+    dlog_print(DLOG_ERROR, "orvane-appfw", "%s cannot be launched: %s", what.c_str(), error.message().c_str());
+    return APP_CONTROL_ERROR_LAUNCH_FAILED;
+}
+
+}  // namespace
+
+int launchDesktopApp(const std::string& id, const std::string& uri) {
+    const gio::Object<GDesktopAppInfo> app(g_desktop_app_info_new((id + ".desktop").c_str()));
+    if (!app) {
+        dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed", id.c_str());
+        return APP_CONTROL_ERROR_APP_NOT_FOUND;
+    }
+    GList only{const_cast<char*>(uri.c_str()), nullptr, nullptr};
+    gio::Error error;
+    const gboolean done =
+        g_app_info_launch_uris(G_APP_INFO(app.get()), uri.empty() ? nullptr : &only, nullptr, error.out());
+    return done ? APP_CONTROL_ERROR_NONE : failed(id, error);
+}
+
+int openInDefaultApp(const std::string& uri) {
+    const gio::Text scheme(g_uri_parse_scheme(uri.c_str()));
+    const gio::Object<GAppInfo> app(scheme ? g_app_info_get_default_for_uri_scheme(scheme.get()) : nullptr);
+    if (!app) {
+        dlog_print(DLOG_ERROR, "orvane-appfw", "no application is registered for the URI \"%s\"", uri.c_str());
+        return APP_CONTROL_ERROR_APP_NOT_FOUND;
+    }
+    GList only{const_cast<char*>(uri.c_str()), nullptr, nullptr};
+    gio::Error error;
+    return g_app_info_launch_uris(app.get(), &only, nullptr, error.out()) ? APP_CONTROL_ERROR_NONE : failed(uri, error);
+}
+
+}  // namespace appfw

@@ -1,0 +1,18 @@
+// Requests that this process sent and that wait for a reply. The IO thread takes replies in; callbacks run on the main
+// loop.
+#pragma once
+
+#include <string>
+
+#include "appfw/Request.h"
+
+namespace appfw {
+
+// A token for the request; empty without a callback.
+std::string expectReply(const app_control_s& request, app_control_reply_cb callback, void* userData);
+// The request was not delivered after all.
+void forgetReply(const std::string& token);
+// At most once a token; unknown tokens are ignored.
+void takeReply(const std::string& token, app_control_result_e result, Extras extras);
+
+}  // namespace appfw

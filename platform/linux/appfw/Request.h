@@ -1,0 +1,37 @@
+// What an app_control_h is, and how it travels. docs/dbus.md has the wire form.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app_control.h"
+#include "lib/gio/GPointer.h"
+
+struct Extra {
+    bool array = false;
+    std::vector<std::string> values;
+};
+using Extras = std::map<std::string, Extra>;
+
+struct app_control_s {
+    std::optional<std::string> appId;
+    std::optional<std::string> operation;
+    std::optional<std::string> uri;
+    Extras extras;
+    // Of a received request: who waits for the reply (unique bus name), and under which token; empty when nobody does.
+    std::string sender;
+    std::string token;
+};
+
+namespace appfw {
+
+// A text as `ay` with its terminator, whatever its bytes.
+GVariant* toBytes(const std::string& text);
+std::string fromBytes(GVariant* bytes);
+
+GVariant* toVariant(const Extras& extras);  // floating a(aybaay)
+Extras toExtras(GVariant* list);
+
+}  // namespace appfw

@@ -1,0 +1,200 @@
+// Requests between applications, over D-Bus.
+#include "app_control.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "appfw/DesktopApp.h"
+#include "appfw/Replies.h"
+#include "appfw/Request.h"
+#include "dlog.h"
+#include "lib/gio/Bus.h"
+
+namespace {
+
+using appfw::toVariant;
+using gio::Bus;
+
+constexpr char PATH[] = "/org/orvane/Application";
+constexpr char INTERFACE[] = "org.orvane.Application1";
+constexpr int LAUNCH_MILLISECONDS = 10000;  // a start of the application included
+
+int set(std::optional<std::string>& field, const char* text) {
+    text ? field = text : field = std::nullopt;
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int get(const std::optional<std::string>& field, char** text) {
+    *text = field ? strdup(field->c_str()) : nullptr;
+    return APP_CONTROL_ERROR_NONE;
+}
+
+// D-Bus texts are UTF-8; others would break the connection.
+bool isText(const std::string& text) {
+    return g_utf8_validate(text.c_str(), -1, nullptr);
+}
+
+bool isUnknown(const gio::Error& error) {
+    return g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) ||
+           g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER) ||
+           g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_METHOD) ||
+           g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_OBJECT) ||
+           g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_INTERFACE);
+}
+
+int failureOf(const std::string& id, const gio::Error& error) {
+    dlog_print(DLOG_ERROR, "orvane-appfw", "%s did not take the request: %s", id.c_str(), error.message().c_str());
+    if (!Bus::session().isOpen()) {
+        return APP_CONTROL_ERROR_IO_ERROR;
+    }
+    const bool late = g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_TIMED_OUT) ||
+                      g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY);
+    return late ? APP_CONTROL_ERROR_TIMED_OUT : APP_CONTROL_ERROR_LAUNCH_FAILED;
+}
+
+int launch(const app_control_s& request, const std::string& token) {
+    const std::string& id = *request.appId;
+    const std::string operation = request.operation.value_or("");
+    const std::string uri = request.uri.value_or("");
+    if (!g_dbus_is_name(id.c_str()) || !isText(operation) || !isText(uri)) {
+        dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed, or the request is no text",
+                   id.c_str());
+        return g_dbus_is_name(id.c_str()) ? APP_CONTROL_ERROR_INVALID_PARAMETER : APP_CONTROL_ERROR_APP_NOT_FOUND;
+    }
+    gio::Error error;
+    if (Bus::session().call(
+            id.c_str(), PATH, INTERFACE, "Launch",
+            g_variant_new("(ss@a(aybaay)s)", operation.c_str(), uri.c_str(), toVariant(request.extras), token.c_str()),
+            nullptr, error, LAUNCH_MILLISECONDS)) {
+        return APP_CONTROL_ERROR_NONE;
+    }
+    return isUnknown(error) ? appfw::launchDesktopApp(id, uri) : failureOf(id, error);
+}
+
+}  // namespace
+
+int app_control_create(app_control_h* app_control) {
+    *app_control = std::make_unique<app_control_s>().release();
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int app_control_destroy(app_control_h app_control) {
+    if (app_control == nullptr) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    const std::unique_ptr<app_control_s> owned(app_control);
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int app_control_set_app_id(app_control_h app_control, const char* app_id) {
+    return set(app_control->appId, app_id);
+}
+int app_control_set_operation(app_control_h app_control, const char* operation) {
+    return set(app_control->operation, operation);
+}
+int app_control_set_uri(app_control_h app_control, const char* uri) {
+    return set(app_control->uri, uri);
+}
+int app_control_get_app_id(app_control_h app_control, char** app_id) {
+    return get(app_control->appId, app_id);
+}
+int app_control_get_operation(app_control_h app_control, char** operation) {
+    return get(app_control->operation, operation);
+}
+int app_control_get_uri(app_control_h app_control, char** uri) {
+    return get(app_control->uri, uri);
+}
+
+int app_control_add_extra_data(app_control_h app_control, const char* key, const char* value) {
+    if (app_control == nullptr || key == nullptr || *key == 0 || value == nullptr) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    app_control->extras[key] = {false, {value}};
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int app_control_add_extra_data_array(app_control_h app_control, const char* key, const char* value[], int length) {
+    if (app_control == nullptr || key == nullptr || *key == 0 || length < 0 || (value == nullptr && length > 0)) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    app_control->extras[key] = {true, std::vector<std::string>(value, value + length)};
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int app_control_get_extra_data(app_control_h app_control, const char* key, char** value) {
+    const auto found = app_control->extras.find(key);
+    if (found == app_control->extras.end()) {
+        return APP_CONTROL_ERROR_KEY_NOT_FOUND;
+    }
+    if (found->second.array) {
+        return APP_CONTROL_ERROR_INVALID_DATA_TYPE;
+    }
+    *value = strdup(found->second.values.at(0).c_str());
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int app_control_get_extra_data_array(app_control_h app_control, const char* key, char*** value, int* length) {
+    const auto found = app_control->extras.find(key);
+    if (found == app_control->extras.end()) {
+        return APP_CONTROL_ERROR_KEY_NOT_FOUND;
+    }
+    if (!found->second.array) {
+        return APP_CONTROL_ERROR_INVALID_DATA_TYPE;
+    }
+    const std::vector<std::string>& values = found->second.values;
+    *value = static_cast<char**>(std::calloc(values.size() + 1, sizeof(char*)));
+    std::transform(values.begin(), values.end(), *value, [](const std::string& one) { return strdup(one.c_str()); });
+    *length = static_cast<int>(values.size());
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int app_control_is_extra_data_array(app_control_h app_control, const char* key, bool* array) {
+    const auto found = app_control->extras.find(key);
+    if (found == app_control->extras.end()) {
+        return APP_CONTROL_ERROR_KEY_NOT_FOUND;
+    }
+    *array = found->second.array;
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int app_control_foreach_extra_data(app_control_h app_control, app_control_extra_data_cb callback, void* user_data) {
+    const Extras extras = app_control->extras;  // the callback may add and replace
+    for (const auto& [key, extra] : extras) {
+        if (!callback(app_control, key.c_str(), user_data)) {
+            break;
+        }
+    }
+    return APP_CONTROL_ERROR_NONE;
+}
+
+int app_control_send_launch_request(app_control_h app_control, app_control_reply_cb callback, void* user_data) {
+    if (app_control == nullptr) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    if (app_control->appId.value_or("").empty()) {
+        return app_control->operation == APP_CONTROL_OPERATION_VIEW
+                   ? appfw::openInDefaultApp(app_control->uri.value_or(""))
+                   : APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    const std::string token = appfw::expectReply(*app_control, callback, user_data);
+    const int code = launch(*app_control, token);
+    if (code != APP_CONTROL_ERROR_NONE) {
+        appfw::forgetReply(token);
+    }
+    return code;
+}
+
+int app_control_reply_to_launch_request(app_control_h reply, app_control_h request, app_control_result_e result) {
+    if (reply == nullptr || request == nullptr || request->token.empty()) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    gio::Error error;
+    return Bus::session().call(request->sender.c_str(), PATH, INTERFACE, "Reply",
+                               g_variant_new("(si@a(aybaay))", request->token.c_str(), static_cast<int>(result),
+                                             toVariant(reply->extras)),
+                               nullptr, error)
+               ? APP_CONTROL_ERROR_NONE
+               : failureOf(request->sender, error);
+}

@@ -1,0 +1,83 @@
+// Events of other applications: D-Bus signals, believed only of the connection that owns the application id.
+#include "app_event.h"
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "appfw/Bundle.h"
+#include "lib/gio/Bus.h"
+#include "lib/gio/IoThread.h"
+#include "lib/gio/MainLoopPost.h"
+
+struct event_handler_s {
+    std::string name;
+    event_cb callback;
+    void* userData;
+    guint subscription;
+};
+
+namespace {
+
+// On the main loop; what is posted for a handler that has been removed finds it no more.
+std::map<event_handler_h, std::unique_ptr<event_handler_s>> handlers;
+
+// "event.", the application's id, ".", the event's own name; empty when it is not so made.
+std::string applicationOf(const std::string& event) {
+    constexpr char HEAD[] = "event.";
+    const auto end = event.rfind('.');
+    if (event.rfind(HEAD, 0) != 0 || end <= sizeof HEAD - 1) {
+        return "";
+    }
+    return event.substr(sizeof HEAD - 1, end - (sizeof HEAD - 1));
+}
+
+// The subscription is made for the application's name, so that GDBus lets pass only signals of its owner.
+void onSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* arguments,
+              gpointer data) noexcept {
+    if (!g_variant_is_of_type(arguments, G_VARIANT_TYPE("(sa(ayay))"))) {
+        return;
+    }
+    const gio::Variant entries(g_variant_get_child_value(arguments, 1));
+    postToMainLoop([handler = static_cast<event_handler_h>(data), message = appfw::toBundle(entries.get())]() mutable {
+        const auto found = handlers.find(handler);
+        if (found != handlers.end()) {
+            const std::string name = handler->name;  // the callback may remove the handler
+            handler->callback(name.c_str(), &message, handler->userData);
+        }
+    });
+}
+
+}  // namespace
+
+int event_add_event_handler(const char* event_name, event_cb callback, void* user_data,
+                            event_handler_h* event_handler) {
+    const std::string app = event_name ? applicationOf(event_name) : "";
+    if (callback == nullptr || event_handler == nullptr || !g_dbus_is_name(app.c_str())) {
+        return EVENT_ERROR_INVALID_PARAMETER;
+    }
+    const gio::Bus& bus = gio::Bus::session();
+    if (!bus.isOpen()) {
+        return EVENT_ERROR_IO_ERROR;
+    }
+    auto handler = std::make_unique<event_handler_s>(event_handler_s{event_name, callback, user_data, 0});
+    gio::IoThread::get().run([&] {
+        handler->subscription = g_dbus_connection_signal_subscribe(
+            bus.connection(), app.c_str(), "org.orvane.Event1", "Emitted", "/org/orvane/Event", event_name,
+            G_DBUS_SIGNAL_FLAGS_NONE, onSignal, handler.get(), nullptr);
+    });
+    *event_handler = handler.get();
+    handlers[*event_handler] = std::move(handler);
+    return EVENT_ERROR_NONE;
+}
+
+int event_remove_event_handler(event_handler_h event_handler) {
+    const auto found = handlers.find(event_handler);
+    if (found == handlers.end()) {
+        return EVENT_ERROR_INVALID_PARAMETER;
+    }
+    gio::IoThread::get().run(
+        [&] { g_dbus_connection_signal_unsubscribe(gio::Bus::session().connection(), event_handler->subscription); });
+    handlers.erase(found);
+    return EVENT_ERROR_NONE;
+}

@@ -1,0 +1,71 @@
+// Running applications: those whose id has an owner on the bus.
+#include "app_manager.h"
+
+#include <gio/gio.h>
+
+#include <cstring>
+#include <memory>
+#include <string>
+
+#include "appfw/AppId.h"
+#include "lib/gio/Bus.h"
+
+struct app_context_s {
+    std::string id;
+};
+
+using gio::Bus;
+
+int app_manager_is_running(const char* app_id, bool* running) {
+    if (app_id == nullptr || running == nullptr) {
+        return APP_MANAGER_ERROR_INVALID_PARAMETER;
+    }
+    if (!Bus::session().isOpen()) {
+        return APP_MANAGER_ERROR_IO_ERROR;
+    }
+    *running = g_dbus_is_name(app_id) && Bus::session().hasOwner(app_id);
+    return APP_MANAGER_ERROR_NONE;
+}
+
+int app_manager_get_app_context(const char* app_id, app_context_h* app_context) {
+    bool running = false;
+    if (const int code = app_manager_is_running(app_id, &running); code != APP_MANAGER_ERROR_NONE) {
+        return code;
+    }
+    if (!running) {
+        return APP_MANAGER_ERROR_NO_SUCH_APP;
+    }
+    *app_context = std::make_unique<app_context_s>(app_context_s{app_id}).release();
+    return APP_MANAGER_ERROR_NONE;
+}
+
+int app_context_destroy(app_context_h app_context) {
+    const std::unique_ptr<app_context_s> owned(app_context);
+    return owned ? APP_MANAGER_ERROR_NONE : APP_MANAGER_ERROR_INVALID_PARAMETER;
+}
+
+int app_manager_terminate_app(app_context_h app_context) {
+    if (app_context == nullptr) {
+        return APP_MANAGER_ERROR_INVALID_PARAMETER;
+    }
+    gio::Error error;
+    return Bus::session().call(app_context->id.c_str(), "/org/orvane/Application", "org.orvane.Application1", "Close",
+                               nullptr, nullptr, error, 5000, G_DBUS_CALL_FLAGS_NO_AUTO_START)
+               ? APP_MANAGER_ERROR_NONE
+               : APP_MANAGER_ERROR_REQUEST_FAILED;
+}
+
+int app_manager_get_app_id(pid_t pid, char** app_id) {
+    if (app_id == nullptr || pid <= 0) {
+        return APP_MANAGER_ERROR_INVALID_PARAMETER;
+    }
+    if (!Bus::session().isOpen()) {
+        return APP_MANAGER_ERROR_IO_ERROR;
+    }
+    const std::string id = appfw::appIdOf(pid);
+    if (id.empty()) {
+        return APP_MANAGER_ERROR_NO_SUCH_APP;
+    }
+    *app_id = strdup(id.c_str());
+    return APP_MANAGER_ERROR_NONE;
+}

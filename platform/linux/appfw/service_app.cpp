@@ -1,0 +1,147 @@
+// Life cycle of the service: D-Bus calls arrive on the IO thread and are queued for the main loop, which a signal or
+// Close ends.
+#include "service_app.h"
+
+#include <Ecore.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "appfw/AppId.h"
+#include "appfw/Replies.h"
+#include "appfw/Request.h"
+#include "dlog.h"
+#include "lib/gio/Bus.h"
+#include "lib/gio/MainLoopPost.h"
+
+namespace {
+
+constexpr char APP_ID[] = "org.orvane.da-service";
+constexpr char DESCRIPTION[] =
+    "<node><interface name='org.orvane.Application1'>"
+    "<method name='Launch'><arg type='s' direction='in'/><arg type='s' direction='in'/>"
+    "<arg type='a(aybaay)' direction='in'/><arg type='s' direction='in'/></method>"
+    "<method name='Reply'><arg type='s' direction='in'/><arg type='i' direction='in'/>"
+    "<arg type='a(aybaay)' direction='in'/></method><method name='Close'/></interface></node>";
+constexpr char HELP[] =
+    "Usage: orvane-da-service [--help]\n"
+    "The voice-assistant service of the appliance. It runs until SIGTERM, SIGINT or a request to close.\n"
+    "\n"
+    "Environment:\n"
+    "  DBUS_SESSION_BUS_ADDRESS  the bus of the applications\n"
+    "  DBUS_SYSTEM_BUS_ADDRESS   the bus of NetworkManager\n"
+    "  PULSE_SERVER              the sound server\n"
+    "  ORVANE_DATA_ROOT          folder of the program's data (voice/data/...)\n"
+    "  ORVANE_LOG                journal, stderr or off\n"
+    "  ORVANE_SYSFS_ROOT         where class/leds is looked for instead of /sys\n";
+
+struct App {
+    service_app_lifecycle_callback_s* callbacks;
+    void* userData;
+};
+
+app_control_s requestOf(const char* sender, GVariant* arguments) {
+    const char* operation = nullptr;
+    const char* uri = nullptr;
+    const char* token = nullptr;
+    GVariant* list = nullptr;
+    g_variant_get(arguments, "(&s&s@a(aybaay)&s)", &operation, &uri, &list, &token);
+    const gio::Variant extras(list);
+    app_control_s request;
+    request.appId = APP_ID;
+    request.operation = operation;
+    request.uri = uri;
+    request.extras = appfw::toExtras(extras.get());
+    request.sender = sender;
+    request.token = token;
+    return request;
+}
+
+void takeReply(GVariant* arguments) {
+    const char* token = nullptr;
+    gint32 result = 0;
+    GVariant* list = nullptr;
+    g_variant_get(arguments, "(&si@a(aybaay))", &token, &result, &list);
+    const gio::Variant extras(list);
+    appfw::takeReply(token, static_cast<app_control_result_e>(result), appfw::toExtras(extras.get()));
+}
+
+void quit() {
+    postToMainLoop(ecore_main_loop_quit);
+}
+
+Eina_Bool onSignal(void*, int, void*) noexcept {
+    ecore_main_loop_quit();
+    return ECORE_CALLBACK_DONE;
+}
+
+// What comes before the loop runs waits for it, and so for the end of the create callback.
+void onCall(const App& app, const char* sender, const char* method, GVariant* arguments) {
+    if (strcmp(method, "Launch") == 0) {
+        postToMainLoop([app, request = requestOf(sender, arguments)] {
+            app_control_s copy = request;
+            app.callbacks->app_control(&copy, app.userData);
+        });
+    } else if (strcmp(method, "Reply") == 0) {
+        takeReply(arguments);
+    } else {
+        quit();
+    }
+}
+
+// Served before the name is owned, so that no request finds the name without the object.
+bool join(const App& app) {
+    const gio::Bus& bus = gio::Bus::session();
+    if (!bus.isOpen()) {
+        fprintf(stderr, "%s: there is no session bus; set DBUS_SESSION_BUS_ADDRESS\n", APP_ID);
+        return false;
+    }
+    const bool served = bus.serve(
+        "/org/orvane/Application", DESCRIPTION,
+        [app](const char* sender, const char* method, GVariant* arguments, GDBusMethodInvocation* invocation) {
+            onCall(app, sender, method, arguments);
+            g_dbus_method_invocation_return_value(invocation, nullptr);
+        });
+    if (!served || !bus.own(APP_ID)) {
+        fprintf(stderr, "%s: the name is taken on the session bus: the service runs already\n", APP_ID);
+        return false;
+    }
+    appfw::setOwnAppId(APP_ID);
+    bus.whenLost([] {
+        dlog_print(DLOG_ERROR, "orvane-appfw", "the session bus has gone; the service ends");
+        quit();
+    });
+    return true;
+}
+
+int run(const App& app) {
+    ecore_app_no_system_modules();
+    if (ecore_init() == 0) {
+        fprintf(stderr, "%s: the main loop cannot be set up\n", APP_ID);
+        return EXIT_FAILURE;
+    }
+    ecore_event_handler_add(ECORE_EVENT_SIGNAL_EXIT, onSignal, nullptr);
+    int code = EXIT_FAILURE;
+    if (join(app) && app.callbacks->create(app.userData)) {
+        ecore_main_loop_begin();
+        app.callbacks->terminate(app.userData);
+        code = EXIT_SUCCESS;
+    }
+    ecore_shutdown();
+    return code;
+}
+
+}  // namespace
+
+int service_app_main(int argc, char** argv, service_app_lifecycle_callback_s* callback, void* user_data) {
+    if (argc > 1 && strcmp(argv[1], "--help") == 0) {
+        fputs(HELP, stdout);
+        return EXIT_SUCCESS;
+    }
+    if (argc > 1) {
+        fprintf(stderr, "orvane-da-service: unknown option %s; --help tells the options\n", argv[1]);
+        return 2;
+    }
+    return run({callback, user_data});
+}

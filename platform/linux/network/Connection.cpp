@@ -1,0 +1,98 @@
+#include <net_connection.h>
+
+#include <algorithm>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "lib/gio/MainLoopPost.h"
+#include "network/Monitor.h"
+
+struct connection_s {
+    connection_type_changed_cb callback = nullptr;
+    void* userData = nullptr;
+};
+
+namespace {
+
+// Handles in use. Callbacks are set, told and unset on the main loop; the list is also changed before main().
+std::mutex mutex;
+std::vector<std::unique_ptr<connection_s>>& handles() {
+    static auto* all = new std::vector<std::unique_ptr<connection_s>>;
+    return *all;
+}
+
+void tellAll(connection_type_e type) {
+    std::vector<connection_s> told;
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        for (const auto& handle : handles()) {
+            told.push_back(*handle);
+        }
+    }
+    for (const connection_s& handle : told) {
+        if (handle.callback != nullptr) {
+            handle.callback(type, handle.userData);
+        }
+    }
+}
+
+}  // namespace
+
+extern "C" {
+
+int connection_create(connection_h* connection) {
+    if (connection == nullptr) {
+        return CONNECTION_ERROR_INVALID_PARAMETER;
+    }
+    network::Monitor::get().setListener([](connection_type_e type) { postToMainLoop([type] { tellAll(type); }); });
+    std::lock_guard<std::mutex> lock(mutex);
+    handles().push_back(std::make_unique<connection_s>());
+    *connection = handles().back().get();
+    return CONNECTION_ERROR_NONE;
+}
+
+int connection_destroy(connection_h connection) {
+    std::lock_guard<std::mutex> lock(mutex);
+    auto& all = handles();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [=](const auto& handle) { return handle.get() == connection; });
+    if (found == all.end()) {
+        return CONNECTION_ERROR_INVALID_PARAMETER;
+    }
+    all.erase(found);
+    if (all.empty()) {
+        // The main loop may have ended; nobody is left to be told.
+        network::Monitor::get().setListener(nullptr);
+    }
+    return CONNECTION_ERROR_NONE;
+}
+
+int connection_get_type(connection_h connection, connection_type_e* type) {
+    if (connection == nullptr || type == nullptr) {
+        return CONNECTION_ERROR_INVALID_PARAMETER;
+    }
+    *type = network::Monitor::get().type();
+    return CONNECTION_ERROR_NONE;
+}
+
+int connection_set_type_changed_cb(connection_h connection, connection_type_changed_cb callback, void* user_data) {
+    if (connection == nullptr || callback == nullptr) {
+        return CONNECTION_ERROR_INVALID_PARAMETER;
+    }
+    std::lock_guard<std::mutex> lock(mutex);
+    connection->callback = callback;
+    connection->userData = user_data;
+    return CONNECTION_ERROR_NONE;
+}
+
+int connection_unset_type_changed_cb(connection_h connection) {
+    if (connection == nullptr) {
+        return CONNECTION_ERROR_INVALID_PARAMETER;
+    }
+    std::lock_guard<std::mutex> lock(mutex);
+    connection->callback = nullptr;
+    return CONNECTION_ERROR_NONE;
+}
+
+}  // extern "C"

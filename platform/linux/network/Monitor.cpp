@@ -1,0 +1,57 @@
+#include "network/Monitor.h"
+
+#include <gio/gio.h>
+
+#include "lib/gio/IoThread.h"
+#include "lib/gio/MainLoopPost.h"
+#include "network/NetworkManager.h"
+#include "network/Route.h"
+
+namespace network {
+
+Monitor& Monitor::get() {
+    static Monitor* instance = new Monitor;
+    return *instance;
+}
+
+Monitor::Monitor() {
+    gio::IoThread::get().post([this] { start(); });
+}
+
+void Monitor::start() {
+    g_signal_connect(
+        g_network_monitor_get_default(), "network-changed",
+        G_CALLBACK(+[](GNetworkMonitor*, gboolean, gpointer self) noexcept { static_cast<Monitor*>(self)->update(); }),
+        this);
+    mManager = new NetworkManager([this] { update(); });
+    update();
+}
+
+void Monitor::update() {
+    // The manager's first answer comes while it is being made.
+    if (mManager == nullptr) {
+        return;
+    }
+    const connection_type_e type = mManager->isRunning() ? mManager->type() : kindOfDefaultRoute();
+    std::lock_guard<std::mutex> lock(mMutex);
+    const bool changed = mKnown && type != mType;
+    mType = type;
+    mKnown = true;
+    mAnswered.notify_all();
+    if (changed && mListener) {
+        mListener(type);
+    }
+}
+
+connection_type_e Monitor::type() {
+    std::unique_lock<std::mutex> lock(mMutex);
+    mAnswered.wait_for(lock, std::chrono::seconds(1), [this] { return mKnown; });
+    return mType;
+}
+
+void Monitor::setListener(std::function<void(connection_type_e)> listener) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    mListener = std::move(listener);
+}
+
+}  // namespace network

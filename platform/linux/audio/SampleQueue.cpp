@@ -6,7 +6,7 @@
 namespace audio {
 
 void SampleQueue::push(const char* data, std::size_t bytes) {
-    std::lock_guard lock(mMutex);
+    std::unique_lock lock(mMutex);
     if (bytes > mRing.size()) {
         data = data ? data + (bytes - mRing.size()) : nullptr;
         bytes = mRing.size();
@@ -18,6 +18,8 @@ void SampleQueue::push(const char* data, std::size_t bytes) {
     }
     write(data, bytes);
     if (mWanted != 0 && mCount >= mWanted) {
+        // The reader, woken, finds the lock free.
+        lock.unlock();
         mEnough.notify_one();
     }
 }

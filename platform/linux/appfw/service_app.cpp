@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 #include "appfw/AppId.h"
 #include "appfw/Replies.h"
@@ -100,8 +101,12 @@ bool join(const App& app) {
     const bool served = bus.serve(
         "/org/orvane/Application", DESCRIPTION,
         [app](const char* sender, const char* method, GVariant* arguments, GDBusMethodInvocation* invocation) {
-            onCall(app, sender, method, arguments);
+            // A method's arguments end with its invocation; Close is answered before the loop can end.
+            const gio::Variant kept(g_variant_ref(arguments));
+            const std::string caller = sender;
+            const std::string called = method;
             g_dbus_method_invocation_return_value(invocation, nullptr);
+            onCall(app, caller.c_str(), called.c_str(), kept.get());
         });
     if (!served || !bus.own(APP_ID)) {
         fprintf(stderr, "%s: the name is taken on the session bus: the service runs already\n", APP_ID);
@@ -128,6 +133,7 @@ int run(const App& app) {
         app.callbacks->terminate(app.userData);
         code = EXIT_SUCCESS;
     }
+    gio::Bus::session().flush();  // the answer to Close, and what the callbacks sent last
     ecore_shutdown();
     return code;
 }

@@ -118,6 +118,13 @@ bool Bus::serve(const char* path, const char* description, Handler handler) cons
     return served;
 }
 
+void Bus::flush() const {
+    if (isOpen()) {
+        Error error;
+        g_dbus_connection_flush_sync(mConnection.get(), nullptr, error.out());  // fails only when the bus has gone
+    }
+}
+
 void Bus::whenLost(std::function<void()> then) const {
     if (mConnection) {
         g_signal_connect_data(mConnection.get(), "closed", G_CALLBACK(onClosed),

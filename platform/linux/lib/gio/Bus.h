@@ -35,6 +35,9 @@ public:
                                        GDBusMethodInvocation* invocation)>;
     bool serve(const char* path, const char* description, Handler handler) const;
 
+    // Blocks until everything that was sent has left the process.
+    void flush() const;
+
     // Called once on the IO thread when the bus has gone.
     void whenLost(std::function<void()> then) const;
 

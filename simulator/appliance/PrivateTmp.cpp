@@ -54,13 +54,16 @@ bool separate() {
 }  // namespace
 
 bool enterPrivateTmp() {
+    if (!separate() || mount(nullptr, "/", nullptr, MS_REC | MS_SLAVE, nullptr) != 0) {
+        return false;
+    }
+    // Only now: a folder that was opened in the namespace before cannot be mounted in this one.
     std::vector<Kept> kept;
     keep(kept, std::filesystem::current_path());
     keep(kept, ORVANE_SOURCE_DATA);
     keep(kept, std::filesystem::path(ORVANE_SERVICE_PROGRAM).parent_path());
     keep(kept, std::filesystem::path(ORVANE_SIM_APP).parent_path());
-    if (!separate() || mount(nullptr, "/", nullptr, MS_REC | MS_SLAVE, nullptr) != 0 ||
-        mount("tmpfs", "/tmp", "tmpfs", MS_NOSUID | MS_NODEV, "mode=1777") != 0) {
+    if (mount("tmpfs", "/tmp", "tmpfs", MS_NOSUID | MS_NODEV, "mode=1777") != 0) {
         return false;
     }
     show(kept);

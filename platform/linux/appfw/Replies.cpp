@@ -1,8 +1,10 @@
 #include "appfw/Replies.h"
 
 #include <mutex>
+#include <vector>
 
-#include "lib/gio/GPointer.h"
+#include "lib/gio/Bus.h"
+#include "lib/gio/IoThread.h"
 #include "lib/gio/MainLoopPost.h"
 
 namespace appfw {
@@ -13,10 +15,47 @@ struct Expected {
     app_control_s request;
     app_control_reply_cb callback;
     void* userData;
+    std::string peer;
 };
 
 std::mutex mutex;
 std::map<std::string, Expected> expected;
+
+std::vector<std::string> tokensOf(const std::string& peer) {
+    std::lock_guard lock(mutex);
+    std::vector<std::string> tokens;
+    for (const auto& [token, waiting] : expected) {
+        if (waiting.peer == peer) {
+            tokens.push_back(token);
+        }
+    }
+    return tokens;
+}
+
+// Comes after all that the connection sent, its replies included.
+void onOwnerChanged(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* arguments,
+                    gpointer) noexcept {
+    const char* name = nullptr;
+    const char* after = nullptr;
+    g_variant_get(arguments, "(&s&s&s)", &name, nullptr, &after);
+    if (*name != ':' || *after != 0) {
+        return;
+    }
+    for (const std::string& token : tokensOf(name)) {
+        takeReply(token, APP_CONTROL_RESULT_FAILED, {});
+    }
+}
+
+void watchPeers() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        gio::IoThread::get().run([] {
+            g_dbus_connection_signal_subscribe(gio::Bus::session().connection(), "org.freedesktop.DBus",
+                                               "org.freedesktop.DBus", "NameOwnerChanged", "/org/freedesktop/DBus",
+                                               nullptr, G_DBUS_SIGNAL_FLAGS_NONE, onOwnerChanged, nullptr, nullptr);
+        });
+    });
+}
 
 }  // namespace
 
@@ -26,8 +65,24 @@ std::string expectReply(const app_control_s& request, app_control_reply_cb callb
     }
     const gio::Text token(g_uuid_string_random());  // so that other applications cannot guess it
     std::lock_guard lock(mutex);
-    expected.insert({token.get(), {request, callback, userData}});
+    expected.insert({token.get(), {request, callback, userData, ""}});
     return token.get();
+}
+
+void expectReplyFrom(const std::string& token, const std::string& peer) {
+    watchPeers();
+    {
+        std::lock_guard lock(mutex);
+        const auto found = expected.find(token);
+        if (found == expected.end()) {
+            return;  // answered already
+        }
+        found->second.peer = peer;
+    }
+    // It may have left before its departure could be noticed here.
+    if (peer.empty() || !gio::Bus::session().hasOwner(peer)) {
+        takeReply(token, APP_CONTROL_RESULT_FAILED, {});
+    }
 }
 
 void forgetReply(const std::string& token) {

@@ -12,6 +12,9 @@ namespace appfw {
 std::string expectReply(const app_control_s& request, app_control_reply_cb callback, void* userData);
 // The request was not delivered after all.
 void forgetReply(const std::string& token);
+// The request was delivered to this connection (unique bus name; empty: it has gone already). When it leaves the bus
+// before it has answered, the result is a failure.
+void expectReplyFrom(const std::string& token, const std::string& peer);
 // At most once a token; unknown tokens are ignored.
 void takeReply(const std::string& token, app_control_result_e result, Extras extras);
 

@@ -68,6 +68,9 @@ int launch(const app_control_s& request, const std::string& token) {
             id.c_str(), PATH, INTERFACE, "Launch",
             g_variant_new("(ss@a(aybaay)s)", operation.c_str(), uri.c_str(), toVariant(request.extras), token.c_str()),
             nullptr, error, LAUNCH_MILLISECONDS)) {
+        if (!token.empty()) {
+            appfw::expectReplyFrom(token, Bus::session().ownerOf(id));
+        }
         return APP_CONTROL_ERROR_NONE;
     }
     return isUnknown(error) ? appfw::launchDesktopApp(id, uri) : failureOf(id, error);

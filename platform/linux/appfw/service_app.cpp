@@ -126,6 +126,9 @@ int run(const App& app) {
         fprintf(stderr, "%s: the main loop cannot be set up\n", APP_ID);
         return EXIT_FAILURE;
     }
+    // Deleting a timer that has ended by itself is harmless, but prints a backtrace each time.
+    eina_log_domain_level_set("eo", EINA_LOG_LEVEL_CRITICAL);
+    eina_log_domain_level_set("ecore", EINA_LOG_LEVEL_CRITICAL);
     ecore_event_handler_add(ECORE_EVENT_SIGNAL_EXIT, onSignal, nullptr);
     int code = EXIT_FAILURE;
     if (join(app) && app.callbacks->create(app.userData)) {

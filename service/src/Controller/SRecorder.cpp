@@ -12,6 +12,14 @@ namespace {
 
 constexpr useconds_t PAUSE_US = 1000;
 
+// Square of the little-endian sample at the start of `bytes` bytes, 4 at most.
+inline long long squareAt(const char* data, size_t bytes) {
+    uint32_t word = 0;
+    memcpy(&word, data, bytes);
+    const int sample = static_cast<int16_t>(word);
+    return sample * sample;
+}
+
 }  // namespace
 
 SRecorder::SRecorder() {
@@ -126,13 +134,16 @@ void SRecorder::deliver(char* buffer, int size) {
 }
 
 float SRecorder::_get_volume_decibel(char* data, int size) {
-    long long sum = 0;
     const int samples = size < 1 ? 0 : (size - 1) / 4 + 1;
-    for (int i = 0; i < samples; ++i) {
-        int16_t sample = 0;
-        // The last sample of an odd-sized block has one byte.
-        memcpy(&sample, data + i * 4, size - i * 4 < 2 ? 1 : 2);
-        sum += sample * sample;
+    long long sum = 0;
+    // All but the last sample have the skipped one behind them: whole words, of which the compiler takes several at
+    // once.
+    for (int i = 0; i < samples - 1; ++i) {
+        sum += squareAt(data + i * 4, 4);
+    }
+    if (samples > 0) {
+        const int last = (samples - 1) * 4;
+        sum += squareAt(data + last, size - last < 4 ? size - last : 4);
     }
     const float mean = samples == 0 ? 0.0f : static_cast<float>(sum) / static_cast<float>(samples);
     const float rms = sqrtf(mean);

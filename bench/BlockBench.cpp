@@ -1,0 +1,72 @@
+// What one audio block costs from the recorder to the engine, beside the least that its work could cost.
+#include <benchmark/benchmark.h>
+#include <string.h>
+
+#include <memory>
+#include <mutex>
+
+#include "Controller/SRecorder.h"
+#include "Controller/Trigger/vocon_4_10/WakeupAudioIn.h"
+
+namespace {
+
+constexpr int BLOCK = 512;  // bytes, 256 samples
+
+// The recorder without a device: blocks come from the benchmark.
+class BenchRecorder : public OrvaneDA::SRecorder {
+public:
+    using SRecorder::deliver;
+    int _audio_init() override { return 0; }
+    int _audio_prepare() override { return 0; }
+    void _audio_record() override {}
+    int _audio_unprepare() override { return 0; }
+    int _audio_deinit() override { return 0; }
+};
+
+char* noise() {
+    static char block[BLOCK];
+    for (int i = 0; i < BLOCK; ++i) {
+        block[i] = static_cast<char>(i * 37);
+    }
+    return block;
+}
+
+void BlockFromRecorderToEngine(benchmark::State& state) {
+    char* block = noise();
+    BenchRecorder recorder;
+    OrvaneDA::WakeupAudioIn feed;
+    feed.setEnabled(true);
+    recorder.addListener(&feed);
+    for (auto _ : state) {
+        recorder.deliver(block, BLOCK);
+        void* data = nullptr;
+        unsigned int size = 0;
+        feed.FetchData(data, size);
+        benchmark::DoNotOptimize(data);
+        feed.ReturnData(data);
+    }
+}
+BENCHMARK(BlockFromRecorderToEngine);
+
+// One allocation, copy and free of the block, and one lock that nobody else holds.
+void BlockFloor(benchmark::State& state) {
+    char* block = noise();
+    std::mutex mutex;
+    for (auto _ : state) {
+        std::unique_ptr<char[]> copy(new char[BLOCK]);
+        memcpy(copy.get(), block, BLOCK);
+        std::lock_guard<std::mutex> lock(mutex);
+        benchmark::DoNotOptimize(copy.get());
+    }
+}
+BENCHMARK(BlockFloor);
+
+void LevelOfABlock(benchmark::State& state) {
+    char* block = noise();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(OrvaneDA::SRecorder::_get_volume_decibel(block, BLOCK));
+    }
+}
+BENCHMARK(LevelOfABlock);
+
+}  // namespace

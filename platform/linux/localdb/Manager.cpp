@@ -1,0 +1,137 @@
+#include "localdb/Manager.h"
+
+#include <sys/statvfs.h>
+
+#include <filesystem>
+
+#include "lib/sqlite/Statement.h"
+#include "localdb/Location.h"
+
+namespace {
+
+constexpr int kBusyMilliseconds = 5000;
+
+// The first look at the file: one that is no database is told here.
+void look(sqlite::Database& database) {
+    database.execute("SELECT count(*) FROM sqlite_master");
+}
+
+// One of several processes that open a new file at once makes the switch; the others may find the file locked and go
+// on with what it is, since the file itself remembers the mode.
+void keepReadersFromWaiting(sqlite::Database& database) {
+    try {
+        database.execute("PRAGMA journal_mode=WAL");
+    } catch (const sqlite::Error& error) {
+        if (error.code() != SQLITE_BUSY) {
+            throw;
+        }
+    }
+}
+
+bool isOnReadOnlyMedium(const std::string& file) {
+    struct statvfs medium {};
+    return statvfs(file.c_str(), &medium) == 0 && (medium.f_flag & ST_RDONLY) != 0;
+}
+
+bool hasPendingLog(const std::string& file) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(file + "-wal", error);
+    return !error && size > 0;
+}
+
+std::string uriOf(const std::string& file) {
+    std::string uri = "file:";
+    for (const char letter : file) {
+        uri += letter == '%' ? "%25" : letter == '?' ? "%3f" : letter == '#' ? "%23" : std::string(1, letter);
+    }
+    return uri + "?immutable=1";
+}
+
+bool hasTable(sqlite::Database& database, const std::string& table) {
+    sqlite::Statement query(database,
+                            "SELECT 1 FROM sqlite_master WHERE type IN ('table', 'view') AND name = ? COLLATE NOCASE");
+    return query.bind(1, table).step();
+}
+
+void insert(sqlite::Database& database, const std::string& table, const vrd_manager_s::Records& records) {
+    sqlite::Statement row(database, "INSERT INTO " + table + " (record, position, field, value) VALUES (?, ?, ?, ?)");
+    int number = 0;
+    for (const vrd_bundle_s* record : records) {
+        int position = 0;
+        for (const auto& [field, value] : record->fields) {
+            row.bind(1, number).bind(2, position++).bind(3, field).bind(4, value).run();
+        }
+        ++number;
+    }
+}
+
+}  // namespace
+
+vrd_manager_s::vrd_manager_s(const std::string& name) : mName(name), mFile(localdb::fileOf(name)) {
+    open();
+}
+
+void vrd_manager_s::open() {
+    try {
+        mDatabase =
+            std::make_unique<sqlite::Database>(mFile, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, kBusyMilliseconds);
+        mDatabase->execute("PRAGMA trusted_schema=OFF; PRAGMA synchronous=FULL");
+        look(*mDatabase);
+        keepReadersFromWaiting(*mDatabase);
+    } catch (const sqlite::Error& error) {
+        if (error.code() != SQLITE_READONLY && error.code() != SQLITE_CANTOPEN) {
+            throw;
+        }
+        openForReading();
+    }
+    stat(mFile.c_str(), &mOpened);
+}
+
+// A database that was closed in order has no log beside it, and on a medium that nobody can write none can be made: it
+// is then read as the file alone.
+void vrd_manager_s::openForReading() {
+    const bool alone = isOnReadOnlyMedium(mFile) && !hasPendingLog(mFile);
+    const int flags = SQLITE_OPEN_READONLY | (alone ? SQLITE_OPEN_URI : 0);
+    mDatabase = std::make_unique<sqlite::Database>(alone ? uriOf(mFile) : mFile, flags, kBusyMilliseconds);
+    look(*mDatabase);
+}
+
+bool vrd_manager_s::wasReplaced() const {
+    struct stat now {};
+    return stat(mFile.c_str(), &now) != 0 || now.st_ino != mOpened.st_ino || now.st_dev != mOpened.st_dev;
+}
+
+// Someone may remove the file or put another in its place: what is asked from now on is asked of that one.
+sqlite::Database& vrd_manager_s::database() {
+    if (!mDatabase || wasReplaced()) {
+        mDatabase.reset();
+        localdb::fileOf(mName);
+        open();
+    }
+    return *mDatabase;
+}
+
+bool vrd_manager_s::walk(const std::string& table, const Visitor& visitor) {
+    sqlite::Database& opened = database();
+    if (!hasTable(opened, table)) {
+        return false;
+    }
+    sqlite::Statement rows(opened,
+                           "SELECT field, kind, value FROM " + sqlite::quoted(table) + " ORDER BY record, position");
+    while (rows.step() && visitor(rows.text(0), rows.number(1), rows.text(2))) {
+    }
+    return true;
+}
+
+void vrd_manager_s::replace(const Records& records) {
+    sqlite::Database& opened = database();
+    const std::string table = sqlite::quoted(mName);
+    sqlite::Transaction update(opened);
+    opened.execute("CREATE TABLE IF NOT EXISTS " + table +
+                   " (record INTEGER NOT NULL, position INTEGER NOT NULL, field TEXT NOT NULL,"
+                   " kind INTEGER NOT NULL DEFAULT 1, value TEXT NOT NULL, PRIMARY KEY (record, position))"
+                   " WITHOUT ROWID");
+    opened.execute("DELETE FROM " + table);
+    insert(opened, table, records);
+    update.commit();
+}

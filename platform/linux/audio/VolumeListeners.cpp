@@ -1,0 +1,94 @@
+#include "audio/VolumeListeners.h"
+
+#include <algorithm>
+
+#include "audio/Levels.h"
+#include "audio/SoundEvents.h"
+
+namespace audio {
+
+VolumeListeners& VolumeListeners::get() {
+    // Never destroyed: the sound thread may still look while the process ends.
+    static VolumeListeners* instance = new VolumeListeners;
+    return *instance;
+}
+
+VolumeListeners::VolumeListeners() {
+    SoundEvents::get().volumes([this] { look(); });
+}
+
+VolumeListeners::Listeners::iterator VolumeListeners::find(sound_manager_volume_changed_cb callback, void* data) {
+    return std::find_if(mListeners.begin(), mListeners.end(),
+                        [&](const auto& each) { return each->callback == callback && each->data == data; });
+}
+
+void VolumeListeners::add(sound_manager_volume_changed_cb callback, void* data) {
+    learn();
+    std::lock_guard lock(mMutex);
+    if (find(callback, data) == mListeners.end()) {
+        auto listener = std::make_shared<Listener>();
+        listener->callback = callback;
+        listener->data = data;
+        mListeners.push_back(std::move(listener));
+    }
+}
+
+bool VolumeListeners::remove(sound_manager_volume_changed_cb callback, void* data) {
+    std::shared_ptr<Listener> listener;
+    {
+        std::lock_guard lock(mMutex);
+        const auto found = find(callback, data);
+        if (found == mListeners.end()) {
+            return false;
+        }
+        listener = *found;
+        mListeners.erase(found);
+    }
+    listener->registration.end();
+    return true;
+}
+
+// What is known already is left to look(), which tells of changes.
+void VolumeListeners::learn() {
+    for (const sound_type_e type : kSoundTypes) {
+        {
+            std::lock_guard lock(mMutex);
+            if (mKnown.count(type) != 0) {
+                continue;
+            }
+        }
+        if (const auto level = readLevel(type)) {
+            std::lock_guard lock(mMutex);
+            mKnown.emplace(type, *level);
+        }
+    }
+}
+
+bool VolumeListeners::changes(sound_type_e type, int level) {
+    std::lock_guard lock(mMutex);
+    const auto [known, isNew] = mKnown.emplace(type, level);
+    if (isNew || known->second == level) {
+        return false;
+    }
+    known->second = level;
+    return true;
+}
+
+void VolumeListeners::look() {
+    for (const sound_type_e type : kSoundTypes) {
+        const auto level = readLevel(type);
+        if (!level || !changes(type, *level)) {
+            continue;
+        }
+        Listeners listeners;
+        {
+            std::lock_guard lock(mMutex);
+            listeners = mListeners;
+        }
+        for (const auto& each : listeners) {
+            each->registration.call([&] { each->callback(type, static_cast<unsigned>(*level), each->data); });
+        }
+    }
+}
+
+}  // namespace audio

@@ -1,0 +1,48 @@
+// What callbacks have told a test, in their order, and on which thread.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "audio/SoundThread.h"
+
+template <typename Report>
+class Reports {
+public:
+    void add(const Report& report) {
+        std::lock_guard lock(mMutex);
+        mAll.push_back(report);
+        mStray = mStray || !audio::SoundThread::get().isCurrent();
+        mChanged.notify_all();
+    }
+    // False when it does not come within ten seconds.
+    bool await(const Report& report) {
+        std::unique_lock lock(mMutex);
+        return mChanged.wait_for(lock, std::chrono::seconds(10), [&] {
+            for (const Report& each : mAll) {
+                if (each == report) {
+                    return true;
+                }
+            }
+            return false;
+        });
+    }
+    std::vector<Report> all() {
+        std::lock_guard lock(mMutex);
+        return mAll;
+    }
+    // Something came on another thread than the sound room's own.
+    bool stray() {
+        std::lock_guard lock(mMutex);
+        return mStray;
+    }
+
+private:
+    std::mutex mMutex;
+    std::condition_variable mChanged;
+    std::vector<Report> mAll;
+    bool mStray = false;
+};

@@ -1,0 +1,67 @@
+#include "hub/Answers.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "lib/json/BoundedJson.h"
+
+namespace hub {
+
+namespace {
+
+using nlohmann::json;
+
+constexpr std::size_t kMostRecords = 10000;
+
+std::string text(const json& object, const char* key) {
+    const auto found = object.find(key);
+    return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
+}
+
+json parseObject(const std::string& answer) {
+    json root = ::json::parseBounded(answer);
+    if (!root.is_object()) {
+        throw std::invalid_argument("no JSON object");
+    }
+    return root;
+}
+
+Named readNamed(const json& element, std::size_t longestId) {
+    if (!element.is_object()) {
+        throw std::invalid_argument("an element that is no object");
+    }
+    Named named{text(element, "id"), text(element, "name")};
+    if (named.id.empty() || named.id.size() > longestId || named.id.find('\0') != std::string::npos) {
+        throw std::invalid_argument("an id that is missing or cannot be one");
+    }
+    return named;
+}
+
+}  // namespace
+
+std::string readSessionToken(const std::string& answer) {
+    std::string token = text(parseObject(answer), "session_token");
+    const auto control = [](unsigned char letter) { return letter < ' ' || letter == 0x7f; };
+    if (token.empty() || std::any_of(token.begin(), token.end(), control)) {
+        throw std::invalid_argument("no session token");
+    }
+    return token;
+}
+
+std::vector<Named> readList(const std::string& answer, const char* key, std::size_t longestId) {
+    const json root = parseObject(answer);
+    const auto list = root.find(key);
+    if (list == root.end() || !list->is_array()) {
+        throw std::invalid_argument(std::string("no list of ") + key);
+    }
+    if (list->size() > kMostRecords) {
+        throw std::invalid_argument(std::string("too many ") + key);
+    }
+    std::vector<Named> all;
+    for (const json& element : *list) {
+        all.push_back(readNamed(element, longestId));
+    }
+    return all;
+}
+
+}  // namespace hub

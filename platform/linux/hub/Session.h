@@ -1,0 +1,24 @@
+// A session with the hub server, over HTTP as docs/hub-http.md describes it. Every call but the constructor blocks for
+// the network. Neither tokens nor names ever reach the log.
+#pragma once
+
+#include "hub/Answers.h"
+#include "lib/curl/Client.h"
+
+struct ks_server_s {
+public:
+    // All of these throw hub::Fault.
+    ks_server_s();
+
+    void signIn(const std::string& guid, const std::string& accessToken, const std::string& clientId,
+                const std::string& serverUri);
+    std::vector<hub::Named> families();
+    std::vector<hub::Named> usersOf(const std::string& familyId);
+
+private:
+    std::vector<hub::Named> list(const std::string& path, const char* key, std::size_t longestId);
+
+    curl::Client mClient;
+    std::string mBase;   // empty: not signed in
+    std::string mToken;  // of the session
+};

@@ -96,7 +96,8 @@ void Appliance::writeSettings() {
 
 void Appliance::startService() {
     if (access(ORVANE_SERVICE_PROGRAM, X_OK) != 0) {
-        throw std::runtime_error("there is no program " ORVANE_SERVICE_PROGRAM "; build it first");
+        throw std::runtime_error("there is no program " ORVANE_SERVICE_PROGRAM
+                                 "; build with -DORVANE_BUILD_PROGRAM=ON");
     }
     mRecord->write("service starts");
     mService = std::make_unique<Process>(std::vector<std::string>{ORVANE_SERVICE_PROGRAM}, mFolder / "service.log");
@@ -113,6 +114,12 @@ void Appliance::startService() {
 void Appliance::stopService() {
     mService.reset();
     mRecord->write("service stopped");
+}
+
+void Appliance::killService() {
+    mService->kill();
+    mService.reset();
+    mRecord->write("service killed");
 }
 
 void Appliance::say(const std::string& text, const std::string& voice) {
@@ -150,6 +157,15 @@ void Appliance::kill(const std::string& application) {
 void Appliance::network(const std::string& kind) {
     mSystem->call(kNetwork, kControlPath, kControlInterface, "Do", g_variant_new("(ss)", "network", kind.c_str()));
     mRecord->write("network", {{"kind", kind}});
+}
+
+void Appliance::restartSound() {
+    mRoom->restart();
+    mRecord->write("sound server restarted");
+}
+
+std::vector<Database::Fields> Appliance::table(const std::string& database, const std::string& table) const {
+    return Database(database).read(table);
 }
 
 void Appliance::turnPage() {

@@ -11,6 +11,7 @@
 #include "appliance/Process.h"
 #include "appliance/Room.h"
 #include "lib/Bus.h"
+#include "lib/Database.h"
 #include "lib/Record.h"
 #include "lib/Settings.h"
 
@@ -29,7 +30,7 @@ public:
     void startService();
     void stopService();
     // The end of a process that had no time to say good-bye.
-    void killService() { mService.reset(); }
+    void killService();
     bool serviceRuns() { return mService && mService->runs(); }
 
     void say(const std::string& text, const std::string& voice = "slt");
@@ -38,6 +39,10 @@ public:
     void launch(const std::string& application);
     void kill(const std::string& application);
     void network(const std::string& kind);
+    // Dies and comes back; the microphone and all streams with it.
+    void restartSound();
+    // The records of a local database's table.
+    std::vector<Database::Fields> table(const std::string& database, const std::string& table) const;
     bool runs(const std::string& application) { return mBus->hasOwner(application); }
 
     // What follows waits only for events from now on.

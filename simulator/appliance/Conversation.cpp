@@ -5,9 +5,9 @@ namespace sim {
 namespace {
 
 constexpr Turn kTurns[] = {
-    {"open music", "org.orvane.sim.music", "launch"},
+    {"open music", kMusic, "launch"},
     {"go to the home screen", kHomeScreen, "launch"},
-    {"close music", "org.orvane.sim.music", "closed"},
+    {"close music", kMusic, "closed"},
     {"show me the recipe for pancakes", "org.tizen.recipesvc", "voice result"},
     {"search for apple pie", kViewer, "opened"},
 };

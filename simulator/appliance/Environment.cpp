@@ -16,12 +16,14 @@ struct App {
 constexpr App kApps[] = {
     {"ui", kUi},
     {"app", kHomeScreen},
-    {"app", "org.orvane.sim.music"},
+    {"music", kMusic},
     {"app", "org.orvane.sim.notes"},
     {"app", "org.orvane.sim.timer"},
     {"recipe", "org.tizen.recipesvc"},
     {"recipe", "org.tizen.webdatabaseserviceapp"},
     {"viewer", kViewer},
+    {"account", kAccount},
+    {"briefing", kBriefing},
 };
 
 void writeBus(const Folder& folder, const std::string& type, const std::string& services) {
@@ -76,6 +78,7 @@ void prepareEnvironment(const Folder& folder) {
     set("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + (folder / "system.bus"));
     set("PULSE_SERVER", "unix:" + (folder / "pulse.socket"));
     set("ORVANE_DATA_ROOT", ORVANE_SOURCE_DATA);
+    set("ORVANE_SIM_ACCOUNT", folder / "account.json");
     set("ORVANE_SIM_RECORDS", folder.make("records"));
     writeApplications(folder);
     writeBus(folder, "session", "<servicedir>" + (folder / "share/dbus-1/services") + "</servicedir>");

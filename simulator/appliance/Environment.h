@@ -9,6 +9,9 @@ namespace sim {
 inline constexpr char kUi[] = "org.tizen.orvane-da";
 inline constexpr char kHomeScreen[] = "org.tizen.menu-screen";
 inline constexpr char kViewer[] = "org.orvane.sim.viewer";
+inline constexpr char kMusic[] = "org.orvane.sim.music";
+inline constexpr char kBriefing[] = "org.orvane.sim.briefing";
+inline constexpr char kAccount[] = ORVANE_ACCOUNT_SERVICE_ID;
 inline constexpr char kNetwork[] = "org.freedesktop.NetworkManager";
 inline constexpr const char* kRecipeApps[] = {"org.tizen.recipesvc", "org.tizen.webdatabaseserviceapp"};
 

@@ -7,21 +7,44 @@
 
 namespace sim {
 
-Room::Room(const Folder& folder, const std::string& microphone) : mFolder(folder) {
-    const std::string socket = folder / "pulse.socket";
-    const std::string source = microphone.empty()
-                                   ? "load-module module-remap-source master=room.monitor source_name=mic\n"
-                                   : "load-module module-tunnel-source source_name=mic server=" + microphone + "\n";
-    const std::string script =
-        folder.write("pulse.pa", "load-module module-null-sink sink_name=room rate=16000 channels=1\n" + source +
-                                     "set-default-sink room\nset-default-source mic\n"
-                                     "load-module module-native-protocol-unix auth-anonymous=1 socket=" +
-                                     socket + "\n");
+namespace {
+
+std::string script(const std::string& socket, const std::string& person) {
+    std::string lines =
+        "load-module module-null-sink sink_name=room rate=16000 channels=1\n"
+        "load-module module-null-sink sink_name=loudspeaker\nset-default-sink loudspeaker\n";
+    if (person.empty()) {
+        lines += "load-module module-remap-source master=room.monitor source_name=mic\n";
+    } else {
+        lines += "load-module module-tunnel-source source_name=mic server=" + person +
+                 "\n.nofail\nload-module module-tunnel-sink sink_name=persons server=" + person +
+                 "\nset-default-sink persons\n.fail\n";
+    }
+    return lines + "set-default-source mic\nload-module module-native-protocol-unix auth-anonymous=1 socket=" + socket +
+           "\n";
+}
+
+}  // namespace
+
+Room::Room(const Folder& folder, const std::string& microphone)
+    : mFolder(folder),
+      mSocket(folder / "pulse.socket"),
+      mScript(folder.write("pulse.pa", script(mSocket, microphone))) {
+    start();
+}
+
+void Room::restart() {
+    mServer->kill();
+    std::filesystem::remove(mSocket);
+    start();
+}
+
+void Room::start() {
     mServer =
         std::make_unique<Process>(std::vector<std::string>{"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no",
-                                                           "--exit-idle-time=-1", "-F", script},
-                                  folder / "pulse.log");
-    for (int polls = 0; !std::filesystem::exists(socket); ++polls) {
+                                                           "--exit-idle-time=-1", "-F", mScript},
+                                  mFolder / "pulse.log");
+    for (int polls = 0; !std::filesystem::exists(mSocket); ++polls) {
         if (!mServer->runs() || polls > 2000) {
             throw std::runtime_error("the sound server does not start");
         }

@@ -1,4 +1,5 @@
-// A room without a sound card: what is played into it is what its microphone hears.
+// A room without a sound card: what is played into it is what its microphone hears. What the appliance itself plays
+// does not come back through the microphone, as if an echo canceller were perfect.
 #pragma once
 
 #include <memory>
@@ -12,16 +13,22 @@ namespace sim {
 class Room {
 public:
     // `microphone`: address of another sound server whose default source is the microphone; empty: the room's own
-    // sound.
+    // sound. With one, the appliance plays on that server too.
     Room(const Folder& folder, const std::string& microphone);
 
     // A WAV file, played to its end. Throws std::runtime_error.
     void play(const std::string& wav);
     // Someone records from the microphone.
     bool isHeard();
+    // The sound server dies and comes back.
+    void restart();
 
 private:
+    void start();
+
     const Folder& mFolder;
+    std::string mSocket;
+    std::string mScript;
     std::unique_ptr<Process> mServer;
 };
 

@@ -1,9 +1,13 @@
 // One program for all simulated applications: orvane-sim-app ROLE ID. The bus starts it.
 #include <cstdio>
 #include <exception>
+#include <map>
 #include <memory>
 #include <string>
 
+#include "apps/Account.h"
+#include "apps/Briefing.h"
+#include "apps/MusicPlayer.h"
 #include "apps/NetworkManager.h"
 #include "apps/RecipeApp.h"
 #include "apps/UiApp.h"
@@ -11,24 +15,24 @@
 
 namespace {
 
-std::unique_ptr<sim::Application> make(const std::string& role, const std::string& id) {
-    if (role == "ui") {
-        return std::make_unique<sim::UiApp>(id);
-    }
-    if (role == "recipe") {
-        return std::make_unique<sim::RecipeApp>(id);
-    }
-    if (role == "viewer") {
-        return std::make_unique<sim::Viewer>(id);
-    }
-    return role == "app" ? std::make_unique<sim::Application>(id) : nullptr;
+using Make = std::unique_ptr<sim::Application> (*)(const std::string& id);
+
+template <typename Role>
+std::unique_ptr<sim::Application> make(const std::string& id) {
+    return std::make_unique<Role>(id);
 }
+
+const std::map<std::string, Make> kRoles = {
+    {"account", make<sim::Account>},   {"app", make<sim::Application>},  {"briefing", make<sim::Briefing>},
+    {"music", make<sim::MusicPlayer>}, {"recipe", make<sim::RecipeApp>}, {"ui", make<sim::UiApp>},
+    {"viewer", make<sim::Viewer>},
+};
 
 }  // namespace
 
 int main(int count, char** arguments) {
     if (count != 3) {
-        fprintf(stderr, "usage: orvane-sim-app app|ui|recipe|viewer|network ID\n");
+        fprintf(stderr, "usage: orvane-sim-app account|app|briefing|music|network|recipe|ui|viewer ID\n");
         return 2;
     }
     try {
@@ -36,12 +40,12 @@ int main(int count, char** arguments) {
             sim::NetworkManager(arguments[2]).run();
             return 0;
         }
-        const auto application = make(arguments[1], arguments[2]);
-        if (!application) {
+        const auto role = kRoles.find(arguments[1]);
+        if (role == kRoles.end()) {
             fprintf(stderr, "orvane-sim-app: no role %s\n", arguments[1]);
             return 2;
         }
-        application->run();
+        role->second(arguments[2])->run();
         return 0;
     } catch (const std::exception& fault) {
         fprintf(stderr, "orvane-sim-app: %s: %s\n", arguments[2], fault.what());

@@ -1,6 +1,5 @@
 // Requests over HTTP and HTTPS, one after the other, over connections that are kept between them. Used by one thread at
-// a time; every request blocks until its answer or a limit. Certificates are always checked; an answer that sends
-// elsewhere is an answer like others, so that nobody but the asked host ever gets what is sent.
+// a time; every request blocks until its answer or a limit. Certificates are always checked.
 #pragma once
 
 #include <curl/curl.h>
@@ -13,7 +12,7 @@ namespace curl {
 
 struct Limits {
     long connectMilliseconds;
-    long requestMilliseconds;  // the connecting included
+    long requestMilliseconds;  // redirections included
     std::size_t answerBytes;
 };
 
@@ -38,7 +37,8 @@ public:
     Client(const Client&) = delete;
     Client& operator=(const Client&) = delete;
 
-    // Throw Error when there is no whole answer.
+    // `bearer` is sent to the URL's own host alone, wherever it redirects to. Throw Error when there is no whole
+    // answer.
     Answer get(const std::string& url, const std::string& bearer);
     Answer post(const std::string& url, const std::string& bearer, const std::string& json);
 

@@ -31,7 +31,7 @@ AppControlData::AppControlData(app_control_h& handle) {
     app_control_foreach_extra_data(handle, readExtra, this);
 }
 
-bool AppControlData::readExtra(app_control_h handle, const char* key, void* data) {
+bool AppControlData::readExtra(app_control_h handle, const char* key, void* data) noexcept {
     auto* self = static_cast<AppControlData*>(data);
     bool isArray = false;
     if (app_control_is_extra_data_array(handle, key, &isArray) != APP_CONTROL_ERROR_NONE) {

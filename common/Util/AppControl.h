@@ -53,7 +53,7 @@ public:
     void clearData();
 
 private:
-    static bool readExtra(app_control_h handle, const char* key, void* data);
+    static bool readExtra(app_control_h handle, const char* key, void* data) noexcept;
 
     std::string mPackageName;
     std::string mOperation;

@@ -59,14 +59,14 @@ void AsyncThread::loop() {
     }
 }
 
-void AsyncThread::runPosted(void* data) {
+void AsyncThread::runPosted(void* data) noexcept {
     std::unique_ptr<Job> job(static_cast<Job*>(data));
     if (job->action) {
         job->action();
     }
 }
 
-void* AsyncThread::runPostedSync(void* data) {
+void* AsyncThread::runPostedSync(void* data) noexcept {
     runPosted(data);
     return nullptr;
 }

@@ -33,8 +33,8 @@ private:
 
     void loop();
     std::unique_ptr<Job> take();
-    static void runPosted(void* job);
-    static void* runPostedSync(void* job);
+    static void runPosted(void* job) noexcept;
+    static void* runPostedSync(void* job) noexcept;
 
     std::unique_ptr<std::thread> mThread;
     std::mutex mMutex;  // guards mJobs

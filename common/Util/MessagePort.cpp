@@ -89,11 +89,12 @@ bool MessagePort::setCallBack(const std::string& localPort, const Callback& call
     return true;
 }
 
-void MessagePort::received(int, const char* remoteAppId, const char* remotePort, bool, bundle* message, void* data) {
+void MessagePort::received(int, const char* remoteAppId, const char* remotePort, bool, bundle* message,
+                           void* data) noexcept {
     MessageData received;
     bundle_foreach(
         message,
-        [](const char* key, const int type, const bundle_keyval_t* entry, void* target) {
+        [](const char* key, const int type, const bundle_keyval_t* entry, void* target) noexcept {
             void* value = nullptr;
             size_t size = 0;
             if (type == BUNDLE_TYPE_STR &&

@@ -53,7 +53,7 @@ private:
     };
 
     static void received(int localPortId, const char* remoteAppId, const char* remotePort, bool trusted,
-                         bundle* message, void* holder);
+                         bundle* message, void* holder) noexcept;
 
     std::unique_ptr<CallbackHolder> mCallbackHolder;
     std::string mLocalPortName;

@@ -4,7 +4,8 @@
 
 namespace OrvaneDA {
 
-// Absolute path of the file of commands that the engine knows from the start; computed once.
+// Absolute path of the file of commands that the engine knows from the start; computed once, when the first session
+// opens.
 const std::string& preloadedCommandsPath();
 
 }  // namespace OrvaneDA

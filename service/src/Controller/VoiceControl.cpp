@@ -89,6 +89,7 @@ VoiceControl& self(void* userData) {
 }  // namespace
 
 VoiceControl::VoiceControl() {
+    preloadedCommandsPath();  // found now, used when the engine is ready
     initVoiceControl();
 }
 
@@ -158,7 +159,7 @@ void VoiceControl::startTimeOutTimer(double seconds) {
     }
     mTimer = ecore_timer_add(
         seconds,
-        [](void* session) -> Eina_Bool {
+        [](void* session) noexcept -> Eina_Bool {
             self(session).recognitionTimedOut();
             return ECORE_CALLBACK_CANCEL;
         },
@@ -206,7 +207,7 @@ void VoiceControl::reportRecognitionState(const ClientState& state) {
     }
 }
 
-void VoiceControl::_vc_state_changed_cb(vc_state_e previous, vc_state_e current, void* user_data) {
+void VoiceControl::_vc_state_changed_cb(vc_state_e previous, vc_state_e current, void* user_data) noexcept {
     LOGD("==== State is changed ====");
     LOGD("Previous(%s) -> Current(%s)", stateName(previous), stateName(current));
     if (current == VC_STATE_READY) {
@@ -240,7 +241,7 @@ ErrorType VoiceControl::errorOfMessage() const {
 }
 
 void VoiceControl::_vc_service_state_changed_cb(vc_service_state_e previous, vc_service_state_e current,
-                                                void* user_data) {
+                                                void* user_data) noexcept {
     LOGD("==== Service state is changed ====");
     LOGD("Previous(%s) -> Current(%s)", serviceStateName(previous), serviceStateName(current));
     VoiceControl& session = self(user_data);
@@ -261,7 +262,7 @@ void VoiceControl::_vc_service_state_changed_cb(vc_service_state_e previous, vc_
 }
 
 // The message is judged when the service is back at Ready.
-void VoiceControl::_vc_error_cb(vc_error_e reason, void* user_data) {
+void VoiceControl::_vc_error_cb(vc_error_e reason, void* user_data) noexcept {
     LOGE("==== vc error - %s ====", voiceErrorName(reason));
     char* text = nullptr;
     vc_mgr_get_error_message(&text);
@@ -277,12 +278,12 @@ void VoiceControl::notifySpeechDetected() {
     startSpeechTimeOutTimer(SPEECH_TIMEOUT_S);
 }
 
-void VoiceControl::_vc_speech_detected_cb(void* user_data) {
+void VoiceControl::_vc_speech_detected_cb(void* user_data) noexcept {
     LOGD("==== Speech detected ====");
     self(user_data).notifySpeechDetected();
 }
 
-void VoiceControl::_vc_pre_result_cb(vc_pre_result_event_e event, const char* text, void* user_data) {
+void VoiceControl::_vc_pre_result_cb(vc_pre_result_event_e event, const char* text, void* user_data) noexcept {
     const std::string heard = text ? text : "";
     LOGD("==== Pre result cb ====");
     LOGD("Result Text - %s", heard.c_str());
@@ -298,11 +299,11 @@ void VoiceControl::_vc_pre_result_cb(vc_pre_result_event_e event, const char* te
     }
 }
 
-void VoiceControl::_vc_enabled_changed_cb(bool enabled, void*) {
+void VoiceControl::_vc_enabled_changed_cb(bool enabled, void*) noexcept {
     LOGD("Voice control enabled changed to (%d)", enabled);
 }
 
-void VoiceControl::_vc_language_changed_cb(const char* previous, const char* current, void*) {
+void VoiceControl::_vc_language_changed_cb(const char* previous, const char* current, void*) noexcept {
     LOGD("Language is changed (%s) to (%s)", previous ? previous : "", current ? current : "");
 }
 

@@ -54,15 +54,16 @@ public:
     void launchApps(vrp_response_data_s*& response);
 
     // The manager's callbacks; user_data is the VoiceControl.
-    static void _vc_state_changed_cb(vc_state_e previous, vc_state_e current, void* user_data);
-    static void _vc_service_state_changed_cb(vc_service_state_e previous, vc_service_state_e current, void* user_data);
+    static void _vc_state_changed_cb(vc_state_e previous, vc_state_e current, void* user_data) noexcept;
+    static void _vc_service_state_changed_cb(vc_service_state_e previous, vc_service_state_e current,
+                                             void* user_data) noexcept;
     static bool _vc_all_result_cb(vc_result_event_e event, vc_cmd_list_s* list, const char* result, const char* message,
-                                  void* user_data);
-    static void _vc_pre_result_cb(vc_pre_result_event_e event, const char* text, void* user_data);
-    static void _vc_error_cb(vc_error_e reason, void* user_data);
-    static void _vc_speech_detected_cb(void* user_data);
-    static void _vc_enabled_changed_cb(bool enabled, void* user_data);
-    static void _vc_language_changed_cb(const char* previous, const char* current, void* user_data);
+                                  void* user_data) noexcept;
+    static void _vc_pre_result_cb(vc_pre_result_event_e event, const char* text, void* user_data) noexcept;
+    static void _vc_error_cb(vc_error_e reason, void* user_data) noexcept;
+    static void _vc_speech_detected_cb(void* user_data) noexcept;
+    static void _vc_enabled_changed_cb(bool enabled, void* user_data) noexcept;
+    static void _vc_language_changed_cb(const char* previous, const char* current, void* user_data) noexcept;
 
 private:
     bool initSetting();

@@ -124,7 +124,7 @@ ErrorType VoiceControl::writeResult(const std::string& json) {
 }
 
 bool VoiceControl::_vc_all_result_cb(vc_result_event_e event, vc_cmd_list_s* list, const char* result, const char*,
-                                     void* user_data) {
+                                     void* user_data) noexcept {
     auto& session = *static_cast<VoiceControl*>(user_data);
     LOGD("==== All result cb ====");
     if (session.mResultHandled) {

@@ -34,7 +34,7 @@ void logFailure(const char* function, int result) {
     }
 }
 
-bool addLanguage(const char* language, void* list) {
+bool addLanguage(const char* language, void* list) noexcept {
     LOGD("supported lang: %s", language);
     static_cast<std::vector<std::string>*>(list)->push_back(language);
     return true;

@@ -11,7 +11,7 @@
 namespace {
 
 std::mutex outputMutex;
-std::vector<std::string> outputLines;
+std::vector<fake::OutputLine> outputLines;
 
 const bool registered = fake::platform().addReset([] {
     std::lock_guard<std::mutex> lock(outputMutex);
@@ -35,7 +35,7 @@ std::string messageOf(const std::string& text) {
 
 namespace fake {
 
-std::vector<std::string> output() {
+std::vector<OutputLine> output() {
     std::lock_guard<std::mutex> lock(outputMutex);
     return outputLines;
 }
@@ -53,7 +53,7 @@ int dlog_print(log_priority priority, const char* tag, const char* format, ...) 
     return static_cast<int>(text.size());
 }
 
-int __printf_chk(int, const char* format, ...) {
+int __printf_chk(int flag, const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
     // The test library prints this way too.
@@ -65,7 +65,7 @@ int __printf_chk(int, const char* format, ...) {
     const std::string text = formatted(format, arguments);
     va_end(arguments);
     std::lock_guard<std::mutex> lock(outputMutex);
-    outputLines.push_back(text);
+    outputLines.push_back({flag, text, fake::platform().logs().size()});
     return static_cast<int>(text.size());
 }
 

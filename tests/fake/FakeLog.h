@@ -5,7 +5,12 @@
 
 namespace fake {
 
-// What the program wrote to standard output through its log, a text a call.
-std::vector<std::string> output();
+struct OutputLine {
+    int flag;
+    std::string text;
+    size_t systemLines;  // in the system log by then
+};
+// What the program wrote to standard output through its log, a line a call.
+std::vector<OutputLine> output();
 
 }  // namespace fake

@@ -27,8 +27,11 @@ AppControlData full() {
 
 TEST_F(AppControlTest, ANewRequestHasTheDefaults) {
     AppControlData data;
-    EXPECT_EQ(data.getPackageName(), "");
+    EXPECT_EQ(data.getPackageName() + data.getOperation() + data.getUri(), "");
     EXPECT_EQ(data.getReplyCallback(), nullptr);
+    EXPECT_EQ(data.getReplyCallbackUserData(), nullptr);
+    EXPECT_TRUE(data.getExtraDataMap().empty());
+    EXPECT_TRUE(data.getExtraVectorDataMap().empty());
     EXPECT_EQ(data.getRequestedAppControl(), nullptr);
     EXPECT_EQ(data.getResultCode(), 1);
     EXPECT_FALSE(data.getTerminateRequest());
@@ -40,13 +43,29 @@ TEST_F(AppControlTest, ClearingBringsEveryFieldBackAndTheResultCodeToOne) {
     data.setRequestedAppControl(&request);
     data.setResultCode(APP_CONTROL_RESULT_SUCCEEDED);
     data.setTerminateRequest(true);
+    data.setReplyCallback([](app_control_h, app_control_h, app_control_result_e, void*) {}, &data);
     data.clearData();
     EXPECT_EQ(data.getResultCode(), 1);
-    EXPECT_EQ(data.getUri(), "");
+    EXPECT_EQ(data.getPackageName() + data.getOperation() + data.getUri(), "");
+    EXPECT_EQ(data.getReplyCallback(), nullptr);
+    EXPECT_EQ(data.getReplyCallbackUserData(), nullptr);
     EXPECT_TRUE(data.getExtraDataMap().empty());
     EXPECT_TRUE(data.getExtraVectorDataMap().empty());
     EXPECT_FALSE(data.getTerminateRequest());
     EXPECT_EQ(data.getRequestedAppControl(), nullptr);
+}
+
+TEST_F(AppControlTest, ExtrasAreReplacedAndClearedEachKindAlone) {
+    AppControlData data = full();
+    data.addExtraData("a", "9");
+    data.addExtraVectorData("v", {"z"});
+    EXPECT_EQ(data.getExtraData("a"), "9");
+    EXPECT_EQ(data.getExtraVectorData("v"), Texts{"z"});
+    data.clearExtraData();
+    EXPECT_TRUE(data.getExtraDataMap().empty());
+    EXPECT_EQ(data.getExtraVectorDataMap().size(), 1u);
+    data.clearExtraVectorData();
+    EXPECT_TRUE(data.getExtraVectorDataMap().empty());
 }
 
 TEST_F(AppControlTest, ReadingAMissingExtraInsertsAnEmptyOne) {
@@ -66,6 +85,12 @@ TEST_F(AppControlTest, AReceivedRequestIsReadWithAllItsExtras) {
     EXPECT_EQ(data.getUri(), "uri");
     EXPECT_EQ(data.getExtraData("k"), "v");
     EXPECT_EQ(data.getExtraVectorData("list"), (Texts{"1", "2"}));
+    EXPECT_EQ(data.getExtraDataMap().size(), 1u);
+    EXPECT_EQ(data.getExtraVectorDataMap().size(), 1u);
+    EXPECT_EQ(callsOfSend(), (Texts{"app_control_get_app_id()", "app_control_get_operation()", "app_control_get_uri()",
+                                    "app_control_foreach_extra_data()", "app_control_is_extra_data_array(k)",
+                                    "app_control_get_extra_data(k)", "app_control_is_extra_data_array(list)",
+                                    "app_control_get_extra_data_array(list)"}));
 }
 
 TEST_F(AppControlTest, ANullHandleGivesTheDefaultsWithoutACall) {
@@ -161,6 +186,27 @@ TEST_F(AppControlTest, TheReplyCallbackTravelsWithTheLaunch) {
     AppControl::performAppControlSync(data);
     EXPECT_EQ(fake::launches().at(0).callback, static_cast<app_control_reply_cb>(callback));
     EXPECT_EQ(fake::launches().at(0).userData, &datum);
+}
+
+TEST_F(AppControlTest, TheRequestMayBeRefilledWhileEarlierCopiesAreStillBeingSent) {
+    AppControlData data;
+    data.setPackageName("ui");
+    for (const char* state : {"Recording", "Processing", "Ready"}) {
+        data.clearExtraData();
+        data.addExtraData("state", state);
+        AppControl::performAppControl(data);
+    }
+    EXPECT_EQ(sent(), (Texts{"ui - - state=Recording", "ui - - state=Processing", "ui - - state=Ready"}));
+}
+
+TEST_F(AppControlTest, AFailedSendDoesNotHoldUpTheNext) {
+    AppControlData data;
+    data.setPackageName("ui");
+    fake::platform().answerNext("app_control_send_launch_request", -5);
+    AppControl::performAppControl(data);
+    data.setPackageName("next");
+    AppControl::performAppControl(data);
+    EXPECT_EQ(sent(), Texts{"next - -"});
 }
 
 TEST_F(AppControlTest, AReplyIsSentToTheRequestWithItsResultCode) {

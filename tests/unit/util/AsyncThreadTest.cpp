@@ -91,6 +91,35 @@ TEST_F(AsyncThreadTest, DestroyingItWithJobsQueuedRunsNoneOfThemAndLeaksNothing)
     EXPECT_EQ(token.use_count(), 1);
 }
 
+TEST_F(AsyncThreadTest, AnActionAlreadyPostedOutlivesTheWorkerAndFreesItself) {
+    auto token = std::make_shared<int>(0);
+    bool acted = false;
+    {
+        Util::AsyncThread worker;
+        worker.asyncCall([token] { return true; }, [&acted, token] { acted = true; });
+        ASSERT_TRUE(fake::platform().waitFor("ecore_main_loop_thread_safe_call_async"));
+    }
+    EXPECT_EQ(token.use_count(), 3) << "the main loop holds the job";
+    EXPECT_EQ(fake::mainLoop().runPosted(), 1);
+    EXPECT_TRUE(acted);
+    EXPECT_EQ(token.use_count(), 1);
+}
+
+TEST_F(AsyncThreadTest, AJobWhoseConditionIsFalseIsFreedBeforeTheCycleEnds) {
+    auto token = std::make_shared<int>(0);
+    Util::AsyncThread worker;
+    std::atomic<bool> second{false};
+    long holders = 0;
+    worker.asyncCall([token] { return false; });
+    worker.asyncCall([&] {
+        holders = token.use_count();
+        second = true;
+        return false;
+    });
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return second.load(); }));
+    EXPECT_EQ(holders, 1);
+}
+
 TEST_F(AsyncThreadTest, ASynchronousCallReturnsWhenTheMainLoopHasRunIt) {
     Util::AsyncThread worker;
     std::atomic<bool> ran{false};

@@ -2,6 +2,7 @@
 
 #include <sys/syscall.h>
 
+#include <atomic>
 #include <thread>
 
 #include "fake/FakeLog.h"
@@ -42,9 +43,20 @@ TEST_F(LogTest, ALineGoesToTheSystemLogWithColourThreadFileFunctionAndLine) {
 
 TEST_F(LogTest, TheCopyOnStandardOutputCarriesFunctionAndLineOnly) {
     report(7);
-    const std::string text = fake::output().at(0);
+    const std::string text = fake::output().at(0).text;
     EXPECT_EQ(text.find("[report:"), 0u);
     EXPECT_EQ(text.substr(text.find(']')), "] value 7 of x\n");
+}
+
+TEST_F(LogTest, TheSystemLogComesFirstAndTheCopyIsPrintedChecked) {
+    report(7);
+    report(8);
+    const auto lines = fake::output();
+    ASSERT_EQ(lines.size(), 2u);
+    for (size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(lines[i].flag, 1);
+        EXPECT_EQ(lines[i].systemLines, i + 1);
+    }
 }
 
 TEST_F(LogTest, EachLevelHasItsPriorityAndColour) {
@@ -62,26 +74,42 @@ TEST_F(LogTest, EachLevelHasItsPriorityAndColour) {
 TEST_F(LogTest, AMessageFromALambdaNamesOperatorCallInBothLines) {
     [] { LOGD("inside"); }();
     EXPECT_NE(fake::platform().logs().at(0).text.find(": operator()("), std::string::npos);
-    EXPECT_EQ(fake::output().at(0).find("[operator():"), 0u);
+    EXPECT_EQ(fake::output().at(0).text.find("[operator():"), 0u);
 }
 
 TEST_F(LogTest, AMessageWithoutTextLeavesThePrefixDirectlyBeforeTheReset) {
     silent();
     const std::string at = std::to_string(line);
     EXPECT_EQ(fake::platform().logs().at(0).text, "\033[34m[" + self() + "] LogTest.cpp: silent(" + at + ") > \033[0m");
-    EXPECT_EQ(fake::output().at(0), "[silent:" + at + "] \n");
+    EXPECT_EQ(fake::output().at(0).text, "[silent:" + at + "] \n");
 }
 
 TEST_F(LogTest, EachThreadShowsItsOwnKernelThreadId) {
-    std::string other;
-    std::thread([&] {
-        LOGD("other");
-        other = self();
-    }).join();
+    std::string ids[2];
+    std::atomic<int> ready{0};
+    auto logOften = [&](int number) {
+        ids[number] = self();
+        ++ready;
+        while (ready != 2) {
+            std::this_thread::yield();
+        }
+        for (int i = 0; i < 50; ++i) {
+            LOGD("%d", number);
+        }
+    };
+    std::thread first(logOften, 0);
+    std::thread second(logOften, 1);
+    first.join();
+    second.join();
     LOGD("main");
-    EXPECT_EQ(fake::platform().logs().at(0).text.find("\033[32m[" + other + "]"), 0u);
-    EXPECT_NE(other, std::to_string(getpid()));
-    EXPECT_EQ(fake::platform().logs().at(1).text.find("\033[32m[" + self() + "]"), 0u);
+    const auto lines = fake::platform().logs();
+    ASSERT_EQ(lines.size(), 101u);
+    for (size_t i = 0; i < 100; ++i) {
+        EXPECT_EQ(lines[i].text.find("\033[32m[" + ids[lines[i].message == "1"] + "]"), 0u);
+    }
+    EXPECT_NE(ids[0], ids[1]);
+    EXPECT_NE(ids[0], std::to_string(getpid()));
+    EXPECT_EQ(lines[100].text.find("\033[32m[" + std::to_string(getpid()) + "]"), 0u);
 }
 
 TEST_F(LogTest, ArgumentsAreEvaluatedOnce) {

@@ -36,6 +36,13 @@ TEST_F(MessagePortTest, ATargetWithoutThatPortGetsNothing) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "0"));
 }
 
+TEST_F(MessagePortTest, AnyTargetCanBeAskedWhetherItLives) {
+    MessagePort port;
+    EXPECT_TRUE(port.isTargetAlive("some.app", "some port"));
+    EXPECT_EQ(portCalls(), Texts{"message_port_check_trusted_remote_port(some.app, some port)"});
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "1"));
+}
+
 TEST_F(MessagePortTest, AFailedCheckOfTheTargetIsLoggedAndSendsNothing) {
     MessagePort port;
     fake::platform().answer("message_port_check_trusted_remote_port", -1);
@@ -86,6 +93,7 @@ TEST_F(MessagePortTest, ASecondRegistrationIsRefused) {
     auto callback = [](MessageData, std::string, std::string, void*) {};
     EXPECT_TRUE(port.setCallBack("one", callback, nullptr));
     EXPECT_FALSE(port.setCallBack("two", callback, nullptr));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "set callback fail"));
     EXPECT_EQ(fake::platform().count("message_port_register_trusted_local_port"), 1u);
 }
 
@@ -124,9 +132,23 @@ TEST_F(MessagePortTest, AReceivedMessageReachesTheCallbackWithItsSender) {
 
 TEST_F(MessagePortTest, ConstructionAndDestructionEachLogAnEmptyDebugLineAndAnUnregisteredPortStaysSo) {
     { MessagePort port; }
-    ASSERT_EQ(fake::platform().logs().size(), 2u);
-    EXPECT_EQ(fake::platform().countLogged(""), 2u);
+    const auto lines = fake::platform().logs();
+    ASSERT_EQ(lines.size(), 2u);
+    for (const fake::LogLine& line : lines) {
+        EXPECT_EQ(line.priority, DLOG_DEBUG);
+        EXPECT_EQ(line.message, "");
+    }
     EXPECT_TRUE(portCalls().empty());
+}
+
+TEST_F(MessagePortTest, ARegisteredPortIsUnregisteredAtTheEnd) {
+    {
+        MessagePort port;
+        port.setCallBack(
+            "mine", [](MessageData, std::string, std::string, void*) {}, nullptr);
+    }
+    EXPECT_EQ(portCalls(), (Texts{"message_port_register_trusted_local_port(mine)",
+                                  "message_port_unregister_trusted_local_port(1)"}));
 }
 
 TEST_F(MessagePortTest, MessageDataIsAnOrderedMap) {

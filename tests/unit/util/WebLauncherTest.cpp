@@ -1,5 +1,7 @@
 #include "Util/WebLauncher.h"
 
+#include <orvane_da_parser.h>
+
 #include "fake/FakeNlu.h"
 #include "unit/Fixture.h"
 
@@ -38,11 +40,28 @@ TEST_F(WebLauncherTest, TheProviderMayBeginWithACapital) {
 }
 
 TEST_F(WebLauncherTest, AProviderInCapitalsThroughoutUsesTheResultsOwnAddress) {
-    EXPECT_EQ(launch(search("GOOGLE", "x", "https://own.example/")), Texts{view("https://own.example/")});
+    for (const char* provider : {"GOOGLE", "gOOGLE", "google.com"}) {
+        fake::platform().reset();
+        EXPECT_EQ(launch(search(provider, "x", "https://own.example/")), Texts{view("https://own.example/")});
+    }
 }
 
 TEST_F(WebLauncherTest, AnEmptyAddressStillReachesTheViewer) {
-    EXPECT_EQ(launch(search("other", "x", "")), Texts{std::string("- ") + APP_CONTROL_OPERATION_VIEW + " -"});
+    EXPECT_EQ(launch(search("other", "x", "")), Texts{view("-")});
+}
+
+TEST_F(WebLauncherTest, AResultWithoutSearchDataReachesTheViewerWithAnEmptyAddress) {
+    auto result = search("google", "x", "u");
+    result.webSearch.reset();
+    EXPECT_EQ(launch(result), Texts{view("-")});
+}
+
+TEST_F(WebLauncherTest, AResultWithoutActionDataOpensNothing) {
+    auto result = search("google", "x", "u");
+    result.actionData = false;
+    fake::platform().answer("vrp_response_data_get_action_data", VRP_ERROR_NONE);
+    EXPECT_TRUE(launch(result).empty());
+    EXPECT_EQ(fake::platform().logs().size(), 1u) << "only the action name";
 }
 
 TEST_F(WebLauncherTest, AResultWithoutAnActionNameDoesNothing) {

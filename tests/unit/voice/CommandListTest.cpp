@@ -21,6 +21,21 @@ TEST_F(CommandListTest, AFailureToCreateTheFourthLeavesThree) {
     EXPECT_EQ(fake::commandTexts().size(), 3u);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to cmd create"));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to create command list"));
+    EXPECT_EQ(fake::platform().count("vc_cmd_destroy"), 0u) << "there is no fourth to destroy";
+}
+
+TEST_F(CommandListTest, ItsMakingReturnsZeroOrMinusOne) {
+    fake::platform().answerNext("vc_cmd_list_create", VC_ERROR_OUT_OF_MEMORY);
+    OrvaneDA::VoiceControl session;
+    EXPECT_EQ(session.createCommandList(), 0);
+    EXPECT_EQ(fake::commandTexts().size(), 5u);
+
+    fake::platform().answerNext("vc_cmd_list_create", VC_ERROR_OUT_OF_MEMORY);
+    OrvaneDA::VoiceControl other;
+    fake::platform().answerNext("vc_cmd_create", 0, 3);
+    fake::platform().answerNext("vc_cmd_create", VC_ERROR_OUT_OF_MEMORY);
+    EXPECT_EQ(other.createCommandList(), -1);
+    EXPECT_EQ(fake::commandTexts().size(), 3u);
 }
 
 TEST_F(CommandListTest, WithoutAListNothingIsCreated) {
@@ -42,6 +57,7 @@ TEST_P(AFailedStepOfACommand, IsLoggedAndDestroysTheCommand) {
     {
         OrvaneDA::VoiceControl session;
         EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, GetParam().message));
+        EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to create command list"));
         EXPECT_EQ(fake::platform().textsOf({"vc_cmd_"}).back(), "vc_cmd_destroy()");
         EXPECT_TRUE(fake::commandTexts().empty());
     }

@@ -14,6 +14,9 @@ protected:
         fake::NluResult result;
         result.actionName = actionName;
         result.launchPackage = package;
+        return launch(result);
+    }
+    static Texts launch(const fake::NluResult& result) {
         fake::setNluResult(result);
         VoiceControl session;
         vrp_response_data_s* response = vrp_response_data_parse("{}");
@@ -40,6 +43,25 @@ TEST_F(LaunchTest, AMissingPackageIsLoggedWithItsCodeAndLaunchesNothing) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vrp_response_data_get_action_data() failed: [-1001]"));
 }
 
+TEST_F(LaunchTest, AResultWithoutActionDataIsLoggedWithItsCodeAndLaunchesNothing) {
+    fake::NluResult result;
+    result.actionName = "Open App";
+    result.actionData = false;
+    result.launchPackage = "org.music";
+    fake::platform().answer("vrp_response_data_get_action_data", -7);
+    EXPECT_TRUE(launch(result).empty());
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vrp_response_data_get_action_data() failed: [-7]"));
+    EXPECT_EQ(fake::platform().count("vrp_launch_apps_action_data_get_launch_apps_data"), 0u);
+}
+
+TEST_F(LaunchTest, TheHomeScreenOpensWithoutAnyActionDataToo) {
+    fake::NluResult result;
+    result.actionName = "Go to Home Screen";
+    result.actionData = false;
+    EXPECT_EQ(launch(result), main("org.tizen.menu-screen"));
+    EXPECT_EQ(fake::platform().count("vrp_response_data_get_action_data"), 0u);
+}
+
 TEST_F(LaunchTest, TheGeneralRecipeAppIsChosenByPlace) {
     const struct {
         const char* region;
@@ -58,7 +80,7 @@ TEST_F(LaunchTest, TheGeneralRecipeAppIsChosenByPlace) {
 
 TEST_F(LaunchTest, TheGeneralRecipeAppIsNotSupportedInSwedenAndNorwayWhateverTheRegion) {
     for (const char* country : {"SE", "NO"}) {
-        for (const char* region : {"EU", "US", "KR"}) {
+        for (const char* region : {"EU", "US", "KR", "AU", "ZZ"}) {
             fake::platform().reset();
             EXPECT_TRUE(launch("Open App", GENERAL, region, country).empty());
             EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Not supported recipe app name"));
@@ -80,4 +102,12 @@ TEST_F(LaunchTest, ClosingAnApplicationTerminatesItInsteadOfOpeningIt) {
     EXPECT_TRUE(launch("Close App", "org.music").empty());
     EXPECT_EQ(fake::platform().textsOf({"app_manager_is", "app_manager_t"}),
               (Texts{"app_manager_is_running(org.music)", "app_manager_terminate_app()"}));
+}
+
+TEST_F(LaunchTest, ClosingTheGeneralRecipeAppClosesTheOneThatServesThePlace) {
+    fake::setRunning("com.delicook.recipes");
+    fake::setRunning(GENERAL);
+    EXPECT_TRUE(launch("Close App", GENERAL, "KR", "KR").empty());
+    EXPECT_EQ(fake::platform().textsOf({"app_manager_get_app_context"}),
+              Texts{"app_manager_get_app_context(com.delicook.recipes)"});
 }

@@ -54,6 +54,19 @@ TEST_F(PartialResultTest, TextIsTrimmedAndForwarded) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Result Text -   hello\n"));
 }
 
+TEST_F(PartialResultTest, OnlyTheFiveBlanksAtTheEndsAreTrimmed) {
+    fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "\v\fred \t wine\f\r");
+    EXPECT_EQ(reports, Texts{"[\fred \t wine\f]"});
+}
+
+TEST_F(PartialResultTest, AnAllBlankTextCountsAsNothingHeard) {
+    fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "open");
+    fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, " \r\n");
+    fake::mainLoop().advance(10.1);
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u);
+    EXPECT_EQ(reports.back(), "Error RecordingTimeout");
+}
+
 TEST_F(PartialResultTest, AnErrorUpdatesTheTextButForwardsNothing) {
     fake::preResult(VC_PRE_RESULT_EVENT_ERROR, "lost");
     EXPECT_TRUE(reports.empty());

@@ -79,6 +79,7 @@ protected:
 };
 
 TEST_F(ResultTest, ARejectionReportsAnErrorCancelsAndWritesNoFile) {
+    fake::platform().onCall("vc_mgr_cancel", [&](const fake::Call&) { EXPECT_EQ(reports.size(), 1u); });
     EXPECT_FALSE(fake::allResult(VC_RESULT_EVENT_REJECTED, list, "x"));
     EXPECT_EQ(reports, Texts{"Error Default"});
     EXPECT_EQ(cancels(), 1u);
@@ -99,6 +100,13 @@ TEST_F(ResultTest, ASecondResultOfOneRecognitionIsCancelled) {
     EXPECT_EQ(fake::platform().texts(), Texts{"vc_mgr_cancel()"});
     session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
     EXPECT_TRUE(result(nlu("Weather", "Simple", "Show"))) << "the next recognition has its own";
+}
+
+TEST_F(ResultTest, AResultAfterARejectionIsASecondOne) {
+    fake::allResult(VC_RESULT_EVENT_REJECTED, list, "x");
+    EXPECT_FALSE(result(nlu("Weather", "Simple", "Show")));
+    EXPECT_EQ(reports, Texts{"Error Default"});
+    EXPECT_TRUE(fake::platform().logged(DLOG_WARN, "Invalid result cb!"));
 }
 
 TEST_F(ResultTest, TheJsonIsWrittenAndReportedBeforeItIsParsed) {
@@ -127,6 +135,25 @@ TEST_F(ResultTest, AResultWithoutTextHasNoJson) {
     EXPECT_FALSE(fake::allResult(VC_RESULT_EVENT_RESULT_SUCCESS, list, nullptr));
     EXPECT_EQ(reports, Texts{"Ready NoResultJson"});
     EXPECT_EQ(fake::platform().count("vc_cmd_get_nlu_json"), 0u);
+}
+
+TEST_F(ResultTest, AFirstCommandWithoutJsonGivesNone) {
+    one.json = "{\"other\":2}";
+    mine.json.reset();
+    list.commands = {&mine, &one};
+    fake::setNluUnparsable();
+    EXPECT_FALSE(fake::allResult(VC_RESULT_EVENT_RESULT_SUCCESS, list, "text"));
+    EXPECT_EQ(reports, Texts{"Ready NoResultJson"});
+    EXPECT_EQ(fake::platform().textsOf({"vrp_"}), Texts{"vrp_response_data_parse()"});
+}
+
+TEST_F(ResultTest, ANewResultReplacesTheWholeFile) {
+    mine.json = std::string(5000, 'x');
+    result(nlu("Weather", "Simple", "Show"));
+    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    mine.json = "short";
+    result(nlu("Weather", "Simple", "Show"));
+    EXPECT_EQ(fileBytes(), std::string("short\0", 6));
 }
 
 TEST_F(ResultTest, AnUnparsableJsonIsWrittenAndReportedAndNothingElseHappens) {
@@ -191,6 +218,13 @@ TEST_F(ResultTest, RecipeAnswersCancelAndTellNoApplication) {
     }
 }
 
+TEST_F(ResultTest, AFollowUpThatIsARecipeAnswerCancelsInBothDecisions) {
+    auto response = recipe("No Next Step", "com.delicook.recipes");
+    response.actionType = "Follow-Up";
+    EXPECT_FALSE(result(response));
+    EXPECT_EQ(cancels(), 2u);
+}
+
 TEST_F(ResultTest, ARecipeCommandIsLeftToThePartnersApplication) {
     addRecipeApps("org.tizen.webdatabaseserviceapp", "org.tizen.recipesvc");
     EXPECT_FALSE(result(recipe("Next Step", "com.delicook.recipes")));
@@ -213,6 +247,17 @@ TEST_F(ResultTest, TheGeneralPartnersApplicationDependsOnFrance) {
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}).back(), "vc_mgr_set_selected_results(two)");
 }
 
+TEST_F(ResultTest, TheDeliCookPartnersApplicationAndOthersAreTheSameInFrance) {
+    fake::setSetting("db/setting/country_code", std::string("FR"));
+    addRecipeApps("org.tizen.webdatabaseserviceapp", "com.other.recipes");
+    result(recipe("Next Step", " com.delicook.recipes\v"));
+    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}).back(), "vc_mgr_set_selected_results(one)");
+    addRecipeApps("org.tizen.webdatabaseserviceapp", "com.other.recipes");
+    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    result(recipe("Next Step", "com.other.recipes"));
+    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}).back(), "vc_mgr_set_selected_results(two)");
+}
+
 TEST_F(ResultTest, AListThatIsAllTheChosenApplicationsLosesNothingAndIsStillSelected) {
     addRecipeApps("org.tizen.recipesvc", "other");
     list.commands = {&one};
@@ -226,6 +271,13 @@ TEST_F(ResultTest, OpeningARecipeOfTheKoreanPartnerLaunchesItAndTellsNobody) {
     EXPECT_FALSE(result(recipe("Open Recipe", "com.korearecipe.app")));
     EXPECT_EQ(sent(), Texts{std::string("com.korearecipe.app ") + APP_CONTROL_OPERATION_MAIN + " -"});
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}), Texts{"vc_mgr_set_selected_results()"});
+}
+
+TEST_F(ResultTest, OpeningARecipeOfAnotherPartnerIsLeftToItsApplication) {
+    addRecipeApps("com.korearecipe.app", "org.tizen.recipesvc");
+    EXPECT_FALSE(result(recipe("Open Recipe", "com.generalrecipe.app")));
+    EXPECT_TRUE(sent().empty());
+    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}), Texts{"vc_mgr_set_selected_results(two)"});
 }
 
 TEST_F(ResultTest, AnotherCommandOfTheKoreanPartnerGoesToItsApplication) {
@@ -245,7 +297,12 @@ TEST_F(ResultTest, ARestrictedRecipeIsCancelledAndStillRouted) {
 TEST_F(ResultTest, ARecipeWithoutDataIsLeftAsTheFirstDecisionLeftIt) {
     EXPECT_TRUE(result(nlu("Recipe", "Simple", "Next Step")));
     session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    auto response = nlu("Recipe", "Simple", "Next Step");
+    response.actionData = false;
+    EXPECT_TRUE(result(response));
+    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
     EXPECT_FALSE(result(nlu("Recipe", "Follow-Up", "Next Step")));
+    EXPECT_EQ(fake::openResponses(), 0);
     EXPECT_EQ(fake::platform().count("vc_mgr_set_selected_results"), 0u);
 }
 

@@ -24,9 +24,18 @@ TEST_F(VoiceControlTest, OpeningTheSessionHasItsOrder) {
                      "vc_mgr_set_service_state_changed_cb()", "vc_mgr_set_all_result_cb()",
                      "vc_mgr_set_pre_result_cb()", "vc_mgr_set_error_cb()", "vc_mgr_set_speech_detected_cb()",
                      "vc_mgr_set_current_language_changed_cb()", "vc_mgr_prepare()"}));
-    EXPECT_EQ(fake::platform().names().at(calls.size()), "vc_cmd_list_create");
+    EXPECT_EQ(fake::platform().textsOf({"vc_"}).at(calls.size()), "vc_cmd_list_create()");
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "vc lang : en_US"));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "supported lang: en_US"));
+}
+
+TEST_F(VoiceControlTest, ThePathOfThePreloadedCommandsIsFoundOnceAtTheStart) {
+    VoiceControl session;
+    fake::platform().onCall("vc_mgr_set_preloaded_commands_from_file",
+                            [](const fake::Call&) { EXPECT_EQ(fake::platform().count("tzplatform_mkpath"), 0u); });
+    fake::platform().forgetCalls();
+    fake::voiceState(VC_STATE_INITIALIZED, VC_STATE_READY);
+    EXPECT_EQ(fake::platform().count("vc_mgr_set_preloaded_commands_from_file"), 1u);
 }
 
 TEST_F(VoiceControlTest, ClosingTheSessionHasItsOrder) {
@@ -125,10 +134,35 @@ TEST_F(VoiceControlTest, TheEngineReloadsOnlyForAnotherModel) {
     EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), 2u);
 }
 
+TEST_F(VoiceControlTest, FourEuropeanLanguagesShareOneModelAndTheOthersHaveTheirOwn) {
+    VoiceControl session;
+    const std::pair<const char*, bool> rows[] = {{"ko_KR", true},  {"en_GB", true}, {"de_DE", false}, {"it_IT", false},
+                                                 {"fr_FR", false}, {"es_ES", true}, {"zh_CN", true},  {"en_US", true},
+                                                 {"en_US", false}, {"it_IT", true}, {"en_GB", false}, {"ko_KR", true}};
+    session.setLanguage("xx_XX");
+    for (const auto& [language, reloads] : rows) {
+        fake::platform().forgetCalls();
+        EXPECT_TRUE(session.setLanguage(language));
+        EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), reloads ? 1u : 0u) << language;
+    }
+}
+
+TEST_F(VoiceControlTest, TheLastLanguageOutlivesTheSession) {
+    { VoiceControl().setLanguage("ko_KR"); }
+    VoiceControl session;
+    fake::platform().forgetCalls();
+    session.setLanguage("ko_KR");
+    EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), 0u);
+}
+
 TEST_F(VoiceControlTest, ALanguageThatTheEngineRefusesIsLoggedByName) {
     VoiceControl session;
-    fake::platform().answer("vc_setting_set_language", VC_ERROR_INVALID_LANGUAGE);
+    session.setLanguage("ko_KR");
+    fake::platform().answerNext("vc_setting_set_language", VC_ERROR_INVALID_LANGUAGE);
+    fake::platform().forgetCalls();
     EXPECT_FALSE(session.setLanguage("xx_XX"));
+    EXPECT_TRUE(session.setLanguage("ko_KR"));
+    EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), 0u) << "the last language is still the one before";
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_setting_set_language: INVALID_LANGUAGE"));
 }
 
@@ -151,11 +185,31 @@ TEST_F(VoiceControlTest, PushToTalkLetsTheUserEndTheUtterance) {
 
 TEST_F(VoiceControlTest, AStartWithAClearedContextResetsTheSessionFirst) {
     VoiceControl session;
+    fake::platform().forgetCalls();
     session.startRecognition(VoiceStartMode::ClearContext, "3");
-    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_private"}),
-              (Texts{"vc_mgr_set_private_data(Request, resetSession)", "vc_mgr_set_private_data(MediaVolume, 3)"}));
+    EXPECT_EQ(fake::platform().texts(),
+              (Texts{"vc_mgr_set_private_data(Request, resetSession)", "vc_mgr_set_private_data(MediaVolume, 3)",
+                     "vc_mgr_set_recognition_mode(0)", "vc_mgr_set_command_list()", "vc_mgr_start(0)"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: ClearContext"));
+}
+
+TEST_F(VoiceControlTest, AStartInAnUnknownModeIsOneThatEndsBySilence) {
+    VoiceControl session;
     session.startRecognition(VoiceStartMode::Unnamed, "");
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: UNKNOWN"));
+    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_recognition"}), Texts{"vc_mgr_set_recognition_mode(0)"});
+}
+
+TEST_F(VoiceControlTest, WhatTheLastRecognitionHeardIsForgottenBeforeTheEngineStarts) {
+    VoiceControl session;
+    listenTo(session);
+    fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "old");
+    // Speech may be detected while the start still runs.
+    fake::platform().onCall("vc_mgr_start", [](const fake::Call&) { fake::speechDetected(); });
+    session.startRecognition(VoiceStartMode::Default, "");
+    EXPECT_EQ(sent().size(), 2u) << "the UI hears of it once a recognition";
+    const Texts calls = managerCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "ecore_timer_add(10.000000)"), 2);
 }
 
 TEST_F(VoiceControlTest, FailuresAreReturnedAndLogged) {
@@ -198,11 +252,32 @@ TEST_F(VoiceControlTest, ARecognitionReportsItsStatesUnderTheirTimeOuts) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Recording) -> Current(Processing)"));
 }
 
+TEST_F(VoiceControlTest, AChangeOfServiceStateHasItsOrder) {
+    Texts steps;
+    VoiceControl session;
+    listenTo(session);
+    session.setRecognitionStateCallback(
+        [&](const OrvaneDA::ClientState&, const OrvaneDA::ErrorType&) { steps.push_back("recognition state"); });
+    session.setStateCallback(
+        [&](const OrvaneDA::ClientState&, const OrvaneDA::ErrorType&) { steps.push_back("state"); });
+    for (const char* call : {"ecore_timer_add", "ecore_timer_del"}) {
+        fake::platform().onCall(call, [&](const fake::Call& made) { steps.push_back(made.text()); });
+    }
+    fake::serviceState(READY, RECORDING);
+    EXPECT_EQ(steps, (Texts{"recognition state", "state", "ecore_timer_add(7.000000)"}));
+    steps.clear();
+    fake::serviceState(RECORDING, PROCESSING);
+    EXPECT_EQ(steps, (Texts{"recognition state", "ecore_timer_del()", "state", "ecore_timer_add(30.000000)"}));
+}
+
 TEST_F(VoiceControlTest, OtherServiceStatesTranslateToo) {
     VoiceControl session;
     listenTo(session);
     fake::serviceState(READY, NONE);
-    EXPECT_EQ(reports.at(0), "recognition Idle");
+    fake::serviceState(NONE, static_cast<vc_service_state_e>(9));
+    EXPECT_EQ(reports, (Texts{"recognition Idle", "recognition UNKNOWN"}));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Ready) -> Current(None)"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(None) -> Current(UNKNOWN)"));
 }
 
 TEST_F(VoiceControlTest, ARecordingInWhichNobodySpokeEndsInATimeOut) {
@@ -291,6 +366,17 @@ TEST_F(VoiceControlTest, WithoutAMessageReadyReportsNothing) {
     EXPECT_EQ(reports, Texts{"recognition Ready"});
 }
 
+TEST_F(VoiceControlTest, AMessageStaysUntilAResultArrives) {
+    VoiceControl session;
+    listenTo(session);
+    fake::setVoiceErrorMessage("NLU Exception");
+    fake::voiceError(VC_ERROR_OPERATION_FAILED);
+    fake::serviceState(RECORDING, READY);
+    session.startRecognition(VoiceStartMode::Default, "");
+    fake::serviceState(PROCESSING, READY);
+    EXPECT_EQ(reports, (Texts{"recognition Ready", "Error ServerCrashed", "recognition Ready", "Error ServerCrashed"}));
+}
+
 TEST_F(VoiceControlTest, AMessageIsNotJudgedWhenNothingWasGoingOn) {
     VoiceControl session;
     listenTo(session);
@@ -315,6 +401,17 @@ TEST_F(VoiceControlTest, AReadyManagerGetsTheDomainAndThenThePreloadedCommands) 
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Initialized) -> Current(Ready)"));
 }
 
+TEST_F(VoiceControlTest, OtherManagerStatesAreOnlyLogged) {
+    VoiceControl session;
+    listenTo(session);
+    fake::voiceState(VC_STATE_NONE, VC_STATE_INITIALIZED);
+    fake::voiceState(VC_STATE_READY, static_cast<vc_state_e>(9));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(None) -> Current(Initialized)"));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Ready) -> Current(UNKNOWN)"));
+    EXPECT_TRUE(reports.empty());
+    EXPECT_TRUE(fake::platform().calls().empty());
+}
+
 TEST_F(VoiceControlTest, AnEngineThatDropsOutIsReportedAndReplayedAsReady) {
     VoiceControl session;
     listenTo(session);
@@ -328,10 +425,57 @@ TEST_F(VoiceControlTest, AnEngineThatDropsOutIsReportedAndReplayedAsReady) {
     EXPECT_EQ(fake::mainLoop().timers(), 0u);
 }
 
-TEST_F(VoiceControlTest, ErrorNamesAreTheirs) {
-    EXPECT_STREQ(OrvaneDA::voiceErrorName(VC_ERROR_NONE), "NONE");
-    EXPECT_STREQ(OrvaneDA::voiceErrorName(VC_ERROR_EMPTY), "EMPTY");
-    EXPECT_STREQ(OrvaneDA::voiceErrorName(-12345), "VC_ERROR_UNKNOWN");
+TEST_F(VoiceControlTest, TheReplayStartsFromTheStateTheEngineDroppedOutOf) {
+    const std::pair<vc_service_state_e, const char*> rows[] = {{RECORDING, "Recording"},
+                                                               {PROCESSING, "Processing"},
+                                                               {READY, "Ready"},
+                                                               {NONE, "None"},
+                                                               {static_cast<vc_service_state_e>(9), "None"}};
+    for (const auto& [state, name] : rows) {
+        VoiceControl session;
+        listenTo(session);
+        fake::setVoiceErrorMessage("NLU Exception");
+        fake::voiceError(VC_ERROR_OPERATION_FAILED);
+        fake::serviceState(NONE, state);
+        reports.clear();
+        fake::platform().forgetCalls();
+        fake::voiceState(VC_STATE_READY, VC_STATE_INITIALIZED);
+        EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, std::string("Previous(") + name + ") -> Current(Ready)"));
+        Texts expected{"Error Default", "recognition Ready"};
+        if (state == RECORDING || state == PROCESSING) {
+            expected.push_back("Error ServerCrashed");
+        }
+        EXPECT_EQ(reports, expected) << name;
+    }
+}
+
+TEST_F(VoiceControlTest, AnEngineThatDropsOutBeforeAnythingHappenedIsReplayedFromNone) {
+    VoiceControl session;
+    listenTo(session);
+    fake::voiceState(VC_STATE_READY, VC_STATE_INITIALIZED);
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(None) -> Current(Ready)"));
+}
+
+TEST_F(VoiceControlTest, EveryErrorHasItsName) {
+    const std::pair<int, const char*> rows[] = {{VC_ERROR_NONE, "NONE"},
+                                                {VC_ERROR_OUT_OF_MEMORY, "OUT_OF_MEMORY"},
+                                                {VC_ERROR_IO_ERROR, "IO_ERROR"},
+                                                {VC_ERROR_INVALID_PARAMETER, "INVALID_PARAMETER"},
+                                                {VC_ERROR_TIMED_OUT, "TIMED_OUT"},
+                                                {VC_ERROR_RECORDER_BUSY, "RECORDER_BUSY"},
+                                                {VC_ERROR_PERMISSION_DENIED, "PERMISSION_DENIED"},
+                                                {VC_ERROR_NOT_SUPPORTED, "NOT_SUPPORTED"},
+                                                {VC_ERROR_INVALID_STATE, "INVALID_STATE"},
+                                                {VC_ERROR_INVALID_LANGUAGE, "INVALID_LANGUAGE"},
+                                                {VC_ERROR_ENGINE_NOT_FOUND, "ENGINE_NOT_FOUND"},
+                                                {VC_ERROR_OPERATION_FAILED, "OPERATION_FAILED"},
+                                                {VC_ERROR_OPERATION_REJECTED, "OPERATION_REJECTED"},
+                                                {VC_ERROR_ITERATION_END, "ITERATION_END"},
+                                                {VC_ERROR_EMPTY, "EMPTY"},
+                                                {-12345, "VC_ERROR_UNKNOWN"}};
+    for (const auto& [error, name] : rows) {
+        EXPECT_STREQ(OrvaneDA::voiceErrorName(error), name);
+    }
 }
 
 TEST_F(VoiceControlTest, ChangesOfEnabledAndLanguageAreOnlyLogged) {

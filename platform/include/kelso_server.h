@@ -18,7 +18,7 @@ enum {
     KS_SERVER_ERROR_UNREACHABLE = -1202, /* no such host, refused, or the connection broke */
     KS_SERVER_ERROR_TIMED_OUT = -1203,
     KS_SERVER_ERROR_TLS = -1204,        /* no secure connection, or a certificate that is not trusted */
-    KS_SERVER_ERROR_BAD_ANSWER = -1205, /* not what the hub may answer, too much of it, or sent elsewhere */
+    KS_SERVER_ERROR_BAD_ANSWER = -1205, /* not what the hub may answer, or too much of it */
 };
 
 /* Texts are always terminated. Longer names are cut at a character boundary; an id that does not fit is a bad answer,

@@ -96,8 +96,7 @@ void Appliance::writeSettings() {
 
 void Appliance::startService() {
     if (access(ORVANE_SERVICE_PROGRAM, X_OK) != 0) {
-        throw std::runtime_error("there is no program " ORVANE_SERVICE_PROGRAM
-                                 "; build with -DORVANE_BUILD_PROGRAM=ON");
+        throw std::runtime_error("there is no program " ORVANE_SERVICE_PROGRAM "; build it first");
     }
     mRecord->write("service starts");
     mService = std::make_unique<Process>(std::vector<std::string>{ORVANE_SERVICE_PROGRAM}, mFolder / "service.log");

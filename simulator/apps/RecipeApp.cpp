@@ -6,6 +6,7 @@ namespace sim {
 
 namespace {
 
+constexpr char kVoiceControlId[] = "org.orvane.VoiceControl";
 constexpr char kClientXml[] =
     "<interface name='org.orvane.VoiceClient1'><method name='Result'>"
     "<arg type='s' direction='in'/><arg type='s' direction='in'/></method></interface>";
@@ -21,15 +22,15 @@ RecipeApp::RecipeApp(const std::string& id) : Application(id) {
                     record().write("voice result", {{"text", text}, {"json", json}});
                     return nullptr;
                 });
-    g_bus_watch_name_on_connection(bus().get(), kServiceId, G_BUS_NAME_WATCHER_FLAGS_NONE, onServiceThere, nullptr,
-                                   this, nullptr);
+    g_bus_watch_name_on_connection(bus().get(), kVoiceControlId, G_BUS_NAME_WATCHER_FLAGS_NONE, onVoiceControlThere,
+                                   nullptr, this, nullptr);
 }
 
-void RecipeApp::onServiceThere(GDBusConnection*, const gchar*, const gchar*, gpointer data) noexcept {
+void RecipeApp::onVoiceControlThere(GDBusConnection*, const gchar*, const gchar*, gpointer data) noexcept {
     auto& self = *static_cast<RecipeApp*>(data);
     try {
         const char* const domains[] = {"Recipe", nullptr};
-        self.bus().call(kServiceId, "/org/orvane/VoiceControl", "org.orvane.VoiceControl1", "Register",
+        self.bus().call(kVoiceControlId, "/org/orvane/VoiceControl", "org.orvane.VoiceControl1", "Register",
                         g_variant_new("(^as)", domains));
         self.record().write("registered");
     } catch (const std::exception& fault) {

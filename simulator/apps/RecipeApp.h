@@ -11,7 +11,7 @@ public:
 
 private:
     // The service may come, go and come back; each time it comes, the application registers anew.
-    static void onServiceThere(GDBusConnection*, const gchar*, const gchar* owner, gpointer self) noexcept;
+    static void onVoiceControlThere(GDBusConnection*, const gchar*, const gchar* owner, gpointer self) noexcept;
 };
 
 }  // namespace sim

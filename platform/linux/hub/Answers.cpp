@@ -1,8 +1,8 @@
 #include "hub/Answers.h"
 
-#include <algorithm>
 #include <stdexcept>
 
+#include "hub/PlainText.h"
 #include "lib/json/BoundedJson.h"
 
 namespace hub {
@@ -40,9 +40,8 @@ Named readNamed(const json& element, std::size_t longestId) {
 }  // namespace
 
 std::string readSessionToken(const std::string& answer) {
-    std::string token = text(parseObject(answer), "session_token");
-    const auto control = [](unsigned char letter) { return letter < ' ' || letter == 0x7f; };
-    if (token.empty() || std::any_of(token.begin(), token.end(), control)) {
+    const std::string token = text(parseObject(answer), "session_token");
+    if (!isPlainText(token)) {
         throw std::invalid_argument("no session token");
     }
     return token;

@@ -1,18 +1,16 @@
 #include "hub/Session.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
 #include "dlog.h"
 #include "hub/Fault.h"
+#include "hub/PlainText.h"
 #include "kelso_server.h"
 #include "lib/curl/Url.h"
-#include "lib/json/BoundedJson.h"
 
 namespace {
 
-constexpr curl::Limits kLimits{5000, 15000, json::kMaxBytes};
 constexpr char kSessionPath[] = "/v1/session";
 constexpr char kFamiliesPath[] = "/v1/families";
 
@@ -38,7 +36,6 @@ int codeOf(CURLcode code) {
             return KS_SERVER_ERROR_TLS;
         case CURLE_WRITE_ERROR:
         case CURLE_UNSUPPORTED_PROTOCOL:
-        case CURLE_TOO_MANY_REDIRECTS:
         case CURLE_WEIRD_SERVER_REPLY:
         case CURLE_PARTIAL_FILE:
         case CURLE_BAD_CONTENT_ENCODING:
@@ -50,14 +47,20 @@ int codeOf(CURLcode code) {
     }
 }
 
+void checkStatus(long status, const std::string& what) {
+    if (status < 200 || status > 299) {
+        const bool isOfHttp = status >= 300 && status <= 599;
+        throw hub::Fault(isOfHttp ? static_cast<int>(status) : KS_SERVER_ERROR_BAD_ANSWER,
+                         what + ": HTTP status " + std::to_string(status));
+    }
+}
+
 // Does the exchange and reads its answer; everything that fails names the request.
 template <typename Exchange, typename Reader>
 auto ask(const std::string& what, Exchange exchange, Reader reader) {
     try {
         const curl::Answer answer = exchange();
-        if (answer.status < 200 || answer.status > 299) {
-            throw hub::Fault(static_cast<int>(answer.status), what + ": HTTP " + std::to_string(answer.status));
-        }
+        checkStatus(answer.status, what);
         return reader(answer.body);
     } catch (const hub::Fault&) {
         throw;
@@ -75,8 +78,7 @@ auto ask(const std::string& what, Exchange exchange, Reader reader) {
 
 // A text that could not be a line of a request is no credential.
 void checkText(const std::string& text, const char* what) {
-    const auto control = [](unsigned char letter) { return letter < ' ' || letter == 0x7f; };
-    if (text.empty() || std::any_of(text.begin(), text.end(), control)) {
+    if (!hub::isPlainText(text)) {
         throw hub::Fault(KS_SERVER_ERROR_INVALID_PARAMETER, std::string("the ") + what + " is empty or no plain text");
     }
 }
@@ -99,7 +101,7 @@ std::string signInText(const std::string& guid, const std::string& clientId) {
 
 }  // namespace
 
-ks_server_s::ks_server_s() : mClient(kLimits, authorities()) {}
+ks_server_s::ks_server_s(const curl::Limits& limits) : mClient(limits, authorities()) {}
 
 void ks_server_s::signIn(const std::string& guid, const std::string& accessToken, const std::string& clientId,
                          const std::string& serverUri) {

@@ -4,12 +4,19 @@
 
 #include "hub/Answers.h"
 #include "lib/curl/Client.h"
+#include "lib/json/BoundedJson.h"
+
+namespace hub {
+
+constexpr curl::Limits kLimits{5000, 15000, json::kMaxBytes};
+
+}  // namespace hub
 
 struct ks_server_s {
 public:
-    // All of these throw hub::Fault.
-    ks_server_s();
+    explicit ks_server_s(const curl::Limits& limits = hub::kLimits);
 
+    // These throw hub::Fault.
     void signIn(const std::string& guid, const std::string& accessToken, const std::string& clientId,
                 const std::string& serverUri);
     std::vector<hub::Named> families();

@@ -45,15 +45,18 @@ Store::Store()
     forgetAfterRestart();
 }
 
+// What was written before any process of ours ever ran here is kept: it is what somebody prepared.
 void Store::forgetAfterRestart() {
     const std::string now = bootId();
     const gio::Variant kept = read(BOOT_ID);
-    if (mWritable && !now.empty() &&
-        (kept == nullptr || !g_variant_is_of_type(kept.get(), G_VARIANT_TYPE_STRING) ||
-         now != g_variant_get_string(kept.get(), nullptr))) {
-        mClient->clearFolder(MEMORY);
-        write(BOOT_ID, g_variant_new_string(now.c_str()));
+    const bool known = kept != nullptr && g_variant_is_of_type(kept.get(), G_VARIANT_TYPE_STRING);
+    if (!mWritable || now.empty() || (known && now == g_variant_get_string(kept.get(), nullptr))) {
+        return;
     }
+    if (known) {
+        mClient->clearFolder(MEMORY);
+    }
+    write(BOOT_ID, g_variant_new_string(now.c_str()));
 }
 
 std::string Store::pathOf(const char* key) {

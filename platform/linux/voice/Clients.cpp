@@ -5,21 +5,22 @@
 #include <set>
 
 #include "dlog.h"
-#include "lib/gio/GPointer.h"
+#include "lib/gio/Bus.h"
 #include "lib/gio/IoThread.h"
 
 namespace voice {
 
 namespace {
 
+constexpr char kName[] = "org.orvane.VoiceControl";
 constexpr char kPath[] = "/org/orvane/VoiceControl";
 constexpr char kClientPath[] = "/org/orvane/VoiceClient";
 constexpr char kClientInterface[] = "org.orvane.VoiceClient1";
+constexpr int kTimeoutMilliseconds = 1000;
 constexpr char kDescription[] =
     "<node><interface name='org.orvane.VoiceControl1'>"
     "<method name='Register'><arg type='as' name='domains' direction='in'/></method>"
     "</interface></node>";
-constexpr int kTimeoutMilliseconds = 1000;
 
 struct Registration {
     Client client;
@@ -29,14 +30,11 @@ struct Registration {
 
 std::mutex mutex;
 std::vector<Registration> registrations;
-GDBusConnection* bus = nullptr;  // the process's own; set once, on the bus's thread
 
 int processOf(const char* name) {
     gio::Error fault;
-    const gio::Variant answer(
-        g_dbus_connection_call_sync(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-                                    "GetConnectionUnixProcessID", g_variant_new("(s)", name), G_VARIANT_TYPE("(u)"),
-                                    G_DBUS_CALL_FLAGS_NONE, kTimeoutMilliseconds, nullptr, fault.out()));
+    const gio::Variant answer =
+        gio::Bus::session().ask("GetConnectionUnixProcessID", g_variant_new("(s)", name), "(u)", fault);
     guint32 pid = 0;
     if (answer) {
         g_variant_get(answer.get(), "(u)", &pid);
@@ -64,8 +62,8 @@ void remember(const char* name, std::set<std::string> agents) {
             return;
         }
     }
-    const guint watch =
-        g_bus_watch_name_on_connection(bus, name, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, forget, nullptr, nullptr);
+    const guint watch = g_bus_watch_name_on_connection(
+        gio::Bus::session().connection(), name, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, forget, nullptr, nullptr);
     registrations.push_back({{name, pid}, std::move(agents), watch});
 }
 
@@ -79,29 +77,18 @@ std::set<std::string> textsOf(GVariant* arguments) {
     return texts;
 }
 
-void onCall(GDBusConnection*, const gchar* sender, const gchar*, const gchar*, const gchar*, GVariant* arguments,
-            GDBusMethodInvocation* invocation, gpointer) noexcept {
+void onRegister(const char* sender, const char*, GVariant* arguments, GDBusMethodInvocation* invocation) {
     remember(sender, textsOf(arguments));
     g_dbus_method_invocation_return_value(invocation, nullptr);
 }
 
-struct NodeUnref {
-    void operator()(GDBusNodeInfo* node) const noexcept { g_dbus_node_info_unref(node); }
-};
-
-void exportObject() {
-    gio::Error fault;
-    bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, fault.out());
-    if (!bus) {
-        dlog_print(DLOG_WARN, "orvane-voice", "no session bus, so no clients: %s", fault.message().c_str());
-        return;
-    }
-    // The end of the bus is no reason to end the process; who runs the service decides that.
-    g_dbus_connection_set_exit_on_close(bus, FALSE);
-    const std::unique_ptr<GDBusNodeInfo, NodeUnref> node(g_dbus_node_info_new_for_xml(kDescription, nullptr));
-    static const GDBusInterfaceVTable methods{onCall, nullptr, nullptr, {}};
-    if (!g_dbus_connection_register_object(bus, kPath, node->interfaces[0], &methods, nullptr, nullptr, fault.out())) {
-        dlog_print(DLOG_ERROR, "orvane-voice", "clients cannot register: %s", fault.message().c_str());
+// The name comes last: who waits for it may register at once.
+void startServing() {
+    const gio::Bus& bus = gio::Bus::session();
+    if (!bus.isOpen()) {
+        dlog_print(DLOG_WARN, "orvane-voice", "no session bus, so no clients");
+    } else if (bus.serve(kPath, kDescription, onRegister) && !bus.own(kName)) {
+        dlog_print(DLOG_WARN, "orvane-voice", "another process has the name %s", kName);
     }
 }
 
@@ -109,7 +96,7 @@ void exportObject() {
 
 void serveClients() {
     static std::once_flag once;
-    std::call_once(once, [] { gio::IoThread::get().run(exportObject); });
+    std::call_once(once, startServing);
 }
 
 std::vector<Client> clientsFor(const std::string& agent) {
@@ -125,9 +112,9 @@ std::vector<Client> clientsFor(const std::string& agent) {
 
 void deliverResult(const Client& client, const std::string& text, const std::string& json) {
     gio::IoThread::get().post([=] {
-        g_dbus_connection_call(bus, client.busName.c_str(), kClientPath, kClientInterface, "Result",
-                               g_variant_new("(ss)", text.c_str(), json.c_str()), nullptr, G_DBUS_CALL_FLAGS_NONE,
-                               kTimeoutMilliseconds, nullptr, nullptr, nullptr);
+        g_dbus_connection_call(gio::Bus::session().connection(), client.busName.c_str(), kClientPath, kClientInterface,
+                               "Result", g_variant_new("(ss)", text.c_str(), json.c_str()), nullptr,
+                               G_DBUS_CALL_FLAGS_NONE, kTimeoutMilliseconds, nullptr, nullptr, nullptr);
     });
 }
 

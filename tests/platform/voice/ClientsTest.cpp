@@ -6,10 +6,10 @@
 
 #include <atomic>
 
-#include "support/PrivateBus.h"
 #include "VoiceRoom.h"
 #include "lib/gio/GPointer.h"
 #include "lib/gio/IoThread.h"
+#include "support/PrivateBus.h"
 #include "voice/Clients.h"
 
 namespace {
@@ -37,7 +37,7 @@ public:
     void registerFor(const std::vector<const char*>& agents) {
         gio::Error fault;
         const gio::Variant answer(g_dbus_connection_call_sync(
-            mBus.get(), serviceName().c_str(), "/org/orvane/VoiceControl", "org.orvane.VoiceControl1", "Register",
+            mBus.get(), "org.orvane.VoiceControl", "/org/orvane/VoiceControl", "org.orvane.VoiceControl1", "Register",
             g_variant_new("(@as)", g_variant_new_strv(agents.data(), static_cast<gssize>(agents.size()))), nullptr,
             G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, fault.out()));
         ASSERT_TRUE(answer) << fault.message();
@@ -64,12 +64,6 @@ public:
     std::string json;
 
 private:
-    // The test's process plays the service: its shared connection carries the voice interface.
-    static std::string serviceName() {
-        const gio::Object<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-        return g_dbus_connection_get_unique_name(bus.get());
-    }
-
     void exportClient() {
         GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(
             "<node><interface name='org.orvane.VoiceClient1'><method name='Result'>"

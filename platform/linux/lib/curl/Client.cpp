@@ -2,13 +2,9 @@
 
 #include <new>
 
-#include "lib/curl/Url.h"
-
 namespace curl {
 
 namespace {
-
-constexpr long kMostRedirects = 3;
 
 // Before the first handle; never undone, since another library of the process may use curl too.
 void initialise() {
@@ -91,16 +87,11 @@ Answer Client::request(const std::string& url, const std::string& bearer, const 
     return answer;
 }
 
-// What was https stays https wherever it is sent on to, and nothing else than the web is ever spoken.
 void Client::prepare(const std::string& url, const std::string& bearer) {
     CURL* handle = mHandle.get();
-    const char* onward = isSecure(url) ? "https" : "http,https";
     set(handle, CURLOPT_URL, url.c_str());
     set(handle, CURLOPT_PATH_AS_IS, 1L);
     set(handle, CURLOPT_PROTOCOLS_STR, "http,https");
-    set(handle, CURLOPT_REDIR_PROTOCOLS_STR, onward);
-    set(handle, CURLOPT_FOLLOWLOCATION, 1L);
-    set(handle, CURLOPT_MAXREDIRS, kMostRedirects);
     set(handle, CURLOPT_NOSIGNAL, 1L);
     set(handle, CURLOPT_CONNECTTIMEOUT_MS, mLimits.connectMilliseconds);
     set(handle, CURLOPT_TIMEOUT_MS, mLimits.requestMilliseconds);
@@ -123,7 +114,6 @@ void Client::preparePost(const std::string& json, Headers& headers) {
     set(mHandle.get(), CURLOPT_HTTPHEADER, headers.get());
     set(mHandle.get(), CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(json.size()));
     set(mHandle.get(), CURLOPT_COPYPOSTFIELDS, json.c_str());
-    set(mHandle.get(), CURLOPT_POSTREDIR, static_cast<long>(CURL_REDIR_POST_ALL));
 }
 
 }  // namespace curl

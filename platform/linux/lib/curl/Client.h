@@ -1,5 +1,6 @@
 // Requests over HTTP and HTTPS, one after the other, over connections that are kept between them. Used by one thread at
-// a time; every request blocks until its answer or a limit. Certificates are always checked.
+// a time; every request blocks until its answer or a limit. Certificates are always checked; an answer that sends
+// elsewhere is an answer like others, so that nobody but the asked host ever gets what is sent.
 #pragma once
 
 #include <curl/curl.h>
@@ -12,7 +13,7 @@ namespace curl {
 
 struct Limits {
     long connectMilliseconds;
-    long requestMilliseconds;  // redirections included
+    long requestMilliseconds;  // the connecting included
     std::size_t answerBytes;
 };
 
@@ -37,8 +38,7 @@ public:
     Client(const Client&) = delete;
     Client& operator=(const Client&) = delete;
 
-    // `bearer` is sent to the URL's own host alone, wherever it redirects to. Throw Error when there is no whole
-    // answer.
+    // Throw Error when there is no whole answer.
     Answer get(const std::string& url, const std::string& bearer);
     Answer post(const std::string& url, const std::string& bearer, const std::string& json);
 

@@ -1,0 +1,120 @@
+#include "hub-server/Faults.h"
+
+#include <map>
+#include <stdexcept>
+
+namespace sim::hub {
+
+namespace {
+
+using nlohmann::json;
+
+bool giveError(const Exchange& exchange) {
+    exchange.stream.write(textOf({exchange.fault.at("status"), R"({"error": "as told"})", {}}));
+    return true;
+}
+
+bool sendOn(const Exchange& exchange) {
+    exchange.stream.write(textOf({exchange.fault.value("status", 302), "", exchange.fault.at("location")}));
+    return true;
+}
+
+bool giveBody(const Exchange& exchange) {
+    exchange.stream.write(textOf({200, exchange.fault.at("body"), {}}));
+    return true;
+}
+
+bool giveGarbage(const Exchange& exchange) {
+    std::string bytes = "{\"families\": [";
+    for (int i = 0; i < 4096; ++i) {
+        bytes += static_cast<char>(i * 31 % 251);
+    }
+    exchange.stream.write(textOf({200, bytes, {}}));
+    return true;
+}
+
+bool giveHalf(const Exchange& exchange) {
+    const std::string whole = textOf(exchange.answer);
+    exchange.stream.write(whole.substr(0, whole.size() - (exchange.answer.body.size() + 1) / 2));
+    return false;
+}
+
+bool answerSlowly(const Exchange& exchange) {
+    const bool left = exchange.socket.isLeftWithin(exchange.fault.at("milliseconds"));
+    if (!left) {
+        exchange.stream.write(textOf(exchange.answer));
+    }
+    return !left;
+}
+
+bool trickle(const Exchange& exchange) {
+    for (const char letter : textOf(exchange.answer)) {
+        exchange.stream.write({letter});
+        if (exchange.socket.isLeftWithin(exchange.fault.at("milliseconds"))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool keepSilent(const Exchange& exchange) {
+    exchange.socket.isLeftWithin(-1);
+    return false;
+}
+
+bool close(const Exchange&) {
+    return false;
+}
+
+// Ends when the client has had enough.
+bool neverEnd(const Exchange& exchange) {
+    exchange.stream.write("HTTP/1.1 200 -\r\nContent-Type: application/json\r\n\r\n{\"families\": [");
+    const std::string block(65536, ' ');
+    for (;;) {
+        exchange.stream.write(block);
+    }
+}
+
+struct Kind {
+    bool (*commit)(const Exchange&);
+    const char* number;  // what it needs besides; null: nothing
+    const char* text;
+};
+
+const std::map<std::string, Kind>& kinds() {
+    static const std::map<std::string, Kind> all{
+        {"error", {giveError, "status", nullptr}},
+        {"redirect", {sendOn, nullptr, "location"}},
+        {"body", {giveBody, nullptr, "body"}},
+        {"garbage", {giveGarbage, nullptr, nullptr}},
+        {"half", {giveHalf, nullptr, nullptr}},
+        {"slow", {answerSlowly, "milliseconds", nullptr}},
+        {"trickle", {trickle, "milliseconds", nullptr}},
+        {"silent", {keepSilent, nullptr, nullptr}},
+        {"close", {close, nullptr, nullptr}},
+        {"endless", {neverEnd, nullptr, nullptr}},
+    };
+    return all;
+}
+
+}  // namespace
+
+void checkFault(const json& fault) {
+    const auto kind = kinds().find(fault.at("kind").get<std::string>());
+    if (kind == kinds().end()) {
+        throw std::invalid_argument("no such kind of fault: " + fault.dump());
+    }
+    fault.value("request", 1);
+    if (kind->second.number != nullptr) {
+        fault.at(kind->second.number).get<int>();
+    }
+    if (kind->second.text != nullptr) {
+        fault.at(kind->second.text).get_ref<const std::string&>();
+    }
+}
+
+bool misbehave(const Exchange& exchange) {
+    return kinds().at(exchange.fault.at("kind")).commit(exchange);
+}
+
+}  // namespace sim::hub

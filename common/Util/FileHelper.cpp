@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <new>
+#include <utility>
 
 #include "Util/Log.h"
 
@@ -21,11 +22,12 @@ using File = std::unique_ptr<FILE, CloseFile>;
 }  // namespace
 
 FileContent& FileContent::setCopiedData(const char* src, int newSize) {
-    if (src == nullptr || newSize <= 0) {
+    std::unique_ptr<char[]> room(src != nullptr && newSize > 0 ? new (std::nothrow) char[newSize] : nullptr);
+    if (room == nullptr) {
         LOGE("Data set fail , filepath : %s", path.c_str());
         return *this;
     }
-    data.reset(new char[newSize]);
+    data = std::move(room);
     memcpy(data.get(), src, newSize);
     size = newSize;
     return *this;

@@ -14,7 +14,7 @@ public:
     FileContent(const FileContent&) = delete;
     FileContent& operator=(const FileContent&) = delete;
 
-    // Copies `size` bytes; a null source or a size below 1 leaves the object as it was.
+    // Copies `size` bytes; a null source, a size below 1 or a lack of memory leaves the object as it was.
     FileContent& setCopiedData(const char* src, int size);
 
     std::string path;

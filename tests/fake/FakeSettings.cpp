@@ -202,8 +202,11 @@ const char* vconf_keynode_get_str(const keynode_t* node) {
 }
 
 int connection_create(connection_h* handle) {
-    *handle = &connection;
-    return platform().call("connection_create");
+    const int result = platform().call("connection_create");
+    if (result == 0) {
+        *handle = &connection;
+    }
+    return result;
 }
 
 int connection_destroy(connection_h) {

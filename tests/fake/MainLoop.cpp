@@ -40,6 +40,7 @@ struct State {
     long lastHandle = 0;
     std::vector<Timer> timers;
     std::deque<std::shared_ptr<Posted>> posted;
+    std::function<void(unsigned)> sleep;
     // The thread that initialises the process runs the tests.
     const pid_t mainThread = static_cast<pid_t>(syscall(SYS_gettid));
 };
@@ -53,6 +54,7 @@ const bool registered = fake::platform().addReset([] {
     std::lock_guard<std::mutex> lock(state().mutex);
     state().timers.clear();
     state().posted.clear();
+    state().sleep = nullptr;
     state().now = 0;
 });
 
@@ -68,6 +70,11 @@ MainLoop& MainLoop::get() {
 double MainLoop::now() const {
     std::lock_guard<std::mutex> lock(state().mutex);
     return state().now;
+}
+
+void MainLoop::onSleep(std::function<void(unsigned)> sleep) {
+    std::lock_guard<std::mutex> lock(state().mutex);
+    state().sleep = std::move(sleep);
 }
 
 bool MainLoop::onMainThread() const {
@@ -191,10 +198,19 @@ void* ecore_main_loop_thread_safe_call_sync(Ecore_Data_Cb callback, void* data) 
     return call->result;
 }
 
-// The main loop's sleeps take no time here; those of the product's own threads do.
+// The main loop's sleeps take no time here; those of the product's own threads do, unless the test replaces them.
 int usleep(useconds_t microseconds) {
     if (fake::mainLoop().onMainThread()) {
         fake::platform().call("usleep", {std::to_string(microseconds)});
+        return 0;
+    }
+    std::function<void(unsigned)> sleep;
+    {
+        std::lock_guard<std::mutex> lock(state().mutex);
+        sleep = state().sleep;
+    }
+    if (sleep) {
+        sleep(microseconds);
         return 0;
     }
     timespec time{static_cast<time_t>(microseconds / 1000000), static_cast<long>(microseconds % 1000000) * 1000};

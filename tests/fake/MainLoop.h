@@ -22,6 +22,8 @@ public:
     size_t timers() const;                // that now run
     double interval(size_t index) const;  // of the running timer, oldest first
     bool onMainThread() const;
+    // What usleep does on the product's own threads from now on, on the sleeper's thread; null: it sleeps.
+    void onSleep(std::function<void(unsigned microseconds)> sleep);
 };
 
 inline MainLoop& mainLoop() {

@@ -31,9 +31,11 @@ void Platform::reset() {
         std::lock_guard<std::mutex> lock(mMutex);
         mCalls.clear();
         mLogs.clear();
+        mStory.clear();
         mAnswers.clear();
         mNextAnswers.clear();
         mHooks.clear();
+        mLogHook = nullptr;
         resets = mResets;
     }
     for (auto& reset : resets) {
@@ -54,6 +56,7 @@ int Platform::call(const std::string& name, std::vector<std::string> args, int o
     {
         std::lock_guard<std::mutex> lock(mMutex);
         mCalls.push_back(call);
+        mStory.push_back(call.text());
         auto next = mNextAnswers.find(name);
         if (next != mNextAnswers.end() && !next->second.empty()) {
             code = next->second.front();
@@ -72,10 +75,18 @@ int Platform::call(const std::string& name, std::vector<std::string> args, int o
     return code;
 }
 
-void Platform::log(LogLine line) {
-    std::lock_guard<std::mutex> lock(mMutex);
-    mLogs.push_back(std::move(line));
-    mChanged.notify_all();
+void Platform::log(const LogLine& line) {
+    std::function<void(const LogLine&)> hook;
+    {
+        std::lock_guard<std::mutex> lock(mMutex);
+        mLogs.push_back(line);
+        mStory.push_back("log: " + line.message);
+        hook = mLogHook;
+        mChanged.notify_all();
+    }
+    if (hook) {
+        hook(line);
+    }
 }
 
 void Platform::answer(const std::string& name, int code) {
@@ -91,6 +102,11 @@ void Platform::answerNext(const std::string& name, int code, int times) {
 void Platform::onCall(const std::string& name, std::function<void(const Call&)> hook) {
     std::lock_guard<std::mutex> lock(mMutex);
     mHooks[name] = std::move(hook);
+}
+
+void Platform::onLog(std::function<void(const LogLine&)> hook) {
+    std::lock_guard<std::mutex> lock(mMutex);
+    mLogHook = std::move(hook);
 }
 
 std::vector<Call> Platform::calls() const {
@@ -135,10 +151,16 @@ size_t Platform::count(const std::string& name) const {
     return calls(name).size();
 }
 
+std::vector<std::string> Platform::story() const {
+    std::lock_guard<std::mutex> lock(mMutex);
+    return mStory;
+}
+
 void Platform::forgetCalls() {
     std::lock_guard<std::mutex> lock(mMutex);
     mCalls.clear();
     mLogs.clear();
+    mStory.clear();
 }
 
 std::vector<LogLine> Platform::logs() const {

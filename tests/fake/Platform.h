@@ -44,13 +44,14 @@ public:
 
     // For the rooms: records a call, runs its hook, returns the scripted answer or `otherwise`.
     int call(const std::string& name, std::vector<std::string> args = {}, int otherwise = 0);
-    void log(LogLine line);
+    void log(const LogLine& line);
 
     // For the tests.
     void answer(const std::string& name, int code);                     // from now on
     void answerNext(const std::string& name, int code, int times = 1);  // before any standing answer
     void onCall(const std::string& name,
-                std::function<void(const Call&)> hook);  // runs on the caller's thread, unlocked
+                std::function<void(const Call&)> hook);    // runs on the caller's thread, unlocked
+    void onLog(std::function<void(const LogLine&)> hook);  // likewise
 
     std::vector<Call> calls() const;
     std::vector<Call> calls(const std::string& name) const;
@@ -59,6 +60,8 @@ public:
     // In order, only the calls whose names start with one of the prefixes.
     std::vector<std::string> textsOf(const std::vector<std::string>& prefixes) const;
     size_t count(const std::string& name) const;
+    // Calls, with arguments, and log messages ("log: ...") in their one order.
+    std::vector<std::string> story() const;
     void forgetCalls();  // and log lines
     std::vector<LogLine> logs() const;
     bool logged(int priority, const std::string& message) const;
@@ -74,9 +77,11 @@ private:
     mutable std::condition_variable mChanged;
     std::vector<Call> mCalls;
     std::vector<LogLine> mLogs;
+    std::vector<std::string> mStory;
     std::map<std::string, int> mAnswers;
     std::map<std::string, std::deque<int>> mNextAnswers;
     std::map<std::string, std::function<void(const Call&)>> mHooks;
+    std::function<void(const LogLine&)> mLogHook;
     std::vector<std::function<void()>> mResets;
 };
 

@@ -31,19 +31,31 @@ protected:
 };
 
 TEST_F(FocusTest, LosingItStopsCaptureAndGettingItBackResumesIt) {
+    bool finishedBeforeTheDevice = false;
+    fake::platform().onCall("sse_unprepare", [&](const fake::Call&) {
+        finishedBeforeTheDevice = fake::platform().logged(DLOG_INFO, "_audio_record finish");
+    });
     SRecorderSSE recorder;
     recorder.startRecord();
     ASSERT_TRUE(reads(1));
     change(RECORDING, RELEASED);
+    fake::platform().onCall("sse_unprepare", nullptr);
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Sound Stream Focus State Chagned!"));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG,
                                         "Focus state changed to (0) with reason(SOUND_STREAM_FOCUS_CHANGED_BY_CALL)"));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus released as interrupt"));
+    EXPECT_TRUE(finishedBeforeTheDevice);
     EXPECT_EQ(fake::platform().count("sse_unprepare"), 1u);
     EXPECT_EQ(fake::platform().count("sound_manager_release_focus"), 0u);
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "_audio_record finish"));
 
+    size_t startsBeforeTheDevice = 0;
+    fake::platform().onCall("sse_prepare", [&](const fake::Call&) {
+        startsBeforeTheDevice = fake::platform().countLogged("Read Thread Start");
+    });
     change(RECORDING, ACQUIRED);
+    fake::platform().onCall("sse_prepare", nullptr);
+    EXPECT_EQ(startsBeforeTheDevice, 1u) << "capture starts again after the device";
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus acquired as interrupt completed"));
     EXPECT_EQ(fake::platform().count("sse_prepare"), 2u);
     EXPECT_TRUE(reads(2));
@@ -85,6 +97,12 @@ TEST_F(FocusTest, ReasonsHaveTheirNames) {
             SRecorder::TranslateSoundStreamFocusChangeReason(static_cast<sound_stream_focus_change_reason_e>(i)),
             "Undefined reason code");
     }
+}
+
+TEST_F(FocusTest, AnUnknownReasonIsLoggedAsUndefined) {
+    SRecorderSSE recorder;
+    fake::changeFocus(SOUND_STREAM_FOCUS_FOR_PLAYBACK, RELEASED, static_cast<sound_stream_focus_change_reason_e>(11));
+    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus state changed to (0) with reason(Undefined reason code)"));
 }
 
 TEST_F(FocusTest, AChangeThatComesWhileTheRecorderIsDestroyedIsSafe) {

@@ -18,14 +18,22 @@ class Counter : public OrvaneDA::SRecordListener {
 public:
     Counter() : SRecordListener(0) {}
     void implDataHandled(char* data, int size) override {
-        std::unique_ptr<char[]> block(data);
-        memcpy(&first, data, 2);
+        if (blocks == 0) {
+            memcpy(&first, data, 2);
+            block.reset(data);
+            turn = ++turns;
+        } else {
+            delete[] data;
+        }
         blockSize = size;
         ++blocks;
     }
+    std::unique_ptr<char[]> block;  // the first, kept
+    int turn = 0;                   // when it came
+    static inline int turns = 0;
     std::atomic<int> blocks{0};
     std::atomic<int> blockSize{0};
-    short first = 0;
+    short first = 0;  // sample of the first block
 };
 
 Texts deviceCalls() {
@@ -92,29 +100,6 @@ TEST_F(RecorderTest, ANewAudioInputRecorderIsPreparedAndHoldsTheFocus) {
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "audio_in_destroy"));
 }
 
-TEST_F(RecorderTest, AFocusThatIsHeldIsNotAcquiredOrBoundAgain) {
-    fake::setFocus(SOUND_STREAM_FOCUS_STATE_ACQUIRED);
-    SRecorderSSE recorder;
-    EXPECT_EQ(fake::platform().count("sound_manager_acquire_focus"), 0u);
-    EXPECT_EQ(fake::platform().count("sse_set_stream_info"), 0u);
-    EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
-}
-
-TEST_F(RecorderTest, WithoutTheFocusTheDeviceIsStartedAllTheSame) {
-    fake::platform().answer("sound_manager_acquire_focus", -702);
-    SRecorderSSE recorder;
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to acquire focus : -702"));
-    EXPECT_EQ(fake::platform().count("sse_set_stream_info"), 0u);
-    EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
-}
-
-TEST_F(RecorderTest, AStreamThatCannotBeBoundIsLoggedAndTheDeviceStarted) {
-    fake::platform().answer("sse_set_stream_info", -1);
-    SRecorderSSE recorder;
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to set stream info"));
-    EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
-}
-
 TEST_F(RecorderTest, FailuresOfTheStreamInformationAreLoggedAndConstructionGoesOn) {
     fake::platform().answer("sound_manager_create_stream_information", -12);
     fake::platform().answer("sound_manager_set_focus_reacquisition", -22);
@@ -126,22 +111,29 @@ TEST_F(RecorderTest, FailuresOfTheStreamInformationAreLoggedAndConstructionGoesO
     EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
 }
 
-TEST_F(RecorderTest, EveryDeviceFailureIsLoggedWithItsCode) {
+TEST_F(RecorderTest, AnAudioInputThatCannotBeDestroyedIsForgottenAllTheSame) {
     SRecorderOriginal recorder;
-    fake::platform().answer("sound_manager_get_focus_state", -4);
-    fake::platform().answer("audio_in_unprepare", -5);
     recorder._audio_unprepare();
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to stop audio : -5"));
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to get focus state : -4"));
-    fake::platform().answer("audio_in_prepare", -6);
-    EXPECT_EQ(recorder._audio_prepare(), -6);
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to start audio : -6"));
     fake::platform().answer("audio_in_destroy", -7);
-    recorder._audio_deinit();
+    EXPECT_EQ(recorder._audio_deinit(), -7);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to destroy audio handle: -7"));
+    recorder._audio_deinit();
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Already deinitialized"));
+}
+
+TEST_F(RecorderTest, AnAudioInputThatCannotBeCreatedLeavesTheRecorderUninitialised) {
     fake::platform().answer("audio_in_create", -8);
+    SRecorderOriginal recorder;
     EXPECT_EQ(recorder._audio_init(), -8);
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[SRecorder ERROR] Fail to create audio handle : -8"));
+    EXPECT_EQ(fake::platform().countLogged("[SRecorder ERROR] Fail to create audio handle : -8"), 2u);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Init before prepare"));
+}
+
+TEST_F(RecorderTest, ACaptureLibraryThatFailsToOpenCountsAsInitialisedAllTheSame) {
+    fake::platform().answer("sse_create", -8);
+    SRecorderSSE recorder;
+    EXPECT_EQ(fake::platform().count("sse_init"), 1u);
+    EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
 }
 
 TEST_F(RecorderTest, AFocusThatCannotBeReleasedIsLogged) {
@@ -156,29 +148,130 @@ class EitherRecorder : public PlatformTest {};
 using Recorders = testing::Types<SRecorderOriginal, SRecorderSSE>;
 TYPED_TEST_SUITE(EitherRecorder, Recorders);
 
-TYPED_TEST(EitherRecorder, GuardsItsStatesWithoutADeviceCall) {
+TYPED_TEST(EitherRecorder, ASecondInitAndASecondPrepareAreErrorsWithoutADeviceCall) {
     TypeParam recorder;
     fake::platform().forgetCalls();
     recorder._audio_init();
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Already initialized"));
     recorder._audio_prepare();
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Already prepared"));
+    EXPECT_TRUE(deviceCalls().empty());
+}
+
+TYPED_TEST(EitherRecorder, PreparingBeforeTheInitIsAnErrorAndLeavesItUninitialised) {
+    TypeParam recorder;
+    recorder._audio_unprepare();
+    recorder._audio_deinit();
+    fake::platform().forgetCalls();
+    recorder._audio_prepare();
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Init before prepare"));
+    EXPECT_TRUE(deviceCalls().empty());
+    recorder._audio_init();
+    EXPECT_EQ(fake::platform().countLogged("Already initialized"), 0u);
+}
+
+TYPED_TEST(EitherRecorder, DeinitWhilePreparedIsAnErrorAndLeavesItPrepared) {
+    TypeParam recorder;
+    fake::platform().forgetCalls();
     recorder._audio_deinit();
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Unprepare before deinit"));
+    recorder._audio_prepare();
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Already prepared"));
     EXPECT_TRUE(deviceCalls().empty());
+}
+
+TYPED_TEST(EitherRecorder, ASecondUnprepareOnlySaysSo) {
+    TypeParam recorder;
+    const std::string entry = std::is_same<TypeParam, SRecorderOriginal>::value ? "audio_unprepare" : "";
     recorder._audio_unprepare();
     fake::platform().forgetCalls();
     recorder._audio_unprepare();
+    EXPECT_EQ(fake::platform().story(), (Texts{"log: " + entry, "log: Already unprepared"}));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Already unprepared"));
-    EXPECT_TRUE(deviceCalls().empty());
+}
+
+TYPED_TEST(EitherRecorder, ASecondDeinitIsAnErrorWithoutADeviceCall) {
+    TypeParam recorder;
+    recorder._audio_unprepare();
     recorder._audio_deinit();
     fake::platform().forgetCalls();
     recorder._audio_deinit();
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Already deinitialized"));
-    recorder._audio_prepare();
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Init before prepare"));
-    recorder._audio_unprepare();
     EXPECT_TRUE(deviceCalls().empty());
+}
+
+TYPED_TEST(EitherRecorder, AFailedStartReturnsItsCodeAndLeavesItUnprepared) {
+    TypeParam recorder;
+    const bool original = std::is_same<TypeParam, SRecorderOriginal>::value;
+    recorder._audio_unprepare();
+    fake::platform().answerNext(original ? "audio_in_prepare" : "sse_prepare", -6);
+    EXPECT_EQ(recorder._audio_prepare(), -6);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to start audio : -6"));
+    EXPECT_EQ(recorder._audio_prepare(), 0);
+    EXPECT_EQ(fake::platform().countLogged("Already prepared"), 0u);
+}
+
+TYPED_TEST(EitherRecorder, AFailedStopReleasesTheFocusAndLeavesItUnpreparedAllTheSame) {
+    TypeParam recorder;
+    const bool original = std::is_same<TypeParam, SRecorderOriginal>::value;
+    fake::platform().answer(original ? "audio_in_unprepare" : "sse_unprepare", -5);
+    fake::platform().forgetCalls();
+    EXPECT_EQ(recorder._audio_unprepare(), -5);
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to stop audio : -5"));
+    EXPECT_EQ(fake::platform().count("sound_manager_release_focus"), 1u);
+    recorder._audio_unprepare();
+    EXPECT_EQ(fake::platform().countLogged("Already unprepared"), 1u);
+}
+
+TYPED_TEST(EitherRecorder, AFocusStateThatCannotBeReadIsLoggedAndCountsAsNotHeld) {
+    TypeParam recorder;
+    fake::platform().answer("sound_manager_get_focus_state", -4);
+    fake::platform().forgetCalls();
+    recorder._audio_unprepare();
+    EXPECT_EQ(fake::platform().count("sound_manager_release_focus"), 0u);
+    recorder._audio_prepare();
+    EXPECT_EQ(fake::platform().count("sound_manager_acquire_focus"), 1u);
+    EXPECT_EQ(fake::platform().countLogged("[Recorder ERROR] Fail to get focus state : -4"), 2u);
+}
+
+TYPED_TEST(EitherRecorder, AFocusThatIsHeldIsNotAcquiredOrBoundAgain) {
+    fake::setFocus(SOUND_STREAM_FOCUS_STATE_ACQUIRED);
+    TypeParam recorder;
+    EXPECT_EQ(fake::platform().count("sound_manager_acquire_focus"), 0u);
+    EXPECT_EQ(fake::platform().count("sse_set_stream_info"), 0u);
+    EXPECT_EQ(fake::platform().count("audio_in_set_sound_stream_info"), 0u);
+    EXPECT_EQ(fake::platform().count("sse_prepare") + fake::platform().count("audio_in_prepare"), 1u);
+}
+
+TYPED_TEST(EitherRecorder, WithoutTheFocusTheDeviceIsStartedAllTheSame) {
+    fake::platform().answer("sound_manager_acquire_focus", -702);
+    TypeParam recorder;
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to acquire focus : -702"));
+    EXPECT_EQ(fake::platform().count("sse_set_stream_info"), 0u);
+    EXPECT_EQ(fake::platform().count("audio_in_set_sound_stream_info"), 0u);
+    EXPECT_EQ(fake::platform().count("sse_prepare") + fake::platform().count("audio_in_prepare"), 1u);
+}
+
+TYPED_TEST(EitherRecorder, AStreamThatCannotBeBoundIsLoggedAndTheDeviceStarted) {
+    fake::platform().answer("sse_set_stream_info", -1);
+    fake::platform().answer("audio_in_set_sound_stream_info", -1);
+    TypeParam recorder;
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to set stream info"));
+    EXPECT_EQ(fake::platform().count("sse_prepare") + fake::platform().count("audio_in_prepare"), 1u);
+}
+
+TYPED_TEST(EitherRecorder, DestructionStopsCaptureBeforeTheDevice) {
+    const bool original = std::is_same<TypeParam, SRecorderOriginal>::value;
+    bool finished = false;
+    fake::platform().onCall(original ? "audio_in_unprepare" : "sse_unprepare", [&](const fake::Call&) {
+        finished = fake::platform().logged(DLOG_INFO, "_audio_record finish");
+    });
+    {
+        TypeParam recorder;
+        recorder.startRecord();
+        ASSERT_TRUE(fake::platform().waitFor(original ? "audio_in_read" : "sse_read"));
+    }
+    EXPECT_TRUE(finished);
 }
 
 TYPED_TEST(EitherRecorder, HandsEachEnabledListenerACopyAndTheOthersNothing) {
@@ -199,6 +292,10 @@ TYPED_TEST(EitherRecorder, HandsEachEnabledListenerACopyAndTheOthersNothing) {
     recorder.stopRecord();
     EXPECT_EQ(disabled.blocks, 0);
     EXPECT_EQ(first.blockSize, 512);
+    EXPECT_NE(first.block, second.block) << "each its own copy";
+    EXPECT_LT(first.turn, second.turn) << "in the order added";
+    EXPECT_EQ(first.first, 1234);
+    EXPECT_EQ(second.first, 1234);
 }
 
 TYPED_TEST(EitherRecorder, AFailedReadResetsTheDeviceInOrderAndCaptureGoesOnOnTheSameThread) {
@@ -230,11 +327,16 @@ TYPED_TEST(EitherRecorder, AFailedReadResetsTheDeviceInOrderAndCaptureGoesOnOnTh
 }
 
 TYPED_TEST(EitherRecorder, ReadsNothingWhileItIsNotPrepared) {
+    std::atomic<int> pauses{0};
+    fake::mainLoop().onSleep([&](unsigned microseconds) {
+        EXPECT_EQ(microseconds, 1000u);
+        ++pauses;
+    });
     TypeParam recorder;
     recorder._audio_unprepare();
     fake::platform().forgetCalls();
     recorder.startRecord();
-    ASSERT_TRUE(fake::platform().waitUntil([] { return fake::platform().logged(DLOG_INFO, "Read Thread Start"); }));
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return pauses > 2; }));
     recorder.stopRecord();
     EXPECT_EQ(fake::platform().count("audio_in_read") + fake::platform().count("sse_read"), 0u);
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "_audio_record finish"));
@@ -248,6 +350,24 @@ TYPED_TEST(EitherRecorder, ASecondStartWhileItRecordsDoesNothing) {
     recorder.startRecord();
     recorder.stopRecord();
     EXPECT_EQ(fake::platform().countLogged("Read Thread Start"), 1u);
+}
+
+TYPED_TEST(EitherRecorder, TwoStartsThatFindNoThreadRecordingYetStartTwoAndAStopEndsBoth) {
+    std::atomic<int> starting{0};
+    // The first is held back before it counts as recording.
+    fake::platform().onLog([&](const fake::LogLine& line) {
+        if (line.message == "Read Thread Start") {
+            ++starting;
+            fake::platform().waitUntil([&] { return starting == 2; });
+        }
+    });
+    TypeParam recorder;
+    recorder.startRecord();
+    recorder.startRecord();
+    EXPECT_TRUE(fake::platform().waitUntil([&] { return starting == 2; }));
+    recorder.stopRecord();
+    fake::platform().onLog(nullptr);
+    EXPECT_EQ(fake::platform().countLogged("_audio_record finish"), 2u);
 }
 
 TYPED_TEST(EitherRecorder, AStopRightAfterAStartEndsTheThread) {
@@ -267,27 +387,76 @@ TYPED_TEST(EitherRecorder, AStopWithoutAThreadDoesNothing) {
     EXPECT_TRUE(fake::platform().calls().empty());
 }
 
-TEST_F(RecorderTest, AnEmptyReadSetsTheLevelToMinusSixty) {
+namespace {
+
+// A recorder whose capture ends by itself at once.
+class ShortRecorder : public SRecorder {
+public:
+    int _audio_init() override { return 0; }
+    int _audio_prepare() override { return 0; }
+    void _audio_record() override { ++captures; }
+    int _audio_unprepare() override { return 0; }
+    int _audio_deinit() override { return 0; }
+    using SRecorder::isRecording;
+    std::atomic<int> captures{0};
+};
+
+}  // namespace
+
+TEST_F(RecorderTest, ACaptureThatEndedByItselfLetsTheNextStartBegin) {
+    ShortRecorder recorder;
+    for (int start = 1; start <= 3; ++start) {
+        recorder.startRecord();
+        ASSERT_TRUE(fake::platform().waitUntil([&] { return recorder.captures == start && !recorder.isRecording(); }));
+    }
+    recorder.stopRecord();
+}
+
+TEST_F(RecorderTest, AnEmptyReadSetsTheLevelToMinusSixtyAndPausesAMillisecond) {
+    std::atomic<unsigned> paused{0};
+    fake::queueSamples(std::vector<short>(256, 16384));
+    fake::queueReadResult(0);
     SRecorderOriginal recorder;
     EXPECT_EQ(recorder.getVolume(), -60.0f);
-    fake::queueSamples(std::vector<short>(256, 16384));
-    for (int i = 0; i < 200; ++i) {
-        fake::queueReadResult(0);
-    }
-    std::atomic<bool> loud{false};
-    std::atomic<bool> empty{false};
+    std::vector<float> levels;  // before each read, then at the pause
     fake::platform().onCall("audio_in_read", [&](const fake::Call&) {
-        if (recorder.getVolume() > -10) {
-            loud = true;
+        if (paused == 0) {
+            levels.push_back(recorder.getVolume());
         }
-        if (loud && recorder.getVolume() == -60.0f) {
-            empty = true;
+    });
+    fake::mainLoop().onSleep([&](unsigned microseconds) {
+        if (paused == 0) {
+            levels.push_back(recorder.getVolume());
+            paused = microseconds;
         }
     });
     recorder.startRecord();
-    EXPECT_TRUE(fake::platform().waitUntil([&] { return empty.load(); }));
+    EXPECT_TRUE(fake::platform().waitUntil([&] { return paused > 0; }));
     recorder.stopRecord();
     fake::platform().onCall("audio_in_read", nullptr);
+    ASSERT_EQ(levels.size(), 3u);
+    EXPECT_NEAR(levels[1], -6.02, 0.01);
+    EXPECT_EQ(levels[2], -60.0f);
+    EXPECT_EQ(paused, 1000u);
+}
+
+TYPED_TEST(EitherRecorder, AFailedReadSetsTheLevelToMinusSixtyAndPausesAMillisecond) {
+    std::atomic<unsigned> paused{0};
+    fake::queueSamples(std::vector<short>(256, 16384));
+    fake::queueReadResult(-802);
+    TypeParam recorder;
+    float level = 0;
+    fake::mainLoop().onSleep([&](unsigned microseconds) {
+        if (paused == 0) {
+            level = recorder.getVolume();
+            paused = microseconds;
+        }
+    });
+    recorder.startRecord();
+    EXPECT_TRUE(fake::platform().waitUntil([&] { return paused > 0; }));
+    recorder.stopRecord();
+    EXPECT_EQ(level, -60.0f);
+    EXPECT_EQ(paused, 1000u);
 }
 
 TEST_F(RecorderTest, ATriggerShotReachesTheCaptureLibrary) {

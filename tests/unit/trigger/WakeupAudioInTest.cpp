@@ -2,7 +2,6 @@
 
 #include <string.h>
 
-#include <atomic>
 #include <thread>
 
 #include "unit/Fixture.h"
@@ -89,25 +88,53 @@ TEST(AClosedWakeupAudioFeed, GivesNothingAtOnceEvenWhenBlocksWait) {
     EXPECT_TRUE(hasData(feed));
 }
 
-TEST(AnOpenWakeupAudioFeedThatIsEmpty, WaitsForABlock) {
+// What happens in the feed's first pause, while the engine's thread waits for a block.
+class AnOpenWakeupAudioFeedThatIsEmpty : public PlatformTest {
+protected:
+    AnOpenWakeupAudioFeedThatIsEmpty() { feed.setEnabled(true); }
+    int fetchWith(const std::function<void()>& meanwhile) {
+        fake::mainLoop().onSleep([&](unsigned microseconds) {
+            EXPECT_EQ(microseconds, 1000u);
+            if (++pauses == 1) {
+                meanwhile();
+            }
+        });
+        int got = -2;
+        std::thread([&] { got = fetch(feed); }).join();
+        return got;
+    }
     WakeupAudioIn feed;
-    feed.setEnabled(true);
-    std::atomic<int> got{-2};
-    std::thread engine([&] { got = fetch(feed); });
-    EXPECT_FALSE(hasData(feed));
-    hand(feed, 42);
-    engine.join();
-    EXPECT_EQ(got, 42);
+    int pauses = 0;
+};
+
+TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, WaitsForABlockAndGivesIt) {
+    EXPECT_EQ(fetchWith([&] {
+                  EXPECT_FALSE(hasData(feed)) << "the queue is open to others while the engine waits";
+                  hand(feed, 42);
+              }),
+              42);
+    EXPECT_EQ(pauses, 1);
 }
 
-TEST(AnOpenWakeupAudioFeedThatIsEmpty, LetsTheEngineGoWhenItIsClosed) {
+TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, LetsTheEngineGoWithinAMillisecondWhenItIsClosed) {
+    EXPECT_EQ(fetchWith([&] { feed.setEnabled(false); }), -1);
+    EXPECT_EQ(pauses, 1);
+}
+
+TEST(AWakeupAudioFeed, GivesNothingForABlockThatIsNone) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
-    std::atomic<int> got{-2};
-    std::thread engine([&] { got = fetch(feed); });
-    feed.setEnabled(false);
-    engine.join();
-    EXPECT_EQ(got, -1);
+    feed.onDataHandled(nullptr, 8);
+    hand(feed, 5);
+    EXPECT_EQ(fetch(feed), -1);
+    EXPECT_EQ(fetch(feed), 5);
+}
+
+TEST(AnEmptyWakeupAudioFeed, HasNoData) {
+    WakeupAudioIn feed;
+    bool available = true;
+    EXPECT_EQ(feed.HasData(available), 0);
+    EXPECT_FALSE(available);
 }
 
 TEST(AWakeupAudioFeed, IgnoresTheReturnOfNothing) {

@@ -20,8 +20,7 @@ INSTANTIATE_TEST_SUITE_P(Flite, AVoice, testing::Values("slt", "awb", "rms", "ka
 TEST(PushToTalk, IsStartedAndStoppedByTheUi) {
     Person person;
     person.appliance.launch(sim::kUi);
-    person.appliance.order(sim::kUi, "start", "PTT");
-    person.appliance.awaitState("Recording");
+    person.pushesToTalk();
     person.says("open music");
     EXPECT_EQ(person.appliance.count(sim::kUi, {{"event", "state"}, {"state", "Ready"}}), 0);
     person.appliance.order(sim::kUi, "stop");

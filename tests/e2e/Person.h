@@ -1,18 +1,40 @@
 // Someone in front of an appliance on which the service listens.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <exception>
+#include <iostream>
 #include <string>
 
 #include "appliance/Appliance.h"
 
 struct Person {
     explicit Person(std::string chosen = "slt") : voice(std::move(chosen)) { appliance.startService(); }
+    ~Person() {
+        if (std::uncaught_exceptions() != 0 || testing::Test::HasFailure()) {
+            const std::string log = appliance.serviceLog();
+            std::cerr << "the service's last words:\n" << log.substr(log.size() > 8000 ? log.size() - 8000 : 0);
+        }
+    }
 
     void wakes() {
         appliance.turnPage();
         says("hey quorbit");
         appliance.await(sim::kUi, {{"event", "wake-up"}});
         appliance.awaitState("Recording");
+    }
+    // Presses again for as long as the service says that it is not ready, as somebody would just after switching on.
+    void pushesToTalk() {
+        const sim::Event refused = {{"event", "state"}, {"state", "Error"}, {"error", "ServiceNotReady"}};
+        int pressed = 0;
+        appliance.until("recording starts", [&] {
+            if (appliance.count(sim::kUi, refused) == pressed) {
+                appliance.order(sim::kUi, "start", "PTT");
+                ++pressed;
+            }
+            return appliance.count(sim::kUi, {{"event", "state"}, {"state", "Recording"}}) != 0;
+        });
     }
     void says(const std::string& text) { appliance.say(text, voice); }
 

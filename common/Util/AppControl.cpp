@@ -125,17 +125,18 @@ void AppControlData::clearData() {
     mTerminateRequest = false;
 }
 
-void AppControl::performAppControl(AppControlData& data) {
+int AppControl::performAppControl(AppControlData& data) {
     // The handle of a received request lives only on the thread that received it.
     if (data.getRequestedAppControl() != nullptr) {
         LOGE("Reply App Control must be called by sync");
-        return;
+        return -1;
     }
     auto copy = std::make_shared<AppControlData>(data);
     asyncThread.asyncCall([copy] {
         performAppControlSync(*copy);
         return false;
     });
+    return APP_CONTROL_ERROR_NONE;
 }
 
 int AppControl::performAppControlSync(AppControlData& data) {

@@ -69,9 +69,9 @@ private:
 
 class AppControl {
 public:
-    // Sends a copy on the worker, in the order of the calls; the outcome is only logged. Any thread. Replies are
-    // refused.
-    static void performAppControl(AppControlData& data);
+    // Sends a copy on the worker, in the order of the calls; the outcome is only logged. Any thread. 0, or -1 for a
+    // reply, which is refused.
+    static int performAppControl(AppControlData& data);
     // Sends on the calling thread. 0, the failing platform call's code, or -1.
     static int performAppControlSync(AppControlData& data);
 

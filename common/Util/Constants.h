@@ -1,4 +1,4 @@
-// Strings that several modules share: application ids, operations, extra keys, files and settings.
+// Strings that several modules share: application ids, operations, extra keys and values, files.
 #pragma once
 
 namespace Constants {
@@ -51,6 +51,38 @@ inline constexpr char ERROR_TYPE[] = "key_error_type";
 inline constexpr char STOP_TTS[] = "key_stop_tts";
 inline constexpr char OPERATION[] = "operation";
 }  // namespace Key
+
+// How the UI asks for listening to begin.
+namespace StartMode {
+inline constexpr char DEFAULT[] = "Default";
+inline constexpr char PTT[] = "PTT";
+inline constexpr char CLEAR_CONTEXT[] = "ClearContext";
+}  // namespace StartMode
+
+namespace State {
+inline constexpr char IDLE[] = "Idle";
+inline constexpr char INIT[] = "Init";
+inline constexpr char READY[] = "Ready";
+inline constexpr char RECORDING[] = "Recording";
+inline constexpr char PROCESSING[] = "Processing";
+inline constexpr char ERROR[] = "Error";
+inline constexpr char STAND_BY[] = "StandBy";
+}  // namespace State
+
+namespace Error {
+inline constexpr char NONE[] = "None";
+inline constexpr char DEFAULT[] = "Default";
+inline constexpr char MIC_OFF[] = "MicOff";
+inline constexpr char WIFI_OFF[] = "WifiOff";
+inline constexpr char RECORDING_TIMEOUT[] = "RecordingTimeout";
+inline constexpr char PROCESSING_TIMEOUT[] = "ProcessingTimeout";
+inline constexpr char SERVICE_NOT_READY[] = "ServiceNotReady";
+inline constexpr char NO_RESULT_JSON[] = "NoResultJson";
+inline constexpr char SERVER_CRASHED[] = "ServerCrashed";
+}  // namespace Error
+
+// Stands for a start mode, state or error that has no name.
+inline constexpr char UNKNOWN[] = "UNKNOWN";
 
 namespace Port {
 inline constexpr char PARTIAL[] = "partial";

@@ -1,50 +1,54 @@
 #include "ClientState.h"
 
+#include "Util/Constants.h"
+
 namespace OrvaneDA {
 
 const char* wireName(ClientState state) {
+    namespace State = Constants::State;
     switch (state) {
         case ClientState::Idle:
-            return "Idle";
+            return State::IDLE;
         case ClientState::Init:
-            return "Init";
+            return State::INIT;
         case ClientState::Recording:
-            return "Recording";
+            return State::RECORDING;
         case ClientState::Ready:
-            return "Ready";
+            return State::READY;
         case ClientState::Processing:
-            return "Processing";
+            return State::PROCESSING;
         case ClientState::Error:
-            return "Error";
+            return State::ERROR;
         case ClientState::StandBy:
-            return "StandBy";
+            return State::STAND_BY;
         default:
-            return "UNKNOWN";
+            return Constants::UNKNOWN;
     }
 }
 
 const char* wireName(ErrorType error) {
+    namespace Error = Constants::Error;
     switch (error) {
         case ErrorType::None:
-            return "None";
+            return Error::NONE;
         case ErrorType::Default:
-            return "Default";
+            return Error::DEFAULT;
         case ErrorType::MicOff:
-            return "MicOff";
+            return Error::MIC_OFF;
         case ErrorType::WifiOff:
-            return "WifiOff";
+            return Error::WIFI_OFF;
         case ErrorType::RecordingTimeout:
-            return "RecordingTimeout";
+            return Error::RECORDING_TIMEOUT;
         case ErrorType::ProcessingTimeout:
-            return "ProcessingTimeout";
+            return Error::PROCESSING_TIMEOUT;
         case ErrorType::ServiceNotReady:
-            return "ServiceNotReady";
+            return Error::SERVICE_NOT_READY;
         case ErrorType::NoResultJson:
-            return "NoResultJson";
+            return Error::NO_RESULT_JSON;
         case ErrorType::ServerCrashed:
-            return "ServerCrashed";
+            return Error::SERVER_CRASHED;
         default:
-            return "UNKNOWN";
+            return Constants::UNKNOWN;
     }
 }
 

@@ -166,9 +166,9 @@ int Service::sendStateToUI(const ClientState& state, const ErrorType& error) {
     request.clearExtraData();
     request.addExtraData(Constants::Key::STATE_CHANGE, wireName(state));
     request.addExtraData(Constants::Key::ERROR_TYPE, wireName(error));
-    Util::AppControl::performAppControl(request);
+    const int result = Util::AppControl::performAppControl(request);
     mState = state;
-    return 0;
+    return result;
 }
 
 void Service::onAppControl(app_control_h& request) {

@@ -34,7 +34,7 @@ public:
     void initModule();
     void initTrigger();
 
-    // 0, or the code of a send that could not be queued; never waits for the UI.
+    // The send's result; never waits for the UI.
     int sendStateToUI(const ClientState& state, const ErrorType& error);
 
     void startRecognition(VoiceStartMode mode, std::string volume);

@@ -1,12 +1,11 @@
 // Publishes the capture level for the UI's level meter.
 #include <string.h>
 
-#include <limits>
-
 #include "Controller/SRecorder.h"
 #include "Service.h"
 #include "Util/Constants.h"
 #include "Util/FileHelper.h"
+#include "VolumeLevel.h"
 
 namespace OrvaneDA {
 
@@ -16,14 +15,6 @@ constexpr double VOLUME_PERIOD_S = 0.02;
 // No real level, so that the first refresh always writes.
 constexpr int NO_LEVEL = 987654321;
 int lastWrittenLevel = NO_LEVEL;
-
-// Silence is minus infinity, which no integer holds.
-int levelOf(float decibel) {
-    if (decibel <= static_cast<float>(std::numeric_limits<int>::min())) {
-        return std::numeric_limits<int>::min();
-    }
-    return static_cast<int>(decibel);
-}
 
 }  // namespace
 
@@ -51,7 +42,7 @@ void Service::refreshVolumeFile() {
     if (mRecorder == nullptr) {
         return;
     }
-    const int level = levelOf(mRecorder->getVolume());
+    const int level = wholeLevel(mRecorder->getVolume());
     if (level == lastWrittenLevel) {
         return;
     }

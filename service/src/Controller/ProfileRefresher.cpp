@@ -52,14 +52,14 @@ ProfileRefresher::~ProfileRefresher() {
 
 void ProfileRefresher::initPushProfile() {
     const std::string eventName = std::string("event.") + Constants::App::ACCOUNT_SERVICE + ".notification";
-    if (event_add_event_handler(eventName.c_str(), pushed, this, &mEventHandler) != EVENT_ERROR_NONE) {
+    if (event_add_event_handler(eventName.c_str(), _profile_pushed_cb, this, &mEventHandler) != EVENT_ERROR_NONE) {
         LOGE("Failed to init push profile");
     } else {
         LOGD("Success to init push profile");
     }
 }
 
-void ProfileRefresher::pushed(const char*, bundle*, void* refresher) {
+void ProfileRefresher::_profile_pushed_cb(const char*, bundle*, void* refresher) {
     LOGD("received push message of profile update");
     static_cast<ProfileRefresher*>(refresher)->updateProfileInfo();
 }

@@ -31,7 +31,7 @@ public:
                                   void* user_data);
 
 private:
-    static void pushed(const char* eventName, bundle* eventData, void* refresher);
+    static void _profile_pushed_cb(const char* eventName, bundle* eventData, void* refresher);
 
     event_handler_h mEventHandler = nullptr;
     std::shared_ptr<ProfileSession> mSession;

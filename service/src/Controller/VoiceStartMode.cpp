@@ -1,5 +1,7 @@
 #include "Controller/VoiceStartMode.h"
 
+#include "Util/Constants.h"
+
 namespace OrvaneDA {
 
 VoiceStartMode startModeOf(const std::string& name) {
@@ -14,13 +16,13 @@ VoiceStartMode startModeOf(const std::string& name) {
 const char* TranslateStartModeToRecognitionMode(VoiceStartMode mode) {
     switch (mode) {
         case VoiceStartMode::Default:
-            return "Default";
+            return Constants::StartMode::DEFAULT;
         case VoiceStartMode::PTT:
-            return "PTT";
+            return Constants::StartMode::PTT;
         case VoiceStartMode::ClearContext:
-            return "ClearContext";
+            return Constants::StartMode::CLEAR_CONTEXT;
         default:
-            return "UNKNOWN";
+            return Constants::UNKNOWN;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "Controller/ProfileRefresher.h"
 
+#include <atomic>
+
 #include "fake/FakeHousehold.h"
 #include "fake/FakeMessages.h"
 #include "fake/FakeSettings.h"
@@ -32,12 +34,12 @@ protected:
                  {"quorbit_account_server_uri", "https://hub"}},
                 {}};
     }
-    // Answers every account request from now on, until the worker's wait has ended.
+    // Answers the last account request again and again, until a worker's wait has ended.
     static bool answer(app_control_s reply, app_control_result_e result = APP_CONTROL_RESULT_SUCCEEDED) {
         if (!fake::platform().waitUntil([] { return !fake::launches().empty(); })) {
             return false;
         }
-        const fake::Launch launch = fake::launches().at(0);
+        const fake::Launch launch = fake::launches().back();
         const size_t before = fake::platform().count("vrd_manager_private_update");
         // A worker that does not wait yet misses the answer, as with the real one.
         return fake::platform().waitUntil([&] {
@@ -63,6 +65,41 @@ TEST_F(ProfileRefresherTest, TheHouseholdsUsersAreFetchedAndStored) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "result_e:[0]"));
 }
 
+TEST_F(ProfileRefresherTest, AFamilyWithoutUsersAddsNothingAndTheNextIsAskedFor) {
+    fake::setFamilies({{"f1", {}, 0}, {"f2", {{"u2", "Bob"}}, 0}});
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    EXPECT_EQ(fake::platform().count("vrd_bundle_create"), 1u);
+    EXPECT_EQ(fake::storedRecords(), Texts{"userId=u2 userName=Bob"});
+}
+
+TEST_F(ProfileRefresherTest, ARecordIsMadeOfTheUsersIdAndName) {
+    fake::setFamilies({{"f1", {{"u1", "Ann"}}, 0}});
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    EXPECT_EQ(fake::platform().textsOf({"vrd_bundle", "vrd_manager_private"}),
+              (Texts{"vrd_bundle_create()", "vrd_bundle_add_str(userId, u1)", "vrd_bundle_add_str(userName, Ann)",
+                     "vrd_manager_private_update(1)"}));
+}
+
+TEST_F(ProfileRefresherTest, TheAccountServicesReplyComesBackToTheRefresher) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    EXPECT_EQ(fake::launches().at(0).callback, &ProfileRefresher::appControlReplyCB);
+    EXPECT_EQ(fake::launches().at(0).userData, &refresher);
+}
+
+TEST_F(ProfileRefresherTest, TheLastRecordsAreFreedBetweenHubAndDatabase) {
+    auto refresher = std::make_unique<ProfileRefresher>();
+    ASSERT_TRUE(answer(account()));
+    fake::platform().forgetCalls();
+    refresher.reset();
+    ASSERT_TRUE(fake::platform().waitFor("vrd_manager_destroy"));
+    EXPECT_EQ(fake::platform().textsOf({"event_", "ks_", "vrd_"}),
+              (Texts{"event_remove_event_handler()", "ks_server_destroy()", "vrd_bundle_destroy()",
+                     "vrd_bundle_destroy()", "vrd_bundle_destroy()", "vrd_manager_destroy()"}));
+}
+
 TEST_F(ProfileRefresherTest, ConstructionAndDestructionHaveTheirOrder) {
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
     { ProfileRefresher refresher; }
@@ -76,8 +113,11 @@ TEST_F(ProfileRefresherTest, ConstructionAndDestructionHaveTheirOrder) {
 
 TEST_F(ProfileRefresherTest, WithoutANetworkNothingIsAsked) {
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
-    ProfileRefresher refresher;
+    auto refresher = std::make_unique<ProfileRefresher>();
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "No network connection."));
+    EXPECT_EQ(fake::platform().countLogged("No network connection."), 1u);
+    refresher.reset();
+    EXPECT_EQ(fake::platform().count("ks_server_destroy"), 1u) << "there was no worker to wait for";
     EXPECT_TRUE(sent().empty());
 }
 
@@ -136,12 +176,73 @@ TEST_F(ProfileRefresherTest, AnyOtherResultOfAReplyIsNotRead) {
     EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
 }
 
+TEST_F(ProfileRefresherTest, EveryReplyEndsTheWait) {
+    ProfileRefresher refresher;
+    size_t requests = 0;
+    for (auto result : {APP_CONTROL_RESULT_SUCCEEDED, APP_CONTROL_RESULT_FAILED, APP_CONTROL_RESULT_CANCELED,
+                        APP_CONTROL_RESULT_APP_STARTED}) {
+        ASSERT_TRUE(fake::waitForLaunches(++requests));
+        const auto start = std::chrono::steady_clock::now();
+        ASSERT_TRUE(answer(account("false"), result));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(4900)) << result;
+        refresher.updateProfileInfo();
+    }
+    ASSERT_TRUE(fake::waitForLaunches(++requests));
+    ASSERT_TRUE(answer(account("false")));
+}
+
+TEST_F(ProfileRefresherTest, RefreshesTakeTurnsAndAnAnswerBeforeTheWaitIsUsedAtItsEnd) {
+    std::atomic<bool> held{true};
+    fake::platform().onCall("ks_server_sa_account_set",
+                            [&](const fake::Call&) { EXPECT_TRUE(fake::platform().waitUntil([&] { return !held; })); });
+    ProfileRefresher refresher;
+    ASSERT_TRUE(fake::waitForLaunches(1));
+    const fake::Launch launch = fake::launches().at(0);
+    app_control_s reply = account();
+    const auto deliver = [&] {
+        launch.callback(nullptr, &reply, APP_CONTROL_RESULT_SUCCEEDED, launch.userData);
+        return fake::platform().count("ks_server_sa_account_set") == 1;
+    };
+    ASSERT_TRUE(fake::platform().waitUntil(deliver));
+    refresher.updateProfileInfo();
+    ASSERT_TRUE(fake::waitForLaunches(2));
+    deliver();
+    const auto start = std::chrono::steady_clock::now();
+    held = false;
+    ASSERT_TRUE(fake::platform().waitFor("vrd_manager_private_update", 2));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(4900));
+    EXPECT_EQ(fake::platform().textsOf({"ks_server_sa", "vrd_manager_private"}),
+              (Texts{"ks_server_sa_account_set(guid, token, client, https://hub)", "vrd_manager_private_update(3)",
+                     "ks_server_sa_account_set(guid, token, client, https://hub)", "vrd_manager_private_update(3)"}));
+}
+
+TEST_F(ProfileRefresherTest, ARefreshThatFailsTakesTheStoredUsersAway) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    ASSERT_EQ(fake::storedRecords().size(), 3u);
+    fake::platform().answer("ks_server_profile_families_get", 500);
+    refresher.updateProfileInfo();
+    ASSERT_TRUE(answer(account()));
+    EXPECT_EQ(fake::storedRecords(), Texts{});
+}
+
+TEST_F(ProfileRefresherTest, CredentialsAreNotKeptForTheNextRefresh) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    refresher.updateProfileInfo();
+    ASSERT_TRUE(fake::waitForLaunches(2));
+    ASSERT_TRUE(answer(account("false")));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to get quorbit account"));
+    EXPECT_EQ(fake::platform().count("ks_server_sa_account_set"), 1u);
+}
+
 TEST_F(ProfileRefresherTest, AHubThatRefusesTheAccountLeavesNoUsers) {
     fake::platform().answer("ks_server_sa_account_set", 401);
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account()));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to set quorbit account"));
-    EXPECT_EQ(fake::storedRecords(), Texts{});
+    EXPECT_EQ(hub(),
+              (Texts{"ks_server_sa_account_set(guid, token, client, https://hub)", "vrd_manager_private_update(0)"}));
 }
 
 TEST_F(ProfileRefresherTest, AHubThatGivesNoFamiliesLeavesNoUsers) {

@@ -16,6 +16,14 @@ TEST_F(LanguageTest, ASupportedMenuLanguageIsTakenWhateverTheRegion) {
     EXPECT_EQ(stored({"fr_FR"}, "fr_FR.UTF-8", "US"), 6);
 }
 
+TEST_F(LanguageTest, EveryLanguageHasItsNumber) {
+    const char* languages[] = {"ko_KR", "en_US", "en_GB", "zh_CN", "de_DE", "it_IT", "fr_FR"};
+    for (int number = 0; number < 7; ++number) {
+        EXPECT_EQ(stored({languages[number]}, languages[number], "ZZ"), number) << languages[number];
+        restart();
+    }
+}
+
 TEST_F(LanguageTest, KoreanIsTakenInAmerica) {
     EXPECT_EQ(stored({"ko_KR"}, "ko_KR.UTF-8", "US"), 0);
 }
@@ -46,6 +54,13 @@ TEST_F(LanguageTest, AMenuLanguageThatMapsToTheStoredOneRebuildsNothing) {
     EXPECT_EQ(fake::setting("db/orvane/setting/lang"), 1);
     fake::changeSetting("db/orvane/setting/lang", 1);
     EXPECT_EQ(fake::platform().count("IWakeupCtx::Create"), 0u);
+}
+
+TEST_F(LanguageTest, AMenuLanguageThatChangesIsStored) {
+    fake::setSupportedLanguages({"en_US", "it_IT"});
+    create();
+    fake::changeSetting("db/menu_widget/language", std::string("it_IT.UTF-8"));
+    EXPECT_EQ(fake::platform().textsOf({"vconf_set"}), Texts{"vconf_set_int(db/orvane/setting/lang, 5)"});
 }
 
 TEST_F(LanguageTest, AnotherLanguageRebuildsTheTriggerAndThenMovesTheRecogniser) {

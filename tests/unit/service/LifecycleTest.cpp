@@ -5,21 +5,20 @@ int orvane_main(int argc, char** argv);
 
 namespace {
 
-Texts without(Texts texts, const std::string& part) {
-    texts.erase(std::remove_if(texts.begin(), texts.end(),
-                               [&](const std::string& text) { return text.find(part) != std::string::npos; }),
-                texts.end());
-    return texts;
+// Names of the functions that logged, in order.
+Texts loggers() {
+    Texts names;
+    for (const auto& line : fake::platform().logs()) {
+        const size_t start = line.text.find(".cpp: ") + 6;
+        names.push_back(line.text.substr(start, line.text.find('(', start) - start));
+    }
+    return names;
 }
 
-size_t indexOf(const Texts& texts, const std::string& start) {
-    for (size_t i = 0; i < texts.size(); ++i) {
-        if (texts[i].find(start) == 0) {
-            return i;
-        }
-    }
-    ADD_FAILURE() << start << " is missing";
-    return texts.size();
+size_t indexOf(const Texts& texts, const std::string& text) {
+    const auto found = std::find(texts.begin(), texts.end(), text);
+    EXPECT_NE(found, texts.end()) << text << " is missing";
+    return found - texts.begin();
 }
 
 }  // namespace
@@ -38,11 +37,13 @@ TEST_F(LifecycleTest, TheEntryPointHandsTheLoopThreeCallbacksAndReturnsItsAnswer
     EXPECT_EQ(orvane_main(1, nullptr), 42);
     Texts lines;
     for (const auto& line : fake::platform().logs()) {
-        if (line.priority == DLOG_INFO) {
-            lines.push_back(line.message);
-        }
+        lines.push_back(line.message);
     }
-    EXPECT_EQ(lines, (Texts{"main", "Orvane DA Version: 0.0.1-7.1", "main----2"}));
+    // The service's port to the UI logs its making with an empty line.
+    EXPECT_EQ(lines, (Texts{"main", "Orvane DA Version: 0.0.1-7.1", "", "main----2"}));
+    for (const char* line : {"main", "Orvane DA Version: 0.0.1-7.1", "main----2"}) {
+        EXPECT_TRUE(fake::platform().logged(DLOG_INFO, line));
+    }
     EXPECT_EQ(fake::platform().texts(), Texts{"service_app_main(1, null)"});
 
     ASSERT_NE(fake::lifecycle(), nullptr);
@@ -55,61 +56,74 @@ TEST_F(LifecycleTest, TheEntryPointHandsTheLoopThreeCallbacksAndReturnsItsAnswer
     fake::lifecycle()->terminate(nullptr);
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "_terminate"));
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Service::onTerminate"));
+    EXPECT_EQ(loggers().back(), "~MessagePort") << "the service goes with its port";
 }
 
 TEST_F(LifecycleTest, ModulesAreBuiltInTheirOrder) {
+    fake::setSupportedLanguages({"de_DE"});
+    fake::setSetting("db/menu_widget/language", std::string("de_DE.UTF-8"));
     service = std::make_unique<OrvaneDA::Service>();
     EXPECT_TRUE(service->onCreate());
-    const Texts texts = fake::platform().texts();
-    const Texts order = {"vc_setting_initialize",
-                         "vc_mgr_prepare",
-                         "ks_server_create",
-                         "vrd_manager_create(Profile)",
-                         "event_add_event_handler(event.org.orvane.account.notification)",
-                         "sound_manager_create_stream_information",
-                         "sse_prepare",
-                         "IWakeupCtx::Create",
-                         "vconf_set_int(db/orvane/setting/lang, 1)",
-                         "IWakeupCtx::StartListening",
-                         "vconf_notify_key_changed(db/menu_widget/language)",
-                         "vconf_notify_key_changed(db/orvane/setting/lang)",
-                         "vconf_notify_key_changed(db/mic_key/status)",
-                         "connection_set_type_changed_cb",
-                         "vconf_notify_key_changed(db/orvane/setting/voice_wakeup_word)",
-                         "app_manager_is_running(org.tizen.orvane-da)"};
-    for (size_t i = 1; i < order.size(); ++i) {
-        EXPECT_LT(indexOf(texts, order[i - 1]), indexOf(texts, order[i])) << order[i];
-    }
+    EXPECT_EQ(
+        fake::platform().textsOf({"vc_mgr_prepare", "ks_server", "vrd_manager", "event_",
+                                  "sound_manager_create_stream_information", "sse_prepare", "IWakeupCtx::Create",
+                                  "vconf_set", "vc_setting_set_language", "IWakeupCtx::StartListening", "vconf_notify",
+                                  "connection_set", "app_manager"}),
+        (Texts{"vc_setting_set_language(en_US)", "vc_mgr_prepare()", "ks_server_create()",
+               "vrd_manager_create(Profile)", "event_add_event_handler(event.org.orvane.account.notification)",
+               "sound_manager_create_stream_information(6)", "sse_prepare()", "IWakeupCtx::Create()",
+               "vconf_set_int(db/orvane/setting/lang, 4)", "vc_setting_set_language(de_DE)",
+               "IWakeupCtx::StartListening()", "vconf_notify_key_changed(db/menu_widget/language)",
+               "vconf_notify_key_changed(db/orvane/setting/lang)", "vconf_notify_key_changed(db/mic_key/status)",
+               "connection_set_type_changed_cb()", "vconf_notify_key_changed(db/orvane/setting/voice_wakeup_word)",
+               "app_manager_is_running(org.tizen.orvane-da)"}));
     EXPECT_TRUE(fake::platform().waitFor("sse_read"));
+}
+
+TEST_F(LifecycleTest, TheRecorderRunsBeforeTheTriggerListens) {
+    service = std::make_unique<OrvaneDA::Service>();
+    service->onCreate();
+    const Texts lines = loggers();
+    EXPECT_LT(indexOf(lines, "initModule"), indexOf(lines, "initTrigger"));
+    EXPECT_LT(indexOf(lines, "initTrigger"), indexOf(lines, "startRecord"));
+    EXPECT_LT(indexOf(lines, "startRecord"), indexOf(lines, "__startListening"));
+    const auto entry = fake::platform().logs().at(indexOf(lines, "initTrigger"));
+    EXPECT_EQ(entry.priority, DLOG_DEBUG);
+    EXPECT_EQ(entry.message, "");
 }
 
 TEST_F(LifecycleTest, TerminationDestroysTheModulesInTheirOrder) {
     create();
+    Util::Singleton<Util::SoundStreamWatcher>::getInstance();
+    fake::platform().forgetCalls();
     service->onTerminate();
-    service.reset();
-    const Texts texts = without(fake::platform().texts(), "sse_read");
-    const Texts order = {"event_remove_event_handler",
-                         "ks_server_destroy",
-                         "vrd_manager_destroy",
-                         "vc_mgr_unset_command_list",
-                         "vc_setting_deinitialize",
-                         "sse_unprepare",
-                         "sound_manager_destroy_stream_information",
-                         "IWakeupCtx::CancelListening",
-                         "IWakeupCtx::Destroy",
-                         "vconf_ignore_key_changed"};
-    for (size_t i = 1; i < order.size(); ++i) {
-        EXPECT_LT(indexOf(texts, order[i - 1]), indexOf(texts, order[i])) << order[i];
-    }
-    EXPECT_EQ(fake::platform().count("ecore_timer_del"), 0u) << "no timer ran";
+    EXPECT_EQ(fake::platform().textsOf({"event_", "ks_server", "vrd_manager", "vc_mgr_deinitialize", "vc_setting_de",
+                                        "sse_unprepare", "sound_manager_destroy", "IWakeupCtx", "vconf_ignore",
+                                        "sound_manager_remove", "ecore"}),
+              (Texts{"event_remove_event_handler()", "ks_server_destroy()", "vrd_manager_destroy()",
+                     "vc_mgr_deinitialize()", "vc_setting_deinitialize()", "sse_unprepare()",
+                     "sound_manager_destroy_stream_information()", "IWakeupCtx::CancelListening()",
+                     "IWakeupCtx::Destroy()", "vconf_ignore_key_changed(db/menu_widget/language)",
+                     "vconf_ignore_key_changed(db/mic_key/status)", "vconf_ignore_key_changed(db/orvane/setting/lang)",
+                     "vconf_ignore_key_changed(db/orvane/setting/voice_wakeup_word)",
+                     "sound_manager_remove_focus_state_watch_cb(5)", "vrd_manager_destroy()"}));
     EXPECT_EQ(Util::Singleton<Util::SystemConfig>::mInstance, nullptr);
+    EXPECT_EQ(Util::Singleton<Util::SoundStreamWatcher>::mInstance, nullptr);
 }
 
-TEST_F(LifecycleTest, TerminationWhileRecordingDeletesTheTimers) {
+TEST_F(LifecycleTest, TerminationWithoutALevelTimerDeletesNone) {
+    create();
+    service->onTerminate();
+    EXPECT_EQ(fake::platform().count("ecore_timer_del"), 0u);
+}
+
+TEST_F(LifecycleTest, TerminationWhileRecordingDeletesTheLevelTimerBeforeTheModules) {
     create();
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     service->onTerminate();
-    service.reset();
+    EXPECT_EQ(
+        fake::platform().textsOf({"ecore_timer_del", "event_", "vc_setting_deinitialize"}),
+        (Texts{"ecore_timer_del()", "event_remove_event_handler()", "vc_setting_deinitialize()", "ecore_timer_del()"}));
     EXPECT_EQ(fake::mainLoop().timers(), 0u);
 }
 
@@ -132,6 +146,23 @@ TEST_F(LifecycleTest, AWakeUpWordLaunchesTheUiAndListensAgain) {
     EXPECT_EQ(calls[3], "display_change_state(1)");
     EXPECT_EQ(sent(), Texts{WAKE_UP});
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Trigger Shot!"));
+}
+
+TEST_F(LifecycleTest, AWakeUpIsHandledOnAThreadThatIsNeitherTheMainLoopsNorTheEngines) {
+    create();
+    fake::platform().onCall("sse_trigger_wakeup_word_recording", [](const fake::Call& call) {
+        EXPECT_FALSE(fake::mainLoop().onMainThread());
+        for (const auto& line : fake::platform().logs()) {
+            if (line.message.find("Wakeup! wuw") == 0) {
+                EXPECT_NE(line.thread, call.thread);
+            }
+        }
+        EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Trigger Shot!"));
+    });
+    wakeUp();
+    ASSERT_TRUE(fake::platform().waitFor("IWakeupCtx::StartListening"));
+    EXPECT_EQ(fake::platform().countLogged("Wakeup! wuw: hey quorbit,  confidential level = 77"), 1u);
+    EXPECT_EQ(fake::platform().count("sse_trigger_wakeup_word_recording"), 1u);
 }
 
 TEST_F(LifecycleTest, AWakeUpWordWithTheMicrophoneOffLaunchesNothingButListensAgain) {

@@ -84,6 +84,14 @@ TEST_F(RequestTest, ACloseCancelsAndSendsNoState) {
     EXPECT_TRUE(sent().empty());
 }
 
+TEST_F(RequestTest, ACloseOfASessionThatRunsSendsNoStateEither) {
+    create();
+    fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
+    request("close_voice_engine");
+    EXPECT_EQ(session(), Texts{"vc_mgr_cancel()"});
+    EXPECT_EQ(sent(), Texts{state("Recording", "None")});
+}
+
 TEST_F(RequestTest, ACancelSendsStandByEvenWhenNothingRunsAndThenCancels) {
     create();
     fake::platform().onCall("vc_mgr_cancel",
@@ -91,6 +99,24 @@ TEST_F(RequestTest, ACancelSendsStandByEvenWhenNothingRunsAndThenCancels) {
     request("cancel_voice_engine");
     EXPECT_EQ(session(), Texts{"vc_mgr_cancel()"});
     EXPECT_EQ(sent(), Texts{state("StandBy", "None")});
+}
+
+TEST_F(RequestTest, EachIsLoggedUnderItsFunction) {
+    create();
+    const std::pair<const char*, const char*> functions[] = {{"start_voice_engine", ": startRecognition("},
+                                                             {"stop_voice_engine", ": stopRecognition("},
+                                                             {"close_voice_engine", ": cancelRecognition("}};
+    for (const auto& [operation, function] : functions) {
+        request(operation);
+        const auto lines = fake::platform().logs();
+        EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
+                                [&, function = function](const fake::LogLine& line) {
+                                    return line.priority == DLOG_INFO && line.message.empty() &&
+                                           line.text.find(function) != std::string::npos;
+                                }),
+                  1)
+            << function;
+    }
 }
 
 TEST_F(RequestTest, AnyOtherOperationIsIgnoredInSilence) {

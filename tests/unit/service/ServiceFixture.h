@@ -42,6 +42,13 @@ protected:
         fake::platform().forgetCalls();
     }
 
+    // Back to the moment before create(), on the appliance of SetUp().
+    void restart() {
+        service->onTerminate();
+        service.reset();
+        SetUp();
+    }
+
     void request(const std::string& operation, std::map<std::string, std::string> extras = {}) {
         app_control_s data{{}, "http://orvane.example/appcontrol/operation/" + operation, {}, std::move(extras), {}};
         app_control_h handle = &data;

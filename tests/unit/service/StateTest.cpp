@@ -37,7 +37,8 @@ TEST_F(StateTest, AStateIsSentToTheUiWithItsError) {
 TEST_F(StateTest, AServiceThatStartsWhileTheUiRunsSaysOnceThatItCrashed) {
     fake::setRunning("org.tizen.orvane-da");
     create();
-    EXPECT_EQ(sent(), Texts{state("Error", "ServerCrashed")});
+    fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
+    EXPECT_EQ(sent(), (Texts{state("Error", "ServerCrashed"), state("Recording", "None")}));
 }
 
 TEST_F(StateTest, AServiceThatStartsWithoutTheUiSaysNothing) {
@@ -62,11 +63,46 @@ TEST_F(StateTest, ReadyWaitsUntilTheUiHasShownIt) {
     EXPECT_EQ(sent(), Texts{state("Ready", "NoResultJson")});
 }
 
+TEST_F(StateTest, AUiThatShowsReadyAtOnceIsNotWaitedFor) {
+    create();
+    acknowledge();
+    vc_cmd_list_s list;
+    fake::allResult(VC_RESULT_EVENT_RESULT_SUCCESS, list, nullptr);
+    EXPECT_EQ(fake::platform().textsOf({"vconf_get_bool", "usleep"}),
+              Texts{"vconf_get_bool(db/orvane/manager/response)"});
+}
+
+TEST_F(StateTest, TheUisAnswerIsTakenBackBeforeAStateIsSent) {
+    create();
+    fake::platform().onCall("vconf_set_bool", [](const fake::Call& call) {
+        EXPECT_EQ(call.text(), "vconf_set_bool(db/orvane/manager/response, 0)");
+        EXPECT_FALSE(fake::platform().logged(DLOG_INFO, "Recording"));
+    });
+    fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
+    EXPECT_EQ(fake::platform().count("vconf_set_bool"), 1u);
+    EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Recording"));
+}
+
+TEST_F(StateTest, ASendThatFailsIsNotRepeatedAndItsStateCountsAllTheSame) {
+    create();
+    fake::platform().answer("app_control_send_launch_request", APP_CONTROL_ERROR_LAUNCH_FAILED);
+    service->sendStateToUI(ClientState::Recording, ErrorType::None);
+    ASSERT_TRUE(fake::platform().waitFor("app_control_send_launch_request"));
+    fake::platform().answer("app_control_send_launch_request", 0);
+    fake::changeSetting("db/mic_key/status", 0);
+    EXPECT_EQ(sent(), Texts{state("Error", "MicOff")});
+    EXPECT_EQ(cancels(), 1u);
+}
+
 TEST_F(StateTest, AUiThatNeverShowsReadyIsGivenUpAfterTenPolls) {
     create();
     vc_cmd_list_s list;
     fake::allResult(VC_RESULT_EVENT_RESULT_SUCCESS, list, nullptr);
-    EXPECT_EQ(fake::platform().count("usleep"), 10u);
+    Texts polls;
+    for (int i = 0; i < 10; ++i) {
+        polls.insert(polls.end(), {"vconf_get_bool(db/orvane/manager/response)", "usleep(100000)"});
+    }
+    EXPECT_EQ(fake::platform().textsOf({"vconf_get_bool", "usleep"}), polls);
 }
 
 TEST_F(StateTest, OtherStatesDoNotWait) {
@@ -83,20 +119,20 @@ TEST_F(StateTest, TheMicrophoneGoingOffEndsWhatIsGoingOn) {
         fake::changeSetting("db/mic_key/status", 0);
         EXPECT_EQ(sent().back(), state("Error", "MicOff"));
         EXPECT_EQ(cancels(), 1u);
-        service->onTerminate();
-        service.reset();
-        fake::platform().reset();
-        SetUp();
+        restart();
     }
 }
 
 TEST_F(StateTest, TheNetworkGoingAwayEndsWhatIsGoingOn) {
-    create();
-    fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
-    fake::changeConnection(CONNECTION_TYPE_DISCONNECTED);
-    EXPECT_EQ(sent().back(), state("Error", "WifiOff"));
-    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "send connection error"));
-    EXPECT_EQ(cancels(), 1u);
+    for (auto going : {VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_PROCESSING}) {
+        create();
+        fake::serviceState(VC_SERVICE_STATE_READY, going);
+        fake::changeConnection(CONNECTION_TYPE_DISCONNECTED);
+        EXPECT_EQ(sent().back(), state("Error", "WifiOff"));
+        EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "send connection error"));
+        EXPECT_EQ(cancels(), 1u);
+        restart();
+    }
 }
 
 TEST_F(StateTest, MicrophoneAndNetworkGoingAwayInAnyOtherStateChangeNothing) {
@@ -132,6 +168,14 @@ TEST_F(StateTest, PartialTextGoesToTheUisPort) {
                      "message_port_send_trusted_message(org.tizen.orvane-da, partial, key_is_final_result=True "
                      "key_partial_result=open music operation=partialText)"}));
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "open music"));
+}
+
+TEST_F(StateTest, ARecordingReportStartsTheLevelTimerAndThenStopsTheTrigger) {
+    create();
+    fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
+    EXPECT_EQ(fake::platform().textsOf({"ecore_timer_add", "IWakeupCtx", "vconf_set_bool"}),
+              (Texts{"ecore_timer_add(0.020000)", "IWakeupCtx::CancelListening()",
+                     "vconf_set_bool(db/orvane/manager/response, 0)", "ecore_timer_add(7.000000)"}));
 }
 
 TEST_F(StateTest, TheWakeUpWordIsNotListenedForWhileTheUserIsRecognised) {

@@ -4,6 +4,7 @@
 #include <limits>
 #include <optional>
 
+#include "VolumeLevel.h"
 #include "service/ServiceFixture.h"
 
 namespace {
@@ -19,6 +20,12 @@ std::optional<int> writtenLevel() {
     return level;
 }
 
+// Every block from now on is this loud, in the unit of the samples; the device's own blocks are silent.
+void soundAt(short amplitude) {
+    fake::platform().onCall("sse_read",
+                            [=](const fake::Call&) { fake::queueSamples(std::vector<short>(256, amplitude)); });
+}
+
 }  // namespace
 
 class VolumeFileTest : public ServiceTest {
@@ -27,75 +34,112 @@ protected:
         ServiceTest::SetUp();
         unlink(FILE_PATH);
     }
+    void TearDown() override {
+        fake::platform().onCall("sse_read", nullptr);
+        ServiceTest::TearDown();
+    }
+    bool refreshesTo(int level) {
+        return fake::platform().waitUntil([&] {
+            service->refreshVolumeFile();
+            return writtenLevel() == level;
+        });
+    }
 };
 
-TEST_F(VolumeFileTest, TheFirstLevelOfAProcessIsWrittenAtItsStart) {
-    // The last level is the process's own, so this takes a fresh one.
+// The last level is the process's own, so this takes a fresh one.
+TEST_F(VolumeFileTest, TheFirstLevelIsWrittenAfterTheListenersEvenWhenItIsZero) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_EXIT(
         {
+            soundAt(30934);  // -0.5 dB
+            bool early = true;
+            std::optional<int> level;
+            fake::platform().onCall("vconf_notify_key_changed", [&](const fake::Call& call) {
+                if (call.args.at(0) == "db/orvane/setting/voice_wakeup_word") {
+                    fake::platform().waitFor("sse_read", 2);
+                    early = writtenLevel().has_value();
+                }
+            });
+            fake::platform().onCall("app_manager_is_running", [&](const fake::Call&) { level = writtenLevel(); });
             create();
-            _exit(writtenLevel().has_value() ? 0 : 1);
+            _exit(!early && level == 0 ? 0 : 1);
         },
         testing::ExitedWithCode(0), "");
 }
 
 TEST_F(VolumeFileTest, AnUnchangedLevelIsNotWrittenAgain) {
     create();
-    fake::platform().onCall("sse_read", [](const fake::Call&) { fake::queueSamples(std::vector<short>(256, 4096)); });
-    ASSERT_TRUE(fake::platform().waitUntil([&] {
-        service->refreshVolumeFile();
-        return writtenLevel() == -18;
-    }));
+    soundAt(4096);
+    ASSERT_TRUE(refreshesTo(-18));
     unlink(FILE_PATH);
     service->refreshVolumeFile();
     EXPECT_FALSE(writtenLevel().has_value());
-    fake::platform().onCall("sse_read", nullptr);
-    // Silence is no number of decibels; the lowest integer stands for it.
-    EXPECT_TRUE(fake::platform().waitUntil([&] {
-        service->refreshVolumeFile();
-        return writtenLevel() == std::numeric_limits<int>::min();
-    }));
+}
+
+TEST_F(VolumeFileTest, SilenceIsWrittenAsTheLowestNumber) {
+    create();
+    EXPECT_TRUE(refreshesTo(std::numeric_limits<int>::min()));
 }
 
 TEST_F(VolumeFileTest, ALevelIsCutTowardsZero) {
+    EXPECT_EQ(OrvaneDA::wholeLevel(12.9f), 12);
+    EXPECT_EQ(OrvaneDA::wholeLevel(-0.5f), 0);
     create();
-    // -6.02 dB, each block.
-    fake::platform().onCall("sse_read", [](const fake::Call&) { fake::queueSamples(std::vector<short>(256, 16384)); });
-    EXPECT_TRUE(fake::platform().waitUntil([&] {
-        service->refreshVolumeFile();
-        return writtenLevel() == -6;
-    }));
-    fake::platform().onCall("sse_read", nullptr);
+    soundAt(16384);  // -6.02 dB
+    EXPECT_TRUE(refreshesTo(-6));
 }
 
-TEST_F(VolumeFileTest, TwoRecordingReportsStartTheTimerOnceAndAnyOtherStateEndsIt) {
+TEST_F(VolumeFileTest, TwoRecordingReportsStartTheTimerOnce) {
     create();
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     fake::serviceState(VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_RECORDING);
     EXPECT_EQ(fake::platform().textsOf({"ecore_timer_add"}),
               (Texts{"ecore_timer_add(0.020000)", "ecore_timer_add(7.000000)", "ecore_timer_add(7.000000)"}));
     EXPECT_EQ(fake::mainLoop().timers(), 2u);
-    fake::serviceState(VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_PROCESSING);
-    EXPECT_EQ(fake::mainLoop().timers(), 1u);
-    EXPECT_EQ(fake::mainLoop().interval(0), 30.0);
 }
 
-TEST_F(VolumeFileTest, TheTimerWritesFiftyTimesASecondAtMost) {
+TEST_F(VolumeFileTest, AnyOtherReportEndsTheTimer) {
+    create();
+    for (auto other : {VC_SERVICE_STATE_PROCESSING, VC_SERVICE_STATE_READY, VC_SERVICE_STATE_NONE}) {
+        fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
+        ASSERT_EQ(fake::mainLoop().interval(0), 0.02);
+        fake::serviceState(VC_SERVICE_STATE_RECORDING, other);
+        EXPECT_TRUE(fake::mainLoop().timers() == 0 || fake::mainLoop().interval(0) == 30.0) << other;
+    }
+}
+
+TEST_F(VolumeFileTest, TheTimerGoesOnWritingFiftyTimesASecond) {
+    create();
+    service->startTimerVolumeSender();
+    EXPECT_EQ(fake::mainLoop().interval(0), 0.02);
+    for (auto [amplitude, level] : {std::pair{8192, -12}, std::pair{2048, -24}}) {
+        soundAt(static_cast<short>(amplitude));
+        EXPECT_TRUE(fake::platform().waitUntil([&, level = level] {
+            fake::mainLoop().advance(0.02);
+            return writtenLevel() == level;
+        }));
+    }
+}
+
+TEST_F(VolumeFileTest, ASecondStartKeepsTheTimer) {
     create();
     service->startTimerVolumeSender();
     service->startTimerVolumeSender();
-    EXPECT_EQ(fake::mainLoop().timers(), 1u);
-    unlink(FILE_PATH);
-    fake::platform().onCall("sse_read", [](const fake::Call&) { fake::queueSamples(std::vector<short>(256, 8192)); });
-    EXPECT_TRUE(fake::platform().waitUntil([] {
-        fake::mainLoop().advance(0.02);
-        return writtenLevel() == -12;
-    }));
-    fake::platform().onCall("sse_read", nullptr);
+    EXPECT_EQ(fake::platform().count("ecore_timer_add"), 1u);
+    EXPECT_EQ(fake::platform().count("ecore_timer_del"), 0u);
+}
+
+TEST_F(VolumeFileTest, StoppingATimerThatDoesNotRunDeletesNothing) {
+    create();
     service->stopTimerVolumeSender();
+    EXPECT_EQ(fake::platform().count("ecore_timer_del"), 0u);
+}
+
+TEST_F(VolumeFileTest, AStartAfterAStopMakesANewTimer) {
+    create();
+    service->startTimerVolumeSender();
     service->stopTimerVolumeSender();
-    EXPECT_EQ(fake::platform().count("ecore_timer_del"), 1u);
+    EXPECT_EQ(fake::mainLoop().timers(), 0u);
     service->startTimerVolumeSender();
     EXPECT_EQ(fake::mainLoop().timers(), 1u);
 }

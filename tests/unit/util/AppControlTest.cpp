@@ -225,7 +225,7 @@ TEST_F(AppControlTest, AReplyByTheWorkerIsRefusedAndNeverReachesThePlatform) {
     app_control_s request;
     AppControlData data;
     data.setRequestedAppControl(&request);
-    AppControl::performAppControl(data);
+    EXPECT_EQ(AppControl::performAppControl(data), -1);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Reply App Control must be called by sync"));
     EXPECT_TRUE(sent().empty());
     EXPECT_EQ(fake::platform().count("app_control_reply_to_launch_request"), 0u);

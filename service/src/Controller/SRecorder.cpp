@@ -11,13 +11,39 @@ namespace OrvaneDA {
 namespace {
 
 constexpr useconds_t PAUSE_US = 1000;
+constexpr int WORD = 4;  // bytes: one sample that counts for the level and one that does not
 
-// Square of the little-endian sample at the start of `bytes` bytes, 4 at most.
-inline long long squareAt(const char* data, size_t bytes) {
-    uint32_t word = 0;
-    memcpy(&word, data, bytes);
+// Square of the little-endian sample in the lower half of a word.
+inline uint32_t squareOf(uint32_t word) {
     const int sample = static_cast<int16_t>(word);
-    return sample * sample;
+    return static_cast<uint32_t>(sample * sample);
+}
+
+inline uint32_t wordAt(const char* data) {
+    uint32_t word;
+    memcpy(&word, data, sizeof word);
+    return word;
+}
+
+// size at least 1. Two squares fit 32 bits without a sign, so only half as many are widened; taking them from far apart
+// lets the compiler load whole registers.
+int64_t sumOfSquares(const char* data, int size) {
+    const int words = size / WORD;
+    const int half = words / 2;
+    const char* other = data + half * WORD;
+    int64_t sum = 0;
+    for (int i = 0; i < half; ++i) {
+        sum += squareOf(wordAt(data + i * WORD)) + squareOf(wordAt(other + i * WORD));
+    }
+    if (words % 2 != 0) {
+        sum += squareOf(wordAt(data + (words - 1) * WORD));
+    }
+    if (size % WORD != 0) {
+        uint32_t last = 0;
+        memcpy(&last, data + words * WORD, size % WORD);
+        sum += squareOf(last);
+    }
+    return sum;
 }
 
 }  // namespace
@@ -122,7 +148,7 @@ void SRecorder::resetDevice() {
 }
 
 void SRecorder::deliver(char* buffer, int size) {
-    mVolume = _get_volume_decibel(buffer, size);
+    mVolume.store(_get_volume_decibel(buffer, size), std::memory_order_relaxed);
     std::lock_guard<std::mutex> lock(mListenerMutex);
     for (SRecordListener* listener : mListeners) {
         if (listener != nullptr && listener->isEnabled()) {
@@ -134,18 +160,11 @@ void SRecorder::deliver(char* buffer, int size) {
 }
 
 float SRecorder::_get_volume_decibel(char* data, int size) {
-    const int samples = size < 1 ? 0 : (size - 1) / 4 + 1;
-    long long sum = 0;
-    // All but the last sample have the skipped one behind them: whole words, of which the compiler takes several at
-    // once.
-    for (int i = 0; i < samples - 1; ++i) {
-        sum += squareAt(data + i * 4, 4);
+    float mean = 0;
+    if (size > 0) {
+        const int samples = (size - 1) / WORD + 1;
+        mean = static_cast<float>(sumOfSquares(data, size)) / static_cast<float>(samples);
     }
-    if (samples > 0) {
-        const int last = (samples - 1) * 4;
-        sum += squareAt(data + last, size - last < 4 ? size - last : 4);
-    }
-    const float mean = samples == 0 ? 0.0f : static_cast<float>(sum) / static_cast<float>(samples);
     const float rms = sqrtf(mean);
     return static_cast<float>(20.0 * log10(rms * 3.0517578e-5));
 }

@@ -37,6 +37,14 @@ void tellAll(connection_type_e type) {
     }
 }
 
+// On the I/O thread. The first answer may come before there is a main loop to post to; nobody has asked for it then.
+void postToAll(connection_type_e type) {
+    std::lock_guard<std::mutex> lock(mutex);
+    if (std::any_of(handles().begin(), handles().end(), [](const auto& handle) { return handle->callback; })) {
+        postToMainLoop([type] { tellAll(type); });
+    }
+}
+
 }  // namespace
 
 extern "C" {
@@ -45,7 +53,7 @@ int connection_create(connection_h* connection) {
     if (connection == nullptr) {
         return CONNECTION_ERROR_INVALID_PARAMETER;
     }
-    network::Monitor::get().setListener([](connection_type_e type) { postToMainLoop([type] { tellAll(type); }); });
+    network::Monitor::get().setListener(postToAll);
     std::lock_guard<std::mutex> lock(mutex);
     handles().push_back(std::make_unique<connection_s>());
     *connection = handles().back().get();
@@ -61,10 +69,6 @@ int connection_destroy(connection_h connection) {
         return CONNECTION_ERROR_INVALID_PARAMETER;
     }
     all.erase(found);
-    if (all.empty()) {
-        // The main loop may have ended; nobody is left to be told.
-        network::Monitor::get().setListener(nullptr);
-    }
     return CONNECTION_ERROR_NONE;
 }
 

@@ -4,6 +4,7 @@
 
 #include "lib/gio/IoThread.h"
 #include "lib/gio/MainLoopPost.h"
+#include "network/Links.h"
 #include "network/NetworkManager.h"
 #include "network/Route.h"
 
@@ -23,6 +24,7 @@ void Monitor::start() {
         g_network_monitor_get_default(), "network-changed",
         G_CALLBACK(+[](GNetworkMonitor*, gboolean, gpointer self) noexcept { static_cast<Monitor*>(self)->update(); }),
         this);
+    mLinks = new LinkWatch([this] { update(); });
     mManager = new NetworkManager([this] { update(); });
     update();
 }
@@ -34,7 +36,7 @@ void Monitor::update() {
     }
     const connection_type_e type = mManager->isRunning() ? mManager->type() : kindOfDefaultRoute();
     std::lock_guard<std::mutex> lock(mMutex);
-    const bool changed = mKnown && type != mType;
+    const bool changed = type != mType;
     mType = type;
     mKnown = true;
     mAnswered.notify_all();

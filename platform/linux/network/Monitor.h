@@ -1,4 +1,4 @@
-// The kind of connection of the machine: what NetworkManager says where it runs, the kernel's default route otherwise.
+// The kind of connection of the machine: what NetworkManager says where it runs, the default route otherwise.
 #pragma once
 
 #include <net_connection.h>
@@ -9,6 +9,7 @@
 
 namespace network {
 
+class LinkWatch;
 class NetworkManager;
 
 class Monitor {
@@ -18,7 +19,8 @@ public:
 
     // Any thread but the I/O thread; waits for the first answer, a second at most.
     connection_type_e type();
-    // Told on the I/O thread of every change; the last listener set is the one told. Must not call back in.
+    // Told on the I/O thread of every change, and of a first answer other than disconnected, which is what a reader
+    // that could not wait for it was given; the last listener set is the one told. Must not call back in.
     void setListener(std::function<void(connection_type_e)> listener);
 
 private:
@@ -31,7 +33,8 @@ private:
     bool mKnown = false;
     connection_type_e mType = CONNECTION_TYPE_DISCONNECTED;
     std::function<void(connection_type_e)> mListener;
-    NetworkManager* mManager = nullptr;  // I/O thread only
+    LinkWatch* mLinks = nullptr;  // I/O thread only, as is the next
+    NetworkManager* mManager = nullptr;
 };
 
 }  // namespace network

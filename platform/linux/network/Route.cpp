@@ -5,6 +5,8 @@
 #include <sstream>
 #include <string>
 
+#include "network/Links.h"
+
 namespace network {
 
 namespace {
@@ -22,7 +24,8 @@ connection_type_e kindOfInterface(const std::string& name) {
     return CONNECTION_TYPE_ETHERNET;
 }
 
-// The name of the interface in the first row whose destination (and, for IPv6, prefix) is zero; empty without one.
+// The name of the interface in the first row whose destination (and, for IPv6, prefix) is zero and whose link works;
+// empty without one. Routes that refuse what is sent name no interface, or the loopback one.
 std::string defaultInterface4() {
     std::ifstream routes("/proc/net/route");
     std::string line;
@@ -30,7 +33,7 @@ std::string defaultInterface4() {
         std::istringstream row(line);
         std::string interface, destination, gateway, flags, skipped, mask;
         row >> interface >> destination >> gateway >> flags >> skipped >> skipped >> skipped >> mask;
-        if (destination == "00000000" && mask == "00000000") {
+        if (destination == "00000000" && mask == "00000000" && linkWorks(interface)) {
             return interface;
         }
     }
@@ -47,7 +50,7 @@ std::string defaultInterface6() {
         while (row >> skipped) {
             interface = skipped;
         }
-        if (destination == std::string(32, '0') && prefix == "00" && interface != "lo") {
+        if (destination == std::string(32, '0') && prefix == "00" && interface != "lo" && linkWorks(interface)) {
             return interface;
         }
     }

@@ -14,6 +14,9 @@ struct ObjectUnref {
 struct VariantUnref {
     void operator()(GVariant* variant) const noexcept { g_variant_unref(variant); }
 };
+struct SourceUnref {
+    void operator()(GSource* source) const noexcept { g_source_unref(source); }
+};
 struct GFree {
     void operator()(void* memory) const noexcept { g_free(memory); }
 };
@@ -21,6 +24,7 @@ struct GFree {
 template <typename T>
 using Object = std::unique_ptr<T, ObjectUnref>;
 using Variant = std::unique_ptr<GVariant, VariantUnref>;
+using Source = std::unique_ptr<GSource, SourceUnref>;
 using Text = std::unique_ptr<char, GFree>;
 
 // Takes the floating reference.

@@ -1,0 +1,191 @@
+#include <gtest/gtest.h>
+#include <net_connection.h>
+
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include "ManagerStandIn.h"
+#include "network/Route.h"
+#include "support/MainLoop.h"
+#include "support/PrivateBus.h"
+
+namespace {
+
+constexpr guint32 DISCONNECTED = 20, CONNECTED_SITE = 60, CONNECTED_GLOBAL = 70;
+
+std::string systemBus() {
+    const std::string& address = privateBusAddress();
+    setenv("DBUS_SYSTEM_BUS_ADDRESS", address.c_str(), 1);
+    return address;
+}
+
+// As the product does: the connection is made by a static object, before main().
+struct Connection {
+    Connection() {
+        systemBus();
+        const auto start = std::chrono::steady_clock::now();
+        result = connection_create(&handle);
+        took = std::chrono::steady_clock::now() - start;
+    }
+    ~Connection() { connection_destroy(handle); }
+    connection_h handle = nullptr;
+    int result = -1;
+    std::chrono::steady_clock::duration took{};
+} connection;
+
+connection_type_e type() {
+    connection_type_e now = CONNECTION_TYPE_OTHER;
+    EXPECT_EQ(connection_get_type(connection.handle, &now), CONNECTION_ERROR_NONE);
+    return now;
+}
+
+class AConnection : public testing::Test {
+protected:
+    AConnection() {
+        type();  // so that what comes from now on is a change
+        connection_set_type_changed_cb(
+            connection.handle,
+            [](connection_type_e changed, void* self) {
+                EXPECT_TRUE(eina_main_loop_is());
+                static_cast<AConnection*>(self)->mTold.push_back(changed);
+            },
+            this);
+    }
+    ~AConnection() override {
+        connection_unset_type_changed_cb(connection.handle);
+        mManager.reset();
+        // The next test starts from what the machine itself says.
+        EXPECT_TRUE(becomes(network::kindOfDefaultRoute()));
+    }
+    static bool becomes(connection_type_e expected) {
+        return runMainLoopUntil([=] { return type() == expected; });
+    }
+    bool isTold(connection_type_e expected) {
+        return runMainLoopUntil([=] { return !mTold.empty() && mTold.back() == expected; });
+    }
+
+    std::vector<connection_type_e> mTold;
+    std::unique_ptr<ManagerStandIn> mManager = std::make_unique<ManagerStandIn>(systemBus());
+};
+
+}  // namespace
+
+TEST_F(AConnection, IsMadeBeforeMainWithoutWaiting) {
+    EXPECT_EQ(connection.result, CONNECTION_ERROR_NONE);
+    EXPECT_LT(connection.took, std::chrono::milliseconds(500));
+}
+
+TEST_F(AConnection, WithoutAManagerIsOfTheKindOfTheDefaultRoute) {
+    EXPECT_TRUE(becomes(network::kindOfDefaultRoute()));
+}
+
+TEST_F(AConnection, IsOfTheKindThatTheManagerSays) {
+    const struct {
+        guint32 state;
+        const char* type;
+        connection_type_e expected;
+    } rows[] = {
+        {CONNECTED_GLOBAL, "802-11-wireless", CONNECTION_TYPE_WIFI},
+        {CONNECTED_GLOBAL, "802-3-ethernet", CONNECTION_TYPE_ETHERNET},
+        {DISCONNECTED, "", CONNECTION_TYPE_DISCONNECTED},
+        {CONNECTED_SITE, "gsm", CONNECTION_TYPE_CELLULAR},
+        {DISCONNECTED, "802-11-wireless", CONNECTION_TYPE_DISCONNECTED},
+        {CONNECTED_GLOBAL, "vpn", CONNECTION_TYPE_OTHER},
+    };
+    mManager->appear();
+    for (const auto& row : rows) {
+        mManager->become(row.state, row.type);
+        EXPECT_TRUE(becomes(row.expected)) << row.state << " " << row.type;
+        EXPECT_TRUE(isTold(row.expected)) << row.state << " " << row.type;
+    }
+}
+
+TEST_F(AConnection, FollowsAManagerThatComesAndGoes) {
+    mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
+    mManager->appear();
+    EXPECT_TRUE(isTold(CONNECTION_TYPE_WIFI));
+    mManager->disappear();
+    EXPECT_TRUE(isTold(network::kindOfDefaultRoute()));
+}
+
+TEST_F(AConnection, ThatStaysAsItIsTellsNothing) {
+    mManager->become(CONNECTED_SITE, "802-11-wireless");
+    mManager->appear();
+    ASSERT_TRUE(isTold(CONNECTION_TYPE_WIFI));
+    mTold.clear();
+    mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
+    mManager->become(CONNECTED_GLOBAL, "gsm");
+    EXPECT_TRUE(isTold(CONNECTION_TYPE_CELLULAR));
+    EXPECT_EQ(mTold, std::vector{CONNECTION_TYPE_CELLULAR});
+}
+
+TEST_F(AConnection, CallsNoMoreOnceItsCallbackIsUnset) {
+    mManager->appear();
+    mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
+    ASSERT_TRUE(isTold(CONNECTION_TYPE_WIFI));
+    mTold.clear();
+    mManager->become(CONNECTED_GLOBAL, "gsm");
+    // The change is known, so its call is posted or told; with it unset, none comes.
+    while (type() != CONNECTION_TYPE_CELLULAR) {
+        std::this_thread::yield();
+    }
+    connection_unset_type_changed_cb(connection.handle);
+    connection_h other = nullptr;
+    ASSERT_EQ(connection_create(&other), CONNECTION_ERROR_NONE);
+    int calls = 0;
+    connection_set_type_changed_cb(
+        other, [](connection_type_e, void* count) { ++*static_cast<int*>(count); }, &calls);
+    mManager->become(CONNECTED_GLOBAL, "802-3-ethernet");
+    EXPECT_TRUE(runMainLoopUntil([&] { return calls > 0; }));
+    EXPECT_TRUE(mTold.empty());
+    EXPECT_EQ(connection_destroy(other), CONNECTION_ERROR_NONE);
+    EXPECT_EQ(connection_destroy(other), CONNECTION_ERROR_INVALID_PARAMETER);
+}
+
+TEST_F(AConnection, IsAnsweredAtOnceWhileTheManagerHangs) {
+    mManager->appear();
+    mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
+    ASSERT_TRUE(isTold(CONNECTION_TYPE_WIFI));
+    mManager->freeze(true);
+    mManager->become(DISCONNECTED, "");
+    const auto start = std::chrono::steady_clock::now();
+    type();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+    EXPECT_TRUE(becomes(network::kindOfDefaultRoute())) << "a manager that does not answer is not asked for the kind";
+}
+
+TEST_F(AConnection, IsReadFromAnyThread) {
+    mManager->appear();
+    mManager->become(CONNECTED_GLOBAL, "gsm");
+    ASSERT_TRUE(becomes(CONNECTION_TYPE_CELLULAR));
+    std::vector<std::thread> readers;
+    for (int i = 0; i < 4; ++i) {
+        readers.emplace_back([] {
+            for (int n = 0; n < 1000; ++n) {
+                EXPECT_EQ(type(), CONNECTION_TYPE_CELLULAR);
+            }
+        });
+    }
+    for (std::thread& reader : readers) {
+        reader.join();
+    }
+}
+
+TEST_F(AConnection, RefusesCallsWithoutAHandle) {
+    connection_type_e type = CONNECTION_TYPE_OTHER;
+    EXPECT_EQ(connection_create(nullptr), CONNECTION_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(connection_destroy(nullptr), CONNECTION_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(connection_get_type(nullptr, &type), CONNECTION_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(connection_get_type(connection.handle, nullptr), CONNECTION_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(connection_set_type_changed_cb(connection.handle, nullptr, nullptr), CONNECTION_ERROR_INVALID_PARAMETER);
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    ecore_app_no_system_modules();
+    ecore_init();
+    const int result = RUN_ALL_TESTS();
+    ecore_shutdown();
+    return result;
+}

@@ -1,8 +1,9 @@
 #include "audio/Focus.h"
 
 #include <algorithm>
-#include <cstring>
+#include <future>
 
+#include "audio/FocusReason.h"
 #include "audio/SoundThread.h"
 #include "audio/StreamInfo.h"
 #include "dlog.h"
@@ -11,182 +12,162 @@
 namespace audio {
 namespace {
 
-constexpr const char* kBus = "org.freedesktop.DBus";
-constexpr const char* kBusPath = "/org/freedesktop/DBus";
-constexpr unsigned kAllowReplacementAndReplace = 1 | 2;
+constexpr unsigned kAllowReplacement = 1;
+constexpr unsigned kReplace = 2;
 constexpr unsigned kOwner = 1;
+constexpr unsigned kInQueue = 2;
 constexpr unsigned kAlreadyOwner = 4;
 constexpr int kAnswerMs = 1000;
 
-gio::Variant askBus(GDBusConnection* bus, const char* method, GVariant* arguments) {
-    gio::Error fault;
-    gio::Variant answer(g_dbus_connection_call_sync(bus, kBus, kBusPath, kBus, method, arguments, nullptr,
-                                                    G_DBUS_CALL_FLAGS_NONE, kAnswerMs, nullptr, fault.out()));
-    if (!answer) {
-        dlog_print(DLOG_ERROR, "orvane-sound", "focus: %s failed: %s", method, fault.message().c_str());
-    }
-    return answer;
+using Then = std::function<void(int)>;
+
+int onIoThread(const std::function<void(Then)>& work) {
+    std::promise<int> code;
+    gio::IoThread::get().post([&] { work([&code](int value) { code.set_value(value); }); });
+    return code.get_future().get();
 }
 
 }  // namespace
 
-Focus::Focus(sound_stream_focus_mask_e mask)
-    : mMask(mask),
-      mName(mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? "org.orvane.Focus.Recording" : "org.orvane.Focus.Playback") {}
-
-bool Focus::connect() {
-    if (mBus) {
-        return true;
-    }
-    gio::IoThread::get().run([this] {
-        gio::Error fault;
-        gio::Object<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, fault.out()));
-        if (!bus) {
-            dlog_print(DLOG_ERROR, "orvane-sound", "no session bus, so no focus: %s", fault.message().c_str());
-            return;
-        }
-        g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-        for (const char* signal : {"NameAcquired", "NameLost"}) {
-            g_dbus_connection_signal_subscribe(bus.get(), kBus, kBus, signal, kBusPath, mName.c_str(),
-                                               G_DBUS_SIGNAL_FLAGS_NONE, signalled, this, nullptr);
-        }
-        mBus = std::move(bus);
-    });
-    return mBus != nullptr;
-}
-
-unsigned Focus::request() {
-    const auto answer =
-        askBus(mBus.get(), "RequestName", g_variant_new("(su)", mName.c_str(), kAllowReplacementAndReplace));
-    guint32 result = 0;
-    if (answer) {
-        g_variant_get(answer.get(), "(u)", &result);
-    }
-    return result;
-}
-
-void Focus::leaveBus() {
-    askBus(mBus.get(), "ReleaseName", g_variant_new("(s)", mName.c_str()));
-}
-
-bool Focus::has(sound_stream_info_h stream) const {
-    return mMine && !mStreams.empty() && mStreams.back() == stream;
-}
-
-bool Focus::holds(sound_stream_info_h stream) const {
-    std::lock_guard lock(mMutex);
-    return has(stream);
-}
-
-int Focus::acquire(sound_stream_info_h stream) {
-    std::lock_guard oneAtATime(mRequests);
-    if (holds(stream)) {
-        return SOUND_MANAGER_ERROR_INVALID_STATE;
-    }
-    if (!connect()) {
-        return SOUND_MANAGER_ERROR_INTERNAL;
-    }
-    const unsigned result = request();
-    if (result != kOwner && result != kAlreadyOwner) {
-        std::unique_lock lock(mMutex);
-        if (mStreams.empty() && result != 0) {
-            lock.unlock();
-            leaveBus();
-        }
-        return result == 0 ? SOUND_MANAGER_ERROR_INTERNAL : SOUND_MANAGER_ERROR_POLICY;
-    }
-    std::lock_guard lock(mMutex);
-    mStreams.erase(std::remove(mStreams.begin(), mStreams.end(), stream), mStreams.end());
-    if (mMine && !mStreams.empty()) {
-        const auto before = mStreams.back();
-        if (!before->reacquires) {
-            mStreams.pop_back();
-        }
-        tell(before, SOUND_STREAM_FOCUS_STATE_RELEASED, stream->type);
-    }
-    mStreams.push_back(stream);
-    mMine = true;
-    return SOUND_MANAGER_ERROR_NONE;
-}
-
-int Focus::release(sound_stream_info_h stream) {
-    std::lock_guard oneAtATime(mRequests);
-    std::unique_lock lock(mMutex);
-    const auto found = std::find(mStreams.begin(), mStreams.end(), stream);
-    if (found == mStreams.end()) {
-        return SOUND_MANAGER_ERROR_INVALID_STATE;
-    }
-    const bool held = has(stream);
-    mStreams.erase(found);
-    if (mStreams.empty()) {
-        mMine = false;
-        lock.unlock();
-        leaveBus();
-    } else if (held) {
-        tell(mStreams.back(), SOUND_STREAM_FOCUS_STATE_ACQUIRED, stream->type);
-    }
-    return SOUND_MANAGER_ERROR_NONE;
-}
-
-void Focus::forget(sound_stream_info_h stream) {
-    release(stream);
-}
-
-void Focus::ownerChanged(bool mine) {
-    std::unique_lock lock(mMutex);
-    if (mMine == mine || mStreams.empty()) {
-        return;
-    }
-    mMine = mine;
-    const auto stream = mStreams.back();
-    tell(stream, mine ? SOUND_STREAM_FOCUS_STATE_ACQUIRED : SOUND_STREAM_FOCUS_STATE_RELEASED,
-         mine ? stream->type : -1);
-    if (!mine && !stream->reacquires) {
-        mStreams.pop_back();
-        if (mStreams.empty()) {
-            lock.unlock();
-            leaveBus();
-        }
-    }
-}
-
-// A reason below zero is asked from who owns the name now.
-void Focus::tell(sound_stream_info_h stream, sound_stream_focus_state_e state, int reason) {
-    SoundThread::get().post([this, stream, state, reason] {
-        const int why = reason < 0 ? ownersReason() : reason;
-        if (isStream(stream) && stream->callback) {
-            stream->callback(stream, mMask, state, static_cast<sound_stream_focus_change_reason_e>(why),
-                             SOUND_BEHAVIOR_NONE, nullptr, stream->userData);
-        }
-    });
-}
-
-int Focus::ownersReason() const {
-    gio::Error fault;
-    const gio::Variant answer(
-        g_dbus_connection_call_sync(mBus.get(), mName.c_str(), "/org/orvane/Focus", "org.freedesktop.DBus.Properties",
-                                    "Get", g_variant_new("(ss)", "org.orvane.Focus1", "Reason"), G_VARIANT_TYPE("(v)"),
-                                    G_DBUS_CALL_FLAGS_NO_AUTO_START, kAnswerMs / 4, nullptr, fault.out()));
-    if (!answer) {
-        return SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA;
-    }
-    GVariant* value = nullptr;
-    g_variant_get(answer.get(), "(v)", &value);
-    const gio::Variant owner(value);
-    return g_variant_is_of_type(value, G_VARIANT_TYPE_INT32) ? g_variant_get_int32(value)
-                                                             : SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA;
-}
-
-void Focus::signalled(GDBusConnection*, const char*, const char*, const char*, const char* signal, GVariant*,
-                      void* self) noexcept {
-    static_cast<Focus*>(self)->ownerChanged(std::strcmp(signal, "NameAcquired") == 0);
-}
-
-Focus& focusFor(sound_stream_focus_mask_e mask) {
+Focus& Focus::of(sound_stream_focus_mask_e mask) {
     // Never destroyed: the bus may still signal while the process ends.
     static Focus* playback = new Focus(SOUND_STREAM_FOCUS_FOR_PLAYBACK);
     static Focus* recording = new Focus(SOUND_STREAM_FOCUS_FOR_RECORDING);
     return mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? *recording : *playback;
+}
+
+Focus::Focus(sound_stream_focus_mask_e mask)
+    : mBus(gio::Bus::session()),
+      mMask(mask),
+      mName(mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? "org.orvane.Focus.Recording" : "org.orvane.Focus.Playback") {
+    mBus.hear("NameAcquired", mName, [this](GVariant*) { nameAcquired(); });
+    mBus.hear("NameLost", mName, [this](GVariant*) { nameLost(); });
+}
+
+int Focus::acquire(sound_stream_info_h stream) {
+    std::lock_guard oneAtATime(mRequests);
+    return onIoThread([&](Then then) { request(stream, std::move(then)); });
+}
+
+int Focus::release(sound_stream_info_h stream) {
+    std::lock_guard oneAtATime(mRequests);
+    return onIoThread([&](Then then) { drop(stream, std::move(then)); });
+}
+
+void Focus::request(sound_stream_info_h stream, Then then) {
+    if (holds(stream)) {
+        return then(SOUND_MANAGER_ERROR_INVALID_STATE);
+    }
+    if (!mBus.isOpen()) {
+        return then(SOUND_MANAGER_ERROR_INTERNAL);
+    }
+    mRequesting = true;
+    showFocusReason(stream->type);  // who loses the focus asks at once
+    ask("RequestName", g_variant_new("(su)", mName.c_str(), kAllowReplacement | kReplace),
+        [this, stream, then = std::move(then)](unsigned answer) { then(answered(stream, answer)); });
+}
+
+int Focus::answered(sound_stream_info_h stream, unsigned answer) {
+    mRequesting = false;
+    if (answer != kOwner && answer != kAlreadyOwner) {
+        if (mStreams.empty()) {
+            leave();
+        }
+        handOver(std::nullopt);
+        return answer == kInQueue ? SOUND_MANAGER_ERROR_POLICY : SOUND_MANAGER_ERROR_INTERNAL;
+    }
+    if (mHolder != nullptr) {
+        interrupt(stream->type);
+    }
+    forget(stream);
+    mStreams.push_back(stream);
+    mHolder = stream;
+    return SOUND_MANAGER_ERROR_NONE;
+}
+
+void Focus::drop(sound_stream_info_h stream, Then then) {
+    if (std::find(mStreams.begin(), mStreams.end(), stream) == mStreams.end()) {
+        return then(SOUND_MANAGER_ERROR_INVALID_STATE);
+    }
+    forget(stream);
+    if (holds(stream)) {
+        mHolder = nullptr;
+        handOver(stream->type);
+    }
+    if (!mStreams.empty() || !mBus.isOpen()) {
+        return then(SOUND_MANAGER_ERROR_NONE);
+    }
+    leave([then = std::move(then)](unsigned) { then(SOUND_MANAGER_ERROR_NONE); });
+}
+
+void Focus::leave(std::function<void(unsigned)> then) {
+    ask("ReleaseName", g_variant_new("(s)", mName.c_str()), std::move(then));
+}
+
+void Focus::ask(const char* method, GVariant* arguments, std::function<void(unsigned)> then) {
+    mBus.askThen(method, arguments, "(u)", kAnswerMs,
+                 [method, then = std::move(then)](const gio::Variant& result, const std::string& failure) {
+                     unsigned answer = 0;
+                     if (result) {
+                         g_variant_get(result.get(), "(u)", &answer);
+                     } else {
+                         dlog_print(DLOG_ERROR, "orvane-sound", "focus: %s failed: %s", method, failure.c_str());
+                     }
+                     if (then) {
+                         then(answer);
+                     }
+                 });
+}
+
+void Focus::nameAcquired() {
+    mOwned = true;
+    handOver(std::nullopt);
+}
+
+void Focus::nameLost() {
+    mOwned = false;
+    if (mHolder == nullptr) {
+        return;
+    }
+    interrupt(std::nullopt);
+    if (mStreams.empty() && !mRequesting) {
+        leave();  // the bus would give the name back
+    }
+}
+
+// The stream whose turn it is gets the focus, unless one that asks for it now comes before it.
+void Focus::handOver(Reason reason) {
+    if (mOwned && !mRequesting && mHolder == nullptr && !mStreams.empty()) {
+        const auto next = mStreams.back();
+        mHolder = next;
+        showFocusReason(next->type);
+        tell(next, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason);
+    }
+}
+
+void Focus::interrupt(Reason reason) {
+    const sound_stream_info_h stream = mHolder.exchange(nullptr);
+    if (!stream->reacquires) {
+        forget(stream);
+    }
+    tell(stream, SOUND_STREAM_FOCUS_STATE_RELEASED, reason);
+}
+
+void Focus::forget(sound_stream_info_h stream) {
+    mStreams.erase(std::remove(mStreams.begin(), mStreams.end(), stream), mStreams.end());
+}
+
+void Focus::tell(sound_stream_info_h handle, sound_stream_focus_state_e state, Reason reason) {
+    SoundThread::get().post([this, handle, state, reason] {
+        if (!reason && state == SOUND_STREAM_FOCUS_STATE_RELEASED) {
+            mLostTo = focusReasonOf(mName);
+        }
+        const auto why = reason ? static_cast<sound_stream_focus_change_reason_e>(*reason) : mLostTo;
+        if (const auto stream = streamOf(handle); stream && stream->callback) {
+            stream->registration.call(
+                [&] { stream->callback(handle, mMask, state, why, SOUND_BEHAVIOR_NONE, nullptr, stream->userData); });
+        }
+    });
 }
 
 }  // namespace audio

@@ -7,6 +7,9 @@ namespace gio {
 
 namespace {
 
+constexpr const char* kBus = "org.freedesktop.DBus";
+constexpr const char* kBusPath = "/org/freedesktop/DBus";
+
 struct NodeUnref {
     void operator()(GDBusNodeInfo* node) const noexcept { g_dbus_node_info_unref(node); }
 };
@@ -24,8 +27,28 @@ void forgetThen(gpointer then, GClosure*) noexcept {
     delete static_cast<std::function<void()>*>(then);
 }
 
-void forgetHandler(gpointer handler) noexcept {
-    delete static_cast<Bus::Handler*>(handler);
+template <typename T>
+void forget(gpointer data) noexcept {
+    delete static_cast<T*>(data);
+}
+
+GVariant* onRead(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* name, GError**,
+                 gpointer property) noexcept {
+    return (*static_cast<Bus::Property*>(property))(name);
+}
+
+void onAnswer(GObject* bus, GAsyncResult* result, gpointer data) noexcept {
+    const std::unique_ptr<Bus::Answer> then(static_cast<Bus::Answer*>(data));
+    Error error;
+    Variant answer(g_dbus_connection_call_finish(reinterpret_cast<GDBusConnection*>(bus), result, error.out()));
+    (*then)(std::move(answer), error.message());
+}
+
+using Signal = std::function<void(GVariant*)>;
+
+void onSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* arguments,
+              gpointer handler) noexcept {
+    (*static_cast<Signal*>(handler))(arguments);
 }
 
 }  // namespace
@@ -68,8 +91,7 @@ Variant Bus::call(const char* name, const char* path, const char* interface, con
 }
 
 Variant Bus::ask(const char* method, GVariant* arguments, const char* reply, Error& error) const {
-    return call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method, arguments, reply,
-                error);
+    return call(kBus, kBusPath, kBus, method, arguments, reply, error);
 }
 
 std::string Bus::ownerOf(const std::string& name) const {
@@ -99,18 +121,43 @@ bool Bus::own(const std::string& name) const {
     return result == PRIMARY_OWNER || result == ALREADY_OWNER;
 }
 
+void Bus::askThen(const char* method, GVariant* arguments, const char* reply, int milliseconds, Answer then) const {
+    g_dbus_connection_call(mConnection.get(), kBus, kBusPath, kBus, method, arguments, G_VARIANT_TYPE(reply),
+                           G_DBUS_CALL_FLAGS_NONE, milliseconds, nullptr, onAnswer, new Answer(std::move(then)));
+}
+
+void Bus::hear(const char* signal, const std::string& name, Signal handler) const {
+    if (mConnection) {
+        IoThread::get().run([&] {
+            g_dbus_connection_signal_subscribe(mConnection.get(), kBus, kBus, signal, kBusPath, name.c_str(),
+                                               G_DBUS_SIGNAL_FLAGS_NONE, onSignal, new Signal(std::move(handler)),
+                                               forget<Signal>);
+        });
+    }
+}
+
 bool Bus::serve(const char* path, const char* description, Handler handler) const {
+    static const GDBusInterfaceVTable entries{onCall, nullptr, nullptr, {}};
+    return serveObject(path, description, entries, new Handler(std::move(handler)), forget<Handler>);
+}
+
+bool Bus::show(const char* path, const char* description, Property property) const {
+    static const GDBusInterfaceVTable entries{nullptr, onRead, nullptr, {}};
+    return serveObject(path, description, entries, new Property(std::move(property)), forget<Property>);
+}
+
+bool Bus::serveObject(const char* path, const char* description, const GDBusInterfaceVTable& entries, void* data,
+                      GDestroyNotify forgetData) const {
     if (!mConnection) {
+        forgetData(data);
         return false;
     }
     bool served = false;
     IoThread::get().run([&] {
         Error error;
         const std::unique_ptr<GDBusNodeInfo, NodeUnref> node(g_dbus_node_info_new_for_xml(description, error.out()));
-        static const GDBusInterfaceVTable methods{onCall, nullptr, nullptr, {}};
-        served =
-            node && g_dbus_connection_register_object(mConnection.get(), path, node->interfaces[0], &methods,
-                                                      new Handler(std::move(handler)), forgetHandler, error.out()) != 0;
+        served = node && g_dbus_connection_register_object(mConnection.get(), path, node->interfaces[0], &entries, data,
+                                                           forgetData, error.out()) != 0;
         if (!served) {
             dlog_print(DLOG_ERROR, "orvane-bus", "%s cannot be served: %s", path, error.message().c_str());
         }

@@ -24,6 +24,13 @@ public:
     // A method of the bus itself.
     Variant ask(const char* method, GVariant* arguments, const char* reply, Error& error) const;
 
+    // On the IO thread: as ask, but without waiting. `then` runs there with the result and is in order with what hear()
+    // brings; empty on failure, which the text then tells.
+    using Answer = std::function<void(Variant result, const std::string& failure)>;
+    void askThen(const char* method, GVariant* arguments, const char* reply, int milliseconds, Answer then) const;
+    // Every signal of the bus itself that is about this name, on the IO thread, as long as the process lives.
+    void hear(const char* signal, const std::string& name, std::function<void(GVariant* arguments)> handler) const;
+
     bool hasOwner(const std::string& name) const;
     std::string ownerOf(const std::string& name) const;  // unique name; empty without one
     // Takes the name if nobody has it.
@@ -35,6 +42,10 @@ public:
                                        GDBusMethodInvocation* invocation)>;
     bool serve(const char* path, const char* description, Handler handler) const;
 
+    // An interface of read-only properties, asked for on the IO thread. Lives as long as the process.
+    using Property = std::function<GVariant*(const char* name)>;
+    bool show(const char* path, const char* description, Property property) const;
+
     // Blocks until everything that was sent has left the process.
     void flush() const;
 
@@ -43,6 +54,9 @@ public:
 
 private:
     Bus();
+    bool serveObject(const char* path, const char* description, const GDBusInterfaceVTable& entries, void* data,
+                     GDestroyNotify forget) const;
+
     Object<GDBusConnection> mConnection;
 };
 

@@ -1,0 +1,154 @@
+// What the tests of the recording focus share: a bus of their own, streams, and rivals for the focus.
+#pragma once
+
+#include <gio/gio.h>
+
+#include <future>
+#include <string>
+#include <tuple>
+
+#include "Child.h"
+#include "PrivateBus.h"
+#include "Reports.h"
+#include "lib/gio/Bus.h"
+#include "lib/gio/IoThread.h"
+#include "sound_manager.h"
+
+namespace focus {
+
+constexpr const char* kName = "org.orvane.Focus.Recording";
+
+using Change = std::tuple<int, int, int>;  // mask, state, reason
+
+constexpr Change released(int reason) {
+    return {SOUND_STREAM_FOCUS_FOR_RECORDING, SOUND_STREAM_FOCUS_STATE_RELEASED, reason};
+}
+constexpr Change acquired(int reason) {
+    return {SOUND_STREAM_FOCUS_FOR_RECORDING, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason};
+}
+
+// Waits until it holds; false after ten seconds.
+template <typename Condition>
+bool eventually(Condition condition) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::yield();
+    }
+    return true;
+}
+
+inline bool isFree() {
+    return !gio::Bus::session().hasOwner(kName);
+}
+inline bool isOurs() {
+    return gio::Bus::session().ownerOf(kName) == g_dbus_connection_get_unique_name(gio::Bus::session().connection());
+}
+
+// What the bus and the sound thread had to tell until now is told.
+inline void settle() {
+    isFree();
+    std::promise<void> done;
+    gio::IoThread::get().run([&] { audio::SoundThread::get().post([&] { done.set_value(); }); });
+    done.get_future().wait();
+}
+
+// A stream of this process.
+class Stream {
+public:
+    explicit Stream(bool reacquires = true, sound_stream_type_e type = SOUND_STREAM_TYPE_VOICE_RECOGNITION) {
+        sound_manager_create_stream_information(type, told, this, &mHandle);
+        sound_manager_set_focus_reacquisition(mHandle, reacquires);
+    }
+    ~Stream() { destroy(); }
+    Stream(const Stream&) = delete;
+    Stream& operator=(const Stream&) = delete;
+
+    int acquire() { return sound_manager_acquire_focus(mHandle, SOUND_STREAM_FOCUS_FOR_RECORDING, 0, nullptr); }
+    int release() { return sound_manager_release_focus(mHandle, SOUND_STREAM_FOCUS_FOR_RECORDING, 0, nullptr); }
+    int destroy() { return sound_manager_destroy_stream_information(mHandle); }
+    bool holds() const {
+        auto state = SOUND_STREAM_FOCUS_STATE_RELEASED;
+        sound_manager_get_focus_state(mHandle, nullptr, &state);
+        return state == SOUND_STREAM_FOCUS_STATE_ACQUIRED;
+    }
+    // Runs in every callback, before it is reported.
+    void inCallback(std::function<void(Change)> work) { mInCallback = std::move(work); }
+    Reports<Change>* operator->() { return &mReports; }
+
+private:
+    static void told(sound_stream_info_h, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+                     sound_stream_focus_change_reason_e reason, int, const char*, void* self) {
+        auto* stream = static_cast<Stream*>(self);
+        if (stream->mInCallback) {
+            stream->mInCallback({mask, state, reason});
+        }
+        stream->mReports.add({mask, state, reason});
+    }
+
+    sound_stream_info_h mHandle = nullptr;
+    std::function<void(Change)> mInCallback;
+    Reports<Change> mReports;
+};
+
+// Another process with the same sound manager, which takes the focus for a stream of this type.
+inline Child holder(int type) {
+    return Child({FOCUS_HOLDER, std::to_string(type)});
+}
+
+// Another program on the bus, with ways of its own.
+class Rival {
+public:
+    Rival()
+        : mBus(g_dbus_connection_new_for_address_sync(
+              privateBusAddress().c_str(),
+              static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+              nullptr, nullptr, nullptr)) {}
+    ~Rival() { g_dbus_connection_close_sync(mBus.get(), nullptr, nullptr); }
+
+    // `flags` are RequestName's.
+    unsigned take(unsigned flags) { return ask("RequestName", g_variant_new("(su)", kName, flags)); }
+    void giveBack() { ask("ReleaseName", g_variant_new("(s)", kName)); }
+    // Answers this when it is asked for its reason.
+    void show(const char* type, GVariant* reason) {
+        const std::string description = "<node><interface name='org.orvane.Focus1'><property name='Reason' type='" +
+                                        std::string(type) + "' access='read'/></interface></node>";
+        static const GDBusInterfaceVTable entries{
+            nullptr,
+            [](GDBusConnection*, const char*, const char*, const char*, const char*, GError**, void* value) noexcept {
+                return g_variant_ref(static_cast<GVariant*>(value));
+            },
+            nullptr,
+            {}};
+        gio::IoThread::get().run([&] {
+            GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(description.c_str(), nullptr);
+            g_dbus_connection_register_object(
+                mBus.get(), "/org/orvane/Focus", node->interfaces[0], &entries, g_variant_ref_sink(reason),
+                [](void* value) noexcept { g_variant_unref(static_cast<GVariant*>(value)); }, nullptr);
+            g_dbus_node_info_unref(node);
+        });
+    }
+
+private:
+    unsigned ask(const char* method, GVariant* arguments) {
+        const gio::Variant answer(g_dbus_connection_call_sync(
+            mBus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method, arguments,
+            G_VARIANT_TYPE("(u)"), G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, nullptr));
+        unsigned result = 0;
+        if (answer) {
+            g_variant_get(answer.get(), "(u)", &result);
+        }
+        return result;
+    }
+
+    gio::Object<GDBusConnection> mBus;
+};
+
+constexpr unsigned kAllowReplacement = 1;
+constexpr unsigned kReplace = 2;
+constexpr unsigned kPrimaryOwner = 1;
+
+}  // namespace focus

@@ -76,6 +76,22 @@ TEST_F(SoundStreamWatcherTest, AnotherReasonOrAnotherFocusLeavesTheAnswer) {
     EXPECT_EQ(fake::platform().countLogged("For Playback By media!"), 0u);
 }
 
+TEST_F(SoundStreamWatcherTest, AReleaseThatIsNotMediasLeavesItTaken) {
+    fake::setPlaybackFocus(BY_MEDIA);
+    SoundStreamWatcher watcher;
+    fake::changePlaybackFocus(PLAYBACK, RELEASED, BY_ALARM);
+    EXPECT_FALSE(watcher.isSoundStreamAvailable());
+}
+
+TEST_F(SoundStreamWatcherTest, AnUnknownStateChangesNothing) {
+    nobodyPlays();
+    SoundStreamWatcher watcher;
+    fake::platform().forgetCalls();
+    fake::changePlaybackFocus(PLAYBACK, static_cast<sound_stream_focus_state_e>(2), BY_MEDIA);
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+    EXPECT_EQ(fake::platform().logs().size(), 2u);
+}
+
 TEST_F(SoundStreamWatcherTest, AMorningBriefingThatPlaysTakesTheOutputWhateverTheFocus) {
     nobodyPlays();
     SoundStreamWatcher watcher;
@@ -95,10 +111,12 @@ TEST_F(SoundStreamWatcherTest, WithoutTheDatabaseTheBriefingIsNotAsked) {
     EXPECT_EQ(fake::platform().count("vrd_manager_foreach_table"), 0u);
 }
 
-TEST_F(SoundStreamWatcherTest, AFailedWatchIsLogged) {
+TEST_F(SoundStreamWatcherTest, AFailedWatchIsLoggedAndLeavesTheFirstAnswer) {
     fake::platform().answer("sound_manager_add_focus_state_watch_cb", -22);
+    nobodyPlays();
     SoundStreamWatcher watcher;
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to add focus state watch cb : -22"));
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
 }
 
 TEST_F(SoundStreamWatcherTest, ItsCallsHaveTheirOrder) {

@@ -31,8 +31,9 @@ protected:
 
 TEST_F(VolumeControllerTest, ANewControllerWatchesFirstAndThenReads) {
     { VolumeController controller(MediaType::MEDIA); }
-    EXPECT_EQ(fake::platform().texts(), (Texts{"sound_manager_set_volume_changed_cb()", "sound_manager_get_volume(4)",
-                                               "sound_manager_unset_volume_changed_cb()"}));
+    EXPECT_EQ(fake::platform().story(),
+              (Texts{"sound_manager_set_volume_changed_cb()", "sound_manager_get_volume(4)",
+                     "log: get volume 8 type(SOUND_TYPE_MEDIA)", "sound_manager_unset_volume_changed_cb()"}));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "get volume 8 type(SOUND_TYPE_MEDIA)"));
 }
 
@@ -47,7 +48,8 @@ TEST_F(VolumeControllerTest, MediaTypesMapToSoundTypesAndNames) {
         VolumeController controller(static_cast<MediaType>(row.media));
         fake::platform().forgetCalls();
         controller.setRealVolume(5);
-        EXPECT_EQ(fake::platform().texts(), Texts{std::string("sound_manager_set_volume(") + row.sound + ", 5)"});
+        EXPECT_EQ(fake::platform().story(), (Texts{std::string("log: set volume 5 type(") + row.name + ")",
+                                                   std::string("sound_manager_set_volume(") + row.sound + ", 5)"}));
         EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, std::string("set volume 5 type(") + row.name + ")"));
     }
 }
@@ -137,12 +139,11 @@ TEST_F(VolumeControllerTest, OtherTypesAreDuckedWithoutAskingWhoPlays) {
     EXPECT_EQ(fake::platform().count("sound_manager_get_current_playback_focus"), 0u);
 }
 
-TEST_F(VolumeControllerTest, FromThreeTheFirstStepIsTheTargetAndTheFadeEndsAtOnce) {
+TEST_F(VolumeControllerTest, ADecreaseCallsBackWithItsDatumBeforeItSetsTheTarget) {
     fake::setVolumeLevel(SOUND_TYPE_MEDIA, 3);
     int datum = 0;
     {
         VolumeController controller(MediaType::MEDIA);
-        Texts order;
         controller.setDecreaseCallback(
             [this](void* userData) {
                 EXPECT_EQ(fake::volumesSet(), std::vector<int>{}) << "the callback comes before the last step";
@@ -155,21 +156,9 @@ TEST_F(VolumeControllerTest, FromThreeTheFirstStepIsTheTargetAndTheFadeEndsAtOnc
     EXPECT_EQ(fake::volumesSet(), std::vector<int>{2});
 }
 
-TEST_F(VolumeControllerTest, AFadeStepsDownOneLevelAtATime) {
-    fake::setVolumeLevel(SOUND_TYPE_MEDIA, 6);
-    {
-        VolumeController controller(MediaType::MEDIA);
-        controller.decreaseVolume(0.8);
-    }
-    EXPECT_EQ(fake::volumesSet(), (std::vector<int>{5, 4, 3, 2}));
-}
-
-TEST_F(VolumeControllerTest, WhenTheTimeRunsOutTheTargetIsSetAllTheSame) {
-    {
-        VolumeController controller(MediaType::MEDIA);
-        controller.decreaseVolume(0.001);
-    }
-    EXPECT_EQ(fake::volumesSet().back(), 2);
+TEST_F(VolumeControllerTest, ADecreaseWithoutACallbackSetsItsTarget) {
+    { EXPECT_EQ(VolumeController(MediaType::MEDIA).decreaseVolume(0), 1); }
+    EXPECT_EQ(fake::volumesSet(), std::vector<int>{2});
 }
 
 TEST_F(VolumeControllerTest, AChangeByTheUserWhileDuckedIsAppliedByTheRestore) {
@@ -195,23 +184,45 @@ TEST_F(VolumeControllerTest, WhileDuckedTheDevicesOwnChangesAreNotTheUsers) {
     EXPECT_EQ(fake::volumeLevel(SOUND_TYPE_MEDIA), 8);
 }
 
-TEST_F(VolumeControllerTest, ASecondDecreaseStopsTheFirstWhichSetsItsOwnTarget) {
+TEST_F(VolumeControllerTest, ARestoreTellsFollowersOfItsLastLevelOnly) {
+    // As the sound manager does, each level that is set is told.
+    fake::platform().onCall("sound_manager_set_volume", [](const fake::Call& call) {
+        if (call.args[0] == std::to_string(SOUND_TYPE_MEDIA)) {
+            fake::changeVolume(SOUND_TYPE_MEDIA, std::stoi(call.args[1]));
+        }
+    });
+    fake::setVolumeLevel(SOUND_TYPE_ALARM, 1);
+    VolumeController follower(MediaType::ALARM);
     VolumeController controller(MediaType::MEDIA);
-    controller.setDecreaseCallback([this](void*) { ++ended; }, nullptr);
-    ASSERT_EQ(controller.decreaseVolume(60), 1);
-    ASSERT_TRUE(levelBecomes(7));
+    controller.addSync(&follower);
     fake::platform().forgetCalls();
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(controller.decreaseVolume(0.01), 1);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << "not the minute of the first fade";
-    EXPECT_GE(ended, 1);
-    EXPECT_TRUE(levelBecomes(2));
+    duck(controller);
+    controller.setVolume(5);
+    controller.restoreVolume(0.1);
+    EXPECT_TRUE(fake::platform().waitUntil([] { return fake::volumeLevel(SOUND_TYPE_ALARM) == 5; }));
+    Texts told;
+    for (const std::string& text : fake::platform().textsOf({"sound_manager_set_volume"})) {
+        if (text.find("(" + std::to_string(SOUND_TYPE_ALARM) + ",") != std::string::npos) {
+            told.push_back(text);
+        }
+    }
+    EXPECT_EQ(told, Texts{"sound_manager_set_volume(2, 5)"});
 }
 
-TEST_F(VolumeControllerTest, ARestoreToTheLevelThatIsThereEndsAtOnce) {
-    {
-        VolumeController controller(MediaType::MEDIA);
-        EXPECT_EQ(controller.restoreVolume(30), 1);
-    }
-    EXPECT_EQ(fake::volumesSet(), std::vector<int>{8});
+TEST_F(VolumeControllerTest, ARestoreLeavesTheUsersLevelInTheDevicesHandsAgain) {
+    VolumeController controller(MediaType::MEDIA);
+    duck(controller);
+    controller.restoreVolume(0);
+    ASSERT_TRUE(levelBecomes(8));
+    EXPECT_EQ(controller.setVolume(4), 0);
+    EXPECT_EQ(fake::volumeLevel(SOUND_TYPE_MEDIA), 4);
+    EXPECT_EQ(controller.getVolume(), 4);
+}
+
+TEST_F(VolumeControllerTest, MutingSetsTheLevelToZeroAndALastLevelOfZeroUnmutesToSeven) {
+    fake::setVolumeLevel(SOUND_TYPE_MEDIA, 0);
+    VolumeController controller(MediaType::MEDIA);
+    EXPECT_EQ(controller.unmute(), 0);
+    EXPECT_EQ(controller.mute(), 0);
+    EXPECT_EQ(fake::volumesSet(), (std::vector<int>{7, 0}));
 }

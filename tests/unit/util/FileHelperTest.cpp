@@ -1,6 +1,8 @@
 #include "Util/FileHelper.h"
 
+#include <dlfcn.h>
 #include <fcntl.h>
+#include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 #include <sys/stat.h>
@@ -8,6 +10,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <new>
+#include <optional>
 #include <sstream>
 
 #include "unit/Fixture.h"
@@ -15,10 +19,48 @@
 using Util::FileContent;
 using Util::FileHelper;
 
+// The system calls whose failure a file cannot bring about, and the one that a file does not show.
+namespace {
+
+std::optional<long> toldPosition;  // by ftell
+int goodSeeks = -1;                // before one that fails
+bool lackOfMemory = false;
+std::function<void()> onSync;
+
+}  // namespace
+
+extern "C" {
+
+long ftell(FILE* file) {
+    static const auto real = reinterpret_cast<long (*)(FILE*)>(dlsym(RTLD_NEXT, "ftell"));
+    return toldPosition ? *toldPosition : real(file);
+}
+
+int fseek(FILE* file, long offset, int origin) {
+    static const auto real = reinterpret_cast<int (*)(FILE*, long, int)>(dlsym(RTLD_NEXT, "fseek"));
+    return goodSeeks >= 0 && goodSeeks-- == 0 ? -1 : real(file, offset, origin);
+}
+
+void sync() noexcept {
+    if (onSync) {
+        onSync();
+    }
+}
+
+}  // extern "C"
+
+void* operator new[](size_t size, const std::nothrow_t&) noexcept {
+    return lackOfMemory ? nullptr : ::operator new[](size);
+}
+
 class FileHelperTest : public PlatformTest {
 protected:
     void SetUp() override {
         PlatformTest::SetUp();
+        toldPosition.reset();
+        goodSeeks = -1;
+        lackOfMemory = false;
+        onSync = nullptr;
         char name[] = "/tmp/orvane-file-XXXXXX";
         folder = mkdtemp(name);
         path = folder + "/file";
@@ -100,10 +142,73 @@ TEST_F(FileHelperTest, ReadingAPipeThatCannotBeSoughtFails) {
     close(keeper);
 }
 
-TEST_F(FileHelperTest, ReadingAFolderFailsWithoutACrash) {
+TEST_F(FileHelperTest, ReadingAFileThatCannotBeRewoundFails) {
+    std::ofstream(path) << "hello";
+    FileContent content(path.c_str());
+    goodSeeks = 1;
+    EXPECT_FALSE(FileHelper::read(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "fseek fail"));
+    EXPECT_EQ(content.data, nullptr);
+}
+
+TEST_F(FileHelperTest, ReadingAFileWithoutASizeFails) {
+    std::ofstream(path) << "hello";
+    FileContent content(path.c_str());
+    toldPosition = -1;
+    EXPECT_FALSE(FileHelper::read(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid size"));
+}
+
+TEST_F(FileHelperTest, ReadingAFileOfMoreThanTwoGigabytesFails) {
+    std::ofstream file(path);
+    file.close();
+    std::filesystem::resize_file(path, 1ull << 31);
+    FileContent content(path.c_str());
+    EXPECT_FALSE(FileHelper::read(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid size"));
+}
+
+TEST_F(FileHelperTest, ReadingAFolderFails) {
     FileContent content(folder.c_str());
     EXPECT_FALSE(FileHelper::read(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid size"));
     EXPECT_EQ(content.data, nullptr);
+}
+
+TEST_F(FileHelperTest, ReadingLessThanTheFilesSizeFails) {
+    std::ofstream(path) << "hello";
+    FileContent content(path.c_str());
+    content.setCopiedData("old", 3);
+    toldPosition = 6;
+    EXPECT_FALSE(FileHelper::read(content));
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "file read fail , path = " + path));
+    EXPECT_EQ(std::string(content.data.get(), content.size), "old");
+}
+
+TEST_F(FileHelperTest, AWrittenFileIsWholeWhenItIsSynced) {
+    FileContent content(path.c_str());
+    content.setCopiedData("abc", 3);
+    std::string synced;
+    onSync = [&] { synced = bytes(); };
+    EXPECT_TRUE(FileHelper::write(content));
+    EXPECT_EQ(synced, "abc");
+}
+
+TEST_F(FileHelperTest, AfterRefusedDataTheOldContentIsWritten) {
+    FileContent content(path.c_str());
+    content.setCopiedData("abc", 3).setCopiedData(nullptr, 4);
+    EXPECT_TRUE(FileHelper::write(content));
+    EXPECT_EQ(bytes(), "abc");
+}
+
+TEST_F(FileHelperTest, ALackOfMemoryRefusesTheDataAndThrowsNothing) {
+    FileContent content(path.c_str());
+    content.setCopiedData("abc", 3);
+    lackOfMemory = true;
+    EXPECT_NO_THROW(content.setCopiedData("xyzw", 4));
+    lackOfMemory = false;
+    EXPECT_EQ(std::string(content.data.get(), content.size), "abc");
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Data set fail , filepath : " + path));
 }
 
 TEST_F(FileHelperTest, RefusedDataLeavesTheContentAsItWas) {

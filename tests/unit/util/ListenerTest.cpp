@@ -85,6 +85,62 @@ TEST_F(ListenerTest, EachItemHasItsKey) {
                      "vconf_notify_key_changed(db/orvane/setting/voice_feedback)"}));
 }
 
+TEST_F(ListenerTest, TheFirstRegistrationReadsTheValueAndThenSubscribes) {
+    config().addLangStateChangedListener([](void*) {}, nullptr);
+    config().addLangStateChangedListener([](void*) {}, nullptr);
+    EXPECT_EQ(fake::platform().texts(),
+              (Texts{"vconf_get_int(db/orvane/setting/lang)", "vconf_notify_key_changed(db/orvane/setting/lang)"}));
+}
+
+TEST_F(ListenerTest, NumbersAreFirstComparedWithWhatTheConfigurationReads) {
+    // A language or word outside its list reads as the first choice, an unreadable microphone switch as on.
+    fake::setSetting("db/orvane/setting/lang", 9);
+    fake::setSetting("db/orvane/setting/voice_wakeup_word", 5);
+    config().addLangStateChangedListener(note("lang"), nullptr);
+    config().addVoiceWakeupWordChangedListener(note("word"), nullptr);
+    config().addMicStateChangedListener(note("mic"), nullptr);
+    fake::changeSetting("db/orvane/setting/lang", 1);
+    fake::changeSetting("db/orvane/setting/voice_wakeup_word", 0);
+    fake::changeSetting("db/mic_key/status", 1);
+    EXPECT_TRUE(heard.empty());
+    fake::changeSetting("db/orvane/setting/lang", 2);
+    fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1);
+    fake::changeSetting("db/mic_key/status", 0);
+    EXPECT_EQ(heard, (Texts{"lang", "word", "mic"}));
+}
+
+TEST_F(ListenerTest, TheCountryIsFirstComparedWithNoText) {
+    fake::setSetting("db/setting/country_code", std::string("KR"));
+    config().addCountryStateChangedListener(note("country"), nullptr);
+    fake::changeSetting("db/setting/country_code", std::string(""));
+    EXPECT_TRUE(heard.empty());
+    fake::changeSetting("db/setting/country_code", std::string("KR"));
+    EXPECT_EQ(heard, Texts{"country"});
+}
+
+TEST_F(ListenerTest, TheVoiceFeedbackSwitchIsFirstComparedWithFalse) {
+    fake::setSetting("db/orvane/setting/voice_feedback", 1);
+    config().addVoiceFeedbackStateChangedListener(note("feedback"), nullptr);
+    fake::changeSetting("db/orvane/setting/voice_feedback", false);
+    EXPECT_TRUE(heard.empty());
+    fake::changeSetting("db/orvane/setting/voice_feedback", true);
+    EXPECT_EQ(heard, Texts{"feedback"});
+}
+
+TEST_F(ListenerTest, ASwitchWatchedThroughTheBoolConstructorIsComparedWithItsValue) {
+    Util::VConfStateListener listener("key", true);
+    listener.addCallback(note("switch"), nullptr);
+    fake::changeSetting("key", true);
+    EXPECT_TRUE(heard.empty());
+    fake::changeSetting("key", false);
+    EXPECT_EQ(heard, Texts{"switch"});
+}
+
+TEST_F(ListenerTest, AnEmptyCallbackThrowsWhenItIsCalled) {
+    config().addMicStateChangedListener(nullptr, nullptr);
+    EXPECT_THROW(fake::changeSetting("db/mic_key/status", 0), std::bad_function_call);
+}
+
 TEST_F(ListenerTest, DestroyingTheConfigurationEndsEverySubscription) {
     config().addMicStateChangedListener(note("mic"), nullptr);
     config().addConnectionStateChangedListener(note("net"), nullptr);
@@ -103,6 +159,46 @@ TEST_F(ListenerTest, OnlyARealChangeOfTheConnectionCallsBack) {
     fake::changeConnection(CONNECTION_TYPE_DISCONNECTED);
     fake::changeConnection(CONNECTION_TYPE_DISCONNECTED);
     EXPECT_EQ(heard, Texts{"net!"});
+}
+
+// The connection of a program whose start could not open one.
+class WithoutAConnection : public ListenerTest {
+protected:
+    using Initializer = Util::ConnectionStateListener::ConnectionInitializer;
+    void SetUp() override {
+        ListenerTest::SetUp();
+        fake::platform().answer("connection_create", -5);
+        openAgain();
+    }
+    void TearDown() override {
+        ListenerTest::TearDown();
+        fake::platform().answer("connection_create", 0);
+        openAgain();
+    }
+    static void openAgain() {
+        Util::ConnectionStateListener::mInitializer.~Initializer();
+        new (&Util::ConnectionStateListener::mInitializer) Initializer;
+        fake::platform().forgetCalls();
+    }
+};
+
+TEST_F(WithoutAConnection, ItsTypeIsNoneAndThePlatformIsNotAsked) {
+    EXPECT_EQ(config().getConnectionState(), CONNECTION_TYPE_DISCONNECTED);
+    EXPECT_TRUE(fake::platform().story().empty());
+}
+
+TEST_F(WithoutAConnection, AListenerIsKeptAndNeverCalled) {
+    config().addConnectionStateChangedListener(note("first"), nullptr);
+    config().addConnectionStateChangedListener(note("second"), nullptr);
+    fake::changeConnection(CONNECTION_TYPE_WIFI);
+    Util::Singleton<Util::SystemConfig>::destroy();
+    EXPECT_TRUE(heard.empty());
+    EXPECT_TRUE(fake::platform().story().empty()) << "neither set nor unset";
+}
+
+TEST_F(ListenerTest, TheConnectionIsClosedWithItsHolder) {
+    { Util::ConnectionStateListener::ConnectionInitializer another; }
+    EXPECT_EQ(fake::platform().names(), (Texts{"connection_create", "connection_destroy"}));
 }
 
 TEST_F(ListenerTest, TheConnectionIsOpenedOnceAtProgramStart) {

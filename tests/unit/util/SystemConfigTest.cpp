@@ -24,8 +24,16 @@ protected:
     }
 };
 
+TEST_F(SystemConfigTest, OneAndSevenBothReadBackAsAmericanEnglish) {
+    for (const int stored : {1, 7}) {
+        fake::setSetting("db/orvane/setting/lang", stored);
+        EXPECT_EQ(config().getLangStr(), "en_US") << stored;
+    }
+}
+
 TEST_F(SystemConfigTest, AStoredLanguageIsReadAndAnyOtherValueIsAmericanEnglish) {
-    const std::pair<int, int> rows[] = {{0, 0}, {1, 1}, {2, 2}, {6, 6}, {7, 7}, {8, 1}, {-2, 1}};
+    const std::pair<int, int> rows[] = {{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4},
+                                        {5, 5}, {6, 6}, {7, 7}, {8, 1}, {-2, 1}};
     for (const auto& [stored, read] : rows) {
         fake::setSetting("db/orvane/setting/lang", stored);
         EXPECT_EQ(static_cast<int>(config().getOrvaneLang()), read) << stored;
@@ -110,14 +118,37 @@ TEST_F(SystemConfigTest, SwitchesAreLoggedAndThenStored) {
     config().setVoiceWakeupState(false);
     config().setVoiceResponseState(true);
     config().setVoiceBOSResponseState(false);
-    EXPECT_EQ(fake::platform().textsOf({"vconf_set"}), (Texts{"vconf_set_bool(db/orvane/setting/voice_feedback, 1)",
-                                                              "vconf_set_bool(db/orvane/setting/voice_wakeup, 0)",
-                                                              "vconf_set_bool(db/orvane/manager/response, 1)",
-                                                              "vconf_set_bool(db/orvane/manager/bos_response, 0)"}));
-    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "setVoiceFeedbackState to : 1"));
-    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "setVoiceWakeupState to : 0"));
-    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "setVoiceResponseState to : 1"));
-    EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "setVoiceBOSResponseState to : 0"));
+    EXPECT_EQ(fake::platform().story(),
+              (Texts{"log: setVoiceFeedbackState to : 1", "vconf_set_bool(db/orvane/setting/voice_feedback, 1)",
+                     "log: setVoiceWakeupState to : 0", "vconf_set_bool(db/orvane/setting/voice_wakeup, 0)",
+                     "log: setVoiceResponseState to : 1", "vconf_set_bool(db/orvane/manager/response, 1)",
+                     "log: setVoiceBOSResponseState to : 0", "vconf_set_bool(db/orvane/manager/bos_response, 0)"}));
+    for (const auto& line : fake::platform().logs()) {
+        EXPECT_EQ(line.priority, DLOG_DEBUG);
+    }
+}
+
+TEST_F(SystemConfigTest, SwitchesAreReadAsTheyAreStored) {
+    fake::setSetting("db/mic_key/status", 0);
+    EXPECT_EQ(config().getMicState(), 0);
+    for (const bool on : {false, true}) {
+        config().setVoiceFeedbackState(on);
+        config().setVoiceWakeupState(on);
+        config().setVoiceResponseState(on);
+        config().setVoiceBOSResponseState(on);
+        EXPECT_EQ(config().getVoiceFeedbackState(), on);
+        EXPECT_EQ(config().getVoiceWakeupState(), on);
+        EXPECT_EQ(config().getVoiceResponseState(), on);
+        EXPECT_EQ(config().getVoiceBOSResponseState(), on);
+    }
+    EXPECT_EQ(errors(), 0u);
+}
+
+TEST_F(SystemConfigTest, TimeOutsAreReadAsTheyAreStored) {
+    fake::setSetting("db/pm/event-ss-wait-time", 0);
+    fake::setSetting("db/setting/lcd_backlight_normal", 30);
+    EXPECT_EQ(config().getScreenSaverTimeout(), 0);
+    EXPECT_EQ(config().getLcdTimeout(), 30);
 }
 
 TEST_F(SystemConfigTest, TheMicrophoneSwitchIsStoredBeforeItsLightChanges) {
@@ -174,11 +205,19 @@ TEST_F(SystemConfigTest, TheDeviceIsInTheBoxWhileAnyOfTheFourStatesLasts) {
     }
 }
 
-TEST_F(SystemConfigTest, TheDeviceIsInTheBoxWhenAStateCannotBeRead) {
-    fake::setSetting("db/pwlock/factory_boot", 0);
-    EXPECT_FALSE(config().isOutOfBoxing());
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Vconf Read Fail : db/pwlock/setup_wizard"));
-    EXPECT_EQ(reads().size(), 2u);
+TEST_F(SystemConfigTest, TheDeviceIsInTheBoxWhenAnyOfTheFourStatesCannotBeRead) {
+    Texts asked;
+    for (const char* key :
+         {"db/pwlock/factory_boot", "db/pwlock/setup_wizard", "memory/refrigerator/OtnProgress", "db/demo_mode"}) {
+        fake::platform().forgetCalls();
+        EXPECT_FALSE(config().isOutOfBoxing()) << key;
+        asked.push_back(std::string("vconf_get_int(") + key + ")");
+        EXPECT_EQ(reads(), asked) << "no later one is asked";
+        EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, std::string("Vconf Read Fail : ") + key));
+        EXPECT_EQ(errors(), 1u);
+        fake::setSetting(key, 0);
+    }
+    EXPECT_TRUE(config().isOutOfBoxing());
 }
 
 TEST_F(SystemConfigTest, TheConnectionTypeIsAskedAndLogged) {

@@ -45,6 +45,7 @@ Appliance::Appliance(const std::string& microphone)
     mNetwork = std::make_unique<Process>(std::vector<std::string>{ORVANE_SIM_APP, "network", kNetwork},
                                          mFolder / "network.log");
     until("the network stands", [this] { return mSystem->hasOwner(kNetwork); });
+    mHub = std::make_unique<Hub>(mFolder);
     mRoom = std::make_unique<Room>(mFolder, microphone);
     writeSettings();
     for (const char* application : kRecipeApps) {
@@ -165,6 +166,18 @@ void Appliance::restartSound() {
 
 std::vector<Database::Fields> Appliance::table(const std::string& database, const std::string& table) const {
     return Database(database).read(table);
+}
+
+std::vector<std::string> Appliance::users() const {
+    std::vector<std::string> names;
+    for (const Database::Fields& user : table("Profile", "Profile")) {
+        for (const auto& [field, value] : user) {
+            if (field == "userName") {
+                names.push_back(value);
+            }
+        }
+    }
+    return names;
 }
 
 void Appliance::turnPage() {

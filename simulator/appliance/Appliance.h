@@ -8,6 +8,7 @@
 #include "appliance/Environment.h"
 #include "appliance/Events.h"
 #include "appliance/Folder.h"
+#include "appliance/Hub.h"
 #include "appliance/Process.h"
 #include "appliance/Room.h"
 #include "lib/Bus.h"
@@ -41,6 +42,18 @@ public:
     void network(const std::string& kind);
     // Dies and comes back; the microphone and all streams with it.
     void restartSound();
+    template <typename Value>
+    void setting(const std::string& key, const Value& value) {
+        mRecord->write("setting", {{"key", key}, {"value", value}});
+        settings::set(key, value);
+    }
+    Hub& hub() { return *mHub; }
+    // How the account service answers from now on; see apps/Account.h.
+    void account(const std::string& behaviour) { order(kAccount, "behave", behaviour); }
+    // The account service says that a profile has changed.
+    void announceProfile() { order(kAccount, "notify"); }
+    // The names of the household's users that the local database holds.
+    std::vector<std::string> users() const;
     // The records of a local database's table.
     std::vector<Database::Fields> table(const std::string& database, const std::string& table) const;
     bool runs(const std::string& application) { return mBus->hasOwner(application); }
@@ -72,6 +85,7 @@ private:
     std::unique_ptr<Process> mSystemBus;
     std::unique_ptr<Process> mSessionBus;
     std::unique_ptr<Process> mNetwork;
+    std::unique_ptr<Hub> mHub;
     std::unique_ptr<Room> mRoom;
     std::unique_ptr<Bus> mBus;
     std::unique_ptr<Bus> mSystem;

@@ -14,6 +14,15 @@ constexpr Turn kTurns[] = {
 
 }  // namespace
 
+// The account's users reach the local database by way of the hub.
+void awaitUsers(Appliance& appliance) {
+    appliance.until("the household's users are stored", [&appliance] {
+        appliance.events().read();
+        return !appliance.users().empty();
+    });
+    appliance.record().write("users", {{"names", appliance.users()}});
+}
+
 void wakeUp(Appliance& appliance, const std::string& voice) {
     appliance.turnPage();
     appliance.say("hey quorbit", voice);
@@ -22,6 +31,7 @@ void wakeUp(Appliance& appliance, const std::string& voice) {
 }
 
 void converse(Appliance& appliance) {
+    awaitUsers(appliance);
     for (const Turn& turn : kTurns) {
         wakeUp(appliance, "slt");
         appliance.say(turn.command);

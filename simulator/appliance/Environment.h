@@ -15,6 +15,9 @@ inline constexpr char kAccount[] = ORVANE_ACCOUNT_SERVICE_ID;
 inline constexpr char kNetwork[] = "org.freedesktop.NetworkManager";
 inline constexpr const char* kRecipeApps[] = {"org.tizen.recipesvc", "org.tizen.webdatabaseserviceapp"};
 
+inline constexpr char kMenuLanguage[] = "db/menu_widget/language";
+inline constexpr char kWakeupWord[] = "db/orvane/setting/voice_wakeup_word";
+
 // Sets this process's own environment, which its children inherit. Once a process, before it has threads.
 void prepareEnvironment(const Folder& folder);
 

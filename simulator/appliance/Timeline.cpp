@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
+#include <map>
 
 #include "appliance/Environment.h"
 
@@ -13,24 +13,72 @@ namespace {
 constexpr char kRed[] = "31", kGreen[] = "32", kYellow[] = "33", kBlue[] = "34", kMagenta[] = "35", kCyan[] = "36",
                kGrey[] = "90";
 constexpr const char* kBars[] = {"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
-constexpr int kLoudest = 80;
+constexpr int kQuietest = -64;
+constexpr int kDecibelPerBar = 8;
+constexpr double kBarSeconds = 0.1;
+constexpr std::size_t kMeterColumn = 40;
 
 std::string text(const Event& event, const char* member) {
     return event.value(member, std::string());
 }
 
-const char* bar(const std::string& level) {
-    const int value = std::clamp(atoi(level.c_str()), 0, kLoudest);
-    return kBars[value * 7 / kLoudest];
-}
-
-std::string heard(const std::string& json) {
-    const Event result = Event::parse(json, nullptr, false);
-    return result.is_object() ? result.value("agent", "") + " / " + result.value("action_name", "") : json;
-}
-
 std::string lastPart(const std::string& operation) {
     return operation.substr(operation.rfind('/') + 1);
+}
+
+std::string understood(const Event& event) {
+    const Event result = Event::parse(text(event, "json"), nullptr, false);
+    return result.is_object() ? text(result, "agent") + " / " + text(result, "action_name") : text(event, "json");
+}
+
+std::string state(const Event& event) {
+    return text(event, "state") + (text(event, "state") == "Error" ? ": " + text(event, "error") : "");
+}
+
+std::string rhythm(const Event& event) {
+    char words[80];
+    snprintf(words, sizeof words, "%d changes, every %.1f ms, longest gap %.0f ms", event.value("changes", 0),
+             event.value("period", 0.0), event.value("longest", 0.0));
+    return words;
+}
+
+std::string joined(const Event& list) {
+    std::string words;
+    for (const auto& word : list) {
+        words += (words.empty() ? "" : ", ") + word.get<std::string>();
+    }
+    return words.empty() ? "nobody" : words;
+}
+
+struct Row {
+    const char* colour;
+    const char* who;
+    std::string (*words)(const Event&);
+};
+
+const std::map<std::string, Row> kRows = {
+    {"said", {kCyan, "person", [](const Event& e) { return "\"" + text(e, "text") + "\""; }}},
+    {"wake-up", {kGreen, "UI is told", [](const Event& e) { return text(e, "event"); }}},
+    {"speech detected", {kGreen, "UI is told", [](const Event& e) { return text(e, "event"); }}},
+    {"state", {kGreen, "UI is told", state}},
+    {"asked", {kBlue, "UI asks", [](const Event& e) { return text(e, "operation"); }}},
+    {"result", {kYellow, "understood", understood}},
+    {"levels", {kGrey, "level file", rhythm}},
+    {"opened", {kMagenta, "opened", [](const Event& e) { return text(e, "uri") + " in " + text(e, "app"); }}},
+    {"closed", {kMagenta, "closed", [](const Event& e) { return text(e, "app"); }}},
+    {"voice result", {kMagenta, "told", [](const Event& e) { return text(e, "app") + ": " + text(e, "text"); }}},
+    {"playing", {kMagenta, "music", [](const Event&) { return std::string("plays"); }}},
+    {"paused", {kMagenta, "music", [](const Event&) { return std::string("is paused"); }}},
+    {"briefing", {kMagenta, "morning briefing", [](const Event& e) { return text(e, "state"); }}},
+    {"status asked", {kBlue, "account service", [](const Event& e) { return text(e, "behaviour"); }}},
+    {"notified", {kBlue, "account service", [](const Event&) { return std::string("a profile has changed"); }}},
+    {"request", {kBlue, "hub", [](const Event& e) { return text(e, "method") + " " + text(e, "path"); }}},
+    {"users", {kMagenta, "users stored", [](const Event& e) { return joined(e["names"]); }}},
+    {"setting", {kGrey, "setting", [](const Event& e) { return text(e, "key") + " = " + e["value"].dump(); }}},
+};
+
+const char* colourOf(const Row& row, const Event& event) {
+    return text(event, "state") == "Error" ? kRed : row.colour;
 }
 
 }  // namespace
@@ -41,10 +89,35 @@ void Timeline::line(double at, const char* colour, const std::string& who, const
     fflush(stdout);
 }
 
-void Timeline::flushLevel(double at) {
+void Timeline::addLevel(double at, int decibel) {
+    if (at >= mBarEnds) {
+        const int bar = (mLoudest - kQuietest) / kDecibelPerBar;
+        mMeter += mBarEnds > 0 ? kBars[std::clamp(bar, 0, 7)] : "";
+        mBarEnds = at + kBarSeconds;
+        mLoudest = kQuietest;
+    }
+    mLoudest = std::max(mLoudest, decibel);
+}
+
+void Timeline::addVolume(int percent) {
+    mVolumes += (mVolumes.empty() ? "" : " ") + std::to_string(percent);
+}
+
+// The level since the line before stands beside the words.
+void Timeline::hear(double at, const std::string& words) {
+    const std::string space(words.size() < kMeterColumn ? kMeterColumn - words.size() : 1, ' ');
+    line(at, kYellow, "hears", words + space + mMeter);
+    mMeter.clear();
+}
+
+void Timeline::flush(double at) {
     if (!mMeter.empty()) {
         line(at, kGrey, "level", mMeter);
         mMeter.clear();
+    }
+    if (!mVolumes.empty()) {
+        line(at, kMagenta, "loudspeaker", mVolumes + " %");
+        mVolumes.clear();
     }
 }
 
@@ -53,30 +126,26 @@ void Timeline::print(const Event& event) {
     const std::string what = text(event, "event");
     const double at = event["at"];
     if (what == "level") {
-        mMeter += bar(text(event, "level"));
-    } else if (what == "said") {
-        line(at, kCyan, "person (" + text(event, "voice") + ")", "\"" + text(event, "text") + "\"");
-    } else if (what == "state") {
-        flushLevel(at);
-        const bool bad = text(event, "state") == "Error";
-        line(at, bad ? kRed : kGreen, "UI is told", text(event, "state") + (bad ? ": " + text(event, "error") : ""));
-    } else if (what == "partial") {
-        line(at, kYellow, event.value("final", false) ? "heard" : "hears", text(event, "text"));
-    } else if (what == "result") {
-        line(at, kYellow, "understood", heard(text(event, "json")));
-    } else if (what == "asked") {
-        line(at, kBlue, "UI asks", text(event, "operation"));
+        addLevel(at, event["level"]);
+        return;
+    }
+    if (what == "volume") {
+        addVolume(event["percent"]);
+        return;
+    }
+    if (what == "partial") {
+        hear(at, text(event, "text"));
+        return;
+    }
+    const auto row = kRows.find(what);
+    if (row != kRows.end()) {
+        flush(at);
+        line(at, colourOf(row->second, event), row->second.who, row->second.words(event));
     } else if (what == "launch" && app != kUi) {
+        flush(at);
         line(at, kMagenta, "launched", app + " (" + lastPart(text(event, "operation")) + ")");
-    } else if (what == "opened") {
-        line(at, kMagenta, "opened", text(event, "uri") + " in " + app);
-    } else if (what == "closed") {
-        line(at, kMagenta, "closed", app);
-    } else if (what == "voice result") {
-        line(at, kMagenta, "told", app + ": " + text(event, "text"));
-    } else if (app == kUi && (what == "wake-up" || what == "speech detected")) {
-        line(at, kGreen, "UI is told", what);
     } else if (app == "appliance") {
+        flush(at);
         line(at, kGrey, "appliance", what);
     }
 }

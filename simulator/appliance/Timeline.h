@@ -16,11 +16,17 @@ public:
 
 private:
     void line(double at, const char* colour, const std::string& who, const std::string& text) const;
-    void flushLevel(double at);
+    void addLevel(double at, int decibel);
+    void addVolume(int percent);
+    void hear(double at, const std::string& words);
+    void flush(double at);
 
     double mStart;
     bool mColours;
-    std::string mMeter;  // of the recording that runs
+    std::string mMeter;  // since the last line, a bar for each tenth of a second
+    double mBarEnds = 0;
+    int mLoudest = 0;
+    std::string mVolumes;  // since the last line
 };
 
 }  // namespace sim

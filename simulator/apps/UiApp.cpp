@@ -12,9 +12,7 @@ namespace sim {
 namespace {
 
 constexpr char kResultFile[] = "/tmp/Result_Orvane_json.txt";
-constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
 constexpr char kAcknowledgement[] = "db/orvane/manager/response";
-constexpr guint kLevelPeriodMs = 100;
 
 std::string contentOf(const char* path) {
     std::ifstream file(path);
@@ -35,7 +33,7 @@ bool yes(const std::string& argument) {
 
 }  // namespace
 
-UiApp::UiApp(const std::string& id) : Application(id) {}
+UiApp::UiApp(const std::string& id) : Application(id), mMeter(record()) {}
 
 void UiApp::onLaunch(const Request& request) {
     const std::string base = kOperationBase;
@@ -55,7 +53,7 @@ void UiApp::onLaunch(const Request& request) {
 void UiApp::showState(const Extras& extras) {
     const std::string state = valueOf(extras, "key_state_change");
     record().write("state", {{"state", state}, {"error", valueOf(extras, "key_error_type")}});
-    watchLevel(state == "Recording");
+    mMeter.recording(state == "Recording");
     if (state == "Ready") {
         showResult();
         if (mAcknowledges) {
@@ -89,20 +87,6 @@ void UiApp::onOrder(const std::string& order, const std::string& argument) {
     } else {
         Application::onOrder(order, argument);
     }
-}
-
-void UiApp::watchLevel(bool recording) {
-    if (recording && mLevelTimer == 0) {
-        mLevelTimer = g_timeout_add(kLevelPeriodMs, onLevelDue, this);
-    } else if (!recording && mLevelTimer != 0) {
-        g_source_remove(mLevelTimer);
-        mLevelTimer = 0;
-    }
-}
-
-gboolean UiApp::onLevelDue(gpointer self) noexcept {
-    static_cast<UiApp*>(self)->record().write("level", {{"level", contentOf(kLevelFile)}});
-    return G_SOURCE_CONTINUE;
 }
 
 // The service may be starting, or gone: the bus then says so, and a screen can only wait.

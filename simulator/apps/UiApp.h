@@ -1,11 +1,13 @@
 // The assistant's UI without a screen: what a person would see is in its record.
 //   state           every state and error it was told
 //   partial         text while the person speaks, from the port "partial"
-//   speech detected, wake-up, result, level
+//   level           every change of the level file, and levels after a recording
+//   speech detected, wake-up, result
 // Orders: start (argument: mode), stop, cancel, close: sent to the service; acknowledge yes|no: whether Ready is
 // answered; answer yes|no: whether a wake-up starts the engine; mode Default|PTT|ClearContext: how a wake-up starts it.
 #pragma once
 
+#include "apps/LevelMeter.h"
 #include "lib/Application.h"
 
 namespace sim {
@@ -22,14 +24,12 @@ private:
 
     void showState(const Extras& extras);
     void showResult();
-    void watchLevel(bool recording);
     void tell(const std::string& operation, const Extras& extras = {});
-    static gboolean onLevelDue(gpointer self) noexcept;
 
     bool mAcknowledges = true;
     bool mAnswers = true;
     std::string mMode = "Default";
-    guint mLevelTimer = 0;
+    LevelMeter mMeter;
 };
 
 }  // namespace sim

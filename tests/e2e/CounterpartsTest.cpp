@@ -205,6 +205,50 @@ TEST(TheMorningBriefing, WritesWhetherItPlays) {
     EXPECT_EQ(appliance.table("Morning Brief", kBriefingTable), briefing("Stop"));
 }
 
+TEST(TheUi, ShowsEveryChangeOfTheLevelAndItsRhythmAfterARecording) {
+    Appliance appliance;
+    const auto tellState = [](const char* state) {
+        sim::Bus(getenv("DBUS_SESSION_BUS_ADDRESS"))
+            .call(sim::kUi, "/org/orvane/Application", "org.orvane.Application1", "Launch",
+                  g_variant_new("(ss@a(aybaay)s)", (std::string(sim::kOperationBase) + "state_change").c_str(), "",
+                                sim::packExtras({{"key_state_change", {state}}, {"key_error_type", {"None"}}}), ""));
+    };
+    tellState("Recording");
+    appliance.awaitState("Recording");
+    for (const int32_t level : {-40, -12, -30}) {
+        std::ofstream("/tmp/OrvaneVolume.tmp", std::ios::binary)
+            .write(reinterpret_cast<const char*>(&level), sizeof level);
+        appliance.await(sim::kUi, {{"event", "level"}, {"level", level}});
+    }
+    tellState("Processing");
+    const sim::Event rhythm = appliance.await(sim::kUi, {{"event", "levels"}});
+    EXPECT_EQ(rhythm["changes"], 3);
+    EXPECT_GT(rhythm["period"], 0);
+    EXPECT_GE(rhythm["longest"], rhythm["period"]);
+}
+
+TEST(TheHub, LetsTheAccountOfTheAccountServiceIn) {
+    Appliance appliance;
+    std::ifstream file(appliance.folder() / "account.json");
+    const auto account = nlohmann::json::parse(file);
+    const auto post = [&](const std::string& token) {
+        const std::string answer = appliance.folder() / "answer";
+        std::filesystem::remove(answer);
+        const nlohmann::json body{{"guid", account["guid"]}, {"client_id", account["client_id"]}};
+        sim::Process({"curl", "-s", "-H", "Authorization: Bearer " + token, "-d", body.dump(),
+                      account["server_uri"].get<std::string>() + "/v1/session"},
+                     answer)
+            .wait();
+        std::ifstream stream(answer);
+        return nlohmann::json::parse(stream);
+    };
+    EXPECT_TRUE(post(account["access_token"]).contains("session_token"));
+    EXPECT_FALSE(post("somebody else's").contains("session_token"));
+    appliance.hub().faults({{{"request", 1}, {"kind", "error"}, {"status", 503}}});
+    EXPECT_FALSE(post(account["access_token"]).contains("session_token"));
+    EXPECT_TRUE(post(account["access_token"]).contains("session_token"));
+}
+
 TEST(ATableThatNobodyHasWritten, HasNoRecords) {
     Appliance appliance;
     EXPECT_EQ(appliance.table("Profile", "Profile"), Records{});

@@ -1,0 +1,47 @@
+#include "apps/LevelMeter.h"
+
+#include <algorithm>
+#include <fstream>
+
+namespace sim {
+
+namespace {
+
+constexpr char kFolder[] = "/tmp";
+constexpr char kFile[] = "OrvaneVolume.tmp";
+
+}  // namespace
+
+LevelMeter::LevelMeter(Record& record) : mRecord(record), mWatch(kFolder, kFile, [this] { onWritten(); }) {}
+
+void LevelMeter::recording(bool on) {
+    if (mRecording && !on && mChanges > 1) {
+        mRecord.write("levels", {{"changes", mChanges},
+                                 {"period", (mLast - mFirst) * 1000 / (mChanges - 1)},
+                                 {"longest", mLongest * 1000}});
+    }
+    if (mRecording != on) {
+        mRecording = on;
+        mChanges = 0;
+        mLongest = 0;
+    }
+}
+
+// A file that is being written anew at this moment is short; its own notice follows.
+void LevelMeter::onWritten() {
+    std::ifstream file(std::string(kFolder) + "/" + kFile, std::ios::binary);
+    int32_t level = 0;
+    if (!file.read(reinterpret_cast<char*>(&level), sizeof level)) {
+        return;
+    }
+    mRecord.write("level", {{"level", level}});
+    const double now = monotonicNow();
+    if (mChanges++ == 0) {
+        mFirst = now;
+    } else {
+        mLongest = std::max(mLongest, now - mLast);
+    }
+    mLast = now;
+}
+
+}  // namespace sim

@@ -59,7 +59,7 @@ Household::Household(const std::string& file) : mFile(file) {
 void Household::read() {
     std::ifstream stream(mFile);
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
-    if (text == mText) {
+    if (text == mText && !mContent.is_null()) {
         return;
     }
     mContent = parse(text);

@@ -57,6 +57,9 @@ bool Reader::fill() {
     if (mPending.size() > 2 * kLongest) {
         throw std::runtime_error("too long a request");
     }
+    if (!mPending.empty() && std::isupper(static_cast<unsigned char>(mPending[0])) == 0) {
+        throw std::runtime_error("no request");
+    }
     return !more.empty();
 }
 

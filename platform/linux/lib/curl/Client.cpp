@@ -93,6 +93,7 @@ void Client::prepare(const std::string& url, const std::string& bearer) {
     set(handle, CURLOPT_PATH_AS_IS, 1L);
     set(handle, CURLOPT_PROTOCOLS_STR, "http,https");
     set(handle, CURLOPT_NOSIGNAL, 1L);
+    set(handle, CURLOPT_QUICK_EXIT, 1L);  // a limit is not stretched by a name server that keeps silent
     set(handle, CURLOPT_CONNECTTIMEOUT_MS, mLimits.connectMilliseconds);
     set(handle, CURLOPT_TIMEOUT_MS, mLimits.requestMilliseconds);
     set(handle, CURLOPT_SSL_VERIFYPEER, 1L);

@@ -99,6 +99,7 @@ void Appliance::startService() {
     if (access(ORVANE_SERVICE_PROGRAM, X_OK) != 0) {
         throw std::runtime_error("there is no program " ORVANE_SERVICE_PROGRAM "; build it first");
     }
+    std::filesystem::remove(kLevelFile);
     mRecord->write("service starts");
     mService = std::make_unique<Process>(std::vector<std::string>{ORVANE_SERVICE_PROGRAM}, mFolder / "service.log");
     until("the service is on the bus", [this] {
@@ -108,6 +109,8 @@ void Appliance::startService() {
         return mBus->hasOwner(kServiceId);
     });
     until("the service listens", [this] { return mRoom->isHeard(); });
+    // The last thing it does before it follows the settings and takes requests.
+    until("the service writes the level file", [] { return std::filesystem::exists(kLevelFile); });
     mRecord->write("service listens");
 }
 
@@ -212,11 +215,19 @@ Event Appliance::awaitState(const std::string& state, const std::string& error, 
 }
 
 int Appliance::count(const std::string& application, const Event& wanted) {
+    return countFrom(mPage, application, wanted);
+}
+
+int Appliance::countEver(const std::string& application, const Event& wanted) {
+    return countFrom(0, application, wanted);
+}
+
+int Appliance::countFrom(std::size_t first, const std::string& application, const Event& wanted) {
     mEvents.read();
     Event whole = wanted;
     whole["app"] = application;
     const auto& all = mEvents.all();
-    return static_cast<int>(std::count_if(all.begin() + static_cast<std::ptrdiff_t>(mPage), all.end(),
+    return static_cast<int>(std::count_if(all.begin() + static_cast<std::ptrdiff_t>(first), all.end(),
                                           [&whole](const Event& event) { return matches(event, whole); }));
 }
 

@@ -65,6 +65,8 @@ public:
     Event awaitState(const std::string& state, const std::string& error = "None", double seconds = 20);
     // How often it came on this page so far.
     int count(const std::string& application, const Event& wanted);
+    // The same, on all pages.
+    int countEver(const std::string& application, const Event& wanted);
     void until(const std::string& what, const std::function<bool()>& condition, double seconds = 10);
 
     Events& events() { return mEvents; }
@@ -76,6 +78,7 @@ private:
     void startBuses();
     void writeSettings();
     const Event* find(const Event& wanted) const;
+    int countFrom(std::size_t first, const std::string& application, const Event& wanted);
 
     Folder mFolder;
     bool mPrepared;

@@ -41,4 +41,13 @@ void set(const std::string& key, const char* value) {
     set(key, std::string(value));
 }
 
+int getInt(const std::string& key) {
+    const std::unique_ptr<DConfClient, ClientRelease> client(dconf_client_new());
+    const Pointer<GVariant> value(dconf_client_read(client.get(), ("/" + key).c_str()));
+    if (value == nullptr || g_variant_is_of_type(value.get(), G_VARIANT_TYPE_INT32) == FALSE) {
+        throw std::runtime_error("there is no number " + key);
+    }
+    return g_variant_get_int32(value.get());
+}
+
 }  // namespace sim::settings

@@ -13,6 +13,7 @@ std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& 
             readCommands(path, engine->commands);
         }
         engine->recogniser = makeRecogniser(language, engine->commands);
+        dlog_print(DLOG_INFO, "orvane-voice", "recognises %s", language.id.c_str());
         return engine;
     } catch (const std::exception& fault) {
         dlog_print(DLOG_ERROR, "orvane-voice", "the recogniser for \"%s\" cannot be loaded: %s", language.id.c_str(),

@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "dlog.h"
 #include "wakeup/GatedSpotter.h"
 #include "wakeup/SphinxSpotter.h"
 
@@ -89,7 +90,9 @@ std::shared_ptr<Spotter> WakeupContext::load(const std::string& path) {
         warn(Listener::WAKEUP_WORD_NOT_SET, path);
         return nullptr;
     }
-    return std::make_shared<GatedSpotter>(std::make_unique<SphinxSpotter>(config), config.speechMarginDb);
+    auto spotter = std::make_shared<GatedSpotter>(std::make_unique<SphinxSpotter>(config), config.speechMarginDb);
+    dlog_print(DLOG_INFO, "orvane-wakeup", "listens for \"%s\" of %s", config.phrase.c_str(), path.c_str());
+    return spotter;
 }
 
 void WakeupContext::AttachListener(nuance::IWakeupListener* listener) {

@@ -17,6 +17,7 @@ namespace sim {
 namespace {
 
 constexpr useconds_t kPollMicroseconds = 10000;
+constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
 constexpr char kControlPath[] = "/org/orvane/sim/Control";
 constexpr char kControlInterface[] = "org.orvane.sim.Control1";
 constexpr char kDaemon[] = "org.freedesktop.DBus";

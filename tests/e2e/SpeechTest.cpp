@@ -1,38 +1,7 @@
 // What the UI gets while a person speaks: words, the start of speech, the level.
 #include <gtest/gtest.h>
-#include <sys/inotify.h>
-
-#include <array>
 
 #include "Person.h"
-
-namespace {
-
-constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
-
-// Counts how often a file is written.
-class Writes {
-public:
-    explicit Writes(const char* path) : mInotify(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
-        EXPECT_GE(inotify_add_watch(mInotify, path, IN_CLOSE_WRITE), 0);
-    }
-    ~Writes() { close(mInotify); }
-    Writes(const Writes&) = delete;
-    Writes& operator=(const Writes&) = delete;
-
-    // Since the last call.
-    int count() {
-        // One watch on one file: the events carry no name and have one size.
-        std::array<inotify_event, 1024> events{};
-        const ssize_t size = read(mInotify, events.data(), sizeof events);
-        return size < 0 ? 0 : static_cast<int>(size / static_cast<ssize_t>(sizeof(inotify_event)));
-    }
-
-private:
-    int mInotify;
-};
-
-}  // namespace
 
 TEST(PartialText, ReachesTheUiBeforeThePersonHasFinished) {
     Person person;
@@ -58,21 +27,21 @@ TEST(TheStartOfSpeech, IsToldOnceInARecognition) {
 
 TEST(TheLevelFile, ChangesFiftyTimesASecondWhileRecordingAndStandsStillOtherwise) {
     Person person;
-    Writes writes(kLevelFile);
+    person.appliance.launch(sim::kUi);
+    const sim::Event level = {{"event", "level"}};
+    person.appliance.turnPage();
     person.says("good morning everybody");
-    EXPECT_EQ(writes.count(), 0);
+    EXPECT_EQ(person.appliance.count(sim::kUi, level), 0);
 
     person.wakes();
-    writes.count();
-    const double begin = sim::monotonicNow();
     person.says("show me the recipe for pancakes");
-    const double rate = writes.count() / (sim::monotonicNow() - begin);
+    const double period = person.appliance.await(sim::kUi, {{"event", "levels"}})["period"];
     // Not every 20 ms bring another whole decibel, and the timer may be late on a busy machine.
-    EXPECT_GT(rate, 25);
-    EXPECT_LT(rate, 52);
+    EXPECT_GT(period, 19);
+    EXPECT_LT(period, 40);
 
     person.appliance.awaitState("Ready");
-    writes.count();
+    person.appliance.turnPage();
     person.says("good morning everybody");
-    EXPECT_EQ(writes.count(), 0);
+    EXPECT_EQ(person.appliance.count(sim::kUi, level), 0);
 }

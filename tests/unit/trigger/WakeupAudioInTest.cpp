@@ -137,6 +137,21 @@ TEST(AnEmptyWakeupAudioFeed, HasNoData) {
     EXPECT_FALSE(available);
 }
 
+TEST(AWakeupAudioFeed, LosesNothingBetweenTwoThreads) {
+    WakeupAudioIn feed;
+    feed.setEnabled(true);
+    std::thread engine([&] {
+        for (int i = 0; i < 400; ++i) {
+            EXPECT_EQ(fetch(feed), i);
+        }
+    });
+    for (int i = 0; i < 400; ++i) {
+        hand(feed, i);
+    }
+    engine.join();
+    EXPECT_FALSE(hasData(feed));
+}
+
 TEST(AWakeupAudioFeed, IgnoresTheReturnOfNothing) {
     WakeupAudioIn feed;
     EXPECT_EQ(feed.ReturnData(nullptr), 0);

@@ -109,7 +109,7 @@ void Appliance::startService() {
         }
         return mBus->hasOwner(kServiceId);
     });
-    until("the service listens", [this] { return mRoom->isHeard(); });
+    until("the service listens", [this] { return isHeard(); });
     // The last thing it does before it follows the settings and takes requests.
     until("the service writes the level file", [] { return std::filesystem::exists(kLevelFile); });
     mRecord->write("service listens");

@@ -42,6 +42,8 @@ public:
     void network(const std::string& kind);
     // Dies and comes back; the microphone and all streams with it.
     void restartSound();
+    // Somebody records the microphone.
+    bool isHeard() { return mRoom->isHeard(); }
     template <typename Value>
     void setting(const std::string& key, const Value& value) {
         mRecord->write("setting", {{"key", key}, {"value", value}});

@@ -90,3 +90,10 @@ TEST(AUiKilledWhileRecording, LeavesTheServiceRunningAndIsLaunchedByTheNextWakeU
     person.wakes();
     EXPECT_TRUE(person.appliance.serviceRuns());
 }
+
+TEST(ASoundServerThatComesBack, IsListenedToAgain) {
+    Person person;
+    person.appliance.restartSound();
+    person.appliance.until("the service listens again", [&] { return person.appliance.isHeard(); });
+    person.wakes();
+}

@@ -97,6 +97,27 @@ inline constexpr char WAKEUP_DATA[] = "voice/data/";
 inline constexpr char WAKEUP_CONFIG[] = "vocon_config.json";
 }  // namespace File
 
+// Folders of the wake-up engine's data, below File::WAKEUP_DATA.
+namespace LanguageFolder {
+inline constexpr char KOREAN[] = "KOK";
+inline constexpr char AMERICAN[] = "ENU";
+inline constexpr char BRITISH[] = "ENG";
+inline constexpr char GERMAN[] = "GED";
+inline constexpr char ITALIAN[] = "ITI";
+inline constexpr char FRENCH[] = "FRF";
+}  // namespace LanguageFolder
+
+// What the recogniser says of its failures.
+namespace RecogniserError {
+inline constexpr char SERVER_TIMED_OUT[] = "Server timed out!";
+inline constexpr char NETWORK_TIMEOUT[] = "network_timeout_exception";
+inline constexpr char CONNECTION_FAIL[] = "connection_fail_exception";
+inline constexpr char ASR_TIMED_OUT[] = "612: ASR timed out";
+inline constexpr char NLU_EXCEPTION[] = "NLU Exception";
+inline constexpr char UNKNOWN_ERROR[] = "Unknown error 1";
+inline constexpr char SERVER_SIDE_PREPARE[] = "server_side_prepare_exception";
+}  // namespace RecogniserError
+
 namespace Web {
 inline constexpr char SEARCH_PAGE[] = "https://www.google.com/search?q=";
 }

@@ -7,6 +7,7 @@
 #include "Controller/PreloadedCommands.h"
 #include "UiRequests.h"
 #include "Util/AppControl.h"
+#include "Util/Constants.h"
 #include "Util/Log.h"
 #include "Util/Text.h"
 
@@ -222,16 +223,17 @@ void VoiceControl::_vc_state_changed_cb(vc_state_e previous, vc_state_e current,
 }
 
 ErrorType VoiceControl::errorOfMessage() const {
+    namespace RecogniserError = Constants::RecogniserError;
     static constexpr struct {
         const char* message;
         ErrorType error;
-    } ERRORS[] = {{"Server timed out!", ErrorType::ProcessingTimeout},
-                  {"network_timeout_exception", ErrorType::ProcessingTimeout},
-                  {"connection_fail_exception", ErrorType::ProcessingTimeout},
-                  {"612: ASR timed out", ErrorType::ProcessingTimeout},
-                  {"NLU Exception", ErrorType::ServerCrashed},
-                  {"Unknown error 1", ErrorType::ServerCrashed},
-                  {"server_side_prepare_exception", ErrorType::ServerCrashed}};
+    } ERRORS[] = {{RecogniserError::SERVER_TIMED_OUT, ErrorType::ProcessingTimeout},
+                  {RecogniserError::NETWORK_TIMEOUT, ErrorType::ProcessingTimeout},
+                  {RecogniserError::CONNECTION_FAIL, ErrorType::ProcessingTimeout},
+                  {RecogniserError::ASR_TIMED_OUT, ErrorType::ProcessingTimeout},
+                  {RecogniserError::NLU_EXCEPTION, ErrorType::ServerCrashed},
+                  {RecogniserError::UNKNOWN_ERROR, ErrorType::ServerCrashed},
+                  {RecogniserError::SERVER_SIDE_PREPARE, ErrorType::ServerCrashed}};
     for (const auto& row : ERRORS) {
         if (mErrorMessage == row.message) {
             return row.error;

@@ -1,3 +1,4 @@
+#include "Controller/Trigger/vocon_4_10/WakeupAudioIn.h"
 #include "service/ServiceFixture.h"
 
 class LanguageTest : public ServiceTest {
@@ -91,4 +92,22 @@ TEST_F(LanguageTest, TheNewTriggerIsFedByTheRecorder) {
         fake::engineAudioIn()->HasData(available);
         return available;
     }));
+}
+
+TEST_F(LanguageTest, ATriggerThatWasReplacedIsNotFedAnyMore) {
+    create();
+    bool replaced = false;
+    bool fed = false;
+    // The old trigger's feed still stands when its engine goes.
+    fake::platform().onCall("IWakeupCtx::Destroy", [&](const fake::Call&) {
+        auto& feed = dynamic_cast<OrvaneDA::WakeupAudioIn&>(*fake::engineAudioIn());
+        feed.setEnabled(true);
+        EXPECT_TRUE(fake::platform().waitFor("sse_read", fake::platform().count("sse_read") + 20));
+        feed.HasData(fed);
+        replaced = true;
+    });
+    fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1);
+    fake::platform().onCall("IWakeupCtx::Destroy", nullptr);
+    EXPECT_TRUE(replaced);
+    EXPECT_FALSE(fed);
 }

@@ -1,3 +1,4 @@
+#include "UiRequests.h"
 #include "service/ServiceFixture.h"
 
 using OrvaneDA::ClientState;
@@ -32,6 +33,13 @@ TEST_F(StateTest, AStateIsSentToTheUiWithItsError) {
     EXPECT_EQ(service->sendStateToUI(static_cast<ClientState>(7), static_cast<ErrorType>(9)), 0);
     EXPECT_EQ(sent(), (Texts{state("Recording", "None"), state("UNKNOWN", "UNKNOWN")}));
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Recording"));
+}
+
+TEST_F(StateTest, AStateCarriesNothingOfTheOneBefore) {
+    create();
+    OrvaneDA::UiRequests::get().stateChange.addExtraData("left", "over");
+    service->sendStateToUI(ClientState::Recording, ErrorType::None);
+    EXPECT_EQ(sent(), Texts{state("Recording", "None")});
 }
 
 TEST_F(StateTest, AServiceThatStartsWhileTheUiRunsSaysOnceThatItCrashed) {

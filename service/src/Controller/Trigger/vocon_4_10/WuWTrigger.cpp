@@ -20,17 +20,17 @@ constexpr int FORCED_LEVEL = -1;
 const char* languageFolder(Util::OrvaneLang language) {
     switch (static_cast<int>(language)) {
         case 0:
-            return "KOK";
+            return Constants::LanguageFolder::KOREAN;
         case 2:
-            return "ENG";
+            return Constants::LanguageFolder::BRITISH;
         case 4:
-            return "GED";
+            return Constants::LanguageFolder::GERMAN;
         case 5:
-            return "ITI";
+            return Constants::LanguageFolder::ITALIAN;
         case 6:
-            return "FRF";
+            return Constants::LanguageFolder::FRENCH;
         default:
-            return "ENU";
+            return Constants::LanguageFolder::AMERICAN;
     }
 }
 

@@ -66,7 +66,11 @@ bool readBool(const char* key, bool otherwise) {
 
 std::string readText(const char* key, const char* otherwise) {
     const PlatformText text(vconf_get_str(key));
-    return text ? text.get() : otherwise;
+    if (text == nullptr) {
+        LOGE("Vconf Read Fail : %s", key);
+        return otherwise;
+    }
+    return text.get();
 }
 
 struct Named {

@@ -227,9 +227,12 @@ TEST_F(WuWTriggerTest, AStoppedTriggerIsDestroyedWithoutACancel) {
     EXPECT_EQ(engineCalls(), Texts{"IWakeupCtx::Destroy()"});
 }
 
-TEST_F(WuWTriggerTest, TheEngineMayStillAskTheFeedWhileItIsDestroyed) {
+TEST_F(WuWTriggerTest, TheEngineMayStillAskTheEmptiedFeedWhileItIsDestroyed) {
     nuance::IWakeupAudioIn* feed = nullptr;
     fake::platform().onCall("IWakeupCtx::Destroy", [&](const fake::Call&) {
+        bool available = true;
+        feed->HasData(available);
+        EXPECT_FALSE(available);
         void* data = nullptr;
         unsigned int size = 1;
         feed->FetchData(data, size);
@@ -240,6 +243,7 @@ TEST_F(WuWTriggerTest, TheEngineMayStillAskTheFeedWhileItIsDestroyed) {
         WuWTrigger trigger;
         trigger.start();
         feed = fake::engineAudioIn();
+        trigger.getSRecordListener()->onDataHandled(new char[4], 4);
     }
     fake::platform().onCall("IWakeupCtx::Destroy", nullptr);
 }

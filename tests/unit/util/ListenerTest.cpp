@@ -41,6 +41,15 @@ TEST_F(ListenerTest, ATextIsComparedByContent) {
     EXPECT_EQ(heard.size(), 2u);
 }
 
+TEST_F(ListenerTest, ATextIsFirstComparedWithTheOneThatItWasMadeWith) {
+    Util::VConfStateListener listener("key", std::string("de_DE"));
+    listener.addCallback(note("text"), nullptr);
+    fake::changeSetting("key", std::string("de_DE"));
+    EXPECT_TRUE(heard.empty());
+    fake::changeSetting("key", std::string("it_IT"));
+    EXPECT_EQ(heard, Texts{"text"});
+}
+
 TEST_F(ListenerTest, ASwitchWatchedThroughTheIntConstructorIsFirstComparedWithFalse) {
     fake::setSetting("db/orvane/setting/voice_wakeup", 1);
     config().addVoiceWakeupStateChangedListener(note("wakeup"), nullptr);

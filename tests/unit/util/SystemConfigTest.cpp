@@ -107,6 +107,16 @@ TEST_F(SystemConfigTest, MissingSwitchesReadAsTheirDefaultsAndAreLogged) {
     }
 }
 
+TEST_F(SystemConfigTest, MissingTextsReadAsTheirDefaultsAndAreLogged) {
+    EXPECT_EQ(config().getWidgetLangStr(), "en_US");
+    EXPECT_EQ(config().getSystemCountry(), Util::Country::US);
+    EXPECT_EQ(config().getSystemRegion(), Util::Region::US);
+    for (const char* key : {"db/menu_widget/language", "db/setting/country_code", "db/setting/region_code"}) {
+        EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, std::string("Vconf Read Fail : ") + key)) << key;
+    }
+    EXPECT_EQ(errors(), 3u);
+}
+
 TEST_F(SystemConfigTest, MissingTimeOutsReadAsMinusOneInSilence) {
     EXPECT_EQ(config().getScreenSaverTimeout(), -1);
     EXPECT_EQ(config().getLcdTimeout(), -1);

@@ -120,6 +120,13 @@ void Appliance::stopService() {
     mRecord->write("service stopped");
 }
 
+int Appliance::endService() {
+    ::kill(mService->id(), SIGTERM);
+    const int code = mService->wait();
+    stopService();
+    return code;
+}
+
 void Appliance::killService() {
     mService->kill();
     mService.reset();
@@ -130,6 +137,12 @@ void Appliance::say(const std::string& text, const std::string& voice) {
     const std::string wav = speak(mFolder, text, voice);
     mRecord->write("said", {{"text", text}, {"voice", voice}});
     mRoom->play(wav);
+}
+
+std::unique_ptr<Process> Appliance::startSaying(const std::string& text, const std::string& voice) {
+    const std::string wav = speak(mFolder, text, voice);
+    mRecord->write("said", {{"text", text}, {"voice", voice}});
+    return mRoom->startPlaying(wav);
 }
 
 void Appliance::play(const std::string& wav) {
@@ -230,6 +243,11 @@ int Appliance::countFrom(std::size_t first, const std::string& application, cons
     const auto& all = mEvents.all();
     return static_cast<int>(std::count_if(all.begin() + static_cast<std::ptrdiff_t>(first), all.end(),
                                           [&whole](const Event& event) { return matches(event, whole); }));
+}
+
+std::vector<Event> Appliance::page() {
+    mEvents.read();
+    return {mEvents.all().begin() + static_cast<std::ptrdiff_t>(mPage), mEvents.all().end()};
 }
 
 void Appliance::until(const std::string& what, const std::function<bool()>& condition, double seconds) {

@@ -30,11 +30,16 @@ public:
     // Returns when the service listens.
     void startService();
     void stopService();
+    // Asks it to end; its exit code, or 128 and the signal that ended it.
+    int endService();
     // The end of a process that had no time to say good-bye.
     void killService();
+    pid_t serviceProcess() const { return mService->id(); }
     bool serviceRuns() { return mService && mService->runs(); }
 
     void say(const std::string& text, const std::string& voice = "slt");
+    // The same, but returns while the person speaks, who falls silent with the process.
+    std::unique_ptr<Process> startSaying(const std::string& text, const std::string& voice = "slt");
     void play(const std::string& wav);
     void order(const std::string& application, const std::string& order, const std::string& argument = {});
     void launch(const std::string& application);
@@ -69,6 +74,8 @@ public:
     int count(const std::string& application, const Event& wanted);
     // The same, on all pages.
     int countEver(const std::string& application, const Event& wanted);
+    // All events of this page so far.
+    std::vector<Event> page();
     void until(const std::string& what, const std::function<bool()>& condition, double seconds = 10);
 
     Events& events() { return mEvents; }

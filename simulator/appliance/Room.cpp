@@ -53,10 +53,14 @@ void Room::start() {
 }
 
 void Room::play(const std::string& wav) {
-    Process player({"paplay", "--latency-msec=20", "--device=room", wav}, mFolder / "pulse.log");
-    if (player.wait() != 0) {
+    if (startPlaying(wav)->wait() != 0) {
         throw std::runtime_error("cannot play " + wav);
     }
+}
+
+std::unique_ptr<Process> Room::startPlaying(const std::string& wav) const {
+    return std::make_unique<Process>(std::vector<std::string>{"paplay", "--latency-msec=20", "--device=room", wav},
+                                     mFolder / "pulse.log");
 }
 
 bool Room::isHeard() {

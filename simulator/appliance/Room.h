@@ -18,6 +18,8 @@ public:
 
     // A WAV file, played to its end. Throws std::runtime_error.
     void play(const std::string& wav);
+    // The same, but returns at once; the sound ends with its process.
+    std::unique_ptr<Process> startPlaying(const std::string& wav) const;
     // Someone records from the microphone.
     bool isHeard();
     // The sound server dies and comes back.

@@ -3,6 +3,8 @@
 #include <sndfile.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <functional>
 #include <memory>
 #include <random>
 #include <stdexcept>
@@ -66,7 +68,11 @@ std::vector<float> inRoom(const std::vector<float>& voice) {
 }  // namespace
 
 std::string speak(const Folder& folder, const std::string& text, const std::string& voice) {
-    const std::string path = folder / "speech.wav";
+    const std::string path =
+        folder / ("speech-" + std::to_string(std::hash<std::string>()(voice + "/" + text)) + ".wav");
+    if (std::filesystem::exists(path)) {
+        return path;
+    }
     Process flite({"flite", "-voice", voice, "-t", text, "-o", path}, folder / "flite.log");
     if (flite.wait() != 0) {
         throw std::runtime_error("flite cannot say \"" + text + "\" in the voice " + voice);

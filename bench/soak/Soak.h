@@ -1,0 +1,64 @@
+// Requests of every kind, one after the other, with faults at random moments. Each must end as it may, and the service
+// must answer afterwards.
+#pragma once
+
+#include <map>
+#include <random>
+#include <string>
+
+#include "appliance/Appliance.h"
+
+namespace soak {
+
+class Soak {
+public:
+    Soak(sim::Appliance& appliance, unsigned seed) : mAppliance(appliance), mRandom(seed) {}
+
+    // One request of a random kind. Throws std::runtime_error when it does not end, or the service does.
+    void request();
+    // Says the wake-up word until it is answered: nothing is stuck.
+    void proveAlive();
+
+    // How often which kind ended how, as "cancelled: StandBy/None".
+    const std::map<std::string, int>& ends() const { return mEnds; }
+
+private:
+    struct Kind;
+    static const Kind kinds[];
+
+    void spoken();
+    void pushedToTalk();
+    void woken();
+    void cancelled();
+    void closed();
+    void startedTwice();
+    void microphoneOff();
+    void networkOff();
+    void languageChanged();
+    void wordChanged();
+    void soundRestarted();
+    void uiKilled();
+    void uiSilent();
+    void nothingSaid();
+    void householdFaulty();
+
+    // Throws Ended when the service refuses.
+    void start(const std::string& mode);
+    void listen();
+    void sayUntilEnd();
+    void awaitEnd();
+    bool ended();
+    bool chance(int percent);
+    void pause(double longest);
+    const char* command();
+    const char* wakeUpWord() const { return mVexal ? "hey vexal" : "hey quorbit"; }
+
+    sim::Appliance& mAppliance;
+    std::mt19937 mRandom;
+    std::map<std::string, int> mEnds;
+    std::string mEnd;
+    bool mVexal = false;
+    bool mBritish = false;
+};
+
+}  // namespace soak

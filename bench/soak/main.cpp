@@ -1,0 +1,141 @@
+// orvane-soak: a long time on a simulated appliance. Exit 0 when every request ended as it may and nothing grew.
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+#include "Soak.h"
+#include "Usage.h"
+#include "appliance/PrivateTmp.h"
+
+namespace {
+
+constexpr char kHelp[] =
+    "usage: orvane-soak [--requests N] [--seed N] [--json FILE]\n"
+    "Makes requests of the service on a simulated appliance, with cancels, faults and changes at random moments.\n";
+constexpr int kSampleEvery = 10;
+constexpr int kProveEvery = 50;
+constexpr double kMostGrowth = 0.05;
+// In a shorter run everything is still being loaded for the first time.
+constexpr int kFewestForGrowth = 400;
+
+struct Options {
+    int requests = 2000;
+    unsigned seed = 1;
+    std::string json;
+};
+
+Options read(int count, char** words) {
+    Options options;
+    for (int i = 1; i < count; ++i) {
+        const std::string word = words[i];
+        if (word == "--help") {
+            fputs(kHelp, stdout);
+            exit(0);
+        } else if (word == "--requests" && i + 1 < count) {
+            options.requests = atoi(words[++i]);
+        } else if (word == "--seed" && i + 1 < count) {
+            options.seed = static_cast<unsigned>(strtoul(words[++i], nullptr, 10));
+        } else if (word == "--json" && i + 1 < count) {
+            options.json = words[++i];
+        } else {
+            fprintf(stderr, "soak: unknown or incomplete option %s; see --help\n", word.c_str());
+            exit(2);
+        }
+    }
+    return options;
+}
+
+struct Report {
+    int requests = 0;
+    double seconds = 0;
+    std::vector<soak::Usage> samples;
+    std::map<std::string, int> ends;
+};
+
+void print(const Report& report, const Options& options) {
+    printf("%d requests in %.0f s\n", report.requests, report.seconds);
+    for (const auto& [end, times] : report.ends) {
+        printf("%6d  %s\n", times, end.c_str());
+    }
+    const soak::Usage& first = report.samples.front();
+    const soak::Usage& last = report.samples.back();
+    printf("memory %ld kB at first, %ld kB at last, %+.1f %% from the third to the last quarter\n", first.rssKb,
+           last.rssKb, soak::growth(report.samples) * 100);
+    printf("%d threads and %d open files at first, %d and %d at last\n", first.threads, first.files, last.threads,
+           last.files);
+    if (!options.json.empty()) {
+        const nlohmann::json json{{"requests", report.requests},
+                                  {"seed", options.seed},
+                                  {"seconds", report.seconds},
+                                  {"ends", report.ends},
+                                  {"rss_kb", {first.rssKb, last.rssKb}},
+                                  {"growth", soak::growth(report.samples)},
+                                  {"threads", {first.threads, last.threads}},
+                                  {"files", {first.files, last.files}}};
+        std::ofstream(options.json) << json.dump(2) << '\n';
+    }
+}
+
+void run(sim::Appliance& appliance, const Options& options) {
+    soak::Soak soak(appliance, options.seed);
+    Report report;
+    const double begin = sim::monotonicNow();
+    soak.proveAlive();
+    for (; report.requests < options.requests; ++report.requests) {
+        if (report.requests % kSampleEvery == 0) {
+            report.samples.push_back(soak::usageOf(appliance.serviceProcess()));
+        }
+        if (report.requests % kProveEvery == kProveEvery - 1) {
+            soak.proveAlive();
+            printf("%d requests, %.0f s, %ld kB\n", report.requests + 1, sim::monotonicNow() - begin,
+                   report.samples.back().rssKb);
+            fflush(stdout);
+        }
+        try {
+            soak.request();
+        } catch (const std::exception& fault) {
+            throw std::runtime_error("request " + std::to_string(report.requests + 1) + ", " + fault.what());
+        }
+    }
+    soak.proveAlive();
+    report.samples.push_back(soak::usageOf(appliance.serviceProcess()));
+    report.ends = soak.ends();
+    report.seconds = sim::monotonicNow() - begin;
+    print(report, options);
+    if (report.requests >= kFewestForGrowth && soak::growth(report.samples) > kMostGrowth) {
+        throw std::runtime_error("the service's memory grows");
+    }
+    const int code = appliance.endService();
+    if (code != 0) {
+        throw std::runtime_error("the service ended with code " + std::to_string(code));
+    }
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+    const Options options = read(count, words);
+    if (!sim::enterPrivateTmp()) {
+        fputs("soak: no private /tmp on this machine; using the shared one\n", stderr);
+    }
+    try {
+        sim::Appliance appliance;
+        try {
+            appliance.startService();
+            run(appliance, options);
+        } catch (const std::exception&) {
+            const std::string log = appliance.serviceLog();
+            fprintf(stderr, "the service's last words:\n%s\n",
+                    log.substr(log.size() > 8000 ? log.size() - 8000 : 0).c_str());
+            throw;
+        }
+        return 0;
+    } catch (const std::exception& fault) {
+        fprintf(stderr, "soak: %s\n", fault.what());
+        return 1;
+    }
+}

@@ -5,6 +5,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <atomic>
+
 #include "fake/FakeLog.h"
 #include "fake/Platform.h"
 
@@ -12,10 +14,12 @@ namespace {
 
 std::mutex outputMutex;
 std::vector<fake::OutputLine> outputLines;
+std::atomic<size_t> systemLines{0};
 
 const bool registered = fake::platform().addReset([] {
     std::lock_guard<std::mutex> lock(outputMutex);
     outputLines.clear();
+    systemLines = 0;
 });
 
 std::string formatted(const char* format, va_list arguments) {
@@ -49,6 +53,7 @@ int dlog_print(log_priority priority, const char* tag, const char* format, ...) 
     va_start(arguments, format);
     const std::string text = formatted(format, arguments);
     va_end(arguments);
+    ++systemLines;
     fake::platform().log({priority, tag, text, messageOf(text), static_cast<pid_t>(syscall(SYS_gettid))});
     return static_cast<int>(text.size());
 }
@@ -65,7 +70,7 @@ int __printf_chk(int flag, const char* format, ...) {
     const std::string text = formatted(format, arguments);
     va_end(arguments);
     std::lock_guard<std::mutex> lock(outputMutex);
-    outputLines.push_back({flag, text, fake::platform().logs().size()});
+    outputLines.push_back({flag, text, systemLines});
     return static_cast<int>(text.size());
 }
 

@@ -242,6 +242,9 @@ int display_change_state(display_state_e state) {
 const char* tzplatform_mkpath(enum tzplatform_variable id, const char* path) {
     thread_local std::string made;
     platform().call("tzplatform_mkpath", {str(static_cast<int>(id)), path});
+    if (id != 28) {
+        return nullptr;
+    }
     made = std::string("/data/") + path;
     return made.c_str();
 }

@@ -142,6 +142,10 @@ struct FailingStep {
     const char* call;
     const char* message;
 };
+// The name that the test list shows.
+void PrintTo(const FailingStep& row, std::ostream* out) {
+    *out << row.call;
+}
 
 class AFailingStepOfASend : public AppControlTest, public testing::WithParamInterface<FailingStep> {};
 

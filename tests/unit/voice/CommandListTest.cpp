@@ -50,6 +50,10 @@ struct CommandFailure {
     const char* call;
     const char* message;
 };
+// The name that the test list shows.
+void PrintTo(const CommandFailure& row, std::ostream* out) {
+    *out << row.call;
+}
 class AFailedStepOfACommand : public CommandListTest, public testing::WithParamInterface<CommandFailure> {};
 
 TEST_P(AFailedStepOfACommand, IsLoggedAndDestroysTheCommand) {

@@ -52,6 +52,24 @@ TEST_F(VoiceControlTest, ClosingTheSessionHasItsOrder) {
     EXPECT_EQ(fake::openCommands(), 0);
 }
 
+TEST_F(VoiceControlTest, ASessionMayBeClosedBeforeItEnds) {
+    {
+        VoiceControl session;
+        session.deinitVoiceControl();
+    }
+    EXPECT_EQ(fake::platform().textsOf({"vc_cmd_list_destroy"}),
+              (Texts{"vc_cmd_list_destroy(list, 1)", "vc_cmd_list_destroy(null, 1)"}));
+    EXPECT_EQ(fake::openCommandLists(), 0);
+}
+
+TEST_F(VoiceControlTest, ASessionThatEndsLeavesNoTimerBehind) {
+    {
+        VoiceControl session;
+        session.startTimeOutTimer(7);
+    }
+    EXPECT_EQ(fake::mainLoop().timers(), 0u);
+}
+
 TEST_F(VoiceControlTest, FailuresOfClosingAreLoggedByName) {
     {
         VoiceControl session;
@@ -68,6 +86,10 @@ struct OpeningFailure {
     const char* call;
     const char* message;
 };
+// The name that the test list shows.
+void PrintTo(const OpeningFailure& row, std::ostream* out) {
+    *out << row.call;
+}
 class AFailedStepOfOpening : public VoiceControlTest, public testing::WithParamInterface<OpeningFailure> {};
 
 TEST_P(AFailedStepOfOpening, IsLoggedAndEndsIt) {

@@ -54,17 +54,19 @@ protected:
     }
     ~ARefresh() override { mSession->close(); }
 
-    // The account service answers until the refresh, which takes an answer only while it waits for one, is over.
+    // Once asked, the account service answers until the refresh, which hears it only while it waits, is over.
     void refresh(const OrvaneDA::Account* account) {
         ASSERT_TRUE(mSession->begin());
         std::atomic<bool> over{false};
-        std::thread accountService([&] {
-            while (!over) {
-                mSession->answer(account);
-                std::this_thread::yield();
-            }
+        std::thread accountService;
+        mSession->refresh([&] {
+            accountService = std::thread([&] {
+                while (!over) {
+                    mSession->answer(account);
+                    std::this_thread::yield();
+                }
+            });
         });
-        mSession->refresh([] {});
         over = true;
         accountService.join();
         mSession->end();

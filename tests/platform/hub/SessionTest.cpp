@@ -107,11 +107,13 @@ TEST_F(ASession, ListsFamiliesAndUsersInTheHubsOrder) {
 }
 
 TEST_F(ASession, AsksForTheUsersOfAnyId) {
-    const std::string id = "../a b/%2f?ü#1";
-    setFamilies({{{"id", id}, {"users", {{{"id", "u"}, {"name", "n"}}}}}});
+    const std::string odd = "a b/%2f?ü#1", up = "..";
+    setFamilies({{{"id", odd}, {"users", {{{"id", "u1"}}}}}, {{"id", up}, {"users", {{{"id", "u2"}}}}}});
     const Session session = signedIn();
-    EXPECT_THAT(usersOf(session, id), ElementsAre(Pair("u", "n")));
-    EXPECT_EQ(requests().back(), "GET /v1/families/..%2Fa%20b%2F%252f%3F%C3%BC%231/users");
+    EXPECT_THAT(usersOf(session, odd), ElementsAre(Pair("u1", "")));
+    EXPECT_EQ(requests().back(), "GET /v1/families/a%20b%2F%252f%3F%C3%BC%231/users");
+    EXPECT_THAT(usersOf(session, up), ElementsAre(Pair("u2", "")));
+    EXPECT_EQ(requests().back(), "GET /v1/families/../users");
 }
 
 TEST_F(ASession, TellsThatAFamilyIsNotKnown) {

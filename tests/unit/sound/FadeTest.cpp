@@ -127,6 +127,30 @@ TEST_F(FadeTest, AFadeWithNothingToStepSetsItsTargetAtOnce) {
     EXPECT_EQ(drawing, (Drawing{{0, 8}}));
 }
 
+TEST_F(FadeTest, AFadeWithNothingToStepSurvivesALevelThatSomebodyMovesMeanwhile) {
+    fake::setVolumeLevel(SOUND_TYPE_MEDIA, 8);
+    {
+        VolumeController controller(MediaType::MEDIA);
+        // From the fade's own first question on.
+        fake::platform().onCall("sound_manager_get_volume", [questions = 0](const fake::Call&) mutable {
+            if (++questions == 2) {
+                fake::setVolumeLevel(SOUND_TYPE_MEDIA, 5);
+            }
+        });
+        controller.restoreVolume(1.0);
+    }
+    EXPECT_EQ(drawing, (Drawing{{0, 8}}));
+}
+
+TEST_F(FadeTest, ALevelThatSomebodyPutsOnTheTargetEndsTheFade) {
+    fake::mainLoop().onSleep([this](unsigned microseconds) {
+        clock += static_cast<int>(microseconds) / 1000;
+        fake::setVolumeLevel(SOUND_TYPE_MEDIA, DUCKED);
+    });
+    EXPECT_EQ(draw({8, DUCKED, 1.0}), (Drawing{{0, 7}, {200, 2}}));
+    EXPECT_EQ(ended, 200);
+}
+
 TEST_F(FadeTest, AnotherFadeStopsTheOneThatRunsWithinATick) {
     std::atomic<bool> second{false};
     // The first fade, of a minute, waits in its first tick until the second is asked for.

@@ -62,7 +62,8 @@ int app_control_is_extra_data_array(app_control_h app_control, const char* key, 
 int app_control_foreach_extra_data(app_control_h app_control, app_control_extra_data_cb callback, void* user_data);
 
 /* Starts the application if it does not run and hands it the request; blocks until it took delivery. With a callback
- * the application may answer once. An application that is not installed: APP_CONTROL_ERROR_APP_NOT_FOUND, at once. */
+ * the application may answer once; for one that has no means to, the answer is APP_CONTROL_RESULT_APP_STARTED. An
+ * application that is not installed: APP_CONTROL_ERROR_APP_NOT_FOUND, at once. */
 int app_control_send_launch_request(app_control_h app_control, app_control_reply_cb callback, void* user_data);
 /* Answers a request that this process received. */
 int app_control_reply_to_launch_request(app_control_h reply, app_control_h request, app_control_result_e result);

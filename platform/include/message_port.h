@@ -30,7 +30,8 @@ int message_port_check_trusted_remote_port(const char* remote_app_id, const char
 int message_port_send_trusted_message(const char* remote_app_id, const char* remote_port, bundle* message);
 int message_port_send_trusted_message_with_local_port(const char* remote_app_id, const char* remote_port,
                                                       bundle* message, int trusted_local_port_id);
-/* Returns the port's id (1 or more), or a negative message_port_error_e. */
+/* Returns the port's id (1 or more), or a negative message_port_error_e. A name that is registered already keeps its id,
+ * and the new callback takes over. */
 int message_port_register_trusted_local_port(const char* trusted_local_port, message_port_trusted_message_cb callback,
                                              void* user_data);
 /* On the main loop; after it returns the callback comes no more. */

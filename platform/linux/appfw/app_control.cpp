@@ -54,6 +54,18 @@ int failureOf(const std::string& id, const gio::Error& error) {
     return late ? APP_CONTROL_ERROR_TIMED_OUT : APP_CONTROL_ERROR_LAUNCH_FAILED;
 }
 
+// Desktop applications cannot answer; that they were started is all that there is to tell.
+int started(int code, const std::string& token) {
+    if (code == APP_CONTROL_ERROR_NONE) {
+        appfw::takeReply(token, APP_CONTROL_RESULT_APP_STARTED, {});
+    }
+    return code;
+}
+
+int view(const std::string& uri, const std::string& token) {
+    return started(appfw::openInDefaultApp(uri), token);
+}
+
 int launch(const app_control_s& request, const std::string& token) {
     const std::string& id = *request.appId;
     const std::string operation = request.operation.value_or("");
@@ -73,7 +85,7 @@ int launch(const app_control_s& request, const std::string& token) {
         }
         return APP_CONTROL_ERROR_NONE;
     }
-    return isUnknown(error) ? appfw::launchDesktopApp(id, uri) : failureOf(id, error);
+    return isUnknown(error) ? started(appfw::launchDesktopApp(id, uri), token) : failureOf(id, error);
 }
 
 }  // namespace
@@ -176,13 +188,12 @@ int app_control_send_launch_request(app_control_h app_control, app_control_reply
     if (app_control == nullptr) {
         return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
-    if (app_control->appId.value_or("").empty()) {
-        return app_control->operation == APP_CONTROL_OPERATION_VIEW
-                   ? appfw::openInDefaultApp(app_control->uri.value_or(""))
-                   : APP_CONTROL_ERROR_INVALID_PARAMETER;
+    const bool named = !app_control->appId.value_or("").empty();
+    if (!named && app_control->operation != APP_CONTROL_OPERATION_VIEW) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
     const std::string token = appfw::expectReply(*app_control, callback, user_data);
-    const int code = launch(*app_control, token);
+    const int code = named ? launch(*app_control, token) : view(app_control->uri.value_or(""), token);
     if (code != APP_CONTROL_ERROR_NONE) {
         appfw::forgetReply(token);
     }

@@ -36,14 +36,19 @@ std::mutex mutex;
 std::map<int, Port> ports;
 int lastId = 0;
 
-int idOf(const std::string& name) {
-    std::lock_guard lock(mutex);
+// With the mutex held; 0 without such a port.
+int find(const std::string& name) {
     for (const auto& [id, port] : ports) {
         if (port.name == name) {
             return id;
         }
     }
     return 0;
+}
+
+int idOf(const std::string& name) {
+    std::lock_guard lock(mutex);
+    return find(name);
 }
 
 bool isSameUser(const char* sender) {
@@ -175,8 +180,10 @@ int message_port_register_trusted_local_port(const char* trusted_local_port, mes
         return MESSAGE_PORT_ERROR_IO_ERROR;
     }
     std::lock_guard lock(mutex);
-    ports[++lastId] = {trusted_local_port, callback, user_data};
-    return lastId;
+    const int known = find(trusted_local_port);
+    const int id = known != 0 ? known : ++lastId;
+    ports[id] = {trusted_local_port, callback, user_data};
+    return id;
 }
 
 int message_port_unregister_trusted_local_port(int trusted_local_port_id) {

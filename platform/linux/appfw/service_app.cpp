@@ -95,7 +95,7 @@ void onCall(const App& app, const char* sender, const char* method, GVariant* ar
 bool join(const App& app) {
     const gio::Bus& bus = gio::Bus::session();
     if (!bus.isOpen()) {
-        fprintf(stderr, "%s: there is no session bus; set DBUS_SESSION_BUS_ADDRESS\n", APP_ID);
+        fprintf(stderr, "%s: %s (DBUS_SESSION_BUS_ADDRESS names it)\n", APP_ID, bus.whyNot().c_str());
         return false;
     }
     const bool served = bus.serve(
@@ -108,8 +108,9 @@ bool join(const App& app) {
             g_dbus_method_invocation_return_value(invocation, nullptr);
             onCall(app, caller.c_str(), called.c_str(), kept.get());
         });
-    if (!served || !bus.own(APP_ID)) {
-        fprintf(stderr, "%s: the name is taken on the session bus: the service runs already\n", APP_ID);
+    gio::Error error;
+    if (!served || !bus.own(APP_ID, error)) {
+        fprintf(stderr, "%s: %s\n", APP_ID, error ? error.message().c_str() : "the service runs already on this bus");
         return false;
     }
     appfw::setOwnAppId(APP_ID);

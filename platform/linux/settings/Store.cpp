@@ -8,7 +8,6 @@ namespace settings {
 
 namespace {
 
-constexpr char LOG_TAG[] = "orvane-platform";
 constexpr char MEMORY[] = "/memory/";
 constexpr char BOOT_ID[] = "/memory/boot-id";
 
@@ -17,7 +16,7 @@ bool busIsThere() {
     gio::Error error;
     const gio::Object<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.out()));
     if (bus == nullptr) {
-        dlog_print(DLOG_ERROR, LOG_TAG, "settings cannot be written or watched without a session bus: %s",
+        dlog_print(DLOG_ERROR, "orvane-settings", "settings cannot be written or watched without a session bus: %s",
                    error.message().c_str());
         return false;
     }

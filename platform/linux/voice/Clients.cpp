@@ -85,10 +85,12 @@ void onRegister(const char* sender, const char*, GVariant* arguments, GDBusMetho
 // The name comes last: who waits for it may register at once.
 void startServing() {
     const gio::Bus& bus = gio::Bus::session();
+    gio::Error error;
     if (!bus.isOpen()) {
         dlog_print(DLOG_WARN, "orvane-voice", "no session bus, so no clients");
-    } else if (bus.serve(kPath, kDescription, onRegister) && !bus.own(kName)) {
-        dlog_print(DLOG_WARN, "orvane-voice", "another process has the name %s", kName);
+    } else if (bus.serve(kPath, kDescription, onRegister) && !bus.own(kName, error)) {
+        dlog_print(DLOG_WARN, "orvane-voice", "no clients, as the name %s cannot be had: %s", kName,
+                   error ? error.message().c_str() : "another process has it");
     }
 }
 

@@ -1,4 +1,4 @@
-// Prints what the platform tells a service, one line each.
+// Prints what the platform tells a service, one line each; asks other applications, and answers, as it is told.
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -17,59 +17,90 @@ void onTerminate(void*) noexcept {
     puts("terminate");
 }
 
+std::string take(char* text) {
+    const std::string copy = text ? text : "";
+    std::free(text);
+    return copy;
+}
+
+std::string operationOf(app_control_h request) {
+    char* text = nullptr;
+    app_control_get_operation(request, &text);
+    return take(text);
+}
+
+std::string extra(app_control_h request, const char* key) {
+    char* text = nullptr;
+    app_control_get_extra_data(request, key, &text);
+    return take(text);
+}
+
 bool onExtra(app_control_h request, const char* key, void*) noexcept {
     bool array = false;
     app_control_is_extra_data_array(request, key, &array);
-    if (array) {
-        char** values = nullptr;
-        int length = 0;
-        app_control_get_extra_data_array(request, key, &values, &length);
-        printf("%s[%d]\n", key, length);
-        for (int i = 0; i < length; ++i) {
-            std::free(values[i]);
-        }
-        std::free(values);
-    } else {
-        char* value = nullptr;
-        app_control_get_extra_data(request, key, &value);
-        printf("%s=%s\n", key, value);
-        std::free(value);
+    if (!array) {
+        printf("%s=%s\n", key, extra(request, key).c_str());
+        return true;
     }
+    char** values = nullptr;
+    int length = 0;
+    app_control_get_extra_data_array(request, key, &values, &length);
+    printf("%s[%d]", key, length);
+    for (int i = 0; i < length; ++i) {
+        printf(" %s", take(values[i]).c_str());
+    }
+    puts("");
+    std::free(values);
     return true;
 }
 
-void onReply(app_control_h, app_control_h reply, app_control_result_e result, void*) noexcept {
-    printf("reply %d\n", result);
+void onReply(app_control_h request, app_control_h reply, app_control_result_e result, void*) noexcept {
+    printf("reply %d to %s\n", result, operationOf(request).c_str());
     app_control_foreach_extra_data(reply, onExtra, nullptr);
 }
 
-// The operation "send" asks this service itself, the operation "answer" is answered; the others are only printed.
-void onAppControl(app_control_h request, void*) noexcept {
-    char* text = nullptr;
-    app_control_get_operation(request, &text);
-    const std::string operation = text;
-    std::free(text);
-    printf("operation %s\n", operation.c_str());
-    app_control_foreach_extra_data(request, onExtra, nullptr);
+void addExtras(app_control_h to) {
+    const char* list[] = {"a", "", "\xff"};
+    app_control_add_extra_data(to, "word", "yes");
+    app_control_add_extra_data_array(to, "list", list, 3);
+}
+
+// Extras of the request: the application "app", the operation "do", the URI "uri".
+void ask(app_control_h request) {
     app_control_h other = nullptr;
     app_control_create(&other);
-    if (operation == "send") {
-        app_control_set_app_id(other, "org.orvane.da-service");
-        app_control_set_operation(other, "answer");
-        printf("sent %d\n", app_control_send_launch_request(other, onReply, nullptr));
-    } else if (operation == "missing") {
-        app_control_set_app_id(other, "com.example.nowhere");
-        printf("sent %d\n", app_control_send_launch_request(other, nullptr, nullptr));
-    } else if (operation == "answer") {
-        app_control_add_extra_data(other, "word", "yes");
-        app_control_reply_to_launch_request(other, request, APP_CONTROL_RESULT_SUCCEEDED);
-    }
+    app_control_set_app_id(other, extra(request, "app").c_str());
+    app_control_set_operation(other, extra(request, "do").c_str());
+    app_control_set_uri(other, extra(request, "uri").c_str());
+    addExtras(other);
+    printf("sent %d\n", app_control_send_launch_request(other, onReply, nullptr));
     app_control_destroy(other);
+}
+
+void answer(app_control_h request) {
+    app_control_h reply = nullptr;
+    app_control_create(&reply);
+    addExtras(reply);
+    printf("answered %d\n", app_control_reply_to_launch_request(reply, request, APP_CONTROL_RESULT_CANCELED));
+    app_control_destroy(reply);
+}
+
+// The operations "ask" and "answer" are carried out; the others are only printed.
+void onAppControl(app_control_h request, void*) noexcept {
+    const std::string operation = operationOf(request);
+    printf("operation %s\n", operation.c_str());
+    app_control_foreach_extra_data(request, onExtra, nullptr);
+    if (operation == "ask") {
+        ask(request);
+    } else if (operation == "answer") {
+        answer(request);
+    }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    setvbuf(stdout, nullptr, _IOLBF, 0);
     service_app_lifecycle_callback_s callbacks{onCreate, onTerminate, onAppControl};
     return service_app_main(argc, argv, &callbacks, nullptr);
 }

@@ -37,7 +37,7 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& added) 
 
 }  // namespace
 
-Child::Child(const std::vector<std::string>& words, const std::vector<std::string>& environment) {
+Child::Child(const std::vector<std::string>& words, const std::vector<std::string>& environment, int output) {
     std::vector<std::string> command{"setpriv", "--pdeathsig", "KILL"};
     command.insert(command.end(), words.begin(), words.end());
     std::vector<std::string> variables = environmentWith(environment);
@@ -47,8 +47,15 @@ Child::Child(const std::vector<std::string>& words, const std::vector<std::strin
     sigemptyset(&none);
     posix_spawnattr_setsigmask(&attributes, &none);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
-    const int code = posix_spawnp(&mId, command[0].c_str(), nullptr, &attributes, pointers(command).data(),
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    if (output >= 0) {
+        posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+        posix_spawn_file_actions_adddup2(&actions, output, STDERR_FILENO);
+    }
+    const int code = posix_spawnp(&mId, command[0].c_str(), &actions, &attributes, pointers(command).data(),
                                   pointers(variables).data());
+    posix_spawn_file_actions_destroy(&actions);
     posix_spawnattr_destroy(&attributes);
     if (code != 0) {
         throw std::runtime_error("cannot run " + words[0]);

@@ -8,8 +8,10 @@
 
 class Child {
 public:
-    // Runs a program found on the PATH; `environment` (NAME=value) is added to ours. Throws std::runtime_error.
-    explicit Child(const std::vector<std::string>& words, const std::vector<std::string>& environment = {});
+    // Runs a program found on the PATH; `environment` (NAME=value) is added to ours; `output` becomes its standard
+    // output and error. Throws std::runtime_error.
+    explicit Child(const std::vector<std::string>& words, const std::vector<std::string>& environment = {},
+                   int output = -1);
     ~Child();
     Child(Child&& other) noexcept;
     Child& operator=(Child&& other) noexcept;

@@ -13,7 +13,8 @@
 
 class PrivateBus {
 public:
-    PrivateBus() {
+    // `configuration` is an option of dbus-daemon.
+    explicit PrivateBus(std::string configuration = "--session") {
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0) {
             throw std::runtime_error("no pipe");
@@ -22,11 +23,19 @@ public:
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_adddup2(&actions, ends[1], 3);
         // It ends with this process, however that ends.
-        std::string words[] = {"setpriv",  "--pdeathsig",      "TERM", "dbus-daemon", "--session",
+        std::string words[] = {"setpriv",  "--pdeathsig",      "TERM", "dbus-daemon", configuration,
                                "--nofork", "--print-address=3"};
         char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(),
                              words[4].data(), words[5].data(), words[6].data(), nullptr};
-        const int code = posix_spawnp(&mProcess, arguments[0], &actions, nullptr, arguments, environ);
+        // The main loop blocks signals, the daemon's end among them.
+        sigset_t none;
+        sigemptyset(&none);
+        posix_spawnattr_t attributes;
+        posix_spawnattr_init(&attributes);
+        posix_spawnattr_setsigmask(&attributes, &none);
+        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
+        const int code = posix_spawnp(&mProcess, arguments[0], &actions, &attributes, arguments, environ);
+        posix_spawnattr_destroy(&attributes);
         posix_spawn_file_actions_destroy(&actions);
         ::close(ends[1]);
         if (code != 0) {

@@ -65,7 +65,7 @@ Bus::Bus() {
         Error error;
         mConnection.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.out()));
         if (!mConnection) {
-            dlog_print(DLOG_ERROR, "orvane-bus", "no session bus: %s", error.message().c_str());
+            mWhyNot = "there is no session bus: " + error.message();
             return;
         }
         g_dbus_connection_set_exit_on_close(mConnection.get(), FALSE);
@@ -82,7 +82,7 @@ Variant Bus::call(const char* name, const char* path, const char* interface, con
         if (arguments != nullptr) {
             sink(arguments);
         }
-        g_set_error_literal(error.out(), G_IO_ERROR, G_IO_ERROR_CLOSED, "no session bus");
+        g_set_error_literal(error.out(), G_IO_ERROR, G_IO_ERROR_CLOSED, mWhyNot.c_str());
         return nullptr;
     }
     return Variant(g_dbus_connection_call_sync(mConnection.get(), name, path, interface, method, arguments,
@@ -108,11 +108,10 @@ bool Bus::hasOwner(const std::string& name) const {
     return !ownerOf(name).empty();
 }
 
-bool Bus::own(const std::string& name) const {
+bool Bus::own(const std::string& name, Error& error) const {
     constexpr guint32 DO_NOT_QUEUE = 4;
     constexpr guint32 PRIMARY_OWNER = 1;
     constexpr guint32 ALREADY_OWNER = 4;
-    Error error;
     const Variant answer = ask("RequestName", g_variant_new("(su)", name.c_str(), DO_NOT_QUEUE), "(u)", error);
     guint32 result = 0;
     if (answer) {

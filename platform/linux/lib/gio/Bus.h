@@ -11,10 +11,11 @@ namespace gio {
 
 class Bus {
 public:
-    // The session's; connected on first use. Without a bus: one log line at the first failure, and isOpen() is false.
+    // The session's; connected on first use. Without a bus isOpen() is false, and every call fails with the reason.
     static Bus& session();
 
     bool isOpen() const;
+    const std::string& whyNot() const { return mWhyNot; }  // of a connection that was never made
     GDBusConnection* connection() const { return mConnection.get(); }
 
     // Empty on failure, which `error` then tells. Takes floating arguments.
@@ -33,8 +34,8 @@ public:
 
     bool hasOwner(const std::string& name) const;
     std::string ownerOf(const std::string& name) const;  // unique name; empty without one
-    // Takes the name if nobody has it.
-    bool own(const std::string& name) const;
+    // Takes the name if nobody has it. False without an error: somebody has it.
+    bool own(const std::string& name, Error& error) const;
 
     // Every call of a method of the interface, on the IO thread; `handler` answers the invocation. Lives as long as the
     // process.
@@ -58,6 +59,7 @@ private:
                      GDestroyNotify forget) const;
 
     Object<GDBusConnection> mConnection;
+    std::string mWhyNot;
 };
 
 }  // namespace gio

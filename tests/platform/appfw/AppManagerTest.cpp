@@ -1,0 +1,112 @@
+// Running applications, and those that the bus starts.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+
+#include "OtherApp.h"
+#include "RunningService.h"
+#include "app_control.h"
+#include "app_manager.h"
+#include "lib/gio/Bus.h"
+
+namespace {
+
+bool runs(const char* id) {
+    bool running = false;
+    EXPECT_EQ(app_manager_is_running(id, &running), APP_MANAGER_ERROR_NONE);
+    return running;
+}
+
+int terminate(const char* id) {
+    app_context_h context = nullptr;
+    EXPECT_EQ(app_manager_get_app_context(id, &context), APP_MANAGER_ERROR_NONE);
+    const int code = app_manager_terminate_app(context);
+    app_context_destroy(context);
+    return code;
+}
+
+TEST(AnApplicationThatRuns, IsKnownByItsIdAndByItsProcess) {
+    EXPECT_FALSE(runs(SERVICE_ID));
+    RunningService service;
+    EXPECT_TRUE(runs(SERVICE_ID));
+    char* id = nullptr;
+    ASSERT_EQ(app_manager_get_app_id(service.process().id(), &id), APP_MANAGER_ERROR_NONE);
+    EXPECT_STREQ(id, SERVICE_ID);
+    free(id);
+}
+
+TEST(AnApplicationThatRuns, EndsInOrderWhenItIsTerminated) {
+    RunningService service;
+    EXPECT_EQ(terminate(SERVICE_ID), APP_MANAGER_ERROR_NONE);
+    EXPECT_EQ(service.rest(), "terminate\n");
+    EXPECT_EQ(service.wait(), 0);
+    EXPECT_FALSE(runs(SERVICE_ID));
+}
+
+TEST(AnApplicationThatRuns, AndCannotBeTerminatedIsAFailure) {
+    const OtherApp app("com.example.stubborn");  // knows no request to close
+    EXPECT_EQ(terminate("com.example.stubborn"), APP_MANAGER_ERROR_REQUEST_FAILED);
+}
+
+TEST(AnApplicationThatDoesNotRun, HasNoContext) {
+    for (const char* id : {"com.example.nowhere", "not an id", ""}) {
+        app_context_h context = nullptr;
+        EXPECT_FALSE(runs(id));
+        EXPECT_EQ(app_manager_get_app_context(id, &context), APP_MANAGER_ERROR_NO_SUCH_APP) << id;
+        EXPECT_EQ(context, nullptr);
+    }
+}
+
+TEST(AProcessThatIsNoApplication, HasNoId) {
+    Program sleeper({"sleep", "infinity"});
+    char* id = nullptr;
+    EXPECT_EQ(app_manager_get_app_id(sleeper.process().id(), &id), APP_MANAGER_ERROR_NO_SUCH_APP);
+    EXPECT_EQ(app_manager_get_app_id(0, &id), APP_MANAGER_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(id, nullptr);
+}
+
+// Tells the bus how to start the service, or no longer.
+class AnInstalledApplication : public testing::Test {
+protected:
+    AnInstalledApplication() {
+        std::filesystem::create_directories(mFile.parent_path());
+        std::ofstream(mFile) << "[D-BUS Service]\nName=" << SERVICE_ID << "\nExec=" << APPFW_SERVICE << "\n";
+        reload();
+    }
+    ~AnInstalledApplication() override {
+        std::filesystem::remove(mFile);
+        reload();
+    }
+    static void reload() {
+        gio::Error error;
+        EXPECT_TRUE(gio::Bus::session().ask("ReloadConfig", nullptr, nullptr, error)) << error.message();
+    }
+
+    const std::filesystem::path mFile =
+        std::filesystem::path(getenv("XDG_DATA_HOME")) / "dbus-1/services" / (std::string(SERVICE_ID) + ".service");
+};
+
+TEST_F(AnInstalledApplication, IsStartedByARequestWhichItThenGets) {
+    OtherApp other("com.example.other");
+    EXPECT_FALSE(runs(SERVICE_ID));
+    app_control_h request = nullptr;
+    app_control_create(&request);
+    app_control_set_app_id(request, SERVICE_ID);
+    app_control_set_operation(request, "ask");
+    app_control_add_extra_data(request, "app", "com.example.other");
+    app_control_add_extra_data(request, "do", "greet");
+    EXPECT_EQ(app_control_send_launch_request(request, nullptr, nullptr), APP_CONTROL_ERROR_NONE);
+    app_control_destroy(request);
+    EXPECT_EQ(other.asked().operation, "greet");
+    EXPECT_EQ(terminate(SERVICE_ID), APP_MANAGER_ERROR_NONE);
+    while (runs(SERVICE_ID)) {
+        std::this_thread::yield();
+    }
+}
+
+}  // namespace

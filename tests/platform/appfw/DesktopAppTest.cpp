@@ -1,0 +1,100 @@
+// Applications that are known by their desktop file only.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "app_control.h"
+#include "support/MainLoop.h"
+
+namespace {
+
+constexpr char APP_ID[] = "com.example.desk";
+constexpr char URI[] = "orvanetest:pancakes";
+
+struct Reply {
+    int count = 0;
+    int result = -99;
+};
+
+void onReply(app_control_h, app_control_h, app_control_result_e result, void* data) noexcept {
+    auto* reply = static_cast<Reply*>(data);
+    *reply = {reply->count + 1, result};
+}
+
+// It writes the words of its command into a pipe.
+class ADesktopApplication : public testing::Test {
+protected:
+    ADesktopApplication() {
+        const std::filesystem::path data = getenv("XDG_DATA_HOME");
+        const std::filesystem::path script = data / "desk.sh";
+        mPipe = data / "started";
+        std::filesystem::create_directories(data / "applications");
+        std::ofstream(script) << "echo desk \"$@\" >" << mPipe << "\n";
+        std::ofstream(data / "applications" / (std::string(APP_ID) + ".desktop"))
+            << "[Desktop Entry]\nType=Application\nName=Desk\nExec=/bin/sh " << script.string()
+            << " %u\nMimeType=x-scheme-handler/orvanetest;\n";
+        std::ofstream(std::filesystem::path(getenv("XDG_CONFIG_HOME")) / "mimeapps.list")
+            << "[Default Applications]\nx-scheme-handler/orvanetest=" << APP_ID << ".desktop\n";
+        std::filesystem::remove(mPipe);
+        EXPECT_EQ(mkfifo(mPipe.c_str(), 0600), 0);
+        app_control_create(&mRequest);
+    }
+    ~ADesktopApplication() override { app_control_destroy(mRequest); }
+
+    int send() { return app_control_send_launch_request(mRequest, onReply, &mReply); }
+    // Waits for its start.
+    std::string started() const {
+        std::string words;
+        std::getline(std::ifstream(mPipe), words);
+        return words;
+    }
+
+    app_control_h mRequest = nullptr;
+    Reply mReply;
+    std::filesystem::path mPipe;
+};
+
+TEST_F(ADesktopApplication, IsStartedByItsIdAndThatIsItsReply) {
+    app_control_set_app_id(mRequest, APP_ID);
+    ASSERT_EQ(send(), APP_CONTROL_ERROR_NONE);
+    EXPECT_EQ(started(), "desk");
+    EXPECT_EQ(mReply.count, 0) << "replies come on the main loop";
+    EXPECT_TRUE(runMainLoopUntil([this] { return mReply.count == 1; }));
+    EXPECT_EQ(mReply.result, APP_CONTROL_RESULT_APP_STARTED);
+}
+
+TEST_F(ADesktopApplication, IsGivenTheUri) {
+    app_control_set_app_id(mRequest, APP_ID);
+    app_control_set_uri(mRequest, URI);
+    ASSERT_EQ(send(), APP_CONTROL_ERROR_NONE);
+    EXPECT_EQ(started(), std::string("desk ") + URI);
+}
+
+TEST_F(ADesktopApplication, OpensTheUrisOfItsSchemeForTheViewOperation) {
+    app_control_set_operation(mRequest, APP_CONTROL_OPERATION_VIEW);
+    app_control_set_uri(mRequest, URI);
+    ASSERT_EQ(send(), APP_CONTROL_ERROR_NONE);
+    EXPECT_EQ(started(), std::string("desk ") + URI);
+    EXPECT_TRUE(runMainLoopUntil([this] { return mReply.count == 1; }));
+    EXPECT_EQ(mReply.result, APP_CONTROL_RESULT_APP_STARTED);
+}
+
+TEST_F(ADesktopApplication, IsNotFoundForAnotherSchemeOrNoUriAtAll) {
+    app_control_set_operation(mRequest, APP_CONTROL_OPERATION_VIEW);
+    for (const char* uri : {"unknownscheme:x", "no uri", ""}) {
+        app_control_set_uri(mRequest, uri);
+        EXPECT_EQ(send(), APP_CONTROL_ERROR_APP_NOT_FOUND) << uri;
+    }
+}
+
+TEST_F(ADesktopApplication, IsNotWhatARequestWithoutIdAndOtherOperationGoesTo) {
+    app_control_set_operation(mRequest, APP_CONTROL_OPERATION_MAIN);
+    app_control_set_uri(mRequest, URI);
+    EXPECT_EQ(send(), APP_CONTROL_ERROR_INVALID_PARAMETER);
+}
+
+}  // namespace

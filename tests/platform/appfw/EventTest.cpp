@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "OtherApp.h"
+#include "app_event.h"
+#include "appfw/Bundle.h"
+#include "support/MainLoop.h"
+
+namespace {
+
+constexpr char ACCOUNT_ID[] = "org.orvane.account";
+constexpr char EVENT[] = "event.org.orvane.account.notification";
+
+struct Heard {
+    int count = 0;
+    std::string name;
+    bundle_s data;
+};
+
+void onEvent(const char* name, bundle* data, void* heard) noexcept {
+    auto* all = static_cast<Heard*>(heard);
+    *all = {all->count + 1, name, *data};
+}
+
+class AnEventOfTheAccountService : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &mHeard, &mHandler), EVENT_ERROR_NONE); }
+    void TearDown() override {
+        if (mHandler != nullptr) {
+            event_remove_event_handler(mHandler);
+        }
+    }
+    bool hear(int count) {
+        return runMainLoopUntil([=] { return mHeard.count == count; });
+    }
+
+    Heard mHeard;
+    event_handler_h mHandler = nullptr;
+};
+
+TEST_F(AnEventOfTheAccountService, IsToldOnTheMainLoopWithItsData) {
+    const OtherApp account(ACCOUNT_ID);
+    account.announce(EVENT);
+    ASSERT_TRUE(hear(1));
+    EXPECT_EQ(mHeard.name, EVENT);
+    ASSERT_EQ(mHeard.data.entries.size(), 1U);
+    EXPECT_EQ(mHeard.data.entries[0].first, "key");
+    EXPECT_EQ(mHeard.data.entries[0].second.value, "value");
+}
+
+TEST_F(AnEventOfTheAccountService, IsNotBelievedOfAnotherApplication) {
+    const OtherApp impostor("com.example.impostor");
+    const OtherApp account(ACCOUNT_ID);
+    impostor.announce(EVENT);
+    account.announce("event.org.orvane.account.other");
+    account.announce(EVENT);
+    account.announce(EVENT);
+    ASSERT_TRUE(hear(2));
+}
+
+TEST_F(AnEventOfTheAccountService, IsHeardOfAServiceThatStartsAgain) {
+    OtherApp first(ACCOUNT_ID);
+    first.announce(EVENT);
+    ASSERT_TRUE(hear(1));
+    first.leave();
+    const OtherApp second(ACCOUNT_ID);
+    second.announce(EVENT);
+    EXPECT_TRUE(hear(2));
+}
+
+TEST_F(AnEventOfTheAccountService, IsToldNoMoreOnceTheHandlerIsRemovedEvenIfItHasArrived) {
+    Heard others;
+    event_handler_h other = nullptr;
+    ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &others, &other), EVENT_ERROR_NONE);
+    const OtherApp account(ACCOUNT_ID);
+    account.announce(EVENT);
+    EXPECT_EQ(event_remove_event_handler(mHandler), EVENT_ERROR_NONE);
+    EXPECT_EQ(event_remove_event_handler(mHandler), EVENT_ERROR_INVALID_PARAMETER);
+    mHandler = nullptr;
+    EXPECT_TRUE(runMainLoopUntil([&] { return others.count == 1; }));
+    EXPECT_EQ(mHeard.count, 0);
+    event_remove_event_handler(other);
+}
+
+TEST(AnEventName, ThatNamesNoApplicationIsRefused) {
+    event_handler_h handler = nullptr;
+    for (const char* name : {"", "event.", "event.x", "org.orvane.account.notification"}) {
+        EXPECT_EQ(event_add_event_handler(name, onEvent, nullptr, &handler), EVENT_ERROR_INVALID_PARAMETER) << name;
+    }
+    EXPECT_EQ(event_add_event_handler(nullptr, onEvent, nullptr, &handler), EVENT_ERROR_INVALID_PARAMETER);
+}
+
+}  // namespace

@@ -1,0 +1,119 @@
+#include "OtherApp.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "lib/gio/IoThread.h"
+
+namespace {
+
+constexpr char PATH[] = "/org/orvane/Application";
+constexpr char INTERFACE[] = "org.orvane.Application1";
+constexpr char DESCRIPTION[] =
+    "<node><interface name='org.orvane.Application1'>"
+    "<method name='Launch'><arg type='s' direction='in'/><arg type='s' direction='in'/>"
+    "<arg type='a(aybaay)' direction='in'/><arg type='s' direction='in'/></method>"
+    "<method name='Reply'><arg type='s' direction='in'/><arg type='i' direction='in'/>"
+    "<arg type='a(aybaay)' direction='in'/></method></interface></node>";
+
+template <typename T>
+T next(std::deque<T>& from, std::mutex& mutex, std::condition_variable& came) {
+    std::unique_lock lock(mutex);
+    if (!came.wait_for(lock, std::chrono::seconds(20), [&] { return !from.empty(); })) {
+        throw std::runtime_error("nothing comes over the bus");
+    }
+    T first = std::move(from.front());
+    from.pop_front();
+    return first;
+}
+
+}  // namespace
+
+OtherApp::OtherApp(const std::string& id) {
+    gio::Error error;
+    const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    mBus.reset(g_dbus_connection_new_for_address_sync(getenv("DBUS_SESSION_BUS_ADDRESS"), flags, nullptr, nullptr,
+                                                      error.out()));
+    if (mBus == nullptr) {
+        throw std::runtime_error(error.message());
+    }
+    gio::IoThread::get().run([&] {
+        static GDBusNodeInfo* const node = g_dbus_node_info_new_for_xml(DESCRIPTION, nullptr);
+        static const GDBusInterfaceVTable methods{onCall, nullptr, nullptr, {}};
+        mObject = g_dbus_connection_register_object(mBus.get(), PATH, node->interfaces[0], &methods, this, nullptr,
+                                                    error.out());
+    });
+    if (!id.empty() &&
+        !gio::Variant(g_dbus_connection_call_sync(
+            mBus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+            g_variant_new("(su)", id.c_str(), 4U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.out()))) {
+        throw std::runtime_error(error.message());
+    }
+}
+
+void OtherApp::leave() {
+    if (mBus != nullptr) {
+        gio::IoThread::get().run([this] { g_dbus_connection_unregister_object(mBus.get(), mObject); });
+        g_dbus_connection_close_sync(mBus.get(), nullptr, nullptr);
+        mBus.reset();
+    }
+}
+
+OtherApp::Asked OtherApp::asked() {
+    return next(mAsked, mMutex, mCame);
+}
+
+OtherApp::Answer OtherApp::answered() {
+    return next(mAnswers, mMutex, mCame);
+}
+
+bool OtherApp::call(const std::string& name, const char* method, GVariant* arguments) const {
+    gio::Error error;
+    return gio::Variant(g_dbus_connection_call_sync(mBus.get(), name.c_str(), PATH, INTERFACE, method, arguments,
+                                                    nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.out())) !=
+           nullptr;
+}
+
+bool OtherApp::ask(const std::string& app, const std::string& operation, const Extras& extras,
+                   const std::string& token) const {
+    return call(app, "Launch",
+                g_variant_new("(ss@a(aybaay)s)", operation.c_str(), "", appfw::toVariant(extras), token.c_str()));
+}
+
+bool OtherApp::reply(const Asked& to, int result, const Extras& extras) const {
+    return call(to.sender, "Reply",
+                g_variant_new("(si@a(aybaay))", to.token.c_str(), result, appfw::toVariant(extras)));
+}
+
+void OtherApp::announce(const std::string& event) const {
+    gio::Error error;
+    g_dbus_connection_emit_signal(mBus.get(), nullptr, "/org/orvane/Event", "org.orvane.Event1", "Emitted",
+                                  g_variant_new_parsed("(%s, [(b'key', b'value')])", event.c_str()), error.out());
+    g_dbus_connection_flush_sync(mBus.get(), nullptr, error.out());
+}
+
+void OtherApp::onCall(GDBusConnection*, const gchar* sender, const gchar*, const gchar*, const gchar* method,
+                      GVariant* arguments, GDBusMethodInvocation* invocation, gpointer self) noexcept {
+    static_cast<OtherApp*>(self)->take(sender, method, arguments);
+    g_dbus_method_invocation_return_value(invocation, nullptr);
+}
+
+void OtherApp::take(const std::string& sender, const std::string& method, GVariant* arguments) {
+    const std::lock_guard lock(mMutex);
+    const char* first = nullptr;
+    GVariant* list = nullptr;
+    if (method == "Launch") {
+        const char* uri = nullptr;
+        const char* token = nullptr;
+        g_variant_get(arguments, "(&s&s@a(aybaay)&s)", &first, &uri, &list, &token);
+        mAsked.push_back({first, uri, appfw::toExtras(list), sender, token});
+    } else {
+        int result = 0;
+        g_variant_get(arguments, "(&si@a(aybaay))", &first, &result, &list);
+        mAnswers.push_back({first, result, appfw::toExtras(list)});
+    }
+    gio::Variant(list).reset();
+    mCame.notify_all();
+}

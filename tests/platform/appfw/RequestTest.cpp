@@ -1,0 +1,107 @@
+// Requests between the service and other applications, and their replies.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+#include "OtherApp.h"
+#include "RunningService.h"
+
+namespace {
+
+constexpr char APP_ID[] = "com.example.other";
+
+Extra one(const std::string& value) {
+    return {false, {value}};
+}
+
+// What the service adds to each request and reply.
+void expectExtras(const Extras& extras) {
+    ASSERT_EQ(extras.size(), 2U);
+    EXPECT_FALSE(extras.at("word").array);
+    EXPECT_EQ(extras.at("word").values, std::vector<std::string>{"yes"});
+    EXPECT_TRUE(extras.at("list").array);
+    EXPECT_EQ(extras.at("list").values, (std::vector<std::string>{"a", "", "\xff"}));
+}
+
+class ARequest : public testing::Test {
+protected:
+    // Has the service ask an application.
+    bool haveAsked(const std::string& app, const std::string& operation) {
+        return mTeller.ask(SERVICE_ID, "ask", {{"app", one(app)}, {"do", one(operation)}, {"uri", one("file:///x")}});
+    }
+
+    RunningService mService;
+    OtherApp mTeller;
+    OtherApp mApp{APP_ID};
+};
+
+TEST_F(ARequest, ComesInOrderWithExtrasOfAnyBytes) {
+    ASSERT_TRUE(
+        mApp.ask(SERVICE_ID, "first", {{"list", {true, {"a", "b"}}}, {"none", {true, {}}}, {"word", one("\xff\x01")}}));
+    ASSERT_TRUE(mApp.ask(SERVICE_ID, "second"));
+    EXPECT_EQ(mService.line(), "operation first");
+    EXPECT_EQ(mService.line(), "list[2] a b");
+    EXPECT_EQ(mService.line(), "none[0]");
+    EXPECT_EQ(mService.line(), "word=\xff\x01");
+    EXPECT_EQ(mService.line(), "operation second");
+}
+
+TEST_F(ARequest, IsAnsweredWithSingleAndArrayExtras) {
+    ASSERT_TRUE(mApp.ask(SERVICE_ID, "answer", {}, "the token"));
+    const OtherApp::Answer answer = mApp.answered();
+    EXPECT_EQ(answer.token, "the token");
+    EXPECT_EQ(answer.result, -2);
+    expectExtras(answer.extras);
+    EXPECT_EQ(mService.lineWith("answered"), "answered 0");
+}
+
+TEST_F(ARequest, WithoutATokenCannotBeAnswered) {
+    ASSERT_TRUE(mApp.ask(SERVICE_ID, "answer"));
+    EXPECT_EQ(mService.lineWith("answered"), "answered -22");
+}
+
+TEST_F(ARequest, OfTheServiceBringsOperationUriAndExtras) {
+    ASSERT_TRUE(haveAsked(APP_ID, "greet"));
+    const OtherApp::Asked asked = mApp.asked();
+    EXPECT_EQ(asked.operation, "greet");
+    EXPECT_EQ(asked.uri, "file:///x");
+    expectExtras(asked.extras);
+    EXPECT_EQ(mService.lineWith("sent"), "sent 0");
+}
+
+TEST_F(ARequest, TakesOneReplyOfItsReceiver) {
+    ASSERT_TRUE(haveAsked(APP_ID, "first"));
+    const OtherApp::Asked first = mApp.asked();
+    ASSERT_TRUE(mApp.reply(first, 0, {{"empty", {true, {}}}, {"mood", one("good")}}));
+    ASSERT_TRUE(mApp.reply(first, -1));
+    EXPECT_EQ(mService.lineWith("reply"), "reply 0 to first");
+    EXPECT_EQ(mService.line(), "empty[0]");
+    EXPECT_EQ(mService.line(), "mood=good");
+    ASSERT_TRUE(haveAsked(APP_ID, "second"));
+    ASSERT_TRUE(mApp.reply(mApp.asked(), -2));
+    EXPECT_EQ(mService.lineWith("reply"), "reply -2 to second");
+}
+
+TEST_F(ARequest, FailsWhenItsReceiverLeavesTheBusBeforeItAnswers) {
+    ASSERT_TRUE(haveAsked(APP_ID, "greet"));
+    EXPECT_EQ(mService.lineWith("sent"), "sent 0");
+    mApp.leave();
+    EXPECT_EQ(mService.lineWith("reply"), "reply -1 to greet");
+}
+
+TEST_F(ARequest, ToAnApplicationThatIsNotInstalledFailsAtOnceAndIsLogged) {
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_TRUE(haveAsked("com.example.nowhere", "greet"));
+    EXPECT_NE(mService.lineWith("com.example.nowhere is not installed"), "");
+    EXPECT_EQ(mService.lineWith("sent"), "sent -101");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+}
+
+TEST_F(ARequest, ToWhatIsNoApplicationIdFailsAndIsLogged) {
+    ASSERT_TRUE(haveAsked("not an id", "greet"));
+    EXPECT_NE(mService.lineWith("not an id is not installed"), "");
+    EXPECT_EQ(mService.lineWith("sent"), "sent -101");
+}
+
+}  // namespace

@@ -1,0 +1,17 @@
+#include <Ecore.h>
+#include <gtest/gtest.h>
+
+#include "Bus.h"
+#include "support/PrivateBus.h"
+#include "support/PrivateHome.h"
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const PrivateHome home;
+    const PrivateBus bus(openBus(home.folder()));
+    ecore_app_no_system_modules();
+    ecore_init();
+    const int result = RUN_ALL_TESTS();
+    ecore_shutdown();
+    return result;
+}

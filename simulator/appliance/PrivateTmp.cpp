@@ -64,6 +64,7 @@ bool enterPrivateTmp() {
     keep(kept, std::filesystem::path(ORVANE_SERVICE_PROGRAM).parent_path());
     keep(kept, std::filesystem::path(ORVANE_SIM_APP).parent_path());
     keep(kept, std::filesystem::path(ORVANE_SIM_HUB).parent_path());
+    keep(kept, std::filesystem::path(ORVANE_VOLUME_FADE).parent_path());
     if (mount("tmpfs", "/tmp", "tmpfs", MS_NOSUID | MS_NODEV, "mode=1777") != 0) {
         return false;
     }

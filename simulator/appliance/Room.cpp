@@ -58,9 +58,11 @@ void Room::play(const std::string& wav) {
     }
 }
 
+// A voice, which is no media that the appliance plays.
 std::unique_ptr<Process> Room::startPlaying(const std::string& wav) const {
-    return std::make_unique<Process>(std::vector<std::string>{"paplay", "--latency-msec=20", "--device=room", wav},
-                                     mFolder / "pulse.log");
+    const std::vector<std::string> words{"paplay", "--latency-msec=20", "--property=media.role=phone", "--device=room",
+                                         wav};
+    return std::make_unique<Process>(words, mFolder / "pulse.log");
 }
 
 bool Room::isHeard() {

@@ -33,7 +33,7 @@ bool yes(const std::string& argument) {
 
 }  // namespace
 
-UiApp::UiApp(const std::string& id) : Application(id), mMeter(record()) {}
+UiApp::UiApp(const std::string& id) : Application(id), mMeter(record()), mDucker(record()) {}
 
 void UiApp::onLaunch(const Request& request) {
     const std::string base = kOperationBase;
@@ -54,6 +54,7 @@ void UiApp::showState(const Extras& extras) {
     const std::string state = valueOf(extras, "key_state_change");
     record().write("state", {{"state", state}, {"error", valueOf(extras, "key_error_type")}});
     mMeter.recording(state == "Recording");
+    mDucker.duck(state == "Recording" || state == "Processing");
     if (state == "Ready") {
         showResult();
         if (mAcknowledges) {

@@ -3,10 +3,12 @@
 //   partial         text while the person speaks, from the port "partial"
 //   level           every change of the level file, and levels after a recording
 //   speech detected, wake-up, result
+// It turns the music down while the assistant listens and thinks.
 // Orders: start (argument: mode), stop, cancel, close: sent to the service; acknowledge yes|no: whether Ready is
 // answered; answer yes|no: whether a wake-up starts the engine; mode Default|PTT|ClearContext: how a wake-up starts it.
 #pragma once
 
+#include "apps/Ducker.h"
 #include "apps/LevelMeter.h"
 #include "lib/Application.h"
 
@@ -30,6 +32,7 @@ private:
     bool mAnswers = true;
     std::string mMode = "Default";
     LevelMeter mMeter;
+    Ducker mDucker;
 };
 
 }  // namespace sim

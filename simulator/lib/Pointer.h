@@ -12,6 +12,8 @@ struct Release {
     void operator()(GVariant* variant) const noexcept { g_variant_unref(variant); }
     void operator()(GDBusConnection* bus) const noexcept { g_object_unref(bus); }
     void operator()(GDBusNodeInfo* node) const noexcept { g_dbus_node_info_unref(node); }
+    void operator()(GDataInputStream* stream) const noexcept { g_object_unref(stream); }
+    void operator()(GSubprocess* process) const noexcept { g_object_unref(process); }
     void operator()(GMainLoop* loop) const noexcept { g_main_loop_unref(loop); }
     void operator()(char* text) const noexcept { g_free(text); }
 };

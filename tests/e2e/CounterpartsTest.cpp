@@ -78,6 +78,24 @@ std::vector<std::string> streams(const Appliance& appliance, const std::string& 
     return roles;
 }
 
+void tellUi(const char* state) {
+    sim::Bus(getenv("DBUS_SESSION_BUS_ADDRESS"))
+        .call(sim::kUi, "/org/orvane/Application", "org.orvane.Application1", "Launch",
+              g_variant_new("(ss@a(aybaay)s)", (std::string(sim::kOperationBase) + "state_change").c_str(), "",
+                            sim::packExtras({{"key_state_change", {state}}, {"key_error_type", {"None"}}}), ""));
+}
+
+void startMusic(Appliance& appliance) {
+    appliance.launch(sim::kMusic);
+    appliance.await(sim::kMusic, {{"event", "volume"}, {"percent", 100}});
+    appliance.await(sim::kMusic, {{"event", "playing"}});
+    appliance.turnPage();
+}
+
+void awaitVolume(Appliance& appliance, int percent) {
+    appliance.await(sim::kMusic, {{"event", "volume"}, {"percent", percent}});
+}
+
 constexpr char kBriefingTable[] = "MorningBrief";
 using Records = std::vector<sim::Database::Fields>;
 
@@ -207,24 +225,60 @@ TEST(TheMorningBriefing, WritesWhetherItPlays) {
 
 TEST(TheUi, ShowsEveryChangeOfTheLevelAndItsRhythmAfterARecording) {
     Appliance appliance;
-    const auto tellState = [](const char* state) {
-        sim::Bus(getenv("DBUS_SESSION_BUS_ADDRESS"))
-            .call(sim::kUi, "/org/orvane/Application", "org.orvane.Application1", "Launch",
-                  g_variant_new("(ss@a(aybaay)s)", (std::string(sim::kOperationBase) + "state_change").c_str(), "",
-                                sim::packExtras({{"key_state_change", {state}}, {"key_error_type", {"None"}}}), ""));
-    };
-    tellState("Recording");
+    tellUi("Recording");
     appliance.awaitState("Recording");
     for (const int32_t level : {-40, -12, -30}) {
         std::ofstream("/tmp/OrvaneVolume.tmp", std::ios::binary)
             .write(reinterpret_cast<const char*>(&level), sizeof level);
         appliance.await(sim::kUi, {{"event", "level"}, {"level", level}});
     }
-    tellState("Processing");
+    tellUi("Processing");
     const sim::Event rhythm = appliance.await(sim::kUi, {{"event", "levels"}});
     EXPECT_EQ(rhythm["changes"], 3);
     EXPECT_GT(rhythm["period"], 0);
     EXPECT_GE(rhythm["longest"], rhythm["period"]);
+}
+
+TEST(TheMusic, IsTurnedDownWhileTheAssistantListensAndThinksAndComesBackAfterwards) {
+    Appliance appliance;
+    startMusic(appliance);
+    tellUi("Recording");
+    awaitVolume(appliance, 13);
+    appliance.turnPage();
+    tellUi("Processing");
+    tellUi("Ready");
+    awaitVolume(appliance, 100);
+    EXPECT_EQ(appliance.count(sim::kMusic, {{"event", "volume"}, {"percent", 93}}), 1);
+}
+
+TEST(TheVolume, StaysWhenNothingPlays) {
+    Appliance appliance;
+    startMusic(appliance);
+    appliance.order(sim::kMusic, "pause");
+    appliance.await(sim::kMusic, {{"event", "paused"}});
+    tellUi("Recording");
+    appliance.await(sim::kUi, {{"event", "fade"}, {"line", "not turned down: nothing plays, or it is low already"}});
+    EXPECT_EQ(appliance.count(sim::kMusic, {{"event", "volume"}}), 0);
+}
+
+TEST(TheVolume, GoesDownForTheMorningBriefing) {
+    Appliance appliance;
+    startMusic(appliance);
+    appliance.order(sim::kMusic, "pause");
+    appliance.await(sim::kMusic, {{"event", "paused"}});
+    appliance.launch(sim::kBriefing);
+    tellUi("Recording");
+    awaitVolume(appliance, 13);
+}
+
+TEST(TheVolume, ComesBackWhenTheUiDiesWhileItIsDown) {
+    Appliance appliance;
+    startMusic(appliance);
+    tellUi("Recording");
+    awaitVolume(appliance, 13);
+    appliance.turnPage();
+    appliance.kill(sim::kUi);
+    awaitVolume(appliance, 100);
 }
 
 TEST(TheHub, LetsTheAccountOfTheAccountServiceIn) {

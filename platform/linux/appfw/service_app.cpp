@@ -108,8 +108,11 @@ bool join(const App& app) {
             g_dbus_method_invocation_return_value(invocation, nullptr);
             onCall(app, caller.c_str(), called.c_str(), kept.get());
         });
+    if (!served) {
+        return false;  // logged there
+    }
     gio::Error error;
-    if (!served || !bus.own(APP_ID, error)) {
+    if (!bus.own(APP_ID, error)) {
         fprintf(stderr, "%s: %s\n", APP_ID, error ? error.message().c_str() : "the service runs already on this bus");
         return false;
     }

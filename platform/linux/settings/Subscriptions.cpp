@@ -19,17 +19,29 @@ bool covers(const std::string& changed, const std::string& path) {
 
 void Subscriptions::add(const std::string& path, vconf_callback_fn callback, void* userData) {
     std::lock_guard<std::mutex> lock(mMutex);
-    mAll.push_back({++mLastId, path, callback, userData});
+    const auto known = find(path, callback);
+    if (known != mAll.end()) {
+        known->userData = userData;
+    } else {
+        mAll.push_back({++mLastId, path, callback, userData});
+    }
 }
 
 bool Subscriptions::remove(const std::string& path, vconf_callback_fn callback) {
     std::lock_guard<std::mutex> lock(mMutex);
-    const auto gone = std::remove_if(mAll.begin(), mAll.end(), [&](const Subscription& subscription) {
+    const auto known = find(path, callback);
+    if (known == mAll.end()) {
+        return false;
+    }
+    mAll.erase(known);
+    return true;
+}
+
+std::vector<Subscriptions::Subscription>::iterator Subscriptions::find(const std::string& path,
+                                                                       vconf_callback_fn callback) {
+    return std::find_if(mAll.begin(), mAll.end(), [&](const Subscription& subscription) {
         return subscription.path == path && subscription.callback == callback;
     });
-    const bool found = gone != mAll.end();
-    mAll.erase(gone, mAll.end());
-    return found;
 }
 
 void Subscriptions::changed(const std::vector<std::string>& paths) {

@@ -12,6 +12,7 @@ namespace settings {
 
 class Subscriptions {
 public:
+    // One subscription a pair of path and callback: added again, it takes the new user data.
     void add(const std::string& path, vconf_callback_fn callback, void* userData);
     bool remove(const std::string& path, vconf_callback_fn callback);
     // On the I/O thread; a path with a closing "/" stands for everything below it.
@@ -26,6 +27,7 @@ private:
     };
 
     void tell(unsigned long id);
+    std::vector<Subscription>::iterator find(const std::string& path, vconf_callback_fn callback);  // mutex held
 
     std::mutex mMutex;
     std::vector<Subscription> mAll;

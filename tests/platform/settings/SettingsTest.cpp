@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <vconf.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -105,18 +106,89 @@ TEST_F(SettingsTest, ChangesByOthersAndByUsAreToldOnTheMainLoopUntilTheyAreIgnor
     vconf_ignore_key_changed("db/other", hear);
 }
 
-TEST_F(SettingsTest, EachTypeIsToldAsItIs) {
+TEST_F(SettingsTest, APairOfKeyAndCallbackIsOneSubscription) {
+    int first = 0;
+    int second = 0;
+    ASSERT_EQ(vconf_notify_key_changed("db/watched", hear, &first), 0);
+    ASSERT_EQ(vconf_notify_key_changed("db/watched", hear, &second), 0);
+    ASSERT_TRUE(dconf("write /db/watched 5"));
+    EXPECT_TRUE(runMainLoopUntil([&] { return second == 5; }));
+    EXPECT_EQ(heard.size(), 1U);
+    EXPECT_EQ(first, 0);
+    EXPECT_EQ(vconf_ignore_key_changed("db/watched", hear), 0);
+    EXPECT_EQ(vconf_ignore_key_changed("db/watched", hear), -1);
+}
+
+TEST_F(SettingsTest, EachCallbackOfAKeyIsToldInTheOrderOfTheSubscriptions) {
+    std::string order;
+    const vconf_callback_fn a = [](keynode_t*, void* data) { *static_cast<std::string*>(data) += 'a'; };
+    const vconf_callback_fn b = [](keynode_t*, void* data) { *static_cast<std::string*>(data) += 'b'; };
+    vconf_notify_key_changed("db/watched", a, &order);
+    vconf_notify_key_changed("db/watched", b, &order);
+    ASSERT_TRUE(dconf("write /db/watched 1"));
+    EXPECT_TRUE(runMainLoopUntil([&] { return order == "ab"; })) << order;
+    EXPECT_EQ(vconf_ignore_key_changed("db/watched", a), 0);
+    ASSERT_TRUE(dconf("write /db/watched 2"));
+    EXPECT_TRUE(runMainLoopUntil([&] { return order == "abb"; })) << order;
+    vconf_ignore_key_changed("db/watched", b);
+}
+
+TEST_F(SettingsTest, AKeyIsToldWhenItsWholeFolderIsResetByAnotherProcess) {
+    ASSERT_TRUE(dconf("write /db/folder/watched 1"));
     int told = 0;
-    vconf_notify_key_changed("db/typed", hear, &told);
-    const std::pair<const char*, int> rows[] = {
-        {"\"'x'\"", VCONF_TYPE_STRING}, {"3", VCONF_TYPE_INT}, {"2.5", VCONF_TYPE_DOUBLE}, {"true", VCONF_TYPE_BOOL}};
-    for (const auto& [value, type] : rows) {
-        ASSERT_TRUE(dconf(std::string("write /db/typed ") + value));
-        EXPECT_TRUE(runMainLoopUntil([type = type] { return !heard.empty() && heard.back() == type; })) << value;
+    vconf_notify_key_changed("db/folder/watched", hear, &told);
+    ASSERT_TRUE(dconf("reset -f /db/folder/"));
+    EXPECT_TRUE(runMainLoopUntil([] { return !heard.empty() && heard.back() == 0; }));
+    vconf_ignore_key_changed("db/folder/watched", hear);
+}
+
+TEST_F(SettingsTest, AChangeOfAnotherKeyIsNotTold) {
+    int told = 0;
+    int other = 0;
+    vconf_notify_key_changed("db/watch", hear, &told);
+    vconf_notify_key_changed("db/watched/also", hear, &other);
+    ASSERT_TRUE(dconf("write /db/watched/more 1"));
+    ASSERT_TRUE(dconf("write /db/watched/also 2"));
+    EXPECT_TRUE(runMainLoopUntil([&] { return other == 2; }));
+    EXPECT_EQ(heard.size(), 1U);
+    vconf_ignore_key_changed("db/watch", hear);
+    vconf_ignore_key_changed("db/watched/also", hear);
+}
+
+TEST_F(SettingsTest, EachTypeIsToldWithItsValue) {
+    std::string told;
+    const vconf_callback_fn describe = [](keynode_t* node, void* data) {
+        std::ostringstream text;
+        switch (const int type = vconf_keynode_get_type(node); type) {
+            case 40:
+                text << type << " " << vconf_keynode_get_str(node);
+                break;
+            case 41:
+                text << type << " " << vconf_keynode_get_int(node);
+                break;
+            case 42:
+                text << type << " " << vconf_keynode_get_dbl(node);
+                break;
+            case 43:
+                text << type << " " << vconf_keynode_get_bool(node);
+                break;
+            default:
+                text << "no value";
+        }
+        *static_cast<std::string*>(data) = text.str();
+    };
+    vconf_notify_key_changed("db/typed", describe, &told);
+    const std::pair<const char*, const char*> rows[] = {
+        {"write /db/typed \"'x'\"", "40 x"},        {"write /db/typed 3", "41 3"},
+        {"write /db/typed 2.5", "42 2.5"},          {"write /db/typed true", "43 1"},
+        {"write /db/typed false", "43 0"},          {"reset /db/typed", "no value"},
+        {"write /db/typed 'uint32 7'", "no value"}, {"write /db/typed \"'end'\"", "40 end"}};
+    for (const auto& [command, expected] : rows) {
+        ASSERT_TRUE(dconf(command));
+        EXPECT_TRUE(runMainLoopUntil([&, want = expected] { return told == want; })) << command << " tells " << told;
+        told.clear();
     }
-    ASSERT_TRUE(dconf("reset /db/typed"));
-    EXPECT_TRUE(runMainLoopUntil([] { return heard.back() == 0; })) << "a key without a value has no type";
-    vconf_ignore_key_changed("db/typed", hear);
+    vconf_ignore_key_changed("db/typed", describe);
 }
 
 TEST_F(SettingsTest, AKeyThatTheStoreCannotHoldIsRefused) {

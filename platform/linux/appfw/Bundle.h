@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "bundle.h"
@@ -13,6 +14,7 @@ struct bundle_keyval_s {
 
 struct bundle_s {
     std::vector<std::pair<std::string, bundle_keyval_s>> entries;  // in the order of their arrival
+    std::unordered_map<std::string, std::size_t> places;           // of each key among them
 };
 
 namespace appfw {

@@ -54,4 +54,19 @@ Extras toExtras(GVariant* list) {
     return extras;
 }
 
+app_control_s toRequest(GVariant* arguments) {
+    const char* operation = nullptr;
+    const char* uri = nullptr;
+    const char* token = nullptr;
+    GVariant* list = nullptr;
+    g_variant_get(arguments, "(&s&s@a(aybaay)&s)", &operation, &uri, &list, &token);
+    const gio::Variant extras(list);
+    app_control_s request;
+    request.operation = operation;
+    request.uri = uri;
+    request.token = token;
+    request.extras = toExtras(extras.get());
+    return request;
+}
+
 }  // namespace appfw

@@ -34,4 +34,7 @@ std::string fromBytes(GVariant* bytes);
 GVariant* toVariant(const Extras& extras);  // floating a(aybaay)
 Extras toExtras(GVariant* list);
 
+// From a Launch's arguments, (ssa(aybaay)s): all but whom it is for and who sent it.
+app_control_s toRequest(GVariant* arguments);
+
 }  // namespace appfw

@@ -41,13 +41,12 @@ int bundle_add_str(bundle* b, const char* key, const char* str) {
     if (b == nullptr || key == nullptr || str == nullptr) {
         return BUNDLE_ERROR_INVALID_PARAMETER;
     }
-    for (auto& [known, entry] : b->entries) {
-        if (known == key) {
-            entry.value = str;
-            return BUNDLE_ERROR_NONE;
-        }
+    const auto [place, isNew] = b->places.emplace(key, b->entries.size());
+    if (isNew) {
+        b->entries.push_back({key, {str}});
+    } else {
+        b->entries[place->second].second.value = str;
     }
-    b->entries.push_back({key, {str}});
     return BUNDLE_ERROR_NONE;
 }
 

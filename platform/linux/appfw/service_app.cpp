@@ -43,19 +43,9 @@ struct App {
 };
 
 app_control_s requestOf(const char* sender, GVariant* arguments) {
-    const char* operation = nullptr;
-    const char* uri = nullptr;
-    const char* token = nullptr;
-    GVariant* list = nullptr;
-    g_variant_get(arguments, "(&s&s@a(aybaay)&s)", &operation, &uri, &list, &token);
-    const gio::Variant extras(list);
-    app_control_s request;
+    app_control_s request = appfw::toRequest(arguments);
     request.appId = APP_ID;
-    request.operation = operation;
-    request.uri = uri;
-    request.extras = appfw::toExtras(extras.get());
     request.sender = sender;
-    request.token = token;
     return request;
 }
 

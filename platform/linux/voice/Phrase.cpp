@@ -1,5 +1,6 @@
 #include "voice/Phrase.h"
 
+#include <algorithm>
 #include <cctype>
 #include <functional>
 #include <sstream>
@@ -9,8 +10,19 @@ namespace voice {
 
 namespace {
 
-// Deeper nesting than any person writes would only exhaust the stack.
+// More than any person writes would only exhaust the stack,
 constexpr int kMaxDepth = 20;
+// the grammar's ways past what is left out,
+constexpr int kMaxOptional = 20;
+// or the time for finding out which way was taken.
+constexpr int kMaxSteps = 100000;
+
+// Names are never silent themselves.
+bool maybeSilent(const Phrase& phrase) {
+    const auto& parts = phrase.parts;
+    return (phrase.kind == Phrase::All && std::all_of(parts.begin(), parts.end(), maybeSilent)) ||
+           (phrase.kind == Phrase::OneOf && std::any_of(parts.begin(), parts.end(), maybeSilent));
+}
 
 class Parser {
 public:
@@ -20,6 +32,9 @@ public:
         Phrase phrase = choice(0);
         if (mAt != mText.size()) {
             fail("unexpected \"" + std::string(1, mText[mAt]) + "\"");
+        }
+        if (maybeSilent(phrase)) {
+            fail("all of it may be left out");
         }
         return phrase;
     }
@@ -79,6 +94,9 @@ private:
             case '(':
                 return bracketed(')', depth);
             case '[': {
+                if (++mOptional > kMaxOptional) {
+                    fail("too much that may be left out");
+                }
                 Phrase inner = bracketed(']', depth);
                 return {Phrase::OneOf, "", {std::move(inner), Phrase{}}};
             }
@@ -123,6 +141,7 @@ private:
 
     const std::string& mText;
     std::size_t mAt = 0;
+    int mOptional = 0;
 };
 
 // Backtracking: `rest` says whether what follows fits from a position on.
@@ -134,6 +153,9 @@ public:
         : mLists(lists), mWords(words), mFilling(filling) {}
 
     bool match(const Phrase& phrase, std::size_t at, const Rest& rest) {
+        if (++mSteps > kMaxSteps) {
+            return false;
+        }
         switch (phrase.kind) {
             case Phrase::Word:
                 return at < mWords.size() && mWords[at] == phrase.text && rest(at + 1);
@@ -187,6 +209,7 @@ private:
     const NameLists& mLists;
     const std::vector<std::string>& mWords;
     Filling& mFilling;
+    int mSteps = 0;
 };
 
 }  // namespace

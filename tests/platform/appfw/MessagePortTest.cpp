@@ -71,6 +71,14 @@ TEST_F(AnApplication, GetsMessagesWholeWhateverTheirBytesAndLength) {
     }
 }
 
+TEST_F(AnApplication, IsNotHeldUpByAMessageOfVeryManyEntries) {
+    bundle_s message;
+    for (int i = 0; i < 300000; ++i) {
+        bundle_add_str(&message, std::to_string(i).c_str(), "");
+    }
+    EXPECT_EQ(appfw::toBundle(gio::sink(appfw::toVariant(message)).get()).entries.size(), 300000U);
+}
+
 TEST_F(AnApplication, GetsAMessageWithoutEntriesAsOne) {
     EXPECT_EQ(send("partial", {}), MESSAGE_PORT_ERROR_NONE);
     ASSERT_TRUE(receives(1));

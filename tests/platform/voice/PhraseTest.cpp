@@ -64,6 +64,29 @@ TEST(APhrase, TellsTheWordsOfItsFreeEnd) {
     EXPECT_EQ(filling["*"], "pie and cake");
 }
 
+TEST(APhrase, IsGivenUpWhenItCouldBeSaidInFarTooManyWays) {
+    std::string phrase;
+    std::string sentence;
+    for (int i = 0; i < 200; ++i) {
+        phrase += "(a | a) ";
+        sentence += "a ";
+    }
+    EXPECT_TRUE(fits(phrase, sentence));
+    EXPECT_FALSE(fits(phrase + "b", sentence + "c")) << "would take for ever";
+}
+
+TEST(APhrase, MayLeaveOutTwentyPartsButNeverAll) {
+    std::string optional;
+    for (int i = 0; i < 20; ++i) {
+        optional += "[a] ";
+    }
+    EXPECT_TRUE(fits(optional + "b", "a a a b"));
+    EXPECT_THROW(parsePhrase(optional + "[a] b"), std::invalid_argument);
+    for (const char* text : {"[a]", "[a] [b]", "b | [a]", "([a] | b)"}) {
+        EXPECT_THROW(parsePhrase(text), std::invalid_argument) << text;
+    }
+}
+
 TEST(APhrase, ThatIsNotWellFormedIsRefused) {
     for (const char* text : {"", "   ", "(", ")", "open (a", "open [a", "a ]", "()", "[]", "(a|)", "|", "<", "<>",
                              "<app", "* a", "a $ b", "a 7", "\xff"}) {

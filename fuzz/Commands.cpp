@@ -1,0 +1,55 @@
+// The file of sentence templates, and after a zero byte what is said, one sentence a line.
+#include <algorithm>
+#include <sstream>
+#include <string>
+
+#include "Entries.h"
+#include "lib/json/BoundedJson.h"
+#include "lib/sphinx/Decoder.h"
+#include "lib/sphinx/Dictionary.h"
+#include "lib/sphinx/MemoryFile.h"
+#include "lib/sphinx/Models.h"
+#include "voice/Dialogue.h"
+#include "voice/Grammar.h"
+#include "voice/Understanding.h"
+
+namespace fuzz {
+namespace {
+
+constexpr char kDictionary[] =
+    "a AH\na(2) EY\nthe DH AH\nopen OW P AH N\nclose K L OW Z\nmusic M Y UW Z IH K\nplayer P L EY ER\nfor F AO R\n"
+    "search S ER CH\nrecipe R EH S AH P IY\nnext N EH K S T\nstep S T EH P\nsoup S UW P\n";
+
+// It only lends its arithmetic to the grammar.
+const sphinx::Decoder& decoder() {
+    static const sphinx::MemoryFile dictionary(kDictionary);
+    static const sphinx::Decoder instance({{"hmm", sphinx::modelPath("en-us/en-us")}, {"dict", dictionary.path()}});
+    return instance;
+}
+
+void say(const std::string& sentence, const voice::CommandFile& commands, voice::Dialogue& dialogue) {
+    if (const auto intent = voice::understand(sentence, commands, dialogue)) {
+        const auto result = nlohmann::json::parse(voice::toJson(*intent, sentence));
+        require(result.is_object() && result.contains("agent"), "what is understood is told as an object");
+    }
+}
+
+}  // namespace
+
+void commands(std::string_view bytes) {
+    const std::size_t end = std::min(bytes.find('\0'), bytes.size());
+    auto file = voice::parseCommands(std::string(bytes.substr(0, end)), [](int line, const std::string& what) {
+        require(line > 0 && !what.empty(), "a fault has a line and a text");
+    });
+    voice::Dialogue dialogue;
+    std::istringstream said(std::string(bytes.substr(std::min(end + 1, bytes.size()))));
+    for (std::string sentence; std::getline(said, sentence);) {
+        say(sentence, file, dialogue);
+    }
+    static const sphinx::MemoryFile dictionary(kDictionary);
+    const auto sounds = voice::soundsOf(file, dictionary.path());
+    require(!sphinx::dictionaryText(sounds).empty(), "the phones are always known");
+    voice::buildGrammar(file, decoder());
+}
+
+}  // namespace fuzz

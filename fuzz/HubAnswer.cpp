@@ -1,0 +1,77 @@
+// What the hub server answers: JSON. The first byte says to which question.
+#include <glib.h>
+
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <string>
+
+#include "Entries.h"
+#include "hub/Answers.h"
+#include "hub/Records.h"
+#include "kelso_server.h"
+
+namespace fuzz {
+namespace {
+
+struct FreeList {
+    void operator()(GSList* list) const noexcept { g_slist_free_full(list, std::free); }
+};
+using List = std::unique_ptr<GSList, FreeList>;
+
+template <std::size_t Size>
+void requireCut(const char (&field)[Size], const std::string& text) {
+    const char* end = static_cast<const char*>(std::memchr(field, 0, Size));
+    require(end != nullptr, "a field has its end");
+    require(text.compare(0, end - field, field) == 0, "a field is a beginning of its text");
+    if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr)) {
+        require(g_utf8_validate(field, -1, nullptr), "a text is cut between characters");
+    }
+}
+
+void readFamilies(const std::string& json) {
+    const auto named = hub::readList(json, "families", sizeof(ks_family_s::family_id) - 1);
+    const List list(hub::makeFamilies(named));
+    require(g_slist_length(list.get()) == named.size(), "a record for each family");
+    auto family = named.begin();
+    for (const GSList* at = list.get(); at != nullptr; at = at->next, ++family) {
+        const auto* record = static_cast<const ks_family_s*>(at->data);
+        requireCut(record->family_name, family->name);
+        require(family->id == record->family_id, "an id arrives whole");
+    }
+}
+
+void readUsers(const std::string& json) {
+    const auto named = hub::readList(json, "users", sizeof(ks_family_user_s::user_id) - 1);
+    const List list(hub::makeUsers(named));
+    require(g_slist_length(list.get()) == named.size(), "a record for each user");
+    auto user = named.begin();
+    for (const GSList* at = list.get(); at != nullptr; at = at->next, ++user) {
+        const auto* record = static_cast<const ks_family_user_s*>(at->data);
+        requireCut(record->user_name, user->name);
+        require(user->id == record->user_id, "an id arrives whole");
+    }
+}
+
+}  // namespace
+
+void hubAnswer(std::string_view bytes) {
+    if (bytes.empty()) {
+        return;
+    }
+    const std::string json(bytes.substr(1));
+    try {
+        switch (bytes[0]) {
+            case 'f':
+                return readFamilies(json);
+            case 'u':
+                return readUsers(json);
+            default:
+                require(!hub::readSessionToken(json).empty(), "a token is not empty");
+        }
+    } catch (const std::exception&) {
+        // An answer that is none is refused so.
+    }
+}
+
+}  // namespace fuzz

@@ -1,0 +1,79 @@
+// What the fuzzers hold on to, tried with the ordinary compiler: what once crashed (fuzz/regressions), and what reaches
+// far into the code (fuzz/corpus). An entry ends the process when a promise is broken.
+#include <dlog.h>
+#include <gtest/gtest.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "Entries.h"
+
+namespace fs = std::filesystem;
+
+int dlog_print(log_priority, const char*, const char* format, ...) {
+    char line[1024];
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = std::vsnprintf(line, sizeof line, format, arguments);
+    va_end(arguments);
+    return length;
+}
+
+namespace {
+
+struct Input {
+    const char* name;  // of its folder
+    void (*entry)(std::string_view bytes);
+};
+
+void PrintTo(const Input& input, std::ostream* out) {
+    *out << input.name;
+}
+
+const Input kInputs[] = {
+    {"commands", fuzz::commands},   {"hubAnswer", fuzz::hubAnswer}, {"message", fuzz::message},
+    {"nluResult", fuzz::nluResult}, {"recording", fuzz::recording}, {"wakeupConfig", fuzz::wakeupConfig},
+};
+
+std::vector<fs::path> filesIn(const std::string& folder) {
+    std::vector<fs::path> files;
+    std::error_code none;
+    for (const auto& entry : fs::directory_iterator(folder, none)) {
+        files.push_back(entry.path());
+    }
+    return files;
+}
+
+std::string contentOf(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// How many there were. The last one told of is the one that broke it.
+std::size_t tryAll(const Input& input, const char* folder) {
+    const auto files = filesIn(std::string(FUZZ_FOLDER "/") + folder + "/" + input.name);
+    for (const fs::path& path : files) {
+        std::fprintf(stderr, "%s\n", path.c_str());
+        input.entry(contentOf(path));
+    }
+    return files.size();
+}
+
+}  // namespace
+
+class FromOutside : public testing::TestWithParam<Input> {};
+
+TEST_P(FromOutside, WhatOnceBrokeItIsBorne) {
+    tryAll(GetParam(), "regressions");
+}
+
+TEST_P(FromOutside, EveryKnownShapeIsBorne) {
+    EXPECT_GT(tryAll(GetParam(), "corpus"), 5u);
+}
+
+INSTANTIATE_TEST_SUITE_P(, FromOutside, testing::ValuesIn(kInputs),
+                         [](const auto& input) { return std::string(input.param.name); });

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <future>
+#include <utility>
 
 #include "audio/FocusReason.h"
 #include "audio/SoundThread.h"
@@ -59,6 +60,9 @@ void Focus::request(sound_stream_info_h stream, Then then) {
         return then(SOUND_MANAGER_ERROR_INVALID_STATE);
     }
     if (!mBus.isOpen()) {
+        if (!std::exchange(mToldOfNoBus, true)) {
+            dlog_print(DLOG_ERROR, "orvane-sound", "no session bus, so nobody can have the focus");
+        }
         return then(SOUND_MANAGER_ERROR_INTERNAL);
     }
     mRequesting = true;

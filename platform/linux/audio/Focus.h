@@ -54,6 +54,7 @@ private:
     std::vector<sound_stream_info_h> mStreams;  // that hold or await the focus, the next one last
     bool mRequesting = false;
     bool mOwned = false;
+    bool mToldOfNoBus = false;
     // On the sound thread.
     sound_stream_focus_change_reason_e mLostTo = SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM;
 };

@@ -12,7 +12,8 @@ namespace {
 std::string mine;
 
 bool isApplication(const std::string& name) {
-    for (const char* other : {":", "org.freedesktop.", "org.orvane.Focus.", "org.a11y.", "org.gtk.vfs."}) {
+    for (const char* other :
+         {":", "org.freedesktop.", "org.orvane.Focus.", "org.orvane.VoiceControl", "org.a11y.", "org.gtk.vfs."}) {
         if (name.compare(0, std::char_traits<char>::length(other), other) == 0) {
             return false;
         }
@@ -53,15 +54,6 @@ pid_t processOf(const std::string& name) {
 std::string appIdOf(pid_t pid) {
     for (const std::string& name : applications()) {
         if (processOf(name) == pid) {
-            return name;
-        }
-    }
-    return "";
-}
-
-std::string appIdOfConnection(const std::string& uniqueName) {
-    for (const std::string& name : applications()) {
-        if (gio::Bus::session().ownerOf(name) == uniqueName) {
             return name;
         }
     }

@@ -9,7 +9,6 @@ namespace appfw {
 // The application id of a process: of the bus names that it owns the first in the alphabet that is an application's;
 // empty when it has none. Blocks for a few round trips.
 std::string appIdOf(pid_t pid);
-std::string appIdOfConnection(const std::string& uniqueName);
 
 // This process's own, once it owns one.
 const std::string& ownAppId();

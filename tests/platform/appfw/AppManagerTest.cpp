@@ -40,6 +40,17 @@ TEST(AnApplicationThatRuns, IsKnownByItsIdAndByItsProcess) {
     free(id);
 }
 
+TEST(AnApplicationThatRuns, IsNotCalledByTheOtherNamesOfItsProcess) {
+    const OtherApp app("zz.example.app");
+    for (const char* other : {"org.orvane.Focus.Playback", "org.orvane.VoiceControl", "org.freedesktop.Something"}) {
+        app.own(other);
+    }
+    char* id = nullptr;
+    ASSERT_EQ(app_manager_get_app_id(getpid(), &id), APP_MANAGER_ERROR_NONE);
+    EXPECT_STREQ(id, "zz.example.app");
+    free(id);
+}
+
 TEST(AnApplicationThatRuns, EndsInOrderWhenItIsTerminated) {
     RunningService service;
     EXPECT_EQ(terminate(SERVICE_ID), APP_MANAGER_ERROR_NONE);

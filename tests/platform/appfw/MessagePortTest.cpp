@@ -38,7 +38,11 @@ protected:
         mId = message_port_register_trusted_local_port("partial", onMessage, &mReceived);
         ASSERT_GT(mId, 0);
     }
-    void TearDown() override { message_port_unregister_trusted_local_port(mId); }
+    void TearDown() override {
+        message_port_unregister_trusted_local_port(mId);
+        gio::Error error;
+        gio::Bus::session().ask("ReleaseName", g_variant_new("(s)", APP_ID), nullptr, error);
+    }
 
     static int send(const char* port, const bundle_s& message) {
         bundle_s copy = message;

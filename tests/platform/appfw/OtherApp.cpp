@@ -45,10 +45,16 @@ OtherApp::OtherApp(const std::string& id) {
         mObject = g_dbus_connection_register_object(mBus.get(), PATH, node->interfaces[0], &methods, this, nullptr,
                                                     error.out());
     });
-    if (!id.empty() &&
-        !gio::Variant(g_dbus_connection_call_sync(
+    if (!id.empty()) {
+        own(id);
+    }
+}
+
+void OtherApp::own(const std::string& name) const {
+    gio::Error error;
+    if (!gio::Variant(g_dbus_connection_call_sync(
             mBus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
-            g_variant_new("(su)", id.c_str(), 4U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.out()))) {
+            g_variant_new("(su)", name.c_str(), 4U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.out()))) {
         throw std::runtime_error(error.message());
     }
 }

@@ -37,6 +37,7 @@ public:
     bool reply(const Asked& to, int result, const Extras& extras = {}) const;
     void announce(const std::string& event) const;
     bool call(const std::string& name, const char* method, GVariant* arguments) const;
+    void own(const std::string& name) const;
     void leave();
 
 private:

@@ -70,9 +70,12 @@ TEST_F(ARequest, OfTheServiceBringsOperationUriAndExtras) {
     EXPECT_EQ(mService.lineWith("sent"), "sent 0");
 }
 
-TEST_F(ARequest, TakesOneReplyOfItsReceiver) {
+TEST_F(ARequest, TakesOneReplyToItsOwnToken) {
     ASSERT_TRUE(haveAsked(APP_ID, "first"));
     const OtherApp::Asked first = mApp.asked();
+    OtherApp::Asked guessed = first;
+    guessed.token = "guessed";
+    ASSERT_TRUE(mApp.reply(guessed, -1));
     ASSERT_TRUE(mApp.reply(first, 0, {{"empty", {true, {}}}, {"mood", one("good")}}));
     ASSERT_TRUE(mApp.reply(first, -1));
     EXPECT_EQ(mService.lineWith("reply"), "reply 0 to first");

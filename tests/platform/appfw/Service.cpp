@@ -10,7 +10,7 @@ namespace {
 
 bool onCreate(void*) noexcept {
     puts("create");
-    return true;
+    return getenv("SERVICE_GIVES_UP") == nullptr;
 }
 
 void onTerminate(void*) noexcept {

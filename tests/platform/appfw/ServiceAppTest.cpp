@@ -27,6 +27,12 @@ TEST(AnUnknownOption, IsToldInOneLineAndEndsWithTwo) {
     EXPECT_EQ(service.wait(), 2);
 }
 
+TEST(AServiceThatGivesUp, EndsWithoutBeingTerminated) {
+    Program service({"env", "SERVICE_GIVES_UP=1", APPFW_SERVICE});
+    EXPECT_EQ(service.rest(), "create\n");
+    EXPECT_NE(service.wait(), 0);
+}
+
 // Other tests go on with the bus that they share.
 class TheBus : public testing::Test {
 protected:

@@ -95,7 +95,7 @@ TEST_F(FocusTest, ReasonsHaveTheirNames) {
         EXPECT_EQ(SRecorder::TranslateSoundStreamFocusChangeReason(static_cast<sound_stream_focus_change_reason_e>(i)),
                   std::string("SOUND_STREAM_FOCUS_CHANGED_BY_") + names[i]);
     }
-    for (int i : {11, -1}) {
+    for (int i : {11, 15}) {
         EXPECT_STREQ(
             SRecorder::TranslateSoundStreamFocusChangeReason(static_cast<sound_stream_focus_change_reason_e>(i)),
             "Undefined reason code");

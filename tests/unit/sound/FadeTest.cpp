@@ -129,16 +129,17 @@ TEST_F(FadeTest, AFadeWithNothingToStepSetsItsTargetAtOnce) {
 
 TEST_F(FadeTest, AFadeWithNothingToStepSurvivesALevelThatSomebodyMovesMeanwhile) {
     fake::setVolumeLevel(SOUND_TYPE_MEDIA, 8);
+    int questions = 0;  // by the fade
     {
         VolumeController controller(MediaType::MEDIA);
-        // From the fade's own first question on.
-        fake::platform().onCall("sound_manager_get_volume", [questions = 0](const fake::Call&) mutable {
+        fake::platform().onCall("sound_manager_get_volume", [&](const fake::Call&) {
             if (++questions == 2) {
                 fake::setVolumeLevel(SOUND_TYPE_MEDIA, 5);
             }
         });
         controller.restoreVolume(1.0);
     }
+    fake::platform().onCall("sound_manager_get_volume", nullptr);
     EXPECT_EQ(drawing, (Drawing{{0, 8}}));
 }
 

@@ -83,15 +83,6 @@ TEST_F(SoundStreamWatcherTest, AReleaseThatIsNotMediasLeavesItTaken) {
     EXPECT_FALSE(watcher.isSoundStreamAvailable());
 }
 
-TEST_F(SoundStreamWatcherTest, AnUnknownStateChangesNothing) {
-    nobodyPlays();
-    SoundStreamWatcher watcher;
-    fake::platform().forgetCalls();
-    fake::changePlaybackFocus(PLAYBACK, static_cast<sound_stream_focus_state_e>(2), BY_MEDIA);
-    EXPECT_TRUE(watcher.isSoundStreamAvailable());
-    EXPECT_EQ(fake::platform().logs().size(), 2u);
-}
-
 TEST_F(SoundStreamWatcherTest, AMorningBriefingThatPlaysTakesTheOutputWhateverTheFocus) {
     nobodyPlays();
     SoundStreamWatcher watcher;

@@ -96,13 +96,14 @@ void Appliance::writeSettings() {
     settings::set("db/setting/lcd_backlight_normal", 60);
 }
 
-void Appliance::startService() {
-    if (access(ORVANE_SERVICE_PROGRAM, X_OK) != 0) {
-        throw std::runtime_error("there is no program " ORVANE_SERVICE_PROGRAM "; build it first");
+void Appliance::startService(const std::string& chosen) {
+    const std::string program = chosen.empty() ? ORVANE_SERVICE_PROGRAM : chosen;
+    if (access(program.c_str(), X_OK) != 0) {
+        throw std::runtime_error("there is no program " + program + "; build it first");
     }
     std::filesystem::remove(kLevelFile);
     mRecord->write("service starts");
-    mService = std::make_unique<Process>(std::vector<std::string>{ORVANE_SERVICE_PROGRAM}, mFolder / "service.log");
+    mService = std::make_unique<Process>(std::vector<std::string>{program}, mFolder / "service.log");
     until("the service is on the bus", [this] {
         if (!mService->runs()) {
             throw std::runtime_error("the service ended at once, with code " + std::to_string(mService->wait()));

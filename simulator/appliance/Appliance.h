@@ -27,8 +27,8 @@ public:
     Appliance(const Appliance&) = delete;
     Appliance& operator=(const Appliance&) = delete;
 
-    // Returns when the service listens.
-    void startService();
+    // Returns when the service listens. Another program may stand for it.
+    void startService(const std::string& program = {});
     void stopService();
     // Asks it to end; its exit code, or 128 and the signal that ended it.
     int endService();

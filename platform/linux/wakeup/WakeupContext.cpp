@@ -12,8 +12,8 @@ namespace wakeup {
 
 namespace {
 
-// Between two looks at an audio input that is closed.
-constexpr std::chrono::milliseconds kPause{5};
+// Between two looks at an audio input that has nothing: as long as a block of the recorder lasts.
+constexpr std::chrono::milliseconds kPause{16};
 
 // A block on loan from the audio input.
 class Block {
@@ -205,6 +205,12 @@ WakeupContext::Outcome WakeupContext::listen(Period period, Spotter& spotter, nu
 
 WakeupContext::Outcome WakeupContext::pull(Period period, Spotter& spotter, nuance::IWakeupAudioIn& audioIn) {
     while (isWanted(period)) {
+        // Asked first: an input that waits in FetchData may look for its next block far more often.
+        bool available = false;
+        if (audioIn.HasData(available) == 0 && !available) {
+            pauseUnlessChanged(period);
+            continue;
+        }
         const Block block(audioIn);
         if (block.failed()) {
             return {Outcome::Failed, {}, Listener::ERROR_FROM_USER_CALLBACK, "the audio input fails"};

@@ -1,0 +1,96 @@
+#include "appliance/ScriptedEngine.h"
+
+#include <fcntl.h>
+#include <lib/Record.h>
+#include <poll.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <string>
+
+namespace nuance {
+
+IWakeupCtx* IWakeupCtx::Create() {
+    return new bench::ScriptedEngine;
+}
+
+void IWakeupCtx::Destroy(IWakeupCtx* ctx) {
+    delete static_cast<bench::ScriptedEngine*>(ctx);
+}
+
+}  // namespace nuance
+
+namespace bench {
+
+namespace {
+
+constexpr int kLookMs = 200;  // for the end, while no shot comes
+constexpr useconds_t kPauseMicroseconds = 1000;
+
+std::string setting(const char* name) {
+    const char* value = getenv(name);
+    return value != nullptr ? value : "";
+}
+
+}  // namespace
+
+ScriptedEngine::ScriptedEngine() {
+    if (setting("BENCH_ENGINE_TAKES_AUDIO") == "yes") {
+        mAudio = std::thread([this] { takeAudio(); });
+    }
+    if (const std::string pipe = setting("BENCH_ENGINE_SHOTS"); !pipe.empty()) {
+        mShots = std::thread([this, pipe] { takeShots(pipe); });
+    }
+}
+
+ScriptedEngine::~ScriptedEngine() {
+    mQuit = true;
+    for (std::thread* thread : {&mAudio, &mShots}) {
+        if (thread->joinable()) {
+            thread->join();
+        }
+    }
+}
+
+void ScriptedEngine::takeAudio() {
+    while (!mQuit) {
+        void* data = nullptr;
+        unsigned int size = 0;
+        if (mListening && mAudioIn != nullptr) {
+            mAudioIn.load()->FetchData(data, size);
+        }
+        if (data == nullptr) {
+            usleep(kPauseMicroseconds);
+            continue;
+        }
+        mAudioIn.load()->ReturnData(data);
+    }
+}
+
+// Opened for writing too, so that it does not end while nobody else has it open.
+void ScriptedEngine::takeShots(const std::string& pipe) {
+    const int shots = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
+    pollfd ready{shots, POLLIN, 0};
+    while (!mQuit) {
+        char shot = 0;
+        if (poll(&ready, 1, kLookMs) == 1 && read(shots, &shot, 1) == 1) {
+            callOnce();
+        }
+    }
+    close(shots);
+}
+
+void ScriptedEngine::callOnce() {
+    while (!mListening && !mQuit) {
+        usleep(kPauseMicroseconds);
+    }
+    if (mQuit || mListener == nullptr) {
+        return;
+    }
+    mListening = false;
+    const double called = sim::monotonicNow();
+    mListener.load()->OnWakeup("scripted", 100);
+    sim::Record("engine").write("wake-up call", {{"called", called}});
+}
+
+}  // namespace bench

@@ -1,0 +1,12 @@
+// bench_appliance FILE [NAME...]: measures the real program on a simulated appliance.
+#include "appliance/Measures.h"
+#include "lib/Run.h"
+
+int main(int count, char** words) {
+    return bench::runMeasures(count, words,
+                              {{"start-up", bench::measureStartUp},
+                               {"listening", bench::measureListening},
+                               {"latency", bench::measureLatency},
+                               {"level-file", bench::measureLevelFile},
+                               {"profile", bench::measureProfile}});
+}

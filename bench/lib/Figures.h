@@ -1,0 +1,20 @@
+// Samples under the name of what was measured; the report reads the file.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+class Figures {
+public:
+    void add(const std::string& name, double sample) { mSamples[name].push_back(sample); }
+    // Throws std::runtime_error.
+    void write(const std::string& path) const;
+
+private:
+    std::map<std::string, std::vector<double>> mSamples;
+};
+
+}  // namespace bench

@@ -1,0 +1,64 @@
+#include "lib/Run.h"
+
+#include <appliance/PrivateTmp.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <string>
+
+namespace bench {
+
+namespace {
+
+constexpr std::size_t kLastWords = 3000;
+
+bool isChosen(const std::vector<std::string>& names, const std::string& name) {
+    return names.empty() || std::find(names.begin(), names.end(), name) != names.end();
+}
+
+bool runOne(const Measure& measure, sim::Appliance& appliance, Figures& figures) {
+    printf("   %s\n", measure.name);
+    fflush(stdout);
+    try {
+        measure.run(appliance, figures);
+        return true;
+    } catch (const std::exception& fault) {
+        const std::string log = appliance.serviceLog();
+        fprintf(stderr, "bench: %s: %s\n", measure.name, fault.what());
+        if (!log.empty()) {
+            fprintf(stderr, "the service's last words:\n%s\n",
+                    log.substr(log.size() - std::min(log.size(), kLastWords)).c_str());
+        }
+        appliance.stopService();
+        return false;
+    }
+}
+
+}  // namespace
+
+int runMeasures(int count, char** words, const std::vector<Measure>& measures) {
+    if (count < 2) {
+        fprintf(stderr, "usage: %s FILE [NAME...]\n", words[0]);
+        return 2;
+    }
+    const std::vector<std::string> names(words + 2, words + count);
+    sim::enterPrivateTmp();
+    try {
+        Figures figures;
+        bool complete = true;
+        sim::Appliance appliance;
+        for (const Measure& measure : measures) {
+            if (isChosen(names, measure.name)) {
+                complete = runOne(measure, appliance, figures) && complete;
+            }
+        }
+        figures.write(words[1]);
+        return complete ? 0 : 1;
+    } catch (const std::exception& fault) {
+        fprintf(stderr, "bench: %s\n", fault.what());
+        return 1;
+    }
+}
+
+}  // namespace bench

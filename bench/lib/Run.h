@@ -1,0 +1,21 @@
+// The frame of a program that measures on a simulated appliance: PROGRAM FILE [NAME...].
+#pragma once
+
+#include <appliance/Appliance.h>
+
+#include <vector>
+
+#include "lib/Figures.h"
+
+namespace bench {
+
+struct Measure {
+    const char* name;
+    void (*run)(sim::Appliance& appliance, Figures& figures);  // throws std::exception when it cannot measure
+};
+
+// Runs the named ones, or all, and writes the samples to FILE. One that fails does not end the run. Returns
+// the program's exit code.
+int runMeasures(int count, char** words, const std::vector<Measure>& measures);
+
+}  // namespace bench

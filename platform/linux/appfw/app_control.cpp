@@ -70,10 +70,13 @@ int launch(const app_control_s& request, const std::string& token) {
     const std::string& id = *request.appId;
     const std::string operation = request.operation.value_or("");
     const std::string uri = request.uri.value_or("");
-    if (!g_dbus_is_name(id.c_str()) || !isText(operation) || !isText(uri)) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed, or the request is no text",
-                   id.c_str());
-        return g_dbus_is_name(id.c_str()) ? APP_CONTROL_ERROR_INVALID_PARAMETER : APP_CONTROL_ERROR_APP_NOT_FOUND;
+    if (!g_dbus_is_name(id.c_str())) {
+        dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed", id.c_str());
+        return APP_CONTROL_ERROR_APP_NOT_FOUND;
+    }
+    if (!isText(operation) || !isText(uri)) {
+        dlog_print(DLOG_ERROR, "orvane-appfw", "a request to %s is no UTF-8 text", id.c_str());
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
     gio::Error error;
     if (Bus::session().call(

@@ -1,0 +1,83 @@
+// What a request holds before it is sent.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "app_control.h"
+#include "app_manager.h"
+
+namespace {
+
+class ARequestHandle : public testing::Test {
+protected:
+    ARequestHandle() { app_control_create(&mRequest); }
+    ~ARequestHandle() override { app_control_destroy(mRequest); }
+
+    app_control_h mRequest = nullptr;
+};
+
+TEST_F(ARequestHandle, GivesNullForFieldsThatWereNeverSet) {
+    char text = 0;
+    for (const auto get : {app_control_get_app_id, app_control_get_operation, app_control_get_uri}) {
+        char* value = &text;
+        EXPECT_EQ(get(mRequest, &value), APP_CONTROL_ERROR_NONE);
+        EXPECT_EQ(value, nullptr);
+    }
+}
+
+TEST_F(ARequestHandle, ReplacesAnExtraBySingleValueOrArray) {
+    const char* list[] = {"a", "b"};
+    bool array = false;
+    EXPECT_EQ(app_control_add_extra_data(mRequest, "key", "one"), APP_CONTROL_ERROR_NONE);
+    EXPECT_EQ(app_control_add_extra_data_array(mRequest, "key", list, 2), APP_CONTROL_ERROR_NONE);
+    EXPECT_EQ(app_control_is_extra_data_array(mRequest, "key", &array), APP_CONTROL_ERROR_NONE);
+    EXPECT_TRUE(array);
+    char* value = nullptr;
+    EXPECT_EQ(app_control_get_extra_data(mRequest, "key", &value), APP_CONTROL_ERROR_INVALID_DATA_TYPE);
+    EXPECT_EQ(app_control_add_extra_data(mRequest, "key", "two"), APP_CONTROL_ERROR_NONE);
+    char** values = nullptr;
+    int length = 0;
+    EXPECT_EQ(app_control_get_extra_data_array(mRequest, "key", &values, &length), APP_CONTROL_ERROR_INVALID_DATA_TYPE);
+    ASSERT_EQ(app_control_get_extra_data(mRequest, "key", &value), APP_CONTROL_ERROR_NONE);
+    EXPECT_STREQ(value, "two");
+    free(value);
+}
+
+TEST_F(ARequestHandle, RefusesExtrasThatAreNone) {
+    const char* list[] = {"a"};
+    char* value = nullptr;
+    EXPECT_EQ(app_control_add_extra_data(mRequest, "", "x"), APP_CONTROL_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(app_control_add_extra_data(mRequest, nullptr, "x"), APP_CONTROL_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(app_control_add_extra_data(mRequest, "key", nullptr), APP_CONTROL_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(app_control_add_extra_data_array(mRequest, "key", list, -1), APP_CONTROL_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(app_control_add_extra_data_array(mRequest, "key", nullptr, 1), APP_CONTROL_ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(app_control_get_extra_data(mRequest, "key", &value), APP_CONTROL_ERROR_KEY_NOT_FOUND);
+}
+
+TEST_F(ARequestHandle, IsWalkedInTheOrderOfTheKeysUntilTheCallbackHasEnough) {
+    for (const char* key : {"c", "a", "b"}) {
+        app_control_add_extra_data(mRequest, key, "x");
+    }
+    std::string seen;
+    app_control_foreach_extra_data(
+        mRequest,
+        [](app_control_h request, const char* key, void* keys) {
+            app_control_add_extra_data(request, "added", "meanwhile");
+            *static_cast<std::string*>(keys) += key;
+            return *key != 'b';
+        },
+        &seen);
+    EXPECT_EQ(seen, "ab");
+}
+
+TEST_F(ARequestHandle, WithTextThatIsNoUtf8IsRefusedAndLeavesTheBusOpen) {
+    app_control_set_app_id(mRequest, "org.example.anybody");
+    app_control_set_operation(mRequest, "\xff");
+    EXPECT_EQ(app_control_send_launch_request(mRequest, nullptr, nullptr), APP_CONTROL_ERROR_INVALID_PARAMETER);
+    bool running = true;
+    EXPECT_EQ(app_manager_is_running("org.example.anybody", &running), APP_MANAGER_ERROR_NONE);
+    EXPECT_FALSE(running);
+}
+
+}  // namespace

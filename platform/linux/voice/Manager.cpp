@@ -88,6 +88,9 @@ int Manager::prepare() {
 
 void Manager::load() {
     reap();
+    if (!mSession) {
+        mSessionEngine = {};  // the old models go before the new ones come
+    }
     const Number number = ++mLastLoad;
     std::promise<std::shared_ptr<Engine>> answer;
     mEngine = answer.get_future().share();

@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <utility>
 
 #include "appfw/AppId.h"
 #include "appfw/Replies.h"
@@ -50,6 +49,15 @@ app_control_s requestOf(const char* sender, GVariant* arguments) {
     return request;
 }
 
+void takeReply(GVariant* arguments) {
+    const char* token = nullptr;
+    gint32 result = 0;
+    GVariant* list = nullptr;
+    g_variant_get(arguments, "(&si@a(aybaay))", &token, &result, &list);
+    const gio::Variant extras(list);
+    appfw::takeReply(token, static_cast<app_control_result_e>(result), appfw::toExtras(extras.get()));
+}
+
 void quit() {
     postToMainLoop(ecore_main_loop_quit);
 }
@@ -67,8 +75,7 @@ void onCall(const App& app, const char* sender, const char* method, GVariant* ar
             app.callbacks->app_control(&copy, app.userData);
         });
     } else if (strcmp(method, "Reply") == 0) {
-        appfw::Reply reply = appfw::toReply(arguments);
-        appfw::takeReply(reply.token, reply.result, std::move(reply.extras));
+        takeReply(arguments);
     } else {
         quit();
     }

@@ -1,4 +1,4 @@
-// What the hub server answers: JSON. The first byte says to which question.
+// What the hub server answers: JSON; and its address, which another application tells. The first byte says which.
 #include <glib.h>
 
 #include <cstring>
@@ -10,6 +10,7 @@
 #include "hub/Answers.h"
 #include "hub/Records.h"
 #include "kelso_server.h"
+#include "lib/curl/Url.h"
 
 namespace fuzz {
 namespace {
@@ -53,22 +54,36 @@ void readUsers(const std::string& json) {
     }
 }
 
+void readAddress(const std::string& address) {
+    const std::string base = curl::baseOf(address);
+    require(curl::baseOf(base) == base, "a base is its own base");
+    require(base.back() != '/', "a base has no slash at its end");
+    curl::isSecure(base);
+    curl::isLoopback(base);
+}
+
+void read(char what, const std::string& text) {
+    switch (what) {
+        case 'a':
+            return readAddress(text);
+        case 'f':
+            return readFamilies(text);
+        case 'u':
+            return readUsers(text);
+        default:
+            require(!hub::readSessionToken(text).empty(), "a token is not empty");
+            require(curl::escaped(text).find_first_of("/?#\r\n ") == std::string::npos, "a part of a path stays one");
+    }
+}
+
 }  // namespace
 
 void hubAnswer(std::string_view bytes) {
     if (bytes.empty()) {
         return;
     }
-    const std::string json(bytes.substr(1));
     try {
-        switch (bytes[0]) {
-            case 'f':
-                return readFamilies(json);
-            case 'u':
-                return readUsers(json);
-            default:
-                require(!hub::readSessionToken(json).empty(), "a token is not empty");
-        }
+        read(bytes[0], std::string(bytes.substr(1)));
     } catch (const std::exception&) {
         // An answer that is none is refused so.
     }

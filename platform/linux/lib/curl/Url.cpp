@@ -1,6 +1,8 @@
 #include "lib/curl/Url.h"
 
+#include <arpa/inet.h>
 #include <curl/curl.h>
+#include <netinet/in.h>
 
 #include <memory>
 #include <new>
@@ -58,7 +60,9 @@ bool isSecure(const std::string& url) {
 
 bool isLoopback(const std::string& url) {
     const std::string host = part(parse(url), CURLUPART_HOST);
-    return host == "localhost" || host == "[::1]" || host.rfind("127.", 0) == 0;
+    in_addr address{};  // a name may begin with 127. too
+    return host == "localhost" || host == "[::1]" ||
+           (inet_pton(AF_INET, host.c_str(), &address) == 1 && ntohl(address.s_addr) >> 24 == IN_LOOPBACKNET);
 }
 
 std::string escaped(const std::string& text) {

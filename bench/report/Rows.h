@@ -15,8 +15,9 @@ struct Row {
     const char* samples;
     const char* unit;
     Shown shown = Shown::Median;
-    double aim = 0;               // the highest that is aimed at; 0: no aim
-    const char* floor = nullptr;  // the aim is this many times that median instead
+    double aim = 0;                 // the highest that is aimed at; 0: no aim
+    const char* floor = nullptr;    // the aim is this many times that median instead
+    const char* without = nullptr;  // that median is taken off
 };
 
 const std::vector<Row>& rows();

@@ -28,16 +28,30 @@ json machine() {
             {"time", static_cast<long long>(time(nullptr))}};
 }
 
+const char* nameOf(bench::Shown shown) {
+    switch (shown) {
+        case bench::Shown::P95:
+            return "95th percentile";
+        case bench::Shown::Spread:
+            return "5th to 95th percentile";
+        case bench::Shown::Median:
+            break;
+    }
+    return "median";
+}
+
 // One line of the table; the same for the file.
 json show(const bench::Row& row, const bench::Samples& samples) {
+    json figure{{"figure", row.title}, {"samples", row.samples}, {"unit", row.unit}, {"statistic", nameOf(row.shown)}};
     if (!bench::isMeasured(row, samples)) {
         printf("%-40s %10s\n", row.title, "FAILED");
-        return {{"figure", row.title}, {"value", nullptr}};
+        figure["value"] = nullptr;
+        return figure;
     }
     const double value = bench::valueOf(row, samples);
     const double aim = bench::aimOf(row, samples);
+    figure["value"] = value;
     printf("%-40s %10.4g  %-11s", row.title, value, row.unit);
-    json figure{{"figure", row.title}, {"samples", row.samples}, {"value", value}, {"unit", row.unit}};
     if (aim > 0) {
         printf("  below %.4g%s", aim, value < aim ? "" : "  MISSED");
         figure["aim"] = aim;

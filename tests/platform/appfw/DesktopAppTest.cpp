@@ -46,11 +46,15 @@ protected:
     ~ADesktopApplication() override { app_control_destroy(mRequest); }
 
     int send() { return app_control_send_launch_request(mRequest, onReply, &mReply); }
-    // Waits for its start.
-    std::string started() const {
-        std::string words;
-        std::getline(std::ifstream(mPipe), words);
-        return words;
+    // Sends, and waits for its start and for the reply.
+    void expectStart(const std::string& words) {
+        ASSERT_EQ(send(), APP_CONTROL_ERROR_NONE);
+        std::string written;
+        std::getline(std::ifstream(mPipe), written);
+        EXPECT_EQ(written, words);
+        EXPECT_EQ(mReply.count, 0) << "replies come on the main loop";
+        EXPECT_TRUE(runMainLoopUntil([this] { return mReply.count == 1; }));
+        EXPECT_EQ(mReply.result, APP_CONTROL_RESULT_APP_STARTED);
     }
 
     app_control_h mRequest = nullptr;
@@ -60,27 +64,19 @@ protected:
 
 TEST_F(ADesktopApplication, IsStartedByItsIdAndThatIsItsReply) {
     app_control_set_app_id(mRequest, APP_ID);
-    ASSERT_EQ(send(), APP_CONTROL_ERROR_NONE);
-    EXPECT_EQ(started(), "desk");
-    EXPECT_EQ(mReply.count, 0) << "replies come on the main loop";
-    EXPECT_TRUE(runMainLoopUntil([this] { return mReply.count == 1; }));
-    EXPECT_EQ(mReply.result, APP_CONTROL_RESULT_APP_STARTED);
+    expectStart("desk");
 }
 
 TEST_F(ADesktopApplication, IsGivenTheUri) {
     app_control_set_app_id(mRequest, APP_ID);
     app_control_set_uri(mRequest, URI);
-    ASSERT_EQ(send(), APP_CONTROL_ERROR_NONE);
-    EXPECT_EQ(started(), std::string("desk ") + URI);
+    expectStart(std::string("desk ") + URI);
 }
 
 TEST_F(ADesktopApplication, OpensTheUrisOfItsSchemeForTheViewOperation) {
     app_control_set_operation(mRequest, APP_CONTROL_OPERATION_VIEW);
     app_control_set_uri(mRequest, URI);
-    ASSERT_EQ(send(), APP_CONTROL_ERROR_NONE);
-    EXPECT_EQ(started(), std::string("desk ") + URI);
-    EXPECT_TRUE(runMainLoopUntil([this] { return mReply.count == 1; }));
-    EXPECT_EQ(mReply.result, APP_CONTROL_RESULT_APP_STARTED);
+    expectStart(std::string("desk ") + URI);
 }
 
 TEST_F(ADesktopApplication, IsNotFoundForAnotherSchemeOrNoUriAtAll) {

@@ -10,6 +10,7 @@
 #include "appliance/Folder.h"
 #include "appliance/Hub.h"
 #include "appliance/Process.h"
+#include "appliance/Reports.h"
 #include "appliance/Room.h"
 #include "lib/Bus.h"
 #include "lib/Database.h"
@@ -90,6 +91,7 @@ private:
     int countFrom(std::size_t first, const std::string& application, const Event& wanted);
 
     Folder mFolder;
+    Reports mReports{mFolder};
     bool mPrepared;
     std::unique_ptr<Record> mRecord;
     Events mEvents;

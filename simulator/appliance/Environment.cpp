@@ -3,7 +3,9 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <map>
 #include <string>
+#include <vector>
 
 namespace sim {
 
@@ -61,12 +63,24 @@ void set(const char* name, const std::string& value) {
     setenv(name, value.c_str(), 1);
 }
 
+// What everything is found by, and what the person says to the sanitizers.
+void keepOnly(const std::vector<std::string>& names) {
+    std::map<std::string, std::string> kept{{"PATH", "/usr/local/bin:/usr/bin:/bin"}};
+    for (const std::string& name : names) {
+        if (const char* value = getenv(name.c_str())) {
+            kept[name] = value;
+        }
+    }
+    clearenv();
+    for (const auto& [name, value] : kept) {
+        set(name.c_str(), value);
+    }
+}
+
 }  // namespace
 
 void prepareEnvironment(const Folder& folder) {
-    const std::string path = getenv("PATH") != nullptr ? getenv("PATH") : "/usr/local/bin:/usr/bin:/bin";
-    clearenv();
-    set("PATH", path);
+    keepOnly({"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS"});
     set("LANG", "C.UTF-8");
     set("HOME", folder.make("home"));
     set("XDG_RUNTIME_DIR", folder.make("runtime"));

@@ -14,7 +14,7 @@ namespace sim {
 
 namespace {
 
-constexpr double kStopSeconds = 5;
+constexpr double kStopSeconds = 20;
 constexpr useconds_t kPollMicroseconds = 5000;
 
 int codeOf(int status) {

@@ -20,7 +20,7 @@ public:
     bool runs();
     // Waits for its end; its exit code, or 128 and the signal.
     int wait();
-    // Asks it to end, and ends it when it does not within 5 s.
+    // Asks it to end, and ends it when it does not within 20 s.
     void stop();
     void kill();
 

@@ -18,7 +18,9 @@ const char* __tsan_default_suppressions() {
         "called_from_lib:libgobject-2.0.so\n"
         "called_from_lib:libgio-2.0.so\n"
         // Locks with GLib's.
-        "called_from_lib:libdconf.so.1\n";
+        "called_from_lib:libdconf.so.1\n"
+        // Its handlers of SIGCHLD and the like write to a pipe without putting errno back.
+        "signal:libecore.so.1\n";
 }
 
 }  // extern "C"

@@ -21,7 +21,11 @@ std::string reportIn(const std::filesystem::path& log) {
     for (const char* begin : kBegins) {
         first = std::min(first, text.find(begin));
     }
-    return first == std::string::npos ? "" : log.filename().string() + ": " + text.substr(first);
+    if (first == std::string::npos) {
+        return "";
+    }
+    const std::size_t line = text.rfind('\n', first) + 1;  // 0 without one
+    return log.filename().string() + ": " + text.substr(line);
 }
 
 }  // namespace

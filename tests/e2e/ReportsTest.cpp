@@ -13,8 +13,9 @@ TEST(TheReportsOfTheSanitizers, AreFoundInEveryLog) {
     folder.write("dbus.log", "Ui.cpp:7: runtime error: signed integer overflow\n");
     folder.write("notes.txt", "WARNING: ThreadSanitizer: data race\n");
     const std::string reports = sim::sanitizerReports(folder);
-    EXPECT_NE(reports.find("service.log: ERROR: AddressSanitizer: heap-use-after-free\n  #0\n"), std::string::npos);
-    EXPECT_NE(reports.find("dbus.log: runtime error: signed integer overflow\n"), std::string::npos);
+    EXPECT_NE(reports.find("service.log: ==7==ERROR: AddressSanitizer: heap-use-after-free\n  #0\n"),
+              std::string::npos);
+    EXPECT_NE(reports.find("dbus.log: Ui.cpp:7: runtime error: signed integer overflow\n"), std::string::npos);
     EXPECT_EQ(reports.find("ThreadSanitizer"), std::string::npos);
 }
 

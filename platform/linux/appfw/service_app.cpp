@@ -58,6 +58,9 @@ void takeReply(GVariant* arguments) {
     appfw::takeReply(token, static_cast<app_control_result_e>(result), appfw::toExtras(extras.get()));
 }
 
+// Main loop only. What still waits for the loop when it ends comes while Ecore shuts down, when the service is no more.
+bool ended = false;
+
 void quit() {
     postToMainLoop(ecore_main_loop_quit);
 }
@@ -71,8 +74,10 @@ Eina_Bool onSignal(void*, int, void*) noexcept {
 void onCall(const App& app, const char* sender, const char* method, GVariant* arguments) {
     if (strcmp(method, "Launch") == 0) {
         postToMainLoop([app, request = requestOf(sender, arguments)] {
-            app_control_s copy = request;
-            app.callbacks->app_control(&copy, app.userData);
+            if (!ended) {
+                app_control_s copy = request;
+                app.callbacks->app_control(&copy, app.userData);
+            }
         });
     } else if (strcmp(method, "Reply") == 0) {
         takeReply(arguments);
@@ -124,15 +129,17 @@ int run(const App& app) {
     eina_log_domain_level_set("eo", EINA_LOG_LEVEL_CRITICAL);
     eina_log_domain_level_set("ecore", EINA_LOG_LEVEL_CRITICAL);
     ecore_event_handler_add(ECORE_EVENT_SIGNAL_EXIT, onSignal, nullptr);
-    int code = EXIT_FAILURE;
-    if (join(app) && app.callbacks->create(app.userData)) {
+    const bool created = join(app) && app.callbacks->create(app.userData);
+    if (created) {
         ecore_main_loop_begin();
+    }
+    ended = true;
+    if (created) {
         app.callbacks->terminate(app.userData);
-        code = EXIT_SUCCESS;
     }
     gio::Bus::session().flush();  // the answer to Close, and what the callbacks sent last
     ecore_shutdown();
-    return code;
+    return created ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace

@@ -8,6 +8,16 @@
 
 namespace {
 
+// Returns when the request waits for the main loop.
+void askItself() {
+    app_control_h request = nullptr;
+    app_control_create(&request);
+    app_control_set_app_id(request, "org.orvane.da-service");
+    app_control_set_operation(request, "late");
+    printf("sent %d\n", app_control_send_launch_request(request, nullptr, nullptr));
+    app_control_destroy(request);
+}
+
 bool onCreate(void*) noexcept {
     puts("create");
     return getenv("SERVICE_GIVES_UP") == nullptr;
@@ -15,6 +25,9 @@ bool onCreate(void*) noexcept {
 
 void onTerminate(void*) noexcept {
     puts("terminate");
+    if (getenv("SERVICE_ASKS_ITSELF_LAST") != nullptr) {
+        askItself();
+    }
 }
 
 std::string take(char* text) {

@@ -88,6 +88,15 @@ TEST_F(ARunningService, EndsInOrderWhenItIsAskedToCloseAfterWhatCameBefore) {
     EXPECT_EQ(mService.wait(), 0);
 }
 
+TEST(ARequestThatComesWhileTheServiceEnds, IsNotHandedToIt) {
+    Program service({"env", "SERVICE_ASKS_ITSELF_LAST=1", APPFW_SERVICE});
+    EXPECT_EQ(service.line(), "create");
+    OtherApp app;
+    EXPECT_TRUE(app.call(SERVICE_ID, "Close", nullptr));
+    EXPECT_EQ(service.rest(), "terminate\nsent 0\n");
+    EXPECT_EQ(service.wait(), 0);
+}
+
 TEST_P(ARunningService, EndsInOrderAtASignal) {
     mService.process().signal(GetParam());
     EXPECT_EQ(mService.rest(), "terminate\n");

@@ -56,7 +56,12 @@ private:
 class Hands {
 public:
     explicit Hands(const Screen& screen) : mScreen(screen) { mScreen.draw(mMedia.getVolume()); }
-    ~Hands() { restore(0); }
+    // Also stops a fade that is under way: without a sound server it would never arrive.
+    ~Hands() {
+        if (mFaded) {
+            mMedia.restoreVolume(0);
+        }
+    }
     Hands(const Hands&) = delete;
     Hands& operator=(const Hands&) = delete;
 
@@ -81,7 +86,7 @@ public:
 private:
     void decrease(double seconds) {
         if (mMedia.decreaseVolume(seconds) == 1) {
-            mDucked = true;
+            mDucked = mFaded = true;
         } else {
             mScreen.say("not turned down: nothing plays, or it is low already");
         }
@@ -96,6 +101,7 @@ private:
     const Screen& mScreen;
     Util::VolumeController mMedia{Util::MediaType::MEDIA};
     bool mDucked = false;
+    bool mFaded = false;  // at least once
 };
 
 }  // namespace

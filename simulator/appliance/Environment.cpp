@@ -1,7 +1,6 @@
 #include "appliance/Environment.h"
 
 #include <stdlib.h>
-#include <unistd.h>
 
 #include <map>
 #include <string>
@@ -95,9 +94,7 @@ void prepareEnvironment(const Folder& folder) {
     set("ORVANE_DATA_ROOT", ORVANE_SOURCE_DATA);
     set("ORVANE_SIM_ACCOUNT", folder / "account.json");
     set("ORVANE_SIM_RECORDS", folder.make("records"));
-    if (access(ORVANE_VOLUME_FADE, X_OK) == 0) {
-        set("ORVANE_SIM_DUCKER", ORVANE_VOLUME_FADE);
-    }
+    set("ORVANE_SIM_DUCKER", ORVANE_VOLUME_FADE);
     writeApplications(folder);
     writeBus(folder, "session", "<servicedir>" + (folder / "share/dbus-1/services") + "</servicedir>");
     writeBus(folder, "system", "");

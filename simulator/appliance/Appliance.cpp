@@ -16,6 +16,8 @@ namespace sim {
 
 namespace {
 
+constexpr char kRecogniserReady[] = "Previous(None) -> Current(Ready)";
+constexpr double kRecogniserSeconds = 30;
 constexpr useconds_t kPollMicroseconds = 10000;
 constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
 constexpr char kControlPath[] = "/org/orvane/sim/Control";
@@ -103,6 +105,7 @@ void Appliance::startService(const std::string& chosen) {
     }
     std::filesystem::remove(kLevelFile);
     mRecord->write("service starts");
+    mLogBefore = serviceLog().size();
     mService = std::make_unique<Process>(std::vector<std::string>{program}, mFolder / "service.log");
     until("the service is on the bus", [this] {
         if (!mService->runs()) {
@@ -114,6 +117,13 @@ void Appliance::startService(const std::string& chosen) {
     // The last thing it does before it follows the settings and takes requests.
     until("the service writes the level file", [] { return std::filesystem::exists(kLevelFile); });
     mRecord->write("service listens");
+}
+
+void Appliance::awaitRecogniser() {
+    until(
+        "the recogniser is ready",
+        [this] { return serviceLog().find(kRecogniserReady, mLogBefore) != std::string::npos; }, kRecogniserSeconds);
+    mRecord->write("recogniser ready");
 }
 
 void Appliance::stopService() {

@@ -30,6 +30,9 @@ public:
 
     // Returns when the service listens. Another program may stand for it.
     void startService(const std::string& program = {});
+    // Returns when it has also read its models: until then it is busy, begins to listen a second time and may miss a
+    // word that is said just then.
+    void awaitRecogniser();
     void stopService();
     // Asks it to end; its exit code, or 128 and the signal that ended it.
     int endService();
@@ -104,6 +107,7 @@ private:
     std::unique_ptr<Bus> mBus;
     std::unique_ptr<Bus> mSystem;
     std::unique_ptr<Process> mService;
+    std::size_t mLogBefore = 0;  // length of the service's log when it was started
 };
 
 }  // namespace sim

@@ -99,6 +99,7 @@ void run(const Options& options) {
     appliance.events().watch([&timeline](const sim::Event& event) { timeline.print(event); });
     try {
         appliance.startService();
+        appliance.awaitRecogniser();
         if (options.mic) {
             listen(appliance);
         } else if (!options.say.empty() || !options.wav.empty()) {

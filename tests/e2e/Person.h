@@ -10,7 +10,10 @@
 #include "appliance/Appliance.h"
 
 struct Person {
-    explicit Person(std::string chosen = "slt") : voice(std::move(chosen)) { appliance.startService(); }
+    explicit Person(std::string chosen = "slt") : voice(std::move(chosen)) {
+        appliance.startService();
+        appliance.awaitRecogniser();
+    }
     ~Person() {
         if (std::uncaught_exceptions() != 0 || testing::Test::HasFailure()) {
             const std::string log = appliance.serviceLog();

@@ -58,9 +58,9 @@ void Room::play(const std::string& wav) {
     }
 }
 
-// A voice, which is no media that the appliance plays.
+// A voice, which is no media that the appliance plays. Enough of it in advance that a busy machine does not tear it.
 std::unique_ptr<Process> Room::startPlaying(const std::string& wav) const {
-    const std::vector<std::string> words{"paplay", "--latency-msec=20", "--property=media.role=phone", "--device=room",
+    const std::vector<std::string> words{"paplay", "--latency-msec=200", "--property=media.role=phone", "--device=room",
                                          wav};
     return std::make_unique<Process>(words, mFolder / "pulse.log");
 }

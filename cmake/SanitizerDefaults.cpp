@@ -19,6 +19,9 @@ const char* __tsan_default_suppressions() {
         "called_from_lib:libgio-2.0.so\n"
         // Locks with GLib's.
         "called_from_lib:libdconf.so.1\n"
+        // Shares memory with the server and counts with atomics that ThreadSanitizer does not see. It never calls us:
+        // libpulse does.
+        "race:libpulsecommon-\n"
         // Its handlers of SIGCHLD and the like write to a pipe without putting errno back.
         "signal:libecore.so.1\n";
 }

@@ -4,6 +4,7 @@
 #include <gio/gio.h>
 
 #include <future>
+#include <mutex>
 #include <string>
 #include <tuple>
 
@@ -75,20 +76,29 @@ public:
         return state == SOUND_STREAM_FOCUS_STATE_ACQUIRED;
     }
     // Runs in every callback, before it is reported.
-    void inCallback(std::function<void(Change)> work) { mInCallback = std::move(work); }
+    void inCallback(std::function<void(Change)> work) {
+        const std::lock_guard lock(mMutex);
+        mInCallback = std::move(work);
+    }
     Reports<Change>* operator->() { return &mReports; }
 
 private:
     static void told(sound_stream_info_h, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
                      sound_stream_focus_change_reason_e reason, int, const char*, void* self) {
         auto* stream = static_cast<Stream*>(self);
-        if (stream->mInCallback) {
-            stream->mInCallback({mask, state, reason});
+        std::function<void(Change)> work;
+        {
+            const std::lock_guard lock(stream->mMutex);
+            work = stream->mInCallback;
+        }
+        if (work) {
+            work({mask, state, reason});
         }
         stream->mReports.add({mask, state, reason});
     }
 
     sound_stream_info_h mHandle = nullptr;
+    std::mutex mMutex;
     std::function<void(Change)> mInCallback;
     Reports<Change> mReports;
 };

@@ -173,8 +173,10 @@ void Bus::flush() const {
 
 void Bus::whenLost(std::function<void()> then) const {
     if (mConnection) {
-        g_signal_connect_data(mConnection.get(), "closed", G_CALLBACK(onClosed),
-                              new std::function<void()>(std::move(then)), forgetThen, GConnectFlags{});
+        IoThread::get().run([&] {
+            g_signal_connect_data(mConnection.get(), "closed", G_CALLBACK(onClosed),
+                                  new std::function<void()>(std::move(then)), forgetThen, GConnectFlags{});
+        });
     }
 }
 

@@ -79,19 +79,9 @@ void Soak::request() {
 }
 
 void Soak::proveAlive() {
-    for (int tries = 0; tries < 5; ++tries) {
-        mAppliance.turnPage();
-        mAppliance.say(wakeUpWord());
-        try {
-            mAppliance.awaitState("Recording", "None", 3);
-            mAppliance.order(sim::kUi, "cancel");
-            mAppliance.awaitState("StandBy");
-            return;
-        } catch (const std::runtime_error&) {
-            // A word is missed now and then, by people too.
-        }
-    }
-    throw std::runtime_error("the wake-up word is no longer answered");
+    mAppliance.wakeUp("slt", wakeUpWord());
+    mAppliance.order(sim::kUi, "cancel");
+    mAppliance.awaitState("StandBy");
 }
 
 // --- kinds ---
@@ -109,7 +99,7 @@ void Soak::spoken() {
 }
 
 void Soak::woken() {
-    listen();
+    mAppliance.wakeUp("slt", wakeUpWord());
     sayUntilEnd();
 }
 
@@ -169,7 +159,7 @@ void Soak::languageChanged() {
 void Soak::wordChanged() {
     mVexal = !mVexal;
     sim::settings::set(sim::kWakeupWord, mVexal ? 1 : 0);
-    listen();
+    mAppliance.wakeUp("slt", wakeUpWord());
     sayUntilEnd();
 }
 
@@ -237,20 +227,6 @@ void Soak::start(const std::string& mode) {
         usleep(kBreath);
     }
     throw std::runtime_error("the service is never ready");
-}
-
-void Soak::listen() {
-    for (int tries = 0; tries < 5; ++tries) {
-        mAppliance.turnPage();
-        mAppliance.say(wakeUpWord());
-        try {
-            mAppliance.awaitState("Recording", "None", 3);
-            return;
-        } catch (const std::runtime_error&) {
-            // As above.
-        }
-    }
-    throw std::runtime_error("the wake-up word is not answered");
 }
 
 void Soak::sayUntilEnd() {

@@ -16,7 +16,7 @@ public:
 
     // One request of a random kind. Throws std::runtime_error when it does not end, or the service does.
     void request();
-    // Says the wake-up word until it is answered: nothing is stuck.
+    // The wake-up word is still answered: nothing is stuck.
     void proveAlive();
 
     // How often which kind ended how, as "cancelled: StandBy/None".
@@ -44,7 +44,6 @@ private:
 
     // Throws Ended when the service refuses.
     void start(const std::string& mode);
-    void listen();
     void sayUntilEnd();
     void awaitEnd();
     bool ended();

@@ -19,6 +19,8 @@ namespace {
 constexpr char kRecogniserReady[] = "Previous(None) -> Current(Ready)";
 constexpr double kRecogniserSeconds = 30;
 constexpr useconds_t kPollMicroseconds = 10000;
+constexpr double kAnswerSeconds = 4;
+constexpr int kMostCalls = 3;
 constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
 constexpr char kControlPath[] = "/org/orvane/sim/Control";
 constexpr char kControlInterface[] = "org.orvane.sim.Control1";
@@ -142,6 +144,21 @@ void Appliance::killService() {
     mService->kill();
     mService.reset();
     mRecord->write("service killed");
+}
+
+void Appliance::wakeUp(const std::string& voice, const std::string& word) {
+    turnPage();
+    for (int said = 1; count(kUi, {{"event", "wake-up"}}) == 0; ++said) {
+        say(word, voice);
+        try {
+            await(kUi, {{"event", "wake-up"}}, kAnswerSeconds);
+        } catch (const std::runtime_error&) {
+            if (said == kMostCalls) {
+                throw;
+            }
+        }
+    }
+    awaitState("Recording", "None", kAnswerSeconds);
 }
 
 void Appliance::say(const std::string& text, const std::string& voice) {

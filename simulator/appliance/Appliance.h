@@ -41,6 +41,9 @@ public:
     pid_t serviceProcess() const { return mService->id(); }
     bool serviceRuns() { return mService && mService->runs(); }
 
+    // Says the wake-up word, and again when it is not answered, as people do; returns when the assistant records. Turns
+    // the page.
+    void wakeUp(const std::string& voice = "slt", const std::string& word = "hey quorbit");
     void say(const std::string& text, const std::string& voice = "slt");
     // The same, but returns while the person speaks, who falls silent with the process.
     std::unique_ptr<Process> startSaying(const std::string& text, const std::string& voice = "slt");

@@ -23,17 +23,10 @@ void awaitUsers(Appliance& appliance) {
     appliance.record().write("users", {{"names", appliance.users()}});
 }
 
-void wakeUp(Appliance& appliance, const std::string& voice) {
-    appliance.turnPage();
-    appliance.say("hey quorbit", voice);
-    appliance.await(kUi, {{"event", "wake-up"}}, 5);
-    appliance.awaitState("Recording", "None", 5);
-}
-
 void converse(Appliance& appliance) {
     awaitUsers(appliance);
     for (const Turn& turn : kTurns) {
-        wakeUp(appliance, "slt");
+        appliance.wakeUp();
         appliance.say(turn.command);
         appliance.awaitState("Ready");
         appliance.await(turn.application, {{"event", turn.event}}, 5);

@@ -13,7 +13,6 @@ struct Turn {
 
 // Throws std::runtime_error, which names the step that did not happen.
 void awaitUsers(Appliance& appliance);
-void wakeUp(Appliance& appliance, const std::string& voice);
 void converse(Appliance& appliance);
 
 }  // namespace sim

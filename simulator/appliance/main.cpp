@@ -72,7 +72,7 @@ std::string personsSoundServer() {
 }
 
 void speakOnce(sim::Appliance& appliance, const Options& options) {
-    sim::wakeUp(appliance, options.voice);
+    appliance.wakeUp(options.voice);
     if (options.wav.empty()) {
         appliance.say(options.say, options.voice);
     } else {

@@ -21,12 +21,7 @@ struct Person {
         }
     }
 
-    void wakes() {
-        appliance.turnPage();
-        says("hey quorbit");
-        appliance.await(sim::kUi, {{"event", "wake-up"}});
-        appliance.awaitState("Recording");
-    }
+    void wakes() { appliance.wakeUp(voice); }
     // Presses again for as long as the service says that it is not ready, as somebody would just after switching on.
     void pushesToTalk() {
         const sim::Event refused = {{"event", "state"}, {"state", "Error"}, {"error", "ServiceNotReady"}};

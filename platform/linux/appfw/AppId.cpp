@@ -9,7 +9,11 @@ namespace appfw {
 
 namespace {
 
-std::string mine;
+// Never destroyed: other threads still name it while the process ends.
+std::string& mine() {
+    static auto* instance = new std::string;
+    return *instance;
+}
 
 bool isApplication(const std::string& name) {
     for (const char* other :
@@ -61,11 +65,11 @@ std::string appIdOf(pid_t pid) {
 }
 
 const std::string& ownAppId() {
-    return mine;
+    return mine();
 }
 
 void setOwnAppId(const std::string& id) {
-    mine = id;
+    mine() = id;
 }
 
 }  // namespace appfw

@@ -19,12 +19,17 @@ struct Expected {
 };
 
 std::mutex mutex;
-std::map<std::string, Expected> expected;
+
+// With the mutex held. Never destroyed: other threads still send and hear while the process ends.
+std::map<std::string, Expected>& expected() {
+    static auto* instance = new std::map<std::string, Expected>;
+    return *instance;
+}
 
 std::vector<std::string> tokensOf(const std::string& peer) {
     std::lock_guard lock(mutex);
     std::vector<std::string> tokens;
-    for (const auto& [token, waiting] : expected) {
+    for (const auto& [token, waiting] : expected()) {
         if (waiting.peer == peer) {
             tokens.push_back(token);
         }
@@ -65,7 +70,7 @@ std::string expectReply(const app_control_s& request, app_control_reply_cb callb
     }
     const gio::Text token(g_uuid_string_random());  // so that other applications cannot guess it
     std::lock_guard lock(mutex);
-    expected.insert({token.get(), {request, callback, userData, ""}});
+    expected().insert({token.get(), {request, callback, userData, ""}});
     return token.get();
 }
 
@@ -73,8 +78,8 @@ void expectReplyFrom(const std::string& token, const std::string& peer) {
     watchPeers();
     {
         std::lock_guard lock(mutex);
-        const auto found = expected.find(token);
-        if (found == expected.end()) {
+        const auto found = expected().find(token);
+        if (found == expected().end()) {
             return;  // answered already
         }
         found->second.peer = peer;
@@ -87,12 +92,12 @@ void expectReplyFrom(const std::string& token, const std::string& peer) {
 
 void forgetReply(const std::string& token) {
     std::lock_guard lock(mutex);
-    expected.erase(token);
+    expected().erase(token);
 }
 
 void takeReply(const std::string& token, app_control_result_e result, Extras extras) {
     std::unique_lock lock(mutex);
-    auto found = expected.extract(token);
+    auto found = expected().extract(token);
     lock.unlock();
     if (found.empty()) {
         return;

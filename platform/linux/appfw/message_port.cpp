@@ -33,12 +33,17 @@ struct Port {
 };
 
 std::mutex mutex;
-std::map<int, Port> ports;
 int lastId = 0;
+
+// With the mutex held. Never destroyed: other threads still send and hear while the process ends.
+std::map<int, Port>& ports() {
+    static auto* instance = new std::map<int, Port>;
+    return *instance;
+}
 
 // With the mutex held; 0 without such a port.
 int find(const std::string& name) {
-    for (const auto& [id, port] : ports) {
+    for (const auto& [id, port] : ports()) {
         if (port.name == name) {
             return id;
         }
@@ -66,8 +71,8 @@ void deliver(int id, bundle_s message, const std::string& app, const std::string
         Port port;
         {
             std::lock_guard lock(mutex);
-            const auto found = ports.find(id);
-            if (found == ports.end()) {
+            const auto found = ports().find(id);
+            if (found == ports().end()) {
                 return;  // unregistered meanwhile
             }
             port = found->second;
@@ -162,8 +167,8 @@ int message_port_send_trusted_message(const char* remote_app_id, const char* rem
 int message_port_send_trusted_message_with_local_port(const char* remote_app_id, const char* remote_port,
                                                       bundle* message, int trusted_local_port_id) {
     std::unique_lock lock(mutex);
-    const auto found = ports.find(trusted_local_port_id);
-    if (found == ports.end()) {
+    const auto found = ports().find(trusted_local_port_id);
+    if (found == ports().end()) {
         return MESSAGE_PORT_ERROR_INVALID_PARAMETER;
     }
     const std::string name = found->second.name;
@@ -182,11 +187,11 @@ int message_port_register_trusted_local_port(const char* trusted_local_port, mes
     std::lock_guard lock(mutex);
     const int known = find(trusted_local_port);
     const int id = known != 0 ? known : ++lastId;
-    ports[id] = {trusted_local_port, callback, user_data};
+    ports()[id] = {trusted_local_port, callback, user_data};
     return id;
 }
 
 int message_port_unregister_trusted_local_port(int trusted_local_port_id) {
     std::lock_guard lock(mutex);
-    return ports.erase(trusted_local_port_id) != 0 ? MESSAGE_PORT_ERROR_NONE : MESSAGE_PORT_ERROR_PORT_NOT_FOUND;
+    return ports().erase(trusted_local_port_id) != 0 ? MESSAGE_PORT_ERROR_NONE : MESSAGE_PORT_ERROR_PORT_NOT_FOUND;
 }

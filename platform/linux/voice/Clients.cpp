@@ -29,7 +29,12 @@ struct Registration {
 };
 
 std::mutex mutex;
-std::vector<Registration> registrations;
+
+// With the mutex held. Never destroyed: the IO thread still serves while the process ends.
+std::vector<Registration>& registrations() {
+    static auto* instance = new std::vector<Registration>;
+    return *instance;
+}
 
 int processOf(const char* name) {
     gio::Error fault;
@@ -44,11 +49,11 @@ int processOf(const char* name) {
 
 void forget(GDBusConnection*, const gchar* name, gpointer) noexcept {
     std::lock_guard lock(mutex);
-    const auto gone = std::find_if(registrations.begin(), registrations.end(),
+    const auto gone = std::find_if(registrations().begin(), registrations().end(),
                                    [name](const Registration& r) { return r.client.busName == name; });
-    if (gone != registrations.end()) {
+    if (gone != registrations().end()) {
         g_bus_unwatch_name(gone->watch);
-        registrations.erase(gone);
+        registrations().erase(gone);
     }
 }
 
@@ -56,7 +61,7 @@ void forget(GDBusConnection*, const gchar* name, gpointer) noexcept {
 void remember(const char* name, std::set<std::string> agents) {
     const int pid = processOf(name);
     std::lock_guard lock(mutex);
-    for (Registration& known : registrations) {
+    for (Registration& known : registrations()) {
         if (known.client.busName == name) {
             known.agents = std::move(agents);
             return;
@@ -64,7 +69,7 @@ void remember(const char* name, std::set<std::string> agents) {
     }
     const guint watch = g_bus_watch_name_on_connection(
         gio::Bus::session().connection(), name, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, forget, nullptr, nullptr);
-    registrations.push_back({{name, pid}, std::move(agents), watch});
+    registrations().push_back({{name, pid}, std::move(agents), watch});
 }
 
 std::set<std::string> textsOf(GVariant* arguments) {
@@ -104,7 +109,7 @@ void serveClients() {
 std::vector<Client> clientsFor(const std::string& agent) {
     std::lock_guard lock(mutex);
     std::vector<Client> clients;
-    for (const Registration& registration : registrations) {
+    for (const Registration& registration : registrations()) {
         if (registration.agents.count(agent) != 0) {
             clients.push_back(registration.client);
         }

@@ -38,21 +38,21 @@ struct Soak::Kind {
 };
 
 const Soak::Kind Soak::kinds[] = {
-    {"push to talk", 480, &Soak::pushedToTalk},
-    {"cancelled", 200, &Soak::cancelled},
-    {"spoken", 80, &Soak::spoken},
-    {"woken", 50, &Soak::woken},
-    {"closed", 30, &Soak::closed},
-    {"microphone off", 35, &Soak::microphoneOff},
-    {"network off", 35, &Soak::networkOff},
+    {"push to talk", 350, &Soak::pushedToTalk},
+    {"cancelled", 350, &Soak::cancelled},
+    {"spoken", 60, &Soak::spoken},
+    {"woken", 30, &Soak::woken},
+    {"closed", 40, &Soak::closed},
+    {"microphone off", 50, &Soak::microphoneOff},
+    {"network off", 50, &Soak::networkOff},
     {"household faulty", 30, &Soak::householdFaulty},
-    {"language changed", 15, &Soak::languageChanged},
-    {"word changed", 10, &Soak::wordChanged},
-    {"sound restarted", 10, &Soak::soundRestarted},
-    {"UI killed", 10, &Soak::uiKilled},
+    {"language changed", 12, &Soak::languageChanged},
+    {"word changed", 8, &Soak::wordChanged},
+    {"sound restarted", 8, &Soak::soundRestarted},
+    {"UI killed", 8, &Soak::uiKilled},
     {"UI silent", 5, &Soak::uiSilent},
     {"started twice", 5, &Soak::startedTwice},
-    {"nothing said", 5, &Soak::nothingSaid},
+    {"nothing said", 3, &Soak::nothingSaid},
 };
 
 void Soak::request() {
@@ -106,7 +106,7 @@ void Soak::woken() {
 void Soak::cancelled() {
     start(chance(50) ? "PTT" : "Default");
     const auto speech = mAppliance.startSaying(command());
-    pause(1.5);
+    pause(1.0);
     mAppliance.order(sim::kUi, "cancel");
     awaitEnd();
 }

@@ -7,7 +7,9 @@ const char* __lsan_default_suppressions();
 const char* __tsan_default_suppressions();
 
 const char* __lsan_default_suppressions() {
-    return "";
+    return
+        // The classes of EFL, in a program that ends without shutting Ecore down.
+        "leak:efl_class_new\n";
 }
 
 const char* __tsan_default_suppressions() {

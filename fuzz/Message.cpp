@@ -1,5 +1,5 @@
 // What other applications send over the bus: GVariant bytes that nobody has checked. The first byte says whether they
-// are a request or the entries of a message.
+// are a request, a reply or the entries of a message.
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
@@ -52,6 +52,14 @@ void readRequest(std::string_view bytes) {
     require(again == request.extras, "extras arrive as they were sent");
 }
 
+void readReply(std::string_view bytes) {
+    const auto reply = appfw::toReply(variantOf(bytes, "(sia(aybaay))").get());
+    require(reply.result >= APP_CONTROL_RESULT_CANCELED && reply.result <= APP_CONTROL_RESULT_APP_STARTED,
+            "a reply has a result that there is");
+    const auto again = appfw::toExtras(gio::sink(appfw::toVariant(reply.extras)).get());
+    require(again == reply.extras, "extras arrive as they were sent");
+}
+
 void readEntry(const char* key, int, const bundle_keyval_t* entry, void*) noexcept {
     void* value = nullptr;
     size_t size = 0;
@@ -70,8 +78,13 @@ void readMessage(std::string_view bytes) {
 }  // namespace
 
 void message(std::string_view bytes) {
-    if (!bytes.empty()) {
-        bytes[0] == 'r' ? readRequest(bytes.substr(1)) : readMessage(bytes.substr(1));
+    switch (bytes.empty() ? 0 : bytes[0]) {
+        case 'r':
+            return readRequest(bytes.substr(1));
+        case 'a':
+            return readReply(bytes.substr(1));
+        case 'm':
+            return readMessage(bytes.substr(1));
     }
 }
 

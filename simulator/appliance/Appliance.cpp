@@ -47,9 +47,7 @@ bool prepared(const Folder& folder) {
 Appliance::Appliance(const std::string& microphone)
     : mPrepared(prepared(mFolder)), mRecord(std::make_unique<Record>("appliance")), mEvents(mFolder / "records") {
     startBuses();
-    mNetwork = std::make_unique<Process>(std::vector<std::string>{ORVANE_SIM_APP, "network", kNetwork},
-                                         mFolder / "network.log");
-    until("the network stands", [this] { return mSystem->hasOwner(kNetwork); });
+    startNetworkManager();
     mHub = std::make_unique<Hub>(mFolder);
     mRoom = std::make_unique<Room>(mFolder, microphone);
     writeSettings();
@@ -202,6 +200,18 @@ void Appliance::kill(const std::string& application) {
 void Appliance::network(const std::string& kind) {
     mSystem->call(kNetwork, kControlPath, kControlInterface, "Do", g_variant_new("(ss)", "network", kind.c_str()));
     mRecord->write("network", {{"kind", kind}});
+}
+
+void Appliance::stopNetworkManager() {
+    mNetwork.reset();
+    until("the network manager has gone", [this] { return !mSystem->hasOwner(kNetwork); });
+    mRecord->write("network manager stopped");
+}
+
+void Appliance::startNetworkManager() {
+    mNetwork = std::make_unique<Process>(std::vector<std::string>{ORVANE_SIM_APP, "network", kNetwork},
+                                         mFolder / "network.log");
+    until("the network manager stands", [this] { return mSystem->hasOwner(kNetwork); });
 }
 
 void Appliance::restartSound() {

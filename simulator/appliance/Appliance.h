@@ -51,7 +51,11 @@ public:
     void order(const std::string& application, const std::string& order, const std::string& argument = {});
     void launch(const std::string& application);
     void kill(const std::string& application);
+    // "ethernet", "wifi" or "none".
     void network(const std::string& kind);
+    // The network manager leaves the bus, or comes to it with an ethernet connection.
+    void stopNetworkManager();
+    void startNetworkManager();
     // Dies and comes back; the microphone and all streams with it.
     void restartSound();
     // Somebody records the microphone.

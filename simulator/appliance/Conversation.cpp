@@ -12,25 +12,34 @@ constexpr Turn kTurns[] = {
     {"search for apple pie", kViewer, "opened"},
 };
 
-}  // namespace
-
-// The account's users reach the local database by way of the hub.
-void awaitUsers(Appliance& appliance) {
-    appliance.until("the household's users are stored", [&appliance] {
+// The account's users reach the local database by way of the hub. An answer of the account service that comes too early
+// costs 5 s.
+void awaitUsers(Appliance& appliance, const std::vector<std::string>& names) {
+    appliance.until("the household's users are stored", [&] {
         appliance.events().read();
-        return !appliance.users().empty();
+        return appliance.users() == names;
     });
-    appliance.record().write("users", {{"names", appliance.users()}});
+    appliance.record().write("users", {{"names", names}});
 }
 
+void receiveGuest(Appliance& appliance) {
+    appliance.hub().families(Event::parse(
+        R"([{"id": "f1", "name": "Home", "users": [{"id": "u1", "name": "Ann"}, {"id": "u4", "name": "Dora"}]}])"));
+    appliance.announceProfile();
+    awaitUsers(appliance, {"Ann", "Dora"});
+}
+
+}  // namespace
+
 void converse(Appliance& appliance) {
-    awaitUsers(appliance);
+    awaitUsers(appliance, {"Ann", "Ben", "Cleo"});
     for (const Turn& turn : kTurns) {
         appliance.wakeUp();
         appliance.say(turn.command);
         appliance.awaitState("Ready");
         appliance.await(turn.application, {{"event", turn.event}}, 5);
     }
+    receiveGuest(appliance);
 }
 
 }  // namespace sim

@@ -12,7 +12,6 @@ struct Turn {
 };
 
 // Throws std::runtime_error, which names the step that did not happen.
-void awaitUsers(Appliance& appliance);
 void converse(Appliance& appliance);
 
 }  // namespace sim

@@ -134,7 +134,7 @@ void Timeline::print(const Event& event) {
         return;
     }
     if (what == "partial") {
-        hear(at, text(event, "text"));
+        hear(at, text(event, "text").empty() ? "(nothing)" : text(event, "text"));
         return;
     }
     const auto row = kRows.find(what);

@@ -108,6 +108,11 @@ TEST(TheNetwork, IsWhatTheTestChooses) {
     appliance.network("wifi");
     EXPECT_EQ(state(), 70u);
     EXPECT_THROW(appliance.network("smoke signals"), std::runtime_error);
+    appliance.network("none");
+    appliance.stopNetworkManager();
+    EXPECT_FALSE(system.hasOwner(sim::kNetwork));
+    appliance.startNetworkManager();
+    EXPECT_EQ(state(), 70u);
 }
 
 // What the microphone hears is written as raw samples; the voice is far above the noise.

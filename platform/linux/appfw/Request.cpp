@@ -69,4 +69,27 @@ app_control_s toRequest(GVariant* arguments) {
     return request;
 }
 
+namespace {
+
+app_control_result_e resultOf(gint32 number) {
+    for (const auto known :
+         {APP_CONTROL_RESULT_APP_STARTED, APP_CONTROL_RESULT_SUCCEEDED, APP_CONTROL_RESULT_CANCELED}) {
+        if (number == known) {
+            return known;
+        }
+    }
+    return APP_CONTROL_RESULT_FAILED;
+}
+
+}  // namespace
+
+Reply toReply(GVariant* arguments) {
+    const char* token = nullptr;
+    gint32 result = 0;
+    GVariant* list = nullptr;
+    g_variant_get(arguments, "(&si@a(aybaay))", &token, &result, &list);
+    const gio::Variant extras(list);
+    return {token, resultOf(result), toExtras(extras.get())};
+}
+
 }  // namespace appfw

@@ -37,4 +37,12 @@ Extras toExtras(GVariant* list);
 // From a Launch's arguments, (ssa(aybaay)s): all but whom it is for and who sent it.
 app_control_s toRequest(GVariant* arguments);
 
+struct Reply {
+    std::string token;
+    app_control_result_e result;
+    Extras extras;
+};
+// From a Reply's arguments, (sia(aybaay)). A result that there is not counts as a failure.
+Reply toReply(GVariant* arguments);
+
 }  // namespace appfw

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "appfw/AppId.h"
 #include "appfw/Replies.h"
@@ -49,15 +50,6 @@ app_control_s requestOf(const char* sender, GVariant* arguments) {
     return request;
 }
 
-void takeReply(GVariant* arguments) {
-    const char* token = nullptr;
-    gint32 result = 0;
-    GVariant* list = nullptr;
-    g_variant_get(arguments, "(&si@a(aybaay))", &token, &result, &list);
-    const gio::Variant extras(list);
-    appfw::takeReply(token, static_cast<app_control_result_e>(result), appfw::toExtras(extras.get()));
-}
-
 // Main loop only. What still waits for the loop when it ends comes while Ecore shuts down, when the service is no more.
 bool ended = false;
 
@@ -80,7 +72,8 @@ void onCall(const App& app, const char* sender, const char* method, GVariant* ar
             }
         });
     } else if (strcmp(method, "Reply") == 0) {
-        takeReply(arguments);
+        appfw::Reply reply = appfw::toReply(arguments);
+        appfw::takeReply(reply.token, reply.result, std::move(reply.extras));
     } else {
         quit();
     }

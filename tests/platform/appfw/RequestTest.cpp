@@ -86,6 +86,12 @@ TEST_F(ARequest, TakesOneReplyToItsOwnToken) {
     EXPECT_EQ(mService.lineWith("reply"), "reply -2 to second");
 }
 
+TEST_F(ARequest, HasFailedWhenItsReplyHasAResultThatThereIsNot) {
+    ASSERT_TRUE(haveAsked(APP_ID, "greet"));
+    ASSERT_TRUE(mApp.reply(mApp.asked(), 77));
+    EXPECT_EQ(mService.lineWith("reply"), "reply -1 to greet");
+}
+
 TEST_F(ARequest, FailsWhenItsReceiverLeavesTheBusBeforeItAnswers) {
     ASSERT_TRUE(haveAsked(APP_ID, "greet"));
     EXPECT_EQ(mService.lineWith("sent"), "sent 0");

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <cstdio>
+#include <fstream>
 #include <iterator>
 #include <stdexcept>
 
@@ -70,7 +72,12 @@ void Soak::request() {
         (this->*kind->perform)();
     } catch (const Ended&) {
     } catch (const std::exception& fault) {
-        throw std::runtime_error(std::string(kind->name) + ": " + fault.what());
+        if (mAppliance.soundRuns()) {
+            throw std::runtime_error(std::string(kind->name) + ": " + fault.what());
+        }
+    }
+    if (!mAppliance.soundRuns()) {
+        restoreSound();
     }
     if (!mAppliance.serviceRuns()) {
         throw std::runtime_error(std::string(kind->name) + ": the service has ended");
@@ -227,6 +234,17 @@ void Soak::start(const std::string& mode) {
         usleep(kBreath);
     }
     throw std::runtime_error("the service is never ready");
+}
+
+// It is no part of what is tried here, and now and then it dies of its own.
+void Soak::restoreSound() {
+    mEnd += ", the sound server died by itself";
+    std::ifstream log(mAppliance.folder() / "pulse.log");
+    fprintf(stderr, "the sound server died by itself:\n%s\n",
+            std::string(std::istreambuf_iterator<char>(log), {}).c_str());
+    mAppliance.restartSound();
+    mAppliance.until(
+        "the microphone is recorded again", [this] { return mAppliance.isHeard(); }, kLongest);
 }
 
 void Soak::sayUntilEnd() {

@@ -44,6 +44,7 @@ private:
 
     // Throws Ended when the service refuses.
     void start(const std::string& mode);
+    void restoreSound();
     void sayUntilEnd();
     void awaitEnd();
     bool ended();

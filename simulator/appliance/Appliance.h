@@ -58,6 +58,7 @@ public:
     void startNetworkManager();
     // Dies and comes back; the microphone and all streams with it.
     void restartSound();
+    bool soundRuns() const { return mRoom->runs(); }
     // Somebody records the microphone.
     bool isHeard() { return mRoom->isHeard(); }
     template <typename Value>

@@ -22,6 +22,8 @@ public:
     std::unique_ptr<Process> startPlaying(const std::string& wav) const;
     // Someone records from the microphone.
     bool isHeard();
+    // The sound server does.
+    bool runs() const { return mServer->runs(); }
     // The sound server dies and comes back.
     void restart();
 

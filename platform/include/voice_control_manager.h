@@ -74,7 +74,8 @@ int vc_mgr_unset_current_language_changed_cb(void);
 /* One line that names the product to the engine. */
 int vc_mgr_set_domain(const char* domain);
 int vc_mgr_set_preloaded_commands_from_file(const char* path);
-/* "Request": "reloadEngine" or "resetSession"; "MediaVolume": the media level as text. */
+/* "Request": "reloadEngine" or "resetSession"; "MediaVolume": the media level as text, 0 to 15; the louder
+   the media, the louder speech must be. */
 int vc_mgr_set_private_data(const char* key, const char* data);
 int vc_mgr_set_recognition_mode(vc_recognition_mode_e mode);
 /* The list stays the caller's and must live until it is unset. */

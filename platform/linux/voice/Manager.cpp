@@ -19,7 +19,7 @@ namespace {
 // How far above the room's noise speech must be; with loud media more, so that a song is not taken for a person.
 constexpr double kSpeechMarginDb = 9;
 constexpr double kMediaMarginDb = 6;
-constexpr int kLoudestMedia = 100;
+constexpr int kLoudestMedia = 15;  // the media type's highest level
 
 }  // namespace
 

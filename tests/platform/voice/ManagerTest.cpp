@@ -159,6 +159,23 @@ TEST_F(ASession, EndsInARoomTooLoudForSilenceToBeHeard) {
     EXPECT_TRUE(mRoom.runUntilEvent("service 2->3"));
 }
 
+// A rustle 12 dB above the room is an utterance of its own in a quiet room; beside loud media it is passed over.
+TEST_F(ASession, TakesOnlyLouderSoundsForSpeechTheLouderTheMediaPlays) {
+    const auto hearsWhatFollows = [this](const char* volume) {
+        vc_mgr_set_private_data("MediaVolume", volume);
+        mRoom.events.clear();
+        microphone::speak(join({noise(1, 40), noise(1, 160), noise(1.5, 40), speech::say("rms", "what time is it")}));
+        microphone::fallSilent();
+        EXPECT_TRUE(start());
+        EXPECT_TRUE(mRoom.runUntilEvent("service 3->1"));
+        microphone::reset();
+        return mRoom.firstWith("result ") == "what time is it";
+    };
+    EXPECT_FALSE(hearsWhatFollows("0"));
+    EXPECT_TRUE(hearsWhatFollows("15"));
+    EXPECT_FALSE(hearsWhatFollows("5"));
+}
+
 TEST_F(ASession, CannotBeStartedTwice) {
     ASSERT_TRUE(start());
     EXPECT_EQ(vc_mgr_start(false), VC_ERROR_INVALID_STATE);

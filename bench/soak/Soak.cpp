@@ -27,6 +27,7 @@ constexpr const char* kHubFaults[] = {"error", "garbage", "half"};
 constexpr double kLongest = 60;
 constexpr useconds_t kBreath = 50000;
 constexpr int kTries = 200;
+constexpr int kSearches = 5;
 
 // The request ended where it began.
 struct Ended {};
@@ -86,9 +87,15 @@ void Soak::request() {
 }
 
 void Soak::proveAlive() {
-    mAppliance.wakeUp("slt", wakeUpWord());
-    mAppliance.order(sim::kUi, "cancel");
-    mAppliance.awaitState("StandBy");
+    for (int tries = 0; tries < kSearches; ++tries) {
+        mAppliance.wakeUp("slt", wakeUpWord());
+        mAppliance.say("search for apple pie");
+        awaitEnd();
+        if (mEnd == "Ready/None") {
+            return;
+        }
+    }
+    throw std::runtime_error("a search is no longer understood");
 }
 
 // --- kinds ---

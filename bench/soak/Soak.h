@@ -16,7 +16,8 @@ public:
 
     // One request of a random kind. Throws std::runtime_error when it does not end, or the service does.
     void request();
-    // The wake-up word is still answered: nothing is stuck.
+    // The wake-up word is still answered: nothing is stuck. Ends with a search, so that the models that it needs are in
+    // memory: a change of the language drops them.
     void proveAlive();
 
     // How often which kind ended how, as "cancelled: StandBy/None".

@@ -16,7 +16,6 @@ namespace {
 constexpr char kHelp[] =
     "usage: orvane-soak [--requests N] [--seed N] [--json FILE]\n"
     "Makes requests of the service on a simulated appliance, with cancels, faults and changes at random moments.\n";
-constexpr int kSampleEvery = 10;
 constexpr int kProveEvery = 50;
 constexpr double kMostGrowth = 0.05;
 // In a shorter run everything is still being loaded for the first time.
@@ -85,12 +84,11 @@ void run(sim::Appliance& appliance, const Options& options) {
     Report report;
     const double begin = sim::monotonicNow();
     soak.proveAlive();
+    report.samples.push_back(soak::usageOf(appliance.serviceProcess()));
     for (; report.requests < options.requests; ++report.requests) {
-        if (report.requests % kSampleEvery == 0) {
-            report.samples.push_back(soak::usageOf(appliance.serviceProcess()));
-        }
         if (report.requests % kProveEvery == kProveEvery - 1) {
             soak.proveAlive();
+            report.samples.push_back(soak::usageOf(appliance.serviceProcess()));
             printf("%d requests, %.0f s, %ld kB\n", report.requests + 1, sim::monotonicNow() - begin,
                    report.samples.back().rssKb);
             fflush(stdout);

@@ -1,14 +1,8 @@
 #include "voice/Engine.h"
 
-#include <malloc.h>
-
 #include "dlog.h"
 
 namespace voice {
-
-MemoryReturn::~MemoryReturn() {
-    malloc_trim(0);
-}
 
 std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& commandsPath) {
     try {

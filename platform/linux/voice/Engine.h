@@ -6,20 +6,15 @@
 #include <mutex>
 #include <string>
 
+#include "lib/sphinx/MemoryReturn.h"
 #include "voice/CommandFile.h"
 #include "voice/Languages.h"
 #include "voice/Recogniser.h"
 
 namespace voice {
 
-// Gives what was freed back to the system. A model is read in many small pieces on a thread of its own, whose share of
-// the heap would otherwise keep their pages, a hundred megabytes for each change of the language.
-struct MemoryReturn {
-    ~MemoryReturn();
-};
-
 struct Engine {
-    MemoryReturn last;  // destroyed after all the rest
+    sphinx::MemoryReturn memoryReturn;
     Language language;
     CommandFile commands;                    // not changed any more
     std::unique_ptr<Recogniser> recogniser;  // under the mutex: a cancelled utterance may still be at it

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "lib/sphinx/Decoder.h"
+#include "lib/sphinx/MemoryReturn.h"
 #include "wakeup/Spotter.h"
 #include "wakeup/WakeupConfig.h"
 
@@ -21,6 +22,7 @@ private:
     std::optional<Detection> detection();
     int confidence(int probability) const;
 
+    const sphinx::MemoryReturn mMemoryReturn;
     const std::string mPhrase;
     const double mLogThreshold;
     sphinx::Decoder mDecoder;

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "lib/gio/IoThread.h"
+#include "support/OwnConnection.h"
 
 namespace {
 
@@ -32,13 +33,7 @@ T next(std::deque<T>& from, std::mutex& mutex, std::condition_variable& came) {
 
 OtherApp::OtherApp(const std::string& id) {
     gio::Error error;
-    const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    mBus.reset(g_dbus_connection_new_for_address_sync(getenv("DBUS_SESSION_BUS_ADDRESS"), flags, nullptr, nullptr,
-                                                      error.out()));
-    if (mBus == nullptr) {
-        throw std::runtime_error(error.message());
-    }
+    mBus = ownConnection(getenv("DBUS_SESSION_BUS_ADDRESS"));
     gio::IoThread::get().run([&] {
         static GDBusNodeInfo* const node = g_dbus_node_info_new_for_xml(DESCRIPTION, nullptr);
         static const GDBusInterfaceVTable methods{onCall, nullptr, nullptr, {}};

@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "Child.h"
+#include "OwnConnection.h"
 #include "PrivateBus.h"
 #include "Reports.h"
 #include "lib/gio/Bus.h"
@@ -111,12 +112,7 @@ inline Child holder(int type) {
 // Another program on the bus, with ways of its own.
 class Rival {
 public:
-    Rival()
-        : mBus(g_dbus_connection_new_for_address_sync(
-              privateBusAddress().c_str(),
-              static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-              nullptr, nullptr, nullptr)) {}
+    Rival() : mBus(ownConnection(privateBusAddress())) {}
     ~Rival() { g_dbus_connection_close_sync(mBus.get(), nullptr, nullptr); }
 
     // `flags` are RequestName's.

@@ -8,6 +8,7 @@
 
 #include "lib/gio/GPointer.h"
 #include "lib/gio/IoThread.h"
+#include "support/OwnConnection.h"
 #include "support/PrivateBus.h"
 
 namespace {
@@ -19,13 +20,7 @@ class ScreenSaver {
 public:
     ScreenSaver() {
         gio::Error fault;
-        const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                             G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-        mBus.reset(
-            g_dbus_connection_new_for_address_sync(privateBusAddress().c_str(), flags, nullptr, nullptr, fault.out()));
-        if (!mBus) {
-            throw std::runtime_error(fault.message());
-        }
+        mBus = ownConnection(privateBusAddress());
         gio::IoThread::get().run([this] { exportInterface(); });
         const gio::Variant owned(g_dbus_connection_call_sync(
             mBus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",

@@ -1,6 +1,6 @@
 #include "ManagerStandIn.h"
 
-#include <stdexcept>
+#include "support/OwnConnection.h"
 
 namespace {
 
@@ -15,12 +15,7 @@ constexpr char DESCRIPTION[] =
 ManagerStandIn::ManagerStandIn(const std::string& busAddress)
     : mContext(g_main_context_new()), mLoop(g_main_loop_new(mContext, FALSE)) {
     gio::Error error;
-    const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    mBus.reset(g_dbus_connection_new_for_address_sync(busAddress.c_str(), flags, nullptr, nullptr, error.out()));
-    if (mBus == nullptr) {
-        throw std::runtime_error(error.message());
-    }
+    mBus = ownConnection(busAddress);
     // Calls come on the context that is the thread's own while the object is registered.
     g_main_context_push_thread_default(mContext);
     GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(DESCRIPTION, nullptr);

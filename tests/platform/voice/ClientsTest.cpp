@@ -9,6 +9,7 @@
 #include "VoiceRoom.h"
 #include "lib/gio/GPointer.h"
 #include "lib/gio/IoThread.h"
+#include "support/OwnConnection.h"
 #include "support/PrivateBus.h"
 #include "voice/Clients.h"
 
@@ -22,14 +23,7 @@ using testing::HasSubstr;
 class Application {
 public:
     Application() {
-        gio::Error fault;
-        const auto flags = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                             G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-        mBus.reset(
-            g_dbus_connection_new_for_address_sync(privateBusAddress().c_str(), flags, nullptr, nullptr, fault.out()));
-        if (!mBus) {
-            throw std::runtime_error(fault.message());
-        }
+        mBus = ownConnection(privateBusAddress());
         gio::IoThread::get().run([this] { exportClient(); });
     }
     ~Application() { leave(); }

@@ -159,13 +159,19 @@ char* vconf_get_str(const char* key) {
 }
 
 int vconf_set_int(const char* key, int value) {
-    fake::setSetting(key, value);
-    return platform().call("vconf_set_int", {key, str(value)});
+    const int result = platform().call("vconf_set_int", {key, str(value)});
+    if (result == 0) {
+        fake::changeSetting(key, value);
+    }
+    return result;
 }
 
 int vconf_set_bool(const char* key, int value) {
-    put(key, {VCONF_TYPE_BOOL, value, 0, ""});
-    return platform().call("vconf_set_bool", {key, str(value)});
+    const int result = platform().call("vconf_set_bool", {key, str(value)});
+    if (result == 0) {
+        fake::changeSetting(key, value != 0);
+    }
+    return result;
 }
 
 int vconf_notify_key_changed(const char* key, vconf_callback_fn callback, void* user_data) {

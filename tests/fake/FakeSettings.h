@@ -10,7 +10,7 @@ namespace fake {
 // Put a value into the store, without telling anybody.
 void setSetting(const std::string& key, int value);
 void setSetting(const std::string& key, const std::string& value);
-// Put a value into the store and tell the subscribers of the key, on the calling thread.
+// Put a value into the store and tell the subscribers of the key, on the calling thread. The product's writes do too.
 void changeSetting(const std::string& key, int value);
 void changeSetting(const std::string& key, bool value);
 void changeSetting(const std::string& key, double value);

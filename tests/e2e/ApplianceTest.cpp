@@ -145,4 +145,5 @@ TEST(AnAppliance, TouchesNothingOutsideItsOwnFolder) {
     for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS", "PULSE_SERVER"}) {
         EXPECT_NE(std::string(getenv(name)).find(folder), std::string::npos) << name;
     }
+    EXPECT_STREQ(getenv("ORVANE_LOG"), "stderr");  // not the person's journal
 }

@@ -10,6 +10,9 @@ namespace OrvaneDA {
 
 namespace {
 
+// Of the read thread that asks. A start may set the recording flag again while a stop still waits for its thread.
+thread_local const std::atomic<bool>* ownCancelled = nullptr;
+
 constexpr useconds_t PAUSE_US = 1000;
 constexpr int WORD = 4;  // bytes: one sample that counts for the level and one that does not
 
@@ -89,9 +92,10 @@ void SRecorder::startRecord() {
     if (mReadThread != nullptr) {
         mReplacedThreads.push_back(std::move(mReadThread));
     }
-    mReadThread = std::make_unique<ReadThread>();
-    mReadThread->cancelled = std::make_shared<std::atomic<bool>>(false);
-    mReadThread->thread = std::thread([this, cancelled = mReadThread->cancelled] { readThread(*cancelled); });
+    auto next = std::make_unique<ReadThread>();
+    next->cancelled = std::make_shared<std::atomic<bool>>(false);
+    next->thread = std::thread([this, cancelled = next->cancelled] { readThread(*cancelled); });
+    mReadThread = std::move(next);
 }
 
 void SRecorder::stopRecord() {
@@ -115,6 +119,7 @@ void SRecorder::stopRecord() {
 
 void SRecorder::readThread(const std::atomic<bool>& cancelled) {
     LOGI("Read Thread Start");
+    ownCancelled = &cancelled;
     {
         // A stop that came before this thread ran must not be undone.
         std::lock_guard<std::mutex> lock(mThreadMutex);
@@ -123,7 +128,14 @@ void SRecorder::readThread(const std::atomic<bool>& cancelled) {
         }
     }
     _audio_record();
-    mRecording = false;
+    std::lock_guard<std::mutex> lock(mThreadMutex);
+    if (!cancelled) {
+        mRecording = false;
+    }
+}
+
+bool SRecorder::isRecording() const {
+    return mRecording && (ownCancelled == nullptr || !*ownCancelled);
 }
 
 bool SRecorder::waitUntilPrepared() {
@@ -203,7 +215,7 @@ void SRecorder::ignoreFocus() {
 
 void SRecorder::focusCallback(sound_stream_info_h streamInfo, sound_stream_focus_mask_e mask,
                               sound_stream_focus_state_e state, sound_stream_focus_change_reason_e reason, int,
-                              const char*, void* data) {
+                              const char*, void* data) noexcept {
     auto* recorder = static_cast<SRecorder*>(data);
     std::lock_guard<std::mutex> lock(recorder->mFocusMutex);
     if (recorder->mIgnoreFocus) {

@@ -54,7 +54,7 @@ protected:
     static constexpr float NO_VOLUME = -60.0f;
 
     // For the back ends' capture loops, on the read thread.
-    bool isRecording() const { return mRecording; }
+    bool isRecording() const;
     bool waitUntilPrepared();  // false after one pause in which the device was not prepared
     void deliver(char* buffer, int size);
     void noData();
@@ -73,6 +73,7 @@ protected:
     sound_stream_info_h mStreamInfo = nullptr;
     std::atomic<int> mState{NOT_INITIALIZED};
     std::mutex mDeviceMutex;  // one device operation at a time: the read thread resets while the focus may change
+    std::mutex mReadMutex;    // one read, with its reset, at a time: two starts close together make two read threads
 
 private:
     struct ReadThread {
@@ -84,7 +85,7 @@ private:
     void focusChanged(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state);
     static void focusCallback(sound_stream_info_h streamInfo, sound_stream_focus_mask_e mask,
                               sound_stream_focus_state_e state, sound_stream_focus_change_reason_e reason,
-                              int soundBehavior, const char* extraInfo, void* recorder);
+                              int soundBehavior, const char* extraInfo, void* recorder) noexcept;
 
     std::atomic<bool> mRecording{false};
     std::atomic<float> mVolume{NO_VOLUME};

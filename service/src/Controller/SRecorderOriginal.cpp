@@ -62,7 +62,8 @@ void SRecorderOriginal::_audio_record() {
     LOGI("");
     char buffer[BUFFER_SIZE];
     while (isRecording()) {
-        if (!waitUntilPrepared()) {
+        std::lock_guard<std::mutex> lock(mReadMutex);
+        if (!isRecording() || !waitUntilPrepared()) {
             continue;
         }
         const int count = audio_in_read(mInput, buffer, sizeof buffer);

@@ -68,7 +68,8 @@ void SRecorderSSE::_audio_record() {
     LOGI("");
     char buffer[BUFFER_SIZE];
     while (isRecording()) {
-        if (!waitUntilPrepared()) {
+        std::lock_guard<std::mutex> lock(mReadMutex);
+        if (!isRecording() || !waitUntilPrepared()) {
             continue;
         }
         const int result = sse_read(buffer, FRAMES);

@@ -1,7 +1,9 @@
 #include <math.h>
 #include <string.h>
 
+#include <array>
 #include <atomic>
+#include <future>
 
 #include "Controller/SRecorderOriginal.h"
 #include "Controller/SRecorderSSE.h"
@@ -326,6 +328,20 @@ TYPED_TEST(EitherRecorder, AFailedReadResetsTheDeviceInOrderAndCaptureGoesOnOnTh
     EXPECT_EQ(reads.front().args[0], original ? "1024" : "256");
 }
 
+TEST_F(RecorderTest, AnyResultButZeroIsAFailedReadOfTheCaptureLibrary) {
+    Counter listener;
+    listener.setEnabled(true);
+    SRecorderSSE recorder;
+    recorder.addListener(&listener);
+    fake::platform().forgetCalls();
+    fake::queueReadResult(3);
+    recorder.startRecord();
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return listener.blocks > 0; }));
+    recorder.stopRecord();
+    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "sse_read fail : 3"));
+    EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
+}
+
 TYPED_TEST(EitherRecorder, ReadsNothingWhileItIsNotPrepared) {
     std::atomic<int> pauses{0};
     fake::mainLoop().onSleep([&](unsigned microseconds) {
@@ -367,6 +383,74 @@ TYPED_TEST(EitherRecorder, TwoStartsThatFindNoThreadRecordingYetStartTwoAndAStop
     EXPECT_TRUE(fake::platform().waitUntil([&] { return starting == 2; }));
     recorder.stopRecord();
     fake::platform().onLog(nullptr);
+    EXPECT_EQ(fake::platform().countLogged("_audio_record finish"), 2u);
+}
+
+TYPED_TEST(EitherRecorder, TwoThreadsNeverUseTheDeviceAtOnce) {
+    std::atomic<int> inside{0};
+    std::atomic<int> most{0};
+    std::atomic<int> uses{0};
+    const auto use = [&](const fake::Call&) {
+        most = std::max<int>(most, ++inside);
+        if (++uses < 4) {
+            fake::platform().waitUntil([&] { return inside > 1; }, std::chrono::milliseconds(50));
+        }
+        --inside;
+    };
+    const std::array<const char*, 4> calls{"audio_in_read", "sse_read", "audio_in_destroy", "sse_destroy"};
+    for (const char* call : calls) {
+        fake::platform().onCall(call, use);
+    }
+    std::atomic<int> starting{0};
+    fake::platform().onLog([&](const fake::LogLine& line) {
+        if (line.message == "Read Thread Start") {
+            ++starting;
+            fake::platform().waitUntil([&] { return starting == 2; });
+        }
+    });
+    TypeParam recorder;
+    fake::queueReadResult(-802);
+    recorder.startRecord();
+    recorder.startRecord();
+    EXPECT_TRUE(fake::platform().waitUntil([&] { return uses > 6; }));
+    recorder.stopRecord();
+    fake::platform().onLog(nullptr);
+    for (const char* call : calls) {
+        fake::platform().onCall(call, nullptr);
+    }
+    EXPECT_EQ(most, 1);
+}
+
+namespace {
+
+template <typename Recorder>
+struct Open : Recorder {
+    using Recorder::isRecording;
+};
+
+}  // namespace
+
+TYPED_TEST(EitherRecorder, AStartWhileAStopStillWaitsForItsThreadDoesNotKeepThatThread) {
+    const char* read = std::is_same<TypeParam, SRecorderOriginal>::value ? "audio_in_read" : "sse_read";
+    std::atomic<bool> reading{false};
+    std::atomic<bool> goOn{false};
+    fake::platform().onCall(read, [&](const fake::Call&) {
+        if (!reading.exchange(true)) {
+            fake::platform().waitUntil([&] { return goOn.load(); });
+        }
+    });
+    Open<TypeParam> recorder;
+    recorder.startRecord();
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return reading.load(); }));
+    auto stop = std::async(std::launch::async, [&] { recorder.stopRecord(); });
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return !recorder.isRecording(); }));
+    recorder.startRecord();
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return recorder.isRecording(); }));
+    goOn = true;
+    ASSERT_EQ(stop.wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    EXPECT_TRUE(recorder.isRecording()) << "the new thread goes on";
+    recorder.stopRecord();
+    fake::platform().onCall(read, nullptr);
     EXPECT_EQ(fake::platform().countLogged("_audio_record finish"), 2u);
 }
 

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <future>
 
 #include "Controller/SRecordListener.h"
 #include "fake/FakeSettings.h"
@@ -125,6 +126,20 @@ TEST_F(WuWTriggerTest, StoppingClosesTheFeedAndThenCancels) {
     EXPECT_EQ(fake::platform().count("IWakeupCtx::CancelListening"), 1u);
 }
 
+TEST_F(WuWTriggerTest, AStopDuringAStartOfAnotherThreadLeavesTheFeedClosed) {
+    WuWTrigger trigger;
+    std::future<void> stop;
+    fake::platform().onCall("IWakeupCtx::StartListening", [&](const fake::Call&) {
+        stop = std::async(std::launch::async, [&] { trigger.stop(); });
+        stop.wait_for(std::chrono::milliseconds(100));  // it would have ended by then if it did not wait for the start
+    });
+    trigger.start();
+    stop.wait();
+    EXPECT_FALSE(fake::engineListens());
+    EXPECT_FALSE(trigger.getSRecordListener()->isEnabled());
+    fake::platform().onCall("IWakeupCtx::StartListening", nullptr);
+}
+
 TEST_F(WuWTriggerTest, AWakeUpClosesTheFeedAndCallsBackOnTheWorker) {
     OpenTrigger trigger;
     listenTo(trigger);
@@ -191,6 +206,20 @@ TEST_F(WuWTriggerTest, AWakeUpWithoutACallbackQueuesAJobThatDoesNothing) {
     trigger.forceShot();
     drainWorker();
     EXPECT_EQ(shots, 0);
+}
+
+TEST_F(WuWTriggerTest, TheJobOfAWakeUpLooksForTheCallbackWhenItRuns) {
+    std::atomic<bool> set{false};
+    WuWTrigger trigger;
+    trigger.start();
+    Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall(
+        [&] { return fake::platform().waitUntil([&] { return set.load(); }), false; });
+    wakeUp(50);
+    listenTo(trigger);
+    set = true;
+    drainWorker();
+    EXPECT_EQ(shots, 1);
+    EXPECT_EQ(level, 50);
 }
 
 TEST_F(WuWTriggerTest, AWakeUpThatIsStillQueuedWhenTheTriggerGoesIsDropped) {

@@ -83,11 +83,13 @@ std::string WuWTrigger::getConfigPath(Util::OrvaneLang language, Util::OrvaneWUW
 }
 
 void WuWTrigger::start() {
+    std::lock_guard<std::mutex> lock(mStateMutex);
     mEnabled = 1;
     __startListening();
 }
 
 void WuWTrigger::stop() {
+    std::lock_guard<std::mutex> lock(mStateMutex);
     mEnabled = 0;
     __cancelListening();
 }

@@ -60,6 +60,7 @@ private:
     template <typename Shoot>
     void queueShot(Shoot shoot);
 
+    std::mutex mStateMutex;  // a start or a stop: engine and feed change together
     std::shared_ptr<Life> mLife = std::make_shared<Life>();
     nuance::IWakeupCtx* mEngine = nullptr;
     std::unique_ptr<WakeupAudioIn> mAudioIn;

@@ -65,6 +65,7 @@ public:
     // before no more, so it waits for a call in progress: the feed must be closed first, and not from the engine's thread.
     virtual void AttachAudioIn(IWakeupAudioIn* audioIn) = 0;
     virtual bool IsListening() = 0;
+    // Waits while the listener is told of the end of the period before, unless it is the listener that starts.
     virtual void StartListening() = 0;
     // Returns without waiting for the engine's thread.
     virtual void CancelListening() = 0;

@@ -127,6 +127,10 @@ bool WakeupContext::IsListening() {
 
 void WakeupContext::StartListening() {
     std::unique_lock lock(mMutex);
+    if (std::this_thread::get_id() != mThread.get_id()) {
+        // What the listener does about the end of a period comes before the next one begins.
+        mChanged.wait(lock, [this] { return !mTelling; });
+    }
     if (!mSpotter || !mAudioIn || mWanted) {
         const auto code = !mSpotter   ? Listener::NOT_INITIALIZED
                           : !mAudioIn ? Listener::AUDIOIN_NOT_ATTACHED
@@ -156,9 +160,7 @@ void WakeupContext::run() {
         mChanged.wait(lock, [this] { return mQuit || mWanted || mUntold; });
         if (mUntold) {
             --mUntold;
-            lock.unlock();
-            tell({});
-            lock.lock();
+            tellUnlocked(lock, {});
         } else if (mQuit) {
             return;
         } else {
@@ -181,10 +183,17 @@ void WakeupContext::runPeriod(std::unique_lock<std::mutex>& lock) {
     } else {
         outcome = {};  // cancelled while the word was being heard: cancelled it is
     }
+    tellUnlocked(lock, outcome);
+}
+
+void WakeupContext::tellUnlocked(std::unique_lock<std::mutex>& lock, const Outcome& outcome) {
+    mTelling = true;
     mChanged.notify_all();
     lock.unlock();
     tell(outcome);
     lock.lock();
+    mTelling = false;
+    mChanged.notify_all();
 }
 
 WakeupContext::Outcome WakeupContext::listen(Period period, Spotter& spotter, nuance::IWakeupAudioIn& audioIn) {

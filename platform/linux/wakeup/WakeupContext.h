@@ -50,6 +50,7 @@ private:
     void cancel();  // under the mutex
     bool isWanted(Period period);
     void pauseUnlessChanged(Period period);
+    void tellUnlocked(std::unique_lock<std::mutex>& lock, const Outcome& outcome);
     void tell(const Outcome& outcome);
 
     Listener* listener();
@@ -65,7 +66,8 @@ private:
     Period mWanted = 0;
     Period mCurrent = 0;  // the thread's
     Period mLast = 0;
-    int mUntold = 0;  // periods cancelled before the thread took them up
+    int mUntold = 0;        // periods cancelled before the thread took them up
+    bool mTelling = false;  // the end of a period
     bool mQuit = false;
     std::thread mThread;  // last: everything else is there when it starts
 };

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
+#include <future>
 
 #include "EngineRoom.h"
 
@@ -58,6 +59,21 @@ TEST_F(Listening, StartedFromWithinTheWakeUpBeginsFresh) {
     EXPECT_TRUE(mRoom.ctx->IsListening());
     mRoom.feed.add(wakeUp());
     EXPECT_TRUE(mRoom.witness.waitForWakeups(2));
+}
+
+TEST_F(Listening, StartedByAnotherThreadWhileTheWakeUpIsToldBeginsAfterIt) {
+    bool waited = false;
+    std::future<void> start;
+    mRoom.witness.inWakeup = [&, ctx = mRoom.ctx.get()] {
+        start = std::async(std::launch::async, [ctx] { ctx->StartListening(); });
+        waited = start.wait_for(std::chrono::milliseconds(100)) == std::future_status::timeout && !ctx->IsListening();
+    };
+    mRoom.feed.add(wakeUp());
+    mRoom.listen();
+    ASSERT_TRUE(mRoom.witness.waitForWakeups(1));
+    mRoom.feed.add(wakeUp());
+    EXPECT_TRUE(mRoom.witness.waitForWakeups(2));
+    EXPECT_TRUE(waited);
 }
 
 TEST_F(Listening, ForgetsTheFirstHalfOfAWordHeardBeforeItBeganAnew) {

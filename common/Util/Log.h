@@ -31,19 +31,22 @@ inline void write(log_priority priority, const char* systemFormat, const char* o
 }  // namespace Util
 
 // The branch never taken lets the compiler check the arguments against the format.
-#define ORVANE_LOG(priority, colour, format, ...)                                                          \
+#define ORVANE_LOG(priority, colour, function, line, format, ...)                                          \
     do {                                                                                                   \
         if (false) {                                                                                       \
             printf(format, ##__VA_ARGS__);                                                                 \
         }                                                                                                  \
         ::Util::Log::write(priority, colour "[%d] %s: %s(%d) > " format "\033[0m", "[%s:%d] " format "\n", \
-                           __FILE_NAME__, __FUNCTION__, __LINE__, ##__VA_ARGS__);                          \
+                           __FILE_NAME__, function, line, ##__VA_ARGS__);                                  \
     } while (false)
 
-#define LOGD(format, ...) ORVANE_LOG(DLOG_DEBUG, "\033[32m", format, ##__VA_ARGS__)
-#define LOGI(format, ...) ORVANE_LOG(DLOG_INFO, "\033[34m", format, ##__VA_ARGS__)
-#define LOGW(format, ...) ORVANE_LOG(DLOG_WARN, "\033[33m", format, ##__VA_ARGS__)
-#define LOGE(format, ...) ORVANE_LOG(DLOG_ERROR, "\033[31m", format, ##__VA_ARGS__)
+#define LOGD(format, ...) ORVANE_LOG(DLOG_DEBUG, "\033[32m", __FUNCTION__, __LINE__, format, ##__VA_ARGS__)
+#define LOGI(format, ...) ORVANE_LOG(DLOG_INFO, "\033[34m", __FUNCTION__, __LINE__, format, ##__VA_ARGS__)
+#define LOGW(format, ...) ORVANE_LOG(DLOG_WARN, "\033[33m", __FUNCTION__, __LINE__, format, ##__VA_ARGS__)
+#define LOGE(format, ...) LOGE_AT(__FUNCTION__, __LINE__, format, ##__VA_ARGS__)
+
+// For a helper that logs a failure of its caller, in the same file.
+#define LOGE_AT(function, line, format, ...) ORVANE_LOG(DLOG_ERROR, "\033[31m", function, line, format, ##__VA_ARGS__)
 
 namespace Util {
 

@@ -10,6 +10,14 @@ using fake::str;
 
 namespace {
 
+std::string joined(const vc_cmd_list_s& list) {
+    std::string texts;
+    for (vc_cmd_h command : list.commands) {
+        texts += (texts.empty() ? "" : ",") + command->text;
+    }
+    return texts;
+}
+
 template <typename Callback>
 struct Slot {
     Callback callback = nullptr;
@@ -250,8 +258,8 @@ int vc_mgr_set_recognition_mode(vc_recognition_mode_e mode) {
     return platform().call("vc_mgr_set_recognition_mode", {str(static_cast<int>(mode))});
 }
 
-int vc_mgr_set_command_list(vc_cmd_list_h) {
-    return platform().call("vc_mgr_set_command_list");
+int vc_mgr_set_command_list(vc_cmd_list_h list) {
+    return platform().call("vc_mgr_set_command_list", {list ? joined(*list) : "null"});
 }
 int vc_mgr_unset_command_list(void) {
     return platform().call("vc_mgr_unset_command_list");
@@ -267,11 +275,7 @@ int vc_mgr_cancel(void) {
 }
 
 int vc_mgr_set_selected_results(vc_cmd_list_h list) {
-    std::string texts;
-    for (vc_cmd_h command : list->commands) {
-        texts += (texts.empty() ? "" : ",") + command->text;
-    }
-    return platform().call("vc_mgr_set_selected_results", {texts});
+    return platform().call("vc_mgr_set_selected_results", {joined(*list)});
 }
 
 int vc_mgr_get_error_message(char** message) {

@@ -32,6 +32,8 @@ public:
     // Receives only the manager's service state, translated, with no error.
     void setRecognitionStateCallback(StateCallback callback) { mRecognitionStateCallback = std::move(callback); }
 
+    // Done by the constructor. A second time only after a deinitVoiceControl, which closes what a failed one has
+    // opened.
     void initVoiceControl();
     void deinitVoiceControl();
 

@@ -21,16 +21,19 @@ const std::string& preloadedCommandsPath() {
 
 namespace {
 
-bool succeeded(int result, const char* message) {
+// The log names the place of the call that failed.
+bool succeeded(int result, const char* message, const char* function = __builtin_FUNCTION(),
+               int line = __builtin_LINE()) {
     if (result != VC_ERROR_NONE) {
-        LOGE("%s", message);
+        LOGE_AT(function, line, "%s", message);
     }
     return result == VC_ERROR_NONE;
 }
 
-void logFailure(const char* function, int result) {
+void logFailure(const char* call, int result, const char* function = __builtin_FUNCTION(),
+                int line = __builtin_LINE()) {
     if (result != VC_ERROR_NONE) {
-        LOGE("%s: %s", function, voiceErrorName(result));
+        LOGE_AT(function, line, "%s: %s", call, voiceErrorName(result));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "service/ServiceFixture.h"
+#include "voice/SystemCommands.h"
 
 using RequestTest = ServiceTest;
 
@@ -10,8 +11,8 @@ Texts session() {
 
 Texts started(const std::string& volume, int mode) {
     return {"vc_mgr_set_private_data(MediaVolume, " + volume + ")",
-            "vc_mgr_set_recognition_mode(" + std::to_string(mode) + ")", "vc_mgr_set_command_list()",
-            "vc_mgr_start(0)"};
+            "vc_mgr_set_recognition_mode(" + std::to_string(mode) + ")",
+            "vc_mgr_set_command_list(" + SYSTEM_COMMANDS + ")", "vc_mgr_start(0)"};
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "fake/FakeVoice.h"
+#include "voice/SystemCommands.h"
 #include "voice/VoiceFixture.h"
 
 using OrvaneDA::VoiceControl;
@@ -99,6 +100,24 @@ TEST_P(AFailedStepOfOpening, IsLoggedAndEndsIt) {
     EXPECT_EQ(fake::platform().names().back(), GetParam().call);
 }
 
+TEST_F(VoiceControlTest, AFailureIsLoggedUnderTheFunctionThatMadeTheCall) {
+    const std::pair<const char*, const char*> places[] = {{"vc_setting_get_enabled", "initSetting"},
+                                                          {"vc_mgr_prepare", "initVoiceControl"},
+                                                          {"vc_cmd_create", "addCommand"},
+                                                          {"vc_mgr_deinitialize", "deinitVoiceControl"}};
+    for (const auto& [call, function] : places) {
+        fake::platform().reset();
+        fake::platform().answer(call, VC_ERROR_OUT_OF_MEMORY);
+        { VoiceControl session; }
+        const auto lines = fake::platform().logs();
+        const auto failure = std::find_if(lines.begin(), lines.end(),
+                                          [](const fake::LogLine& line) { return line.priority == DLOG_ERROR; });
+        ASSERT_NE(failure, lines.end());
+        EXPECT_NE(failure->text.find(std::string("VoiceControlSession.cpp: ") + function + "("), std::string::npos)
+            << failure->text;
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Each, AFailedStepOfOpening,
     testing::Values(OpeningFailure{"vc_setting_initialize", "Fail to init"},
@@ -194,7 +213,7 @@ TEST_F(VoiceControlTest, AStartHasItsOrder) {
     EXPECT_EQ(session.startRecognition(VoiceStartMode::Default, "7"), 0);
     EXPECT_EQ(fake::platform().texts(),
               (Texts{"vc_mgr_set_private_data(MediaVolume, 7)", "vc_mgr_set_recognition_mode(0)",
-                     "vc_mgr_set_command_list()", "vc_mgr_start(0)"}));
+                     "vc_mgr_set_command_list(" + SYSTEM_COMMANDS + ")", "vc_mgr_start(0)"}));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: Default"));
 }
 
@@ -211,7 +230,8 @@ TEST_F(VoiceControlTest, AStartWithAClearedContextResetsTheSessionFirst) {
     session.startRecognition(VoiceStartMode::ClearContext, "3");
     EXPECT_EQ(fake::platform().texts(),
               (Texts{"vc_mgr_set_private_data(Request, resetSession)", "vc_mgr_set_private_data(MediaVolume, 3)",
-                     "vc_mgr_set_recognition_mode(0)", "vc_mgr_set_command_list()", "vc_mgr_start(0)"}));
+                     "vc_mgr_set_recognition_mode(0)", "vc_mgr_set_command_list(" + SYSTEM_COMMANDS + ")",
+                     "vc_mgr_start(0)"}));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: ClearContext"));
 }
 

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <string>
+
+// As the manager is given them.
+inline const std::string SYSTEM_COMMANDS =
+    "#org.tizen.weather,#org.tizen.clock,#org.tizen.launch apps,#org.tizen.system,#org.tizen.websearch";

@@ -96,6 +96,7 @@ void Manager::load() {
     mEngine = answer.get_future().share();
     mThreads.push_back(std::async(std::launch::async, [this, number, language = Settings::get().current(),
                                                        file = mCommandFile, answer = std::move(answer)]() mutable {
+        const sphinx::MemoryReturn memoryReturn;
         const auto engine = loadEngine(language, file);
         answer.set_value(engine);
         post([this, number, ok = engine != nullptr] { loaded(number, ok); });

@@ -3,6 +3,7 @@
 #include <exception>
 #include <vector>
 
+#include "lib/sphinx/MemoryReturn.h"
 #include "lib/sphinx/SpeechGate.h"
 
 namespace voice {
@@ -98,6 +99,7 @@ void Session::cancel() {
 }
 
 void Session::run() {
+    const sphinx::MemoryReturn memoryReturn;
     try {
         if (!mSource.open()) {
             mEvents.failed("No sound source");

@@ -24,7 +24,7 @@ void Service::startTimerVolumeSender() {
     }
     mVolumeTimer = ecore_timer_add(
         VOLUME_PERIOD_S,
-        [](void* service) -> Eina_Bool {
+        [](void* service) noexcept -> Eina_Bool {
             static_cast<Service*>(service)->refreshVolumeFile();
             return ECORE_CALLBACK_RENEW;
         },

@@ -7,17 +7,17 @@ namespace {
 
 OrvaneDA::Service* service = nullptr;
 
-bool _create(void*) {
+bool _create(void*) noexcept {
     LOGI("_create");
     return service->onCreate();
 }
 
-void _app_control(app_control_h request, void*) {
+void _app_control(app_control_h request, void*) noexcept {
     LOGI("app_control");
     service->onAppControl(request);
 }
 
-void _terminate(void*) {
+void _terminate(void*) noexcept {
     LOGI("_terminate");
     service->onTerminate();
     delete service;

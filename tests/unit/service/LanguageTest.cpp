@@ -64,6 +64,17 @@ TEST_F(LanguageTest, AMenuLanguageThatChangesIsStored) {
     EXPECT_EQ(fake::platform().textsOf({"vconf_set"}), Texts{"vconf_set_int(db/orvane/setting/lang, 5)"});
 }
 
+// The service hears of its own write as of any other's.
+TEST_F(LanguageTest, AMenuLanguageThatChangesMovesTriggerAndRecogniserToo) {
+    fake::setSupportedLanguages({"en_US", "it_IT"});
+    create();
+    fake::changeSetting("db/menu_widget/language", std::string("it_IT.UTF-8"));
+    EXPECT_EQ(fake::platform().textsOf({"vconf_set_int", "IWakeupCtx::I", "vc_setting_set"}),
+              (Texts{"vconf_set_int(db/orvane/setting/lang, 5)",
+                     "IWakeupCtx::Initialize(/data/voice/data/ITI/wakeup_quorbit/, vocon_config.json)",
+                     "vc_setting_set_language(it_IT)"}));
+}
+
 TEST_F(LanguageTest, AnotherLanguageRebuildsTheTriggerAndThenMovesTheRecogniser) {
     create();
     fake::changeSetting("db/orvane/setting/lang", 4);

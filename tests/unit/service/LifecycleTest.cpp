@@ -171,6 +171,7 @@ TEST_F(LifecycleTest, AWakeUpWordWithTheMicrophoneOffLaunchesNothingButListensAg
     wakeUp();
     ASSERT_TRUE(fake::platform().waitFor("IWakeupCtx::StartListening"));
     EXPECT_TRUE(sent().empty());
+    EXPECT_TRUE(fake::platform().textsOf({"vconf_set", "display"}).empty()) << "the display stays as it is";
     EXPECT_EQ(fake::platform().count("sse_trigger_wakeup_word_recording"), 1u);
 }
 
@@ -180,6 +181,32 @@ TEST_F(LifecycleTest, AWakeUpWordInTheBoxLaunchesNothingButListensAgain) {
     wakeUp();
     ASSERT_TRUE(fake::platform().waitFor("IWakeupCtx::StartListening"));
     EXPECT_TRUE(sent().empty());
+    EXPECT_TRUE(fake::platform().textsOf({"vconf_set", "display"}).empty()) << "the display stays as it is";
+}
+
+// The trigger, or the recorder, goes only when the wake-up that uses it has been handled.
+TEST_F(LifecycleTest, WhateverEndsAModuleWaitsForAWakeUpThatIsBeingHandled) {
+    const std::function<void()> ends[] = {[&] { fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1); },
+                                          [&] { service->onTerminate(); }};
+    for (const auto& end : ends) {
+        create();
+        std::atomic<bool> handling{false};
+        bool gone = true;
+        const auto modulesGone = [] {
+            return fake::platform().count("sse_unprepare") + fake::platform().count("IWakeupCtx::Destroy") != 0;
+        };
+        fake::platform().onCall("display_change_state", [&](const fake::Call&) {
+            handling = true;
+            gone = fake::platform().waitUntil(modulesGone, std::chrono::milliseconds(100));
+        });
+        wakeUp();
+        ASSERT_TRUE(fake::platform().waitUntil([&] { return handling.load(); }));
+        end();
+        fake::platform().onCall("display_change_state", nullptr);
+        EXPECT_FALSE(gone);
+        EXPECT_TRUE(modulesGone());
+        restart();
+    }
 }
 
 TEST_F(LifecycleTest, AWakeUpWordRightBeforeTerminationIsSafe) {

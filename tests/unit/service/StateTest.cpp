@@ -6,6 +6,15 @@ using OrvaneDA::ErrorType;
 
 using StateTest = ServiceTest;
 
+namespace {
+
+void theErrorIsSentBeforeTheCancel() {
+    fake::platform().onCall("vc_mgr_cancel",
+                            [](const fake::Call&) { EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Error")); });
+}
+
+}  // namespace
+
 TEST_F(StateTest, ValuesTravelByTheirNames) {
     const char* states[] = {"Idle",  "Init",    "Recording", "Ready",  "Processing",
                             "Error", "StandBy", "UNKNOWN",   "UNKNOWN"};
@@ -124,6 +133,7 @@ TEST_F(StateTest, TheMicrophoneGoingOffEndsWhatIsGoingOn) {
     for (auto going : {VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_PROCESSING}) {
         create();
         fake::serviceState(VC_SERVICE_STATE_READY, going);
+        theErrorIsSentBeforeTheCancel();
         fake::changeSetting("db/mic_key/status", 0);
         EXPECT_EQ(sent().back(), state("Error", "MicOff"));
         EXPECT_EQ(cancels(), 1u);
@@ -135,6 +145,7 @@ TEST_F(StateTest, TheNetworkGoingAwayEndsWhatIsGoingOn) {
     for (auto going : {VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_PROCESSING}) {
         create();
         fake::serviceState(VC_SERVICE_STATE_READY, going);
+        theErrorIsSentBeforeTheCancel();
         fake::changeConnection(CONNECTION_TYPE_DISCONNECTED);
         EXPECT_EQ(sent().back(), state("Error", "WifiOff"));
         EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "send connection error"));
@@ -198,4 +209,8 @@ TEST_F(StateTest, TheWakeUpWordIsNotListenedForWhileTheUserIsRecognised) {
         EXPECT_TRUE(fake::engineListens());
         fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     }
+    fake::serviceState(VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_READY);
+    EXPECT_TRUE(fake::engineListens());
+    fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_PROCESSING);
+    EXPECT_FALSE(fake::engineListens()) << "also when no recording came before";
 }

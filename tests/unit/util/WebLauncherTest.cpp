@@ -39,8 +39,8 @@ TEST_F(WebLauncherTest, TheProviderMayBeginWithACapital) {
     EXPECT_EQ(launch(search("Google", "x", "u")), Texts{view("https://www.google.com/search?q=x")});
 }
 
-TEST_F(WebLauncherTest, AProviderInCapitalsThroughoutUsesTheResultsOwnAddress) {
-    for (const char* provider : {"GOOGLE", "gOOGLE", "google.com"}) {
+TEST_F(WebLauncherTest, AnyOtherProviderUsesTheResultsOwnAddress) {
+    for (const char* provider : {"GOOGLE", "gOOGLE", "google.com", "other", ""}) {
         fake::platform().reset();
         EXPECT_EQ(launch(search(provider, "x", "https://own.example/")), Texts{view("https://own.example/")});
     }

@@ -237,14 +237,16 @@ TEST_F(ResultTest, ARecipeCommandIsLeftToThePartnersApplication) {
 }
 
 TEST_F(ResultTest, TheGeneralPartnersApplicationDependsOnFrance) {
-    addRecipeApps("org.tizen.recipesvc", "org.tizen.WeblinkApps-Marmiton");
-    EXPECT_FALSE(result(recipe("Next Step", "com.generalrecipe.app")));
-    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}), Texts{"vc_mgr_set_selected_results(one)"});
-    addRecipeApps("org.tizen.recipesvc", "org.tizen.WeblinkApps-Marmiton");
-    fake::setSetting("db/setting/country_code", std::string("FR"));
-    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
-    EXPECT_FALSE(result(recipe("Next Step", "com.generalrecipe.app")));
-    EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}).back(), "vc_mgr_set_selected_results(two)");
+    for (const char* country : {"", "US", "DE", "KR", "XX", "fr", "FR"}) {
+        addRecipeApps("org.tizen.recipesvc", "org.tizen.WeblinkApps-Marmiton");
+        fake::setSetting("db/setting/country_code", std::string(country));
+        session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+        EXPECT_FALSE(result(recipe("Next Step", "com.generalrecipe.app")));
+        EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}).back(), std::string(country) == "FR"
+                                                                                ? "vc_mgr_set_selected_results(two)"
+                                                                                : "vc_mgr_set_selected_results(one)")
+            << country;
+    }
 }
 
 TEST_F(ResultTest, TheDeliCookPartnersApplicationAndOthersAreTheSameInFrance) {

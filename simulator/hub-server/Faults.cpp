@@ -19,6 +19,11 @@ bool sendOn(const Exchange& exchange) {
     return true;
 }
 
+// The plain answer's, unless the fault names another.
+int statusOf(const Exchange& exchange) {
+    return exchange.fault.value("status", exchange.answer.status);
+}
+
 bool giveBody(const Exchange& exchange) {
     exchange.stream.write(textOf({200, exchange.fault.at("body"), {}}));
     return true;
@@ -34,8 +39,14 @@ bool giveGarbage(const Exchange& exchange) {
 }
 
 bool giveHalf(const Exchange& exchange) {
-    const std::string whole = textOf(exchange.answer);
+    const std::string whole = textOf({statusOf(exchange), exchange.answer.body, {}});
     exchange.stream.write(whole.substr(0, whole.size() - (exchange.answer.body.size() + 1) / 2));
+    return false;
+}
+
+bool stall(const Exchange& exchange) {
+    giveHalf(exchange);
+    exchange.socket.isLeftWithin(-1);
     return false;
 }
 
@@ -68,7 +79,8 @@ bool close(const Exchange&) {
 
 // Ends when the client has had enough.
 bool neverEnd(const Exchange& exchange) {
-    exchange.stream.write("HTTP/1.1 200 -\r\nContent-Type: application/json\r\n\r\n{\"families\": [");
+    exchange.stream.write("HTTP/1.1 " + std::to_string(statusOf(exchange)) +
+                          " -\r\nContent-Type: application/json\r\n\r\n{\"families\": [");
     const std::string block(65536, ' ');
     for (;;) {
         exchange.stream.write(block);
@@ -88,6 +100,7 @@ const std::map<std::string, Kind>& kinds() {
         {"body", {giveBody, nullptr, "body"}},
         {"garbage", {giveGarbage, nullptr, nullptr}},
         {"half", {giveHalf, nullptr, nullptr}},
+        {"stall", {stall, nullptr, nullptr}},
         {"slow", {answerSlowly, "milliseconds", nullptr}},
         {"trickle", {trickle, "milliseconds", nullptr}},
         {"silent", {keepSilent, nullptr, nullptr}},
@@ -105,6 +118,7 @@ void checkFault(const json& fault) {
         throw std::invalid_argument("no such kind of fault: " + fault.dump());
     }
     fault.value("request", 1);
+    fault.value("status", 200);
     if (kind->second.number != nullptr) {
         fault.at(kind->second.number).get<int>();
     }

@@ -9,11 +9,13 @@
 //   body      gives this text as "body", whatever it is
 //   garbage   gives bytes that mean nothing
 //   half      promises a whole answer, gives half of it and closes
+//   stall     promises a whole answer, gives half of it and falls silent
 //   slow      answers after so many "milliseconds"
 //   trickle   answers with so many "milliseconds" after every byte
 //   silent    never answers
 //   close     closes without an answer
 //   endless   begins an answer that never ends
+// half, stall and endless take a "status" for their answer, too.
 #pragma once
 
 #include <nlohmann/json.hpp>

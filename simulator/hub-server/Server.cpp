@@ -67,6 +67,7 @@ void Server::accept() {
         if (handle < 0) {
             return;
         }
+        ++mAccepted;
         removeThoseOver();
         Connection& connection = mConnections.emplace_back(handle);
         connection.thread = std::thread([this, &connection] { serve(connection); });

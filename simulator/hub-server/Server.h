@@ -19,6 +19,8 @@ public:
     Server& operator=(const Server&) = delete;
 
     int port() const;
+    // Taken in so far, those over too. Any thread.
+    int connections() const { return mAccepted; }
 
 private:
     struct Connection {
@@ -37,6 +39,7 @@ private:
     Hub& mHub;
     const Identity* mIdentity;
     Socket mListener;
+    std::atomic<int> mAccepted{0};
     std::list<Connection> mConnections;  // the accepting thread's, and the destructor's after it
     std::thread mAccepting;
 };

@@ -48,7 +48,7 @@ int codeOf(CURLcode code) {
 }
 
 void checkStatus(long status, const std::string& what) {
-    if (status < 200 || status > 299) {
+    if (!curl::isSuccess(status)) {
         const bool isOfHttp = status >= 300 && status <= 599;
         throw hub::Fault(isOfHttp ? static_cast<int>(status) : KS_SERVER_ERROR_BAD_ANSWER,
                          what + ": HTTP status " + std::to_string(status));

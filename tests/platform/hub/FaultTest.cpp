@@ -25,6 +25,16 @@ TEST_F(AHub, ThatFailsTellsTheStatusAndIsAskedAgainNextTime) {
     }
 }
 
+TEST_F(AHub, ThatFailsWithABigOrAHalfBodyStillTellsTheStatusInOneLine) {
+    const Session session = signedIn();
+    for (const char* kind : {"endless", "half"}) {
+        setFaults({{{"request", 1}, {"kind", kind}, {"status", 503}}});
+        const auto log = logOf([&] { familiesOf(session, 503); });
+        EXPECT_THAT(log, ElementsAre(testing::HasSubstr("/v1/families: HTTP status 503"))) << kind;
+        EXPECT_EQ(familiesOf(session).size(), 2U) << "after " << kind;
+    }
+}
+
 TEST_F(AHub, ThatGivesAStatusNoHubHasGivesABadAnswer) {
     const Session session = signedIn();
     for (const int status : {204, 600, 999}) {

@@ -146,6 +146,7 @@ TEST_F(ASession, OfManyFamiliesKeepsItsConnection) {
     }
     EXPECT_EQ(users, 200U);
     EXPECT_EQ(requests().size(), 22U);
+    EXPECT_EQ(connections(), 1);
 }
 
 TEST(ACallWithoutASession, IsRefused) {

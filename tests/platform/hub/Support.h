@@ -47,6 +47,7 @@ protected:
     void start(int port = 0, const sim::hub::Identity* identity = nullptr);
     void stop() { mServer.reset(); }
     int port() const { return mServer->port(); }
+    int connections() const { return mServer->connections(); }
     std::string uri(const std::string& scheme = "http", const std::string& host = "127.0.0.1") const;
     // "METHOD path" of all requests that reached the server.
     std::vector<std::string> requests() const;

@@ -105,6 +105,21 @@ TEST_F(AHubThatLetsOneWait, WithEveryByteIsGivenUpAfterTheWholeLimit) {
     expectTimeOut(kShortRequest, uri());
 }
 
+TEST_F(AHubThatLetsOneWait, WithTheRestOfAnAnswerIsGivenUpAfterTheWholeLimit) {
+    start();
+    setFaults({{{"kind", "stall"}}});
+    expectTimeOut(kShortRequest, uri());
+}
+
+TEST_F(AHubThatLetsOneWait, WithTheRestOfAFailureIsNotWaitedFor) {
+    start();
+    setFaults({{{"kind", "stall"}, {"status", 503}}});
+    ks_server_s session(curl::Limits{kLong, kLong, 1 << 20});
+    const auto begin = Clock::now();
+    EXPECT_EQ(resultOfSignIn(session, uri()), 503);
+    EXPECT_LT(Clock::now() - begin, kSoon);
+}
+
 TEST_F(AHubThatLetsOneWait, LongerThanItTookToConnectIsWaitedFor) {
     start();
     setFaults({{{"kind", "slow"}, {"milliseconds", 1100}}});

@@ -14,25 +14,54 @@ void initialise() {
     }
 }
 
-struct Body {
-    std::string text;
+// What comes back. Any other count than the given one from its two callbacks ends the transfer with CURLE_WRITE_ERROR.
+struct Transfer {
+    CURL* handle;
     std::size_t most;
+    std::string body;
     bool isTooLong = false;
+    bool isNoSuccess = false;  // ended with its head: nobody reads the body, or waits for it
 };
 
-// Any other count than the given one ends the transfer with CURLE_WRITE_ERROR.
+long statusOf(CURL* handle) {
+    long status = 0;
+    curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
+    return status;
+}
+
+// Line by line; the empty one ends the head, that of an interim answer (1xx) too.
+std::size_t onHeadLine(const char* line, std::size_t, std::size_t count, void* data) noexcept {
+    auto& transfer = *static_cast<Transfer*>(data);
+    const bool isEnd = *line == '\r' || *line == '\n';
+    const long status = statusOf(transfer.handle);
+    transfer.isNoSuccess = isEnd && status >= 200 && !isSuccess(status);
+    return transfer.isNoSuccess ? CURL_WRITEFUNC_ERROR : count;
+}
+
 std::size_t onBytes(const char* bytes, std::size_t, std::size_t count, void* data) noexcept {
-    auto& body = *static_cast<Body*>(data);
+    auto& transfer = *static_cast<Transfer*>(data);
     try {
-        body.isTooLong = count > body.most - body.text.size();
-        if (!body.isTooLong) {
-            body.text.append(bytes, count);
+        transfer.isTooLong = count > transfer.most - transfer.body.size();
+        if (!transfer.isTooLong) {
+            transfer.body.append(bytes, count);
             return count;
         }
     } catch (const std::exception&) {
     }
     return CURL_WRITEFUNC_ERROR;
 }
+
+// Whatever ends a request, nothing of it is pointed at any more.
+class Reset {
+public:
+    explicit Reset(CURL* handle) : mHandle(handle) {}
+    ~Reset() { curl_easy_reset(mHandle); }
+    Reset(const Reset&) = delete;
+    Reset& operator=(const Reset&) = delete;
+
+private:
+    CURL* mHandle;
+};
 
 template <typename Value>
 void set(CURL* handle, CURLoption option, Value value) {
@@ -64,27 +93,28 @@ Answer Client::post(const std::string& url, const std::string& bearer, const std
 }
 
 Answer Client::request(const std::string& url, const std::string& bearer, const std::string* json) {
-    Body body{{}, mLimits.answerBytes};
+    CURL* handle = mHandle.get();
+    Transfer transfer{handle, mLimits.answerBytes, {}};
     char reason[CURL_ERROR_SIZE] = "";
     Headers headers;
+    const Reset reset(handle);
     prepare(url, bearer);
     if (json != nullptr) {
         preparePost(*json, headers);
     }
-    set(mHandle.get(), CURLOPT_WRITEFUNCTION, onBytes);
-    set(mHandle.get(), CURLOPT_WRITEDATA, &body);
-    set(mHandle.get(), CURLOPT_ERRORBUFFER, reason);
-    const CURLcode code = curl_easy_perform(mHandle.get());
-    Answer answer{0, std::move(body.text)};
-    curl_easy_getinfo(mHandle.get(), CURLINFO_RESPONSE_CODE, &answer.status);
-    curl_easy_reset(mHandle.get());  // nothing of this request is pointed at any more
-    if (body.isTooLong) {
+    set(handle, CURLOPT_HEADERFUNCTION, onHeadLine);
+    set(handle, CURLOPT_HEADERDATA, &transfer);
+    set(handle, CURLOPT_WRITEFUNCTION, onBytes);
+    set(handle, CURLOPT_WRITEDATA, &transfer);
+    set(handle, CURLOPT_ERRORBUFFER, reason);
+    const CURLcode code = curl_easy_perform(handle);
+    if (transfer.isTooLong) {
         throw Error(code, "more than " + std::to_string(mLimits.answerBytes) + " bytes");
     }
-    if (code != CURLE_OK) {
+    if (code != CURLE_OK && !transfer.isNoSuccess) {
         throw Error(code, *reason != 0 ? reason : curl_easy_strerror(code));
     }
-    return answer;
+    return {statusOf(handle), std::move(transfer.body)};
 }
 
 void Client::prepare(const std::string& url, const std::string& bearer) {
@@ -92,6 +122,7 @@ void Client::prepare(const std::string& url, const std::string& bearer) {
     set(handle, CURLOPT_URL, url.c_str());
     set(handle, CURLOPT_PATH_AS_IS, 1L);
     set(handle, CURLOPT_PROTOCOLS_STR, "http,https");
+    set(handle, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);  // a proxy's are not the answer's
     set(handle, CURLOPT_NOSIGNAL, 1L);
     set(handle, CURLOPT_QUICK_EXIT, 1L);  // a limit is not stretched by a name server that keeps silent
     set(handle, CURLOPT_CONNECTTIMEOUT_MS, mLimits.connectMilliseconds);

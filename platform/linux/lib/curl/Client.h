@@ -19,8 +19,12 @@ struct Limits {
 
 struct Answer {
     long status;
-    std::string body;
+    std::string body;  // empty unless the status is a success: no other body is read
 };
+
+constexpr bool isSuccess(long status) {
+    return status >= 200 && status <= 299;
+}
 
 class Error : public std::runtime_error {
 public:

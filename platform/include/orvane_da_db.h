@@ -26,7 +26,8 @@ enum { VRD_FIELD_TEXT = 1 };
 typedef bool (*vrd_table_cb)(const char* field, int kind, const char* value, void* user_data);
 
 /* A handle may be used by any thread, one at a time. All return vrd_error_e. A name that is no file name of its own
- * (empty, with a slash or a leading dot, over 200 bytes) is an invalid parameter; a broken file is an I/O error. */
+ * (empty, with a slash or a leading dot, over 200 bytes) is an invalid parameter; a broken file is an I/O error. A
+ * database that cannot be opened yet has its manager all the same: each use tries again. */
 int vrd_manager_create(vrd_manager_h* manager, const char* name);
 int vrd_manager_destroy(vrd_manager_h manager);
 /* Walks the fields of all records, record by record, as they were when the walk began. The callback must not use the

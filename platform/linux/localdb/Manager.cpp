@@ -1,8 +1,7 @@
 #include "localdb/Manager.h"
 
 #include <sys/statvfs.h>
-
-#include <filesystem>
+#include <unistd.h>
 
 #include "lib/sqlite/Statement.h"
 #include "localdb/Location.h"
@@ -11,7 +10,7 @@ namespace {
 
 constexpr int kBusyMilliseconds = 5000;
 
-// The first look at the file: one that is no database is told here.
+// The first look at the file, which makes its log: one that is no database is told here.
 void look(sqlite::Database& database) {
     database.execute("SELECT count(*) FROM sqlite_master");
 }
@@ -33,10 +32,19 @@ bool isOnReadOnlyMedium(const std::string& file) {
     return statvfs(file.c_str(), &medium) == 0 && (medium.f_flag & ST_RDONLY) != 0;
 }
 
-bool hasPendingLog(const std::string& file) {
-    std::error_code error;
-    const auto size = std::filesystem::file_size(file + "-wal", error);
-    return !error && size > 0;
+std::string logOf(const std::string& file) {
+    return file + "-wal";
+}
+
+// Zeros when there is no such file.
+struct stat statusOf(const std::string& file) {
+    struct stat status {};
+    stat(file.c_str(), &status);
+    return status;
+}
+
+bool isSame(const struct stat& one, const struct stat& other) {
+    return one.st_ino != 0 && one.st_ino == other.st_ino && one.st_dev == other.st_dev;
 }
 
 std::string uriOf(const std::string& file) {
@@ -45,6 +53,25 @@ std::string uriOf(const std::string& file) {
         uri += letter == '%' ? "%25" : letter == '?' ? "%3f" : letter == '#' ? "%23" : std::string(1, letter);
     }
     return uri + "?immutable=1";
+}
+
+std::unique_ptr<sqlite::Database> openForWriting(const std::string& file) {
+    auto database =
+        std::make_unique<sqlite::Database>(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, kBusyMilliseconds);
+    database->execute("PRAGMA trusted_schema=OFF; PRAGMA synchronous=FULL");
+    keepReadersFromWaiting(*database);
+    look(*database);
+    return database;
+}
+
+// A database that was closed in order has no log beside it, and on a medium that nobody can write none can be made: it
+// is then read as the file alone.
+std::unique_ptr<sqlite::Database> openForReading(const std::string& file) {
+    const bool alone = isOnReadOnlyMedium(file) && statusOf(logOf(file)).st_size == 0;
+    const int flags = SQLITE_OPEN_READONLY | (alone ? SQLITE_OPEN_URI : 0);
+    auto database = std::make_unique<sqlite::Database>(alone ? uriOf(file) : file, flags, kBusyMilliseconds);
+    look(*database);
+    return database;
 }
 
 bool hasTable(sqlite::Database& database, const std::string& table) {
@@ -67,45 +94,39 @@ void insert(sqlite::Database& database, const std::string& table, const vrd_mana
 
 }  // namespace
 
-vrd_manager_s::vrd_manager_s(const std::string& name) : mName(name), mFile(localdb::fileOf(name)) {
-    open();
-}
+vrd_manager_s::vrd_manager_s(const std::string& name) : mName(name) {}
 
 void vrd_manager_s::open() {
+    mDatabase.reset();
+    mFile = localdb::fileOf(mName);
     try {
-        mDatabase =
-            std::make_unique<sqlite::Database>(mFile, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, kBusyMilliseconds);
-        mDatabase->execute("PRAGMA trusted_schema=OFF; PRAGMA synchronous=FULL");
-        look(*mDatabase);
-        keepReadersFromWaiting(*mDatabase);
+        mDatabase = openForWriting(mFile);
     } catch (const sqlite::Error& error) {
         if (error.code() != SQLITE_READONLY && error.code() != SQLITE_CANTOPEN) {
             throw;
         }
-        openForReading();
+        mDatabase = openForReading(mFile);
     }
-    stat(mFile.c_str(), &mOpened);
+    mOpened = statusOf(mFile);
+    mLog = statusOf(logOf(mFile));
 }
 
-// A database that was closed in order has no log beside it, and on a medium that nobody can write none can be made: it
-// is then read as the file alone.
-void vrd_manager_s::openForReading() {
-    const bool alone = isOnReadOnlyMedium(mFile) && !hasPendingLog(mFile);
-    const int flags = SQLITE_OPEN_READONLY | (alone ? SQLITE_OPEN_URI : 0);
-    mDatabase = std::make_unique<sqlite::Database>(alone ? uriOf(mFile) : mFile, flags, kBusyMilliseconds);
-    look(*mDatabase);
+// The log of a file that is gone stays behind, and would be read into the one in its place.
+void vrd_manager_s::leaveReplacedFile() {
+    if (isSame(statusOf(logOf(mFile)), mLog)) {
+        unlink(logOf(mFile).c_str());
+        unlink((mFile + "-shm").c_str());
+    }
+    mDatabase.reset();
 }
 
-bool vrd_manager_s::wasReplaced() const {
-    struct stat now {};
-    return stat(mFile.c_str(), &now) != 0 || now.st_ino != mOpened.st_ino || now.st_dev != mOpened.st_dev;
-}
-
-// Someone may remove the file or put another in its place: what is asked from now on is asked of that one.
+// Someone may remove the file or put another in its place: what is asked from now on is asked of that one. What could
+// not be opened, or only for reading, may be open to us by now.
 sqlite::Database& vrd_manager_s::database() {
-    if (!mDatabase || wasReplaced()) {
-        mDatabase.reset();
-        localdb::fileOf(mName);
+    if (mDatabase && !isSame(statusOf(mFile), mOpened)) {
+        leaveReplacedFile();
+    }
+    if (!mDatabase || mDatabase->isReadOnly()) {
         open();
     }
     return *mDatabase;

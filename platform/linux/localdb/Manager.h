@@ -22,23 +22,24 @@ public:
     using Visitor = std::function<bool(const char* field, int kind, const char* value)>;
     using Records = std::vector<const vrd_bundle_s*>;
 
-    // Makes the file when there is none; one that can only be read is opened for that. All of these throw
-    // sqlite::Error or std::exception.
+    // Not open yet.
     explicit vrd_manager_s(const std::string& name);
 
     const std::string& name() const { return mName; }
+    // Makes the file when there is none; one that can only be read is opened for that. What fails here is tried again
+    // by the next of the two below. All three throw sqlite::Error or std::exception.
+    void open();
     // False when there is no such table.
     bool walk(const std::string& table, const Visitor& visitor);
     void replace(const Records& records);
 
 private:
-    void open();
-    void openForReading();
-    bool wasReplaced() const;
+    void leaveReplacedFile();
     sqlite::Database& database();
 
     std::string mName;
     std::string mFile;
     std::unique_ptr<sqlite::Database> mDatabase;
     struct stat mOpened {};
+    struct stat mLog {};
 };

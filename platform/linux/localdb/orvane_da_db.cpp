@@ -10,6 +10,21 @@
 
 namespace {
 
+vrd_error_e missing(const char* call) noexcept {
+    dlog_print(DLOG_ERROR, "orvane-db", "%s: an argument is missing", call);
+    return VRD_ERROR_INVALID_PARAMETER;
+}
+
+// A name that is refused may hold anything, and the log is lines.
+vrd_error_e refused(std::string name) {
+    constexpr std::size_t enough = 100;
+    const auto isControl = [](unsigned char letter) { return letter < ' ' || letter == 0x7f; };
+    name.resize(std::min(name.size(), enough));
+    std::replace_if(name.begin(), name.end(), isControl, '?');
+    dlog_print(DLOG_ERROR, "orvane-db", "no name for a database: %s", name.c_str());
+    return VRD_ERROR_INVALID_PARAMETER;
+}
+
 // Turns what a room's function throws into a code and one line of the log.
 template <typename Action>
 int guarded(const char* what, const char* name, Action action) noexcept {
@@ -30,26 +45,31 @@ extern "C" {
 
 int vrd_manager_create(vrd_manager_h* manager, const char* name) {
     if (manager == nullptr || name == nullptr) {
-        return VRD_ERROR_INVALID_PARAMETER;
+        return missing(__func__);
     }
-    return guarded("open", name, [&] {
+    return guarded("make", "handle", [&] {
         if (!localdb::isValidName(name)) {
-            dlog_print(DLOG_ERROR, "orvane-db", "no name for a database: %s", name);
-            return VRD_ERROR_INVALID_PARAMETER;
+            return refused(name);
         }
-        *manager = std::make_unique<vrd_manager_s>(name).release();
+        auto made = std::make_unique<vrd_manager_s>(name);
+        // Told now; the calls that come try again.
+        guarded("open", name, [&] {
+            made->open();
+            return VRD_ERROR_NONE;
+        });
+        *manager = made.release();
         return VRD_ERROR_NONE;
     });
 }
 
 int vrd_manager_destroy(vrd_manager_h manager) {
     const std::unique_ptr<vrd_manager_s> owned(manager);
-    return owned ? VRD_ERROR_NONE : VRD_ERROR_INVALID_PARAMETER;
+    return owned ? VRD_ERROR_NONE : missing(__func__);
 }
 
 int vrd_manager_foreach_table(vrd_manager_h manager, const char* table, vrd_table_cb callback, void* user_data) {
     if (manager == nullptr || table == nullptr || callback == nullptr) {
-        return VRD_ERROR_INVALID_PARAMETER;
+        return missing(__func__);
     }
     return guarded("read", manager->name().c_str(), [&] {
         const auto visit = [&](const char* field, int kind, const char* value) {
@@ -61,13 +81,13 @@ int vrd_manager_foreach_table(vrd_manager_h manager, const char* table, vrd_tabl
 
 int vrd_manager_private_update(vrd_manager_h manager, GList* bundles) {
     if (manager == nullptr) {
-        return VRD_ERROR_INVALID_PARAMETER;
+        return missing(__func__);
     }
     return guarded("update", manager->name().c_str(), [&] {
         vrd_manager_s::Records records;
         for (const GList* node = bundles; node != nullptr; node = node->next) {
             if (node->data == nullptr) {
-                return VRD_ERROR_INVALID_PARAMETER;
+                return missing("vrd_manager_private_update");
             }
             records.push_back(static_cast<const vrd_bundle_s*>(node->data));
         }
@@ -78,7 +98,7 @@ int vrd_manager_private_update(vrd_manager_h manager, GList* bundles) {
 
 int vrd_bundle_create(vrd_bundle_h* record) {
     if (record == nullptr) {
-        return VRD_ERROR_INVALID_PARAMETER;
+        return missing(__func__);
     }
     return guarded("make a record for", "", [&] {
         *record = std::make_unique<vrd_bundle_s>().release();
@@ -88,12 +108,12 @@ int vrd_bundle_create(vrd_bundle_h* record) {
 
 int vrd_bundle_destroy(vrd_bundle_h record) {
     const std::unique_ptr<vrd_bundle_s> owned(record);
-    return owned ? VRD_ERROR_NONE : VRD_ERROR_INVALID_PARAMETER;
+    return owned ? VRD_ERROR_NONE : missing(__func__);
 }
 
 int vrd_bundle_add_str(vrd_bundle_h record, const char* key, const char* text) {
     if (record == nullptr || key == nullptr || text == nullptr) {
-        return VRD_ERROR_INVALID_PARAMETER;
+        return missing(__func__);
     }
     return guarded("fill a record for", "", [&] {
         auto& fields = record->fields;

@@ -24,6 +24,8 @@ using testing::HasSubstr;
 
 class ABrokenFile : public DatabaseFolder {};
 class AFullDisk : public DatabaseFolder {};
+class ALockedDatabase : public DatabaseFolder {};
+class AMissingFolder : public DatabaseFolder {};
 class AReadOnlyMedium : public DatabaseFolder {};
 
 std::string contentOf(const std::string& file) {
@@ -35,18 +37,61 @@ void put(const std::string& file, const std::string& content) {
     std::ofstream(file, std::ios::binary) << content;
 }
 
+void expectToWork(const Manager& manager) {
+    EXPECT_EQ(update(manager.get(), users("works", 2)), VRD_ERROR_NONE);
+    EXPECT_EQ(markOf(walk(manager.get(), "Profile")), "works");
+}
+
 TEST_F(ABrokenFile, IsToldInOneLineAndLeftAsItIs) {
     const std::string content(5000, 'x');
     put(file("Profile"), content);
-    const auto log = logOf([] { openDatabase("Profile", VRD_ERROR_IO_ERROR); });
-    EXPECT_THAT(log, ElementsAre(HasSubstr("cannot open the database Profile: file is not a database")));
+    Manager manager;
+    const auto log = logOf([&] {
+        manager = openDatabase("Profile");
+        walk(manager.get(), "Profile", VRD_ERROR_IO_ERROR);
+        EXPECT_EQ(update(manager.get(), users("new", 2)), VRD_ERROR_IO_ERROR);
+    });
+    EXPECT_THAT(log, ElementsAre(HasSubstr("cannot open the database Profile: file is not a database"),
+                                 HasSubstr("cannot read the database Profile: file is not a database"),
+                                 HasSubstr("cannot update the database Profile: file is not a database")));
     EXPECT_EQ(contentOf(file("Profile")), content);
 }
 
-TEST_F(ABrokenFile, ThatIsAFolderIsToldInOneLine) {
+TEST_F(ABrokenFile, ThatIsAFolderIsToldInOneLineAndUsedOnceItIsNone) {
     std::filesystem::create_directory(file("Profile"));
-    EXPECT_THAT(logOf([] { openDatabase("Profile", VRD_ERROR_IO_ERROR); }),
-                ElementsAre(HasSubstr("cannot open the database Profile")));
+    Manager manager;
+    EXPECT_THAT(logOf([&] { manager = openDatabase("Profile"); }),
+                ElementsAre(HasSubstr("cannot open the database Profile: ")));
+    std::filesystem::remove(file("Profile"));
+    expectToWork(manager);
+}
+
+TEST_F(AMissingFolder, IsToldWithEachUseAndUsedOnceItIsThere) {
+    const std::string folder = path() + "/not/yet";
+    put(path() + "/not", "in its way");
+    setenv("ORVANE_DB_DIR", folder.c_str(), 1);
+    Manager manager;
+    const auto log = logOf([&] {
+        manager = openDatabase("Profile");
+        walk(manager.get(), "Profile", VRD_ERROR_IO_ERROR);
+    });
+    EXPECT_THAT(log, ElementsAre(HasSubstr("cannot open the database Profile: cannot make " + folder),
+                                 HasSubstr("cannot read the database Profile: cannot make " + folder)));
+    std::filesystem::remove(path() + "/not");
+    expectToWork(manager);
+    EXPECT_TRUE(std::filesystem::exists(folder + "/Profile.db"));
+}
+
+TEST_F(ALockedDatabase, IsToldWhenItIsOpenedAndWorksOnceItIsFree) {
+    update(openDatabase("Profile").get(), users("old", 2));
+    auto holder = std::make_unique<sqlite::Database>(file("Profile"), SQLITE_OPEN_READWRITE, 0);
+    holder->execute("PRAGMA locking_mode=EXCLUSIVE; BEGIN IMMEDIATE; CREATE TABLE Other (name TEXT)");
+    Manager manager;
+    EXPECT_THAT(logOf([&] { manager = openDatabase("Profile"); }),
+                ElementsAre(HasSubstr("cannot open the database Profile: database is locked")));
+    holder.reset();
+    EXPECT_EQ(markOf(walk(manager.get(), "Profile")), "old");
+    expectToWork(manager);
 }
 
 TEST_F(ABrokenFile, WithATableOfAnotherShapeIsToldInOneLine) {
@@ -73,15 +118,12 @@ TEST_F(ABrokenFile, NeverBringsTheProcessDown) {
         std::filesystem::remove(file("Profile") + "-wal");
         std::filesystem::remove(file("Profile") + "-shm");
         put(file("Profile"), broken);
-        vrd_manager_h manager = nullptr;
         const auto ignore = [](const char*, int, const char*, void*) { return true; };
-        testing::internal::CaptureStderr();
-        if (vrd_manager_create(&manager, "Profile") == VRD_ERROR_NONE) {
-            const Manager owned(manager);
-            vrd_manager_foreach_table(manager, "Profile", ignore, nullptr);
-            update(manager, users("new", 3));
-        }
-        testing::internal::GetCapturedStderr();
+        logOf([&] {
+            const Manager manager = openDatabase("Profile");
+            vrd_manager_foreach_table(manager.get(), "Profile", ignore, nullptr);
+            update(manager.get(), users("new", 3));
+        });
     }
 }
 
@@ -101,14 +143,21 @@ TEST_F(AFullDisk, KeepsTheOldListAndTakesTheNextThatFits) {
     EXPECT_EQ(inSmallFileSystem(1 << 20, [this] { fillTheDisk(path()); }), 0);
 }
 
-TEST_F(AFullDisk, IsToldWhenTheDatabaseIsOpened) {
-    EXPECT_EQ(inSmallFileSystem(1 << 20,
-                                [this] {
-                                    put(path() + "/rubbish", std::string(2 << 20, 'x'));
-                                    EXPECT_THAT(logOf([] { openDatabase("Profile", VRD_ERROR_IO_ERROR); }),
-                                                ElementsAre(HasSubstr("cannot open the database Profile: ")));
-                                }),
-              0);
+void openOnAFullDisk(const std::string& folder) {
+    put(folder + "/rubbish", std::string(2 << 20, 'x'));
+    Manager manager;
+    const auto log = logOf([&] {
+        manager = openDatabase("Profile");
+        EXPECT_EQ(update(manager.get(), users("new", 2)), VRD_ERROR_IO_ERROR);
+    });
+    EXPECT_THAT(log, ElementsAre(HasSubstr("cannot open the database Profile: "),
+                                 HasSubstr("cannot update the database Profile: ")));
+    std::filesystem::remove(folder + "/rubbish");
+    expectToWork(manager);
+}
+
+TEST_F(AFullDisk, IsToldWhenTheDatabaseIsOpenedAndWorksOnceThereIsRoom) {
+    EXPECT_EQ(inSmallFileSystem(1 << 20, [this] { openOnAFullDisk(path()); }), 0);
 }
 
 TEST_F(AFullDisk, MayBeALimitOfTheProcess) {
@@ -125,8 +174,12 @@ TEST_F(AFullDisk, MayBeALimitOfTheProcess) {
     EXPECT_EQ(markOf(walk(openDatabase("Profile").get(), "Profile")), "old");
 }
 
+void remount(const std::string& folder, unsigned long flags) {
+    ASSERT_EQ(mount(nullptr, folder.c_str(), nullptr, MS_REMOUNT | flags, nullptr), 0);
+}
+
 void remountReadOnly(const std::string& folder) {
-    ASSERT_EQ(mount(nullptr, folder.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+    remount(folder, MS_RDONLY);
 }
 
 void checkReadOnly() {
@@ -145,6 +198,37 @@ TEST_F(AReadOnlyMedium, IsReadAndRefusesAnUpdateInOneLine) {
                                     checkReadOnly();
                                 }),
               0);
+}
+
+// Another process writes as soon as it can, and the handle that could only read shows it and writes too.
+void checkWritableAgain(const std::string& folder) {
+    update(openDatabase("Profile").get(), users("old", 5));
+    remountReadOnly(folder);
+    const Manager manager = openDatabase("Profile");
+    EXPECT_EQ(markOf(walk(manager.get(), "Profile")), "old");
+    remount(folder, 0);
+    EXPECT_EQ(update(openDatabase("Profile").get(), users("new", 300)), VRD_ERROR_NONE);
+    EXPECT_EQ(markOf(walk(manager.get(), "Profile")), "new");
+    expectToWork(manager);
+}
+
+TEST_F(AReadOnlyMedium, ThatCanBeWrittenAgainIsWritten) {
+    EXPECT_EQ(inSmallFileSystem(1 << 20, [this] { checkWritableAgain(path()); }), 0);
+}
+
+void checkWrittenMeanwhile(const std::string& folder) {
+    update(openDatabase("Profile").get(), users("old", 5));
+    remountReadOnly(folder);
+    const Manager manager = openDatabase("Profile");
+    EXPECT_EQ(markOf(walk(manager.get(), "Profile")), "old");
+    remount(folder, 0);
+    update(openDatabase("Profile").get(), users("new", 300));
+    remountReadOnly(folder);
+    EXPECT_EQ(markOf(walk(manager.get(), "Profile")), "new");
+}
+
+TEST_F(AReadOnlyMedium, ThatWasWrittenMeanwhileIsReadAnew) {
+    EXPECT_EQ(inSmallFileSystem(1 << 20, [this] { checkWrittenMeanwhile(path()); }), 0);
 }
 
 TEST_F(AReadOnlyMedium, ShowsWhatAWriterThatDiedHadStored) {

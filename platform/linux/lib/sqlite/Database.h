@@ -26,6 +26,8 @@ public:
     Database(const std::string& file, int flags, int busyMilliseconds);
 
     void execute(const std::string& sql);
+    // Wanted so, or a file that could not be opened otherwise.
+    bool isReadOnly() const { return sqlite3_db_readonly(get(), "main") == 1; }
     [[noreturn]] void fail(int code) const;
     sqlite3* get() const { return mDatabase.get(); }
 

@@ -26,7 +26,7 @@ ConnectionStateListener::~ConnectionStateListener() {
     }
 }
 
-void ConnectionStateListener::typeChanged(connection_type_e type, void* data) {
+void ConnectionStateListener::typeChanged(connection_type_e type, void* data) noexcept {
     auto* listener = static_cast<ConnectionStateListener*>(data);
     if (type == listener->mType) {
         return;

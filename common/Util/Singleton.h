@@ -1,24 +1,32 @@
 #pragma once
 
+#include <mutex>
+
 namespace Util {
 
-// One plain pointer a type, created on first use. Not guarded: the first use and destroy() belong to one thread.
+// One instance a type, created on first use, whichever thread that is.
 template <typename T>
 class Singleton {
 public:
+    // Any thread. The constructor of T must not ask for the instance.
     static T* getInstance() {
+        std::lock_guard<std::mutex> lock(mCreation);
         if (mInstance == nullptr) {
             mInstance = new T;
         }
         return mInstance;
     }
 
+    // Only when no other thread uses the instance any more; a later use makes a new one.
     static void destroy() {
         delete mInstance;
         mInstance = nullptr;
     }
 
     static inline T* mInstance = nullptr;
+
+private:
+    static inline std::mutex mCreation;
 };
 
 }  // namespace Util

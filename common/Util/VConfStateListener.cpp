@@ -61,7 +61,7 @@ bool VConfStateListener::update(const keynode_t* node) {
     }
 }
 
-void VConfStateListener::vconfNotifyCb(keynode_t* node, void* data) {
+void VConfStateListener::vconfNotifyCb(keynode_t* node, void* data) noexcept {
     auto* listener = static_cast<VConfStateListener*>(data);
     if (listener->update(node)) {
         listener->callAll();

@@ -24,7 +24,7 @@ private:
     VConfStateListener(const std::string& key, ValueType type);
     void subscribe();
     bool update(const keynode_t* node);
-    static void vconfNotifyCb(keynode_t* node, void* listener);
+    static void vconfNotifyCb(keynode_t* node, void* listener) noexcept;
 
     // The value of the key's real type is compared, whatever type the listener was made with.
     std::string mKey;

@@ -39,7 +39,8 @@ void SoundStreamWatcher::askPlaybackFocus() {
 }
 
 void SoundStreamWatcher::focusStateChanged(int, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
-                                           sound_stream_focus_change_reason_e reason, const char*, void* data) {
+                                           sound_stream_focus_change_reason_e reason, const char*,
+                                           void* data) noexcept {
     auto* watcher = static_cast<SoundStreamWatcher*>(data);
     LOGD("Focus state changed!");
     if (mask != SOUND_STREAM_FOCUS_FOR_PLAYBACK || reason != SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA) {
@@ -57,9 +58,10 @@ void SoundStreamWatcher::focusStateChanged(int, sound_stream_focus_mask_e mask, 
 
 bool SoundStreamWatcher::isMorningBriefPlaying() {
     bool found = false;
+    std::lock_guard<std::mutex> lock(mBriefingMutex);
     vrd_manager_foreach_table(
         mBriefingDb, "MorningBrief",
-        [](const char* field, int kind, const char* value, void* result) {
+        [](const char* field, int kind, const char* value, void* result) noexcept {
             if (strcmp(field, "isMorningBriefPlaying") == 0 && kind == VRD_FIELD_TEXT && value != nullptr &&
                 strcmp(value, "Play") == 0) {
                 *static_cast<bool*>(result) = true;

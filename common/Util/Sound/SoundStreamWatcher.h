@@ -4,11 +4,12 @@
 #include <sound_manager.h>
 
 #include <atomic>
+#include <mutex>
 
 namespace Util {
 
 // Knows whether the media output is free: no media player holds the playback focus and no morning briefing plays.
-// Created and destroyed on the main loop; the question may be asked on any thread.
+// Any thread may create it and ask; it is destroyed when no thread asks any more.
 class SoundStreamWatcher {
 public:
     SoundStreamWatcher();
@@ -22,11 +23,13 @@ private:
     void askPlaybackFocus();
     bool isMorningBriefPlaying();
     static void focusStateChanged(int id, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
-                                  sound_stream_focus_change_reason_e reason, const char* extraInfo, void* watcher);
+                                  sound_stream_focus_change_reason_e reason, const char* extraInfo,
+                                  void* watcher) noexcept;
 
     std::atomic<bool> mAvailable{false};  // written on the sound manager's thread
     int mWatchId = -1;
     vrd_manager_h mBriefingDb = nullptr;
+    std::mutex mBriefingMutex;  // held while the database is walked: its handle takes one thread at a time
 };
 
 }  // namespace Util

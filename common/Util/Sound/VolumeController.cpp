@@ -132,7 +132,7 @@ void VolumeController::setDecreaseCallback(const std::function<void(void*)>& cal
     mDecreaseCallback = std::make_unique<DecreaseCallback>(DecreaseCallback{callback, userData});
 }
 
-void VolumeController::volumeChanged(sound_type_e type, unsigned int level, void* data) {
+void VolumeController::volumeChanged(sound_type_e type, unsigned int level, void* data) noexcept {
     auto* self = static_cast<VolumeController*>(data);
     if (type != soundTypeOf(self->mMediaType)) {
         return;

@@ -1,5 +1,8 @@
 #include "Util/Sound/SoundStreamWatcher.h"
 
+#include <atomic>
+#include <thread>
+
 #include "fake/FakeHousehold.h"
 #include "fake/FakeSound.h"
 #include "unit/Fixture.h"
@@ -76,6 +79,20 @@ TEST_F(SoundStreamWatcherTest, AnotherReasonOrAnotherFocusLeavesTheAnswer) {
     EXPECT_EQ(fake::platform().countLogged("For Playback By media!"), 0u);
 }
 
+TEST_F(SoundStreamWatcherTest, AStateThatIsNeitherTakenNorReleasedLeavesTheAnswer) {
+    nobodyPlays();
+    SoundStreamWatcher watcher;
+    const auto other = static_cast<sound_stream_focus_state_e>(2);
+    for (const auto& [state, available] : {std::pair(RELEASED, true), std::pair(ACQUIRED, false)}) {
+        fake::changePlaybackFocus(PLAYBACK, state, BY_MEDIA);
+        fake::platform().forgetCalls();
+        fake::changePlaybackFocus(PLAYBACK, other, BY_MEDIA);
+        EXPECT_EQ(watcher.isSoundStreamAvailable(), available);
+        EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "For Playback By media!"));
+        EXPECT_EQ(fake::platform().logs().size(), 2u) << "no line for the state";
+    }
+}
+
 TEST_F(SoundStreamWatcherTest, AReleaseThatIsNotMediasLeavesItTaken) {
     fake::setPlaybackFocus(BY_MEDIA);
     SoundStreamWatcher watcher;
@@ -92,6 +109,25 @@ TEST_F(SoundStreamWatcherTest, AMorningBriefingThatPlaysTakesTheOutputWhateverTh
     EXPECT_TRUE(watcher.isSoundStreamAvailable());
     briefing("isMorningBriefPlaying", 2, "Play");
     EXPECT_TRUE(watcher.isSoundStreamAvailable());
+}
+
+TEST_F(SoundStreamWatcherTest, ThreadsThatAskAtOnceWalkTheDatabaseOneAfterTheOther) {
+    nobodyPlays();
+    SoundStreamWatcher watcher;
+    std::atomic<int> walking{0};
+    std::atomic<bool> together{false};
+    fake::platform().onCall("vrd_manager_foreach_table", [&](const fake::Call&) {
+        if (++walking > 1) {
+            together = true;
+        }
+        fake::platform().waitUntil([&] { return together.load(); }, std::chrono::milliseconds(100));
+        --walking;
+    });
+    std::thread another([&] { EXPECT_TRUE(watcher.isSoundStreamAvailable()); });
+    EXPECT_TRUE(watcher.isSoundStreamAvailable());
+    another.join();
+    EXPECT_FALSE(together);
+    EXPECT_EQ(fake::platform().count("vrd_manager_foreach_table"), 2u);
 }
 
 TEST_F(SoundStreamWatcherTest, WithoutTheDatabaseTheBriefingIsNotAsked) {

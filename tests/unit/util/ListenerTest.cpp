@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "Util/ConnectionStateListener.h"
 #include "Util/VConfStateListener.h"
 #include "fake/FakeSettings.h"
@@ -145,9 +147,20 @@ TEST_F(ListenerTest, ASwitchWatchedThroughTheBoolConstructorIsComparedWithItsVal
     EXPECT_EQ(heard, Texts{"switch"});
 }
 
-TEST_F(ListenerTest, AnEmptyCallbackThrowsWhenItIsCalled) {
+TEST_F(ListenerTest, AnEmptyCallbackEndsTheProcessWhenItIsCalled) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
     config().addMicStateChangedListener(nullptr, nullptr);
-    EXPECT_THROW(fake::changeSetting("db/mic_key/status", 0), std::bad_function_call);
+    EXPECT_DEATH(fake::changeSetting("db/mic_key/status", 0), "bad_function_call");
+    config().addConnectionStateChangedListener(nullptr, nullptr);
+    EXPECT_DEATH(fake::changeConnection(CONNECTION_TYPE_DISCONNECTED), "bad_function_call");
+}
+
+TEST(AStateListener, RaisesABadFunctionCallForAnEmptyCallback) {
+    struct : Util::SystemStateListener {
+        using SystemStateListener::callAll;
+    } listener;
+    listener.addCallback(nullptr, nullptr);
+    EXPECT_THROW(listener.callAll(), std::bad_function_call);
 }
 
 TEST_F(ListenerTest, DestroyingTheConfigurationEndsEverySubscription) {
@@ -197,10 +210,14 @@ TEST_F(WithoutAConnection, ItsTypeIsNoneAndThePlatformIsNotAsked) {
 }
 
 TEST_F(WithoutAConnection, AListenerIsKeptAndNeverCalled) {
-    config().addConnectionStateChangedListener(note("first"), nullptr);
-    config().addConnectionStateChangedListener(note("second"), nullptr);
+    const auto token = std::make_shared<int>(0);
+    for (int i = 0; i < 2; ++i) {
+        config().addConnectionStateChangedListener([this, token](void*) { heard.push_back("called"); }, nullptr);
+    }
+    EXPECT_EQ(token.use_count(), 3) << "both are kept";
     fake::changeConnection(CONNECTION_TYPE_WIFI);
     Util::Singleton<Util::SystemConfig>::destroy();
+    EXPECT_EQ(token.use_count(), 1);
     EXPECT_TRUE(heard.empty());
     EXPECT_TRUE(fake::platform().story().empty()) << "neither set nor unset";
 }

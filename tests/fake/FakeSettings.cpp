@@ -134,22 +134,22 @@ extern "C" {
 
 int vconf_get_int(const char* key, int* value) {
     keynode_s node;
-    platform().call("vconf_get_int", {key});
+    const int result = platform().call("vconf_get_int", {key});
     if (!read(key, node)) {
         return -1;
     }
     *value = node.number;
-    return 0;
+    return result;
 }
 
 int vconf_get_bool(const char* key, int* value) {
     keynode_s node;
-    platform().call("vconf_get_bool", {key});
+    const int result = platform().call("vconf_get_bool", {key});
     if (!read(key, node)) {
         return -1;
     }
     *value = node.number;
-    return 0;
+    return result;
 }
 
 char* vconf_get_str(const char* key) {

@@ -141,6 +141,7 @@ TEST_F(AppControlTest, ExtrasWithAnEmptyKeyOrValueAreNotSent) {
 struct FailingStep {
     const char* call;
     const char* message;
+    bool ofAReply = false;
 };
 // The name that the test list shows.
 void PrintTo(const FailingStep& row, std::ostream* out) {
@@ -151,6 +152,10 @@ class AFailingStepOfASend : public AppControlTest, public testing::WithParamInte
 
 TEST_P(AFailingStepOfASend, IsLoggedReturnsItsCodeAndAbandonsTheHandle) {
     AppControlData data = full();
+    app_control_s request;
+    if (GetParam().ofAReply) {
+        data.setRequestedAppControl(&request);
+    }
     fake::platform().answerNext(GetParam().call, -77);
     EXPECT_EQ(AppControl::performAppControlSync(data), -77);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, GetParam().message));
@@ -158,17 +163,18 @@ TEST_P(AFailingStepOfASend, IsLoggedReturnsItsCodeAndAbandonsTheHandle) {
     EXPECT_EQ(fake::platform().logs().size(), 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, AFailingStepOfASend,
-                         testing::Values(FailingStep{"app_control_create", "Failed to create app_control handle"},
-                                         FailingStep{"app_control_set_app_id", "Failed to set app id"},
-                                         FailingStep{"app_control_set_operation", "Failed to set operation"},
-                                         FailingStep{"app_control_set_uri", "Failed to set uri"},
-                                         FailingStep{"app_control_add_extra_data", "Failed to add extra data"},
-                                         FailingStep{"app_control_add_extra_data_array",
-                                                     "Failed to add extra vector data"},
-                                         FailingStep{"app_control_send_launch_request", "Failed to launch request"},
-                                         FailingStep{"app_control_destroy", "Failed to destroy app_control handle"}),
-                         [](const auto& row) { return std::string(row.param.call); });
+INSTANTIATE_TEST_SUITE_P(
+    Each, AFailingStepOfASend,
+    testing::Values(FailingStep{"app_control_create", "Failed to create app_control handle"},
+                    FailingStep{"app_control_set_app_id", "Failed to set app id"},
+                    FailingStep{"app_control_set_operation", "Failed to set operation"},
+                    FailingStep{"app_control_set_uri", "Failed to set uri"},
+                    FailingStep{"app_control_add_extra_data", "Failed to add extra data"},
+                    FailingStep{"app_control_add_extra_data_array", "Failed to add extra vector data"},
+                    FailingStep{"app_control_send_launch_request", "Failed to launch request"},
+                    FailingStep{"app_control_reply_to_launch_request", "Failed to launch request", true},
+                    FailingStep{"app_control_destroy", "Failed to destroy app_control handle"}),
+    [](const auto& row) { return std::string(row.param.call); });
 
 TEST_F(AppControlTest, AnAsynchronousSendRunsOnTheWorkerWithACopyOfTheRequest) {
     AppControlData data;

@@ -26,6 +26,7 @@ std::optional<long> toldPosition;  // by ftell
 int goodSeeks = -1;                // before one that fails
 bool lackOfMemory = false;
 std::function<void()> onSync;
+std::vector<int> accessModes;  // asked for
 
 }  // namespace
 
@@ -45,6 +46,12 @@ void sync() noexcept {
     if (onSync) {
         onSync();
     }
+}
+
+int access(const char* path, int mode) noexcept {
+    static const auto real = reinterpret_cast<int (*)(const char*, int)>(dlsym(RTLD_NEXT, "access"));
+    accessModes.push_back(mode);
+    return real(path, mode);
 }
 
 }  // extern "C"
@@ -235,12 +242,14 @@ TEST_F(FileHelperTest, RemovingDeletesTheFileOnceAndThenFails) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "failed to delete file : " + path));
 }
 
-TEST_F(FileHelperTest, ProbesTellOfAFileThatIsThere) {
+TEST_F(FileHelperTest, ProbesTellOfAFileThatIsThereAndAskForTheirOwnRight) {
     std::ofstream(path) << "x";
     FileContent content(path.c_str());
+    accessModes.clear();
     EXPECT_TRUE(FileHelper::isExist(content));
     EXPECT_TRUE(FileHelper::isReadable(content));
     EXPECT_TRUE(FileHelper::isWritable(content));
+    EXPECT_EQ(accessModes, (std::vector<int>{F_OK, R_OK, W_OK}));
     EXPECT_TRUE(fake::platform().logs().empty());
 }
 

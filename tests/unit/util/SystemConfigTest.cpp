@@ -107,6 +107,38 @@ TEST_F(SystemConfigTest, MissingSwitchesReadAsTheirDefaultsAndAreLogged) {
     }
 }
 
+TEST_F(SystemConfigTest, AValueCountsWhateverTheStoreReturnsWithIt) {
+    fake::platform().answer("vconf_get_int", -1);
+    fake::platform().answer("vconf_get_bool", -1);
+    leaveTheBox();
+    fake::setSetting("db/mic_key/status", 0);
+    fake::setSetting("db/orvane/setting/lang", 4);
+    fake::setSetting("db/orvane/setting/voice_wakeup_word", 1);
+    fake::setSetting("db/orvane/setting/voice_feedback", 0);
+    fake::setSetting("db/setting/lcd_backlight_normal", 30);
+    EXPECT_TRUE(config().isOutOfBoxing());
+    EXPECT_EQ(config().getMicState(), 0);
+    EXPECT_EQ(config().getOrvaneLang(), OrvaneLang::DE_DE);
+    EXPECT_EQ(config().getVoiceWakeupWord(), OrvaneWUW::VEXAL);
+    EXPECT_FALSE(config().getVoiceFeedbackState());
+    EXPECT_EQ(config().getLcdTimeout(), 30);
+    EXPECT_EQ(errors(), 0u);
+}
+
+TEST_F(SystemConfigTest, AStoredMinusOneReadsAsAMissingValue) {
+    leaveTheBox();
+    for (const char* key : {"db/mic_key/status", "db/orvane/setting/lang", "db/orvane/setting/voice_wakeup_word",
+                            "db/orvane/setting/voice_feedback", "db/demo_mode"}) {
+        fake::setSetting(key, -1);
+    }
+    EXPECT_EQ(config().getMicState(), 1);
+    EXPECT_EQ(config().getOrvaneLang(), OrvaneLang::EN_US);
+    EXPECT_EQ(config().getVoiceWakeupWord(), OrvaneWUW::QUORBIT);
+    EXPECT_TRUE(config().getVoiceFeedbackState());
+    EXPECT_FALSE(config().isOutOfBoxing());
+    EXPECT_EQ(errors(), 5u);
+}
+
 TEST_F(SystemConfigTest, MissingTextsReadAsTheirDefaultsAndAreLogged) {
     EXPECT_EQ(config().getWidgetLangStr(), "en_US");
     EXPECT_EQ(config().getSystemCountry(), Util::Country::US);
@@ -176,6 +208,8 @@ TEST_F(SystemConfigTest, TheWakeUpWordIsOneOfTwo) {
     EXPECT_EQ(config().getVoiceWakeupWord(), OrvaneWUW::QUORBIT);
     config().setVoiceWakeupWord(static_cast<OrvaneWUW>(5));
     EXPECT_EQ(fake::setting("db/orvane/setting/voice_wakeup_word"), 1);
+    config().setVoiceWakeupWord(OrvaneWUW::QUORBIT);
+    EXPECT_EQ(fake::setting("db/orvane/setting/voice_wakeup_word"), 0);
 }
 
 TEST_F(SystemConfigTest, ALcdTimeOutBelowOneChangesNothing) {

@@ -77,10 +77,21 @@ bool close(const Exchange&) {
     return false;
 }
 
+// The body goes on until the connection ends.
+std::string headWithoutLength(const Exchange& exchange) {
+    return "HTTP/1.1 " + std::to_string(statusOf(exchange)) + " -\r\nContent-Type: application/json\r\n\r\n";
+}
+
+bool cutOff(const Exchange& exchange) {
+    const std::string& body = exchange.answer.body;
+    exchange.stream.write(headWithoutLength(exchange) + body.substr(0, body.size() / 2));
+    exchange.socket.interrupt();
+    return false;
+}
+
 // Ends when the client has had enough.
 bool neverEnd(const Exchange& exchange) {
-    exchange.stream.write("HTTP/1.1 " + std::to_string(statusOf(exchange)) +
-                          " -\r\nContent-Type: application/json\r\n\r\n{\"families\": [");
+    exchange.stream.write(headWithoutLength(exchange) + "{\"families\": [");
     const std::string block(65536, ' ');
     for (;;) {
         exchange.stream.write(block);
@@ -105,6 +116,7 @@ const std::map<std::string, Kind>& kinds() {
         {"trickle", {trickle, "milliseconds", nullptr}},
         {"silent", {keepSilent, nullptr, nullptr}},
         {"close", {close, nullptr, nullptr}},
+        {"cut", {cutOff, nullptr, nullptr}},
         {"endless", {neverEnd, nullptr, nullptr}},
     };
     return all;

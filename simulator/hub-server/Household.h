@@ -14,8 +14,9 @@
 //   trickle   answers with so many "milliseconds" after every byte
 //   silent    never answers
 //   close     closes without an answer
+//   cut       gives half of an answer without a length and breaks off, without the ending that TLS has
 //   endless   begins an answer that never ends
-// half, stall and endless take a "status" for their answer, too.
+// half, stall, cut and endless take a "status" for their answer, too.
 #pragma once
 
 #include <nlohmann/json.hpp>

@@ -35,6 +35,8 @@ constexpr char HELP[] =
     "  DBUS_SYSTEM_BUS_ADDRESS   the bus of NetworkManager\n"
     "  PULSE_SERVER              the sound server\n"
     "  ORVANE_DATA_ROOT          folder of the program's data (voice/data/...)\n"
+    "  ORVANE_DB_DIR             folder of the local databases\n"
+    "  ORVANE_HUB_CA             authorities (PEM) to trust for the hub server instead of the machine's\n"
     "  ORVANE_LOG                journal, stderr or off\n"
     "  ORVANE_SYSFS_ROOT         where class/leds is looked for instead of /sys\n";
 

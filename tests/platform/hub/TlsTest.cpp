@@ -1,5 +1,6 @@
 // Whose certificate is trusted.
 #include <gmock/gmock.h>
+#include <openssl/ssl.h>
 
 #include <cstdlib>
 
@@ -13,6 +14,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+// What is refused is refused by the room, not by this machine's own rules. Read at the first use of TLS.
+const bool isPermissive = setenv("OPENSSL_CONF", PERMISSIVE_CNF, 1) == 0;
+
 class ASecureHub : public WithAHub {
 protected:
     std::string file(const std::string& name) const { return folder() + "/" + name; }
@@ -20,9 +24,10 @@ protected:
         authority.write(file("authority.pem"), file("authority.key"));
         setenv("ORVANE_HUB_CA", file("authority.pem").c_str(), 1);
     }
-    void startAs(const Identity& identity) {
+    void startAs(const Identity& identity, int newestTls = TLS1_3_VERSION) {
         identity.write(file("hub.pem"), file("hub.key"));
         mIdentity = std::make_unique<sim::hub::Identity>(file("hub.pem"), file("hub.key"));
+        ASSERT_EQ(SSL_CTX_set_max_proto_version(mIdentity->get(), newestTls), 1);
         start(0, mIdentity.get());
     }
     // Stops the server before its identity goes.
@@ -56,6 +61,19 @@ TEST_F(ASecureHub, SignedByAnAuthorityThatOnlyOthersTrustIsRefused) {
     EXPECT_EQ(signInSecurely(), KS_SERVER_ERROR_TLS);
 }
 
+TEST_F(ASecureHub, ThatSpeaksNothingNewerThanTls11IsRefused) {
+    trust(mAuthority);
+    startAs(Identity("127.0.0.1", &mAuthority), TLS1_1_VERSION);
+    EXPECT_EQ(signInSecurely(), KS_SERVER_ERROR_TLS);
+    EXPECT_THAT(requests(), IsEmpty());
+}
+
+TEST_F(ASecureHub, ThatSpeaksTls12IsAsked) {
+    trust(mAuthority);
+    startAs(Identity("127.0.0.1", &mAuthority), TLS1_2_VERSION);
+    EXPECT_EQ(signInSecurely(), KS_SERVER_OK);
+}
+
 TEST_F(ASecureHub, OfAnotherNameIsRefused) {
     trust(mAuthority);
     startAs(Identity("localhost", &mAuthority));
@@ -85,6 +103,18 @@ TEST_F(ASecureHub, ThatSpeaksPlainlyIsRefused) {
 TEST_F(ASecureHub, AskedPlainlyAnswersNothing) {
     startAs(Identity("127.0.0.1", nullptr));
     EXPECT_EQ(signIn(openSession()), KS_SERVER_ERROR_UNREACHABLE);
+}
+
+// Nothing but the JSON itself tells that there was more to come.
+TEST_F(ASecureHub, ThatBreaksOffWithoutTheEndingOfTlsGivesABadAnswer) {
+    trust(mAuthority);
+    startAs(Identity("127.0.0.1", &mAuthority));
+    const Session session = openSession();
+    EXPECT_EQ(signIn(session, uri("https")), KS_SERVER_OK);
+    setFaults({{{"request", 1}, {"kind", "cut"}}});
+    const auto log = logOf([&] { familiesOf(session, KS_SERVER_ERROR_BAD_ANSWER); });
+    EXPECT_THAT(log, ElementsAre(testing::HasSubstr("/v1/families: the answer is no JSON")));
+    EXPECT_THAT(familiesOf(session), IsEmpty()) << "asked again";
 }
 
 TEST_F(ASecureHub, ThatLeavesInTheMiddleOfTheTalkEndsNobodyElse) {

@@ -1,5 +1,6 @@
 #include "Controller/ProfileRefresher.h"
 
+#include <exception>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -23,6 +24,17 @@ std::shared_ptr<ProfileSession> liveSession(void* refresher) {
     std::lock_guard<std::mutex> lock(liveMutex);
     auto found = liveSessions.find(refresher);
     return found == liveSessions.end() ? nullptr : found->second.lock();
+}
+
+// On a worker. The refresher may go meanwhile: it is only the reply's address.
+void refresh(const std::shared_ptr<ProfileSession>& session, ProfileRefresher* refresher) {
+    Util::AppControlData request;
+    session->refresh([&] {
+        request.setPackageName(Constants::App::ACCOUNT_SERVICE).setOperation(Constants::Operation::GET_SERVICE_STATUS);
+        request.setReplyCallback(ProfileRefresher::appControlReplyCB, refresher);
+        Util::AppControl::performAppControl(request);
+    });
+    session->end();
 }
 
 }  // namespace
@@ -59,7 +71,7 @@ void ProfileRefresher::initPushProfile() {
     }
 }
 
-void ProfileRefresher::_profile_pushed_cb(const char*, bundle*, void* refresher) {
+void ProfileRefresher::_profile_pushed_cb(const char*, bundle*, void* refresher) noexcept {
     LOGD("received push message of profile update");
     static_cast<ProfileRefresher*>(refresher)->updateProfileInfo();
 }
@@ -73,20 +85,20 @@ void ProfileRefresher::updateProfileInfo() {
     if (!mSession->begin()) {
         return;
     }
-    std::thread([session = mSession, refresher = static_cast<void*>(this)] {
-        Util::AppControlData request;
-        session->refresh([&] {
-            request.setPackageName(Constants::App::ACCOUNT_SERVICE)
-                .setOperation(Constants::Operation::GET_SERVICE_STATUS);
-            request.setReplyCallback(appControlReplyCB, refresher);
-            Util::AppControl::performAppControl(request);
-        });
-        session->end();
-    }).detach();
+    try {
+        std::thread(refresh, mSession, this).detach();
+    } catch (const std::exception&) {
+        mSession->end();
+        LOGE("Failed to start a refresh");
+    }
+}
+
+void ProfileRefresher::resetBundle() {
+    mSession->forgetRecords();
 }
 
 void ProfileRefresher::appControlReplyCB(app_control_h, app_control_h reply, app_control_result_e result,
-                                         void* user_data) {
+                                         void* user_data) noexcept {
     LOGD("");
     Util::AppControlData data(reply);
     LOGD("result_e:[%d]", result);

@@ -26,12 +26,14 @@ public:
     void initPushProfile();
     // Does nothing without a network.
     void updateProfileInfo();
+    // Frees the records of the last refresh, not the stored users; waits for a refresh that is under way.
+    void resetBundle();
 
     static void appControlReplyCB(app_control_h request, app_control_h reply, app_control_result_e result,
-                                  void* user_data);
+                                  void* user_data) noexcept;
 
 private:
-    static void _profile_pushed_cb(const char* eventName, bundle* eventData, void* refresher);
+    static void _profile_pushed_cb(const char* eventName, bundle* eventData, void* refresher) noexcept;
 
     event_handler_h mEventHandler = nullptr;
     std::shared_ptr<ProfileSession> mSession;

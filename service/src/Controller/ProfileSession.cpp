@@ -89,24 +89,45 @@ void ProfileSession::answer(const Account* account) {
     mAnswered.notify_all();
 }
 
+// Sent only before close() returns: at the process's end the application-control worker goes after the refresher.
+bool ProfileSession::send(const std::function<void()>& requestAccount) {
+    std::lock_guard<std::mutex> lock(mWorkersMutex);
+    if (mClosing) {
+        return false;
+    }
+    requestAccount();
+    return true;
+}
+
+bool ProfileSession::isClosing() {
+    std::lock_guard<std::mutex> lock(mWorkersMutex);
+    return mClosing;
+}
+
+// The stored users stay as they are when the service ends in the middle of a refresh.
 void ProfileSession::refresh(const std::function<void()>& requestAccount) {
     setAccount({});
-    requestAccount();
+    if (!send(requestAccount)) {
+        return;
+    }
     std::unique_lock<std::mutex> lock(mMutex);
     // One wait, whatever ends it: an answer that came before it leaves its credentials, and the wait its full time.
     mAnswered.wait_until(lock, std::chrono::system_clock::now() + ACCOUNT_TIMEOUT);
-    {
-        // The stored users stay as they are when the service ends in the middle of a refresh.
-        std::lock_guard<std::mutex> workers(mWorkersMutex);
-        if (mClosing) {
-            return;
-        }
+    if (isClosing()) {
+        return;
     }
     if (mBundles != nullptr) {
         resetBundle();
     }
     collect();
-    vrd_manager_private_update(mDatabase, mBundles);
+    if (!isClosing()) {
+        vrd_manager_private_update(mDatabase, mBundles);
+    }
+}
+
+void ProfileSession::forgetRecords() {
+    std::lock_guard<std::mutex> lock(mMutex);
+    resetBundle();
 }
 
 void ProfileSession::resetBundle() {
@@ -129,6 +150,9 @@ void ProfileSession::collect() {
         LOGE("Failed to set quorbit account");
         return;
     }
+    if (isClosing()) {
+        return;
+    }
     GSList* list = nullptr;
     const int result = ks_server_profile_families_get(mHubServer, &list);
     const Records families(list);
@@ -137,7 +161,7 @@ void ProfileSession::collect() {
         return;
     }
     for (GSList* node = families.get(); node != nullptr; node = node->next) {
-        if (!collectFamily(static_cast<ks_family_s*>(node->data)->family_id)) {
+        if (isClosing() || !collectFamily(static_cast<ks_family_s*>(node->data)->family_id)) {
             return;
         }
     }

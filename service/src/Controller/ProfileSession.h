@@ -29,7 +29,8 @@ public:
     ProfileSession(const ProfileSession&) = delete;
     ProfileSession& operator=(const ProfileSession&) = delete;
 
-    // The refresher is going: closes hub server and database, now or with the last worker's end.
+    // The refresher is going: closes hub server and database, now or with the last worker's end. No request is sent
+    // and nothing new is asked or stored afterwards.
     void close();
 
     // Workers. begin() is false when the session is closing.
@@ -38,10 +39,15 @@ public:
     // Sends the account request, waits for its answer or 5 s, fetches and stores.
     void refresh(const std::function<void()>& requestAccount);
 
+    // Frees the records; waits for a refresh that is under way.
+    void forgetRecords();
+
     // The account service's answer; null when it brought no credentials.
     void answer(const Account* account);
 
 private:
+    bool send(const std::function<void()>& requestAccount);
+    bool isClosing();
     void resetBundle();
     void collect();
     bool collectFamily(const char* familyId);

@@ -1,7 +1,10 @@
 #include "Controller/ProfileRefresher.h"
 
+#include <pthread.h>
+
 #include <atomic>
 
+#include "Controller/ProfileSession.h"
 #include "fake/FakeHousehold.h"
 #include "fake/FakeMessages.h"
 #include "fake/FakeSettings.h"
@@ -46,6 +49,24 @@ protected:
             launch.callback(nullptr, &reply, result, launch.userData);
             return fake::platform().count("vrd_manager_private_update") > before;
         });
+    }
+    // The refresher goes while its worker is in that call, which the test lets end only then.
+    static void goDuring(const char* call) {
+        std::atomic<bool> gone{false};
+        fake::platform().onCall(
+            call, [&](const fake::Call&) { EXPECT_TRUE(fake::platform().waitUntil([&] { return gone.load(); })); });
+        auto refresher = std::make_unique<ProfileRefresher>();
+        ASSERT_TRUE(fake::waitForLaunches(1));
+        const fake::Launch launch = fake::launches().back();
+        app_control_s reply = account();
+        ASSERT_TRUE(fake::platform().waitUntil([&] {
+            launch.callback(nullptr, &reply, APP_CONTROL_RESULT_SUCCEEDED, launch.userData);
+            return fake::platform().count(call) == 1;
+        }));
+        refresher.reset();
+        EXPECT_EQ(fake::platform().count("ks_server_destroy"), 0u) << "the worker still uses it";
+        gone = true;
+        ASSERT_TRUE(fake::platform().waitFor("vrd_manager_destroy"));
     }
     static Texts hub() {
         return fake::platform().textsOf({"ks_server_sa", "ks_server_profile", "vrd_manager_private"});
@@ -280,4 +301,55 @@ TEST_F(ProfileRefresherTest, ARefresherThatGoesWhileAWorkerWaitsClosesOnceTheWor
     launch.callback(nullptr, &reply, APP_CONTROL_RESULT_SUCCEEDED, launch.userData);
     ASSERT_TRUE(fake::platform().waitFor("vrd_manager_destroy"));
     EXPECT_EQ(fake::platform().count("vrd_manager_private_update"), 0u) << "the stored users stay";
+}
+
+TEST_F(ProfileRefresherTest, ARefresherThatGoesDuringASignInIsTheLastOfTheRefresh) {
+    goDuring("ks_server_sa_account_set");
+    EXPECT_EQ(hub(), Texts{"ks_server_sa_account_set(guid, token, client, https://hub)"});
+}
+
+TEST_F(ProfileRefresherTest, ARefresherThatGoesWhileAFamilyIsAskedForAsksForNoOther) {
+    goDuring("ks_server_profile_families_family_users_get");
+    EXPECT_EQ(hub(), (Texts{"ks_server_sa_account_set(guid, token, client, https://hub)",
+                            "ks_server_profile_families_get()", "ks_server_profile_families_family_users_get(f1)"}));
+}
+
+TEST_F(ProfileRefresherTest, ARefresherThatGoesWhileTheLastFamilyIsAskedForStoresNothing) {
+    fake::setFamilies({{"f1", {{"u1", "Ann"}}, 0}});
+    goDuring("ks_server_profile_families_family_users_get");
+    EXPECT_EQ(fake::platform().count("vrd_manager_private_update"), 0u) << "the stored users stay";
+}
+
+TEST_F(ProfileRefresherTest, AWorkerThatBeginsAfterTheRefresherWentSendsNothing) {
+    OrvaneDA::ProfileSession session;
+    ASSERT_TRUE(session.begin());
+    session.close();
+    session.refresh([] { ADD_FAILURE() << "whatever sends it may be gone"; });
+    session.end();
+    EXPECT_EQ(hub(), Texts{});
+}
+
+TEST_F(ProfileRefresherTest, ARefreshThatCannotBeStartedIsOneLineAndLeavesNothingBehind) {
+    fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
+    auto refresher = std::make_unique<ProfileRefresher>();
+    fake::setConnection(CONNECTION_TYPE_ETHERNET);
+    pthread_attr_t usual;
+    ASSERT_EQ(pthread_getattr_default_np(&usual), 0);
+    pthread_attr_t huge = usual;
+    ASSERT_EQ(pthread_attr_setstacksize(&huge, size_t{1} << 60), 0);
+    ASSERT_EQ(pthread_setattr_default_np(&huge), 0);
+    fake::emitEvent("event.org.orvane.account.notification");
+    ASSERT_EQ(pthread_setattr_default_np(&usual), 0);
+    EXPECT_EQ(fake::platform().countLogged("Failed to start a refresh"), 1u);
+    refresher.reset();
+    EXPECT_EQ(fake::platform().count("ks_server_destroy"), 1u) << "there is no worker to wait for";
+}
+
+TEST_F(ProfileRefresherTest, TheRecordsCanBeFreedWithoutTheStoredUsers) {
+    ProfileRefresher refresher;
+    ASSERT_TRUE(answer(account()));
+    refresher.resetBundle();
+    EXPECT_NE(fake::platform().logs().back().text.find(": resetBundle("), std::string::npos);
+    EXPECT_EQ(fake::openRecords(), 0);
+    EXPECT_EQ(fake::storedRecords().size(), 3u);
 }

@@ -16,7 +16,7 @@ ConnectionStateListener::ConnectionInitializer::~ConnectionInitializer() {
 
 ConnectionStateListener::ConnectionStateListener(connection_type_e type) : mType(type) {
     if (mInitializer.getHandle() != nullptr) {
-        connection_set_type_changed_cb(mInitializer.getHandle(), typeChanged, this);
+        connection_set_type_changed_cb(mInitializer.getHandle(), _type_changed_cb, this);
     }
 }
 
@@ -26,7 +26,7 @@ ConnectionStateListener::~ConnectionStateListener() {
     }
 }
 
-void ConnectionStateListener::typeChanged(connection_type_e type, void* data) noexcept {
+void ConnectionStateListener::_type_changed_cb(connection_type_e type, void* data) noexcept {
     auto* listener = static_cast<ConnectionStateListener*>(data);
     if (type == listener->mType) {
         return;

@@ -29,7 +29,7 @@ public:
     static ConnectionInitializer mInitializer;
 
 private:
-    static void typeChanged(connection_type_e type, void* listener) noexcept;
+    static void _type_changed_cb(connection_type_e type, void* listener) noexcept;
 
     connection_type_e mType;
 };

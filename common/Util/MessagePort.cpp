@@ -85,12 +85,13 @@ bool MessagePort::setCallBack(const std::string& localPort, const Callback& call
     }
     mLocalPortName = localPort;
     mCallbackHolder = std::make_unique<CallbackHolder>(CallbackHolder{callback, userData});
-    mLocalPortId = message_port_register_trusted_local_port(localPort.c_str(), received, mCallbackHolder.get());
+    mLocalPortId =
+        message_port_register_trusted_local_port(localPort.c_str(), _message_received_cb, mCallbackHolder.get());
     return true;
 }
 
-void MessagePort::received(int, const char* remoteAppId, const char* remotePort, bool, bundle* message,
-                           void* data) noexcept {
+void MessagePort::_message_received_cb(int, const char* remoteAppId, const char* remotePort, bool, bundle* message,
+                                       void* data) noexcept {
     MessageData received;
     bundle_foreach(
         message,

@@ -52,8 +52,8 @@ private:
         void* userData;
     };
 
-    static void received(int localPortId, const char* remoteAppId, const char* remotePort, bool trusted,
-                         bundle* message, void* holder) noexcept;
+    static void _message_received_cb(int localPortId, const char* remoteAppId, const char* remotePort, bool trusted,
+                                     bundle* message, void* holder) noexcept;
 
     std::unique_ptr<CallbackHolder> mCallbackHolder;
     std::string mLocalPortName;

@@ -10,7 +10,7 @@ namespace Util {
 SoundStreamWatcher::SoundStreamWatcher() {
     askPlaybackFocus();
     const int result =
-        sound_manager_add_focus_state_watch_cb(SOUND_STREAM_FOCUS_FOR_PLAYBACK, focusStateChanged, this, &mWatchId);
+        sound_manager_add_focus_state_watch_cb(SOUND_STREAM_FOCUS_FOR_PLAYBACK, _focus_state_watch_cb, this, &mWatchId);
     if (result != SOUND_MANAGER_ERROR_NONE) {
         LOGE("[ERROR] Fail to add focus state watch cb : %d", result);
     }
@@ -38,9 +38,9 @@ void SoundStreamWatcher::askPlaybackFocus() {
     }
 }
 
-void SoundStreamWatcher::focusStateChanged(int, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
-                                           sound_stream_focus_change_reason_e reason, const char*,
-                                           void* data) noexcept {
+void SoundStreamWatcher::_focus_state_watch_cb(int, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+                                               sound_stream_focus_change_reason_e reason, const char*,
+                                               void* data) noexcept {
     auto* watcher = static_cast<SoundStreamWatcher*>(data);
     LOGD("Focus state changed!");
     if (mask != SOUND_STREAM_FOCUS_FOR_PLAYBACK || reason != SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA) {

@@ -22,9 +22,9 @@ public:
 private:
     void askPlaybackFocus();
     bool isMorningBriefPlaying();
-    static void focusStateChanged(int id, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
-                                  sound_stream_focus_change_reason_e reason, const char* extraInfo,
-                                  void* watcher) noexcept;
+    static void _focus_state_watch_cb(int id, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+                                      sound_stream_focus_change_reason_e reason, const char* extraInfo,
+                                      void* watcher) noexcept;
 
     std::atomic<bool> mAvailable{false};  // written on the sound manager's thread
     int mWatchId = -1;

@@ -48,14 +48,14 @@ const char* nameOf(MediaType type) {
 }  // namespace
 
 VolumeController::VolumeController(MediaType mediaType) : mMediaType(mediaType) {
-    sound_manager_set_volume_changed_cb(volumeChanged, this);
+    sound_manager_set_volume_changed_cb(_volume_changed_cb, this);
     const int level = getVolume();
     mVolume = level;
     mLastVolume = level;
 }
 
 VolumeController::~VolumeController() {
-    sound_manager_unset_volume_changed_cb(volumeChanged, this);
+    sound_manager_unset_volume_changed_cb(_volume_changed_cb, this);
     if (mFaderThread != nullptr && mFaderThread->joinable()) {
         mFaderThread->join();
     }
@@ -132,7 +132,7 @@ void VolumeController::setDecreaseCallback(const std::function<void(void*)>& cal
     mDecreaseCallback = std::make_unique<DecreaseCallback>(DecreaseCallback{callback, userData});
 }
 
-void VolumeController::volumeChanged(sound_type_e type, unsigned int level, void* data) noexcept {
+void VolumeController::_volume_changed_cb(sound_type_e type, unsigned int level, void* data) noexcept {
     auto* self = static_cast<VolumeController*>(data);
     if (type != soundTypeOf(self->mMediaType)) {
         return;

@@ -55,7 +55,7 @@ private:
     void stopFader();
     void fade(double seconds, int target, bool restore);
     void endDecrease();
-    static void volumeChanged(sound_type_e type, unsigned int level, void* controller) noexcept;
+    static void _volume_changed_cb(sound_type_e type, unsigned int level, void* controller) noexcept;
 
     std::atomic<int> mVolume{-1};      // the user's; while ducked, the level to restore
     std::atomic<int> mLastVolume{-1};  // last that was not 0

@@ -53,8 +53,8 @@ int64_t sumOfSquares(const char* data, int size) {
 
 SRecorder::SRecorder() {
     LOGI("");
-    int result =
-        sound_manager_create_stream_information(SOUND_STREAM_TYPE_VOICE_RECOGNITION, focusCallback, this, &mStreamInfo);
+    int result = sound_manager_create_stream_information(SOUND_STREAM_TYPE_VOICE_RECOGNITION, _focus_state_changed_cb,
+                                                         this, &mStreamInfo);
     if (result != SOUND_MANAGER_ERROR_NONE) {
         LOGE("[ERROR] Fail to create stream information : %d", result);
     }
@@ -213,9 +213,9 @@ void SRecorder::ignoreFocus() {
     mIgnoreFocus = true;
 }
 
-void SRecorder::focusCallback(sound_stream_info_h streamInfo, sound_stream_focus_mask_e mask,
-                              sound_stream_focus_state_e state, sound_stream_focus_change_reason_e reason, int,
-                              const char*, void* data) noexcept {
+void SRecorder::_focus_state_changed_cb(sound_stream_info_h streamInfo, sound_stream_focus_mask_e mask,
+                                        sound_stream_focus_state_e state, sound_stream_focus_change_reason_e reason,
+                                        int, const char*, void* data) noexcept {
     auto* recorder = static_cast<SRecorder*>(data);
     std::lock_guard<std::mutex> lock(recorder->mFocusMutex);
     if (recorder->mIgnoreFocus) {

@@ -83,9 +83,9 @@ private:
 
     void readThread(const std::atomic<bool>& cancelled);
     void focusChanged(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state);
-    static void focusCallback(sound_stream_info_h streamInfo, sound_stream_focus_mask_e mask,
-                              sound_stream_focus_state_e state, sound_stream_focus_change_reason_e reason,
-                              int soundBehavior, const char* extraInfo, void* recorder) noexcept;
+    static void _focus_state_changed_cb(sound_stream_info_h streamInfo, sound_stream_focus_mask_e mask,
+                                        sound_stream_focus_state_e state, sound_stream_focus_change_reason_e reason,
+                                        int soundBehavior, const char* extraInfo, void* recorder) noexcept;
 
     std::atomic<bool> mRecording{false};
     std::atomic<float> mVolume{NO_VOLUME};

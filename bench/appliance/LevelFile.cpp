@@ -1,9 +1,8 @@
 // How regularly the level file is written while the user speaks.
+#include <appliance/Speech.h>
 #include <poll.h>
 #include <sys/inotify.h>
 #include <unistd.h>
-
-#include <fstream>
 
 #include "appliance/Measures.h"
 #include "appliance/Ready.h"
@@ -13,8 +12,6 @@ namespace bench {
 namespace {
 
 constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
-constexpr int kRate = 16000;
-constexpr int kBlock = 256;  // samples, what the level is of
 constexpr double kSeconds = 6;
 
 class Watch {
@@ -44,40 +41,10 @@ private:
     int mHandle;
 };
 
-void put(std::ofstream& file, unsigned value, int bytes) {
-    for (; bytes > 0; --bytes, value >>= 8) {
-        file.put(static_cast<char>(value & 0xff));
-    }
-}
-
-// A tone whose level moves by 3 dB a block, so that no two looks at it see the same.
-std::string writeStairs(const sim::Folder& folder) {
-    const std::string path = folder / "stairs.wav";
-    std::ofstream file(path, std::ios::binary);
-    const auto samples = static_cast<unsigned>(kSeconds * kRate);
-    file << "RIFF";
-    put(file, 36 + 2 * samples, 4);
-    file << "WAVEfmt ";
-    put(file, 16, 4);
-    put(file, 1, 2);
-    put(file, 1, 2);
-    put(file, kRate, 4);
-    put(file, 2 * kRate, 4);
-    put(file, 2, 2);
-    put(file, 16, 2);
-    file << "data";
-    put(file, 2 * samples, 4);
-    for (unsigned i = 0; i < samples; ++i) {
-        const int amplitude = 20000 >> (i / kBlock % 8);
-        put(file, static_cast<unsigned>(i / 16 % 2 == 0 ? amplitude : -amplitude), 2);
-    }
-    return path;
-}
-
 }  // namespace
 
 void measureLevelFile(sim::Appliance& appliance, Figures& figures) {
-    const std::string wav = writeStairs(appliance.folder());
+    const std::string wav = sim::stairs(appliance.folder(), kSeconds);
     startReadyService(appliance);
     appliance.turnPage();
     appliance.launch(sim::kUi);

@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "appliance/Measures.h"
-#include "appliance/Usage.h"
+#include "lib/Usage.h"
 
 namespace bench {
 
@@ -60,7 +60,7 @@ void measureListening(sim::Appliance& appliance, Figures& figures) {
     appliance.turnPage();
     measureInTalk(appliance, figures);
     figures.add("false wake-ups in talk", appliance.count(sim::kUi, {{"event", "wake-up"}}));
-    figures.add("resident MB", residentMegabytes(appliance.serviceProcess()));
+    figures.add("resident MB", static_cast<double>(usageOf(appliance.serviceProcess()).residentKb) / 1024);
     appliance.stopService();
     measureWithoutEngine(appliance, figures, "yes", "listening audio discarded %");
     measureWithoutEngine(appliance, figures, "no", "listening without engine %");

@@ -7,7 +7,6 @@
 #include <wakeup_engine.h>
 
 #include <atomic>
-#include <mutex>
 #include <thread>
 
 namespace bench {

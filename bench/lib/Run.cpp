@@ -11,8 +11,6 @@ namespace bench {
 
 namespace {
 
-constexpr std::size_t kLastWords = 3000;
-
 bool isChosen(const std::vector<std::string>& names, const std::string& name) {
     return names.empty() || std::find(names.begin(), names.end(), name) != names.end();
 }
@@ -24,12 +22,8 @@ bool runOne(const Measure& measure, sim::Appliance& appliance, Figures& figures)
         measure.run(appliance, figures);
         return true;
     } catch (const std::exception& fault) {
-        const std::string log = appliance.serviceLog();
         fprintf(stderr, "bench: %s: %s\n", measure.name, fault.what());
-        if (!log.empty()) {
-            fprintf(stderr, "the service's last words:\n%s\n",
-                    log.substr(log.size() - std::min(log.size(), kLastWords)).c_str());
-        }
+        appliance.showLastWords();
         appliance.stopService();
         return false;
     }

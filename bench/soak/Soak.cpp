@@ -32,6 +32,18 @@ constexpr int kSearches = 5;
 // The request ended where it began.
 struct Ended {};
 
+// A fault ends with its request, however that ends.
+template <typename Request, typename Undo>
+void thenAlways(Request request, Undo undo) {
+    try {
+        request();
+    } catch (...) {
+        undo();
+        throw;
+    }
+    undo();
+}
+
 }  // namespace
 
 struct Soak::Kind {
@@ -87,6 +99,11 @@ void Soak::request() {
 }
 
 void Soak::proveAlive() {
+    proveAnswered();
+    proveRefreshed();
+}
+
+void Soak::proveAnswered() {
     for (int tries = 0; tries < kSearches; ++tries) {
         mAppliance.wakeUp("slt", wakeUpWord());
         mAppliance.say("search for apple pie");
@@ -96,6 +113,17 @@ void Soak::proveAlive() {
         }
     }
     throw std::runtime_error("a search is no longer understood");
+}
+
+void Soak::proveRefreshed() {
+    const std::string name = "Person " + std::to_string(++mHouseholds);
+    mAppliance.hub().faults(nlohmann::json::array());
+    mAppliance.hub().families({{{"id", "f1"}, {"name", "Home"}, {"users", {{{"id", "u1"}, {"name", name}}}}}});
+    mAppliance.order(sim::kAccount, "behave", "signed in");
+    mAppliance.announceProfile();
+    mAppliance.until(
+        "a changed household is stored", [&] { return mAppliance.users() == std::vector<std::string>{name}; },
+        kLongest);
 }
 
 // --- kinds ---
@@ -125,12 +153,17 @@ void Soak::cancelled() {
     awaitEnd();
 }
 
-// A UI that closes wants no state.
+// A UI that closes wants no state; that the request is over shows in the next one, which is recorded.
 void Soak::closed() {
     start("Default");
-    const auto speech = mAppliance.startSaying(command());
-    pause(1.0);
-    mAppliance.order(sim::kUi, "close");
+    {
+        const auto speech = mAppliance.startSaying(command());
+        pause(1.0);
+        mAppliance.order(sim::kUi, "close");
+    }
+    start("Default");
+    mAppliance.order(sim::kUi, "cancel");
+    awaitEnd();
 }
 
 void Soak::startedTwice() {
@@ -146,8 +179,7 @@ void Soak::microphoneOff() {
     const auto speech = mAppliance.startSaying(command());
     pause(0.5);
     sim::settings::set(kMicrophone, 0);
-    awaitEnd();
-    sim::settings::set(kMicrophone, 1);
+    thenAlways([this] { awaitEnd(); }, [] { sim::settings::set(kMicrophone, 1); });
 }
 
 void Soak::networkOff() {
@@ -155,8 +187,7 @@ void Soak::networkOff() {
     const auto speech = mAppliance.startSaying(command());
     pause(0.5);
     mAppliance.network("none");
-    awaitEnd();
-    mAppliance.network(chance(50) ? "wifi" : "ethernet");
+    thenAlways([this] { awaitEnd(); }, [this] { mAppliance.network(chance(50) ? "wifi" : "ethernet"); });
 }
 
 void Soak::languageChanged() {
@@ -198,11 +229,7 @@ void Soak::uiKilled() {
 
 void Soak::uiSilent() {
     mAppliance.order(sim::kUi, "acknowledge", "no");
-    start("PTT");
-    mAppliance.say(command());
-    mAppliance.order(sim::kUi, "stop");
-    awaitEnd();
-    mAppliance.order(sim::kUi, "acknowledge", "yes");
+    thenAlways([this] { pushedToTalk(); }, [this] { mAppliance.order(sim::kUi, "acknowledge", "yes"); });
 }
 
 void Soak::nothingSaid() {
@@ -215,7 +242,7 @@ void Soak::householdFaulty() {
     const char* kind = kHubFaults[std::uniform_int_distribution<std::size_t>(0, std::size(kHubFaults) - 1)(mRandom)];
     mAppliance.hub().faults({{{"request", request}, {"kind", kind}, {"status", 503}}});
     mAppliance.order(sim::kAccount, "behave", chance(70) ? "signed in" : chance(50) ? "failing" : "silent");
-    mAppliance.order(sim::kAccount, "notify");
+    mAppliance.announceProfile();
     pushedToTalk();
 }
 

@@ -16,8 +16,8 @@ public:
 
     // One request of a random kind. Throws std::runtime_error when it does not end, or the service does.
     void request();
-    // The wake-up word is still answered: nothing is stuck. Ends with a search, so that the models that it needs are in
-    // memory: a change of the language drops them.
+    // The wake-up word is still answered and a changed household fetched: nothing is stuck. Needs a search, so that the
+    // models for it are in memory: a change of the language drops them.
     void proveAlive();
 
     // How often which kind ended how, as "cancelled: StandBy/None".
@@ -43,6 +43,8 @@ private:
     void nothingSaid();
     void householdFaulty();
 
+    void proveAnswered();
+    void proveRefreshed();
     // Throws Ended when the service refuses.
     void start(const std::string& mode);
     void restoreSound();
@@ -58,6 +60,7 @@ private:
     std::mt19937 mRandom;
     std::map<std::string, int> mEnds;
     std::string mEnd;
+    int mHouseholds = 0;
     bool mVexal = false;
     bool mBritish = false;
 };

@@ -1,14 +1,16 @@
 // orvane-soak: a long time on a simulated appliance. Exit 0 when every request ended as it may and nothing grew.
 #include <unistd.h>
 
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 
+#include "Growth.h"
 #include "Soak.h"
-#include "Usage.h"
 #include "appliance/PrivateTmp.h"
 
 namespace {
@@ -27,6 +29,18 @@ struct Options {
     std::string json;
 };
 
+// Ends the program for anything else than a number from `least` on.
+int number(const char* word, int least) {
+    int value = 0;
+    const char* end = word + strlen(word);
+    const auto result = std::from_chars(word, end, value);
+    if (result.ec != std::errc() || result.ptr != end || value < least) {
+        fprintf(stderr, "soak: %s is no number from %d on\n", word, least);
+        exit(2);
+    }
+    return value;
+}
+
 Options read(int count, char** words) {
     Options options;
     for (int i = 1; i < count; ++i) {
@@ -35,9 +49,9 @@ Options read(int count, char** words) {
             fputs(kHelp, stdout);
             exit(0);
         } else if (word == "--requests" && i + 1 < count) {
-            options.requests = atoi(words[++i]);
+            options.requests = number(words[++i], 1);
         } else if (word == "--seed" && i + 1 < count) {
-            options.seed = static_cast<unsigned>(strtoul(words[++i], nullptr, 10));
+            options.seed = static_cast<unsigned>(number(words[++i], 0));
         } else if (word == "--json" && i + 1 < count) {
             options.json = words[++i];
         } else {
@@ -51,7 +65,7 @@ Options read(int count, char** words) {
 struct Report {
     int requests = 0;
     double seconds = 0;
-    std::vector<soak::Usage> samples;
+    std::vector<bench::Usage> samples;
     std::map<std::string, int> ends;
 };
 
@@ -60,10 +74,10 @@ void print(const Report& report, const Options& options) {
     for (const auto& [end, times] : report.ends) {
         printf("%6d  %s\n", times, end.c_str());
     }
-    const soak::Usage& first = report.samples.front();
-    const soak::Usage& last = report.samples.back();
-    printf("memory %ld kB at first, %ld kB at last, %+.1f %% from the third to the last quarter\n", first.rssKb,
-           last.rssKb, soak::growth(report.samples) * 100);
+    const bench::Usage& first = report.samples.front();
+    const bench::Usage& last = report.samples.back();
+    printf("memory %ld kB at first, %ld kB at last, %+.1f %% from the third to the last quarter\n", first.residentKb,
+           last.residentKb, soak::growth(report.samples) * 100);
     printf("%d threads and %d open files at first, %d and %d at last\n", first.threads, first.files, last.threads,
            last.files);
     if (!options.json.empty()) {
@@ -71,7 +85,7 @@ void print(const Report& report, const Options& options) {
                                   {"seed", options.seed},
                                   {"seconds", report.seconds},
                                   {"ends", report.ends},
-                                  {"rss_kb", {first.rssKb, last.rssKb}},
+                                  {"rss_kb", {first.residentKb, last.residentKb}},
                                   {"growth", soak::growth(report.samples)},
                                   {"threads", {first.threads, last.threads}},
                                   {"files", {first.files, last.files}}};
@@ -84,13 +98,13 @@ void run(sim::Appliance& appliance, const Options& options) {
     Report report;
     const double begin = sim::monotonicNow();
     soak.proveAlive();
-    report.samples.push_back(soak::usageOf(appliance.serviceProcess()));
+    report.samples.push_back(bench::usageOf(appliance.serviceProcess()));
     for (; report.requests < options.requests; ++report.requests) {
         if (report.requests % kProveEvery == kProveEvery - 1) {
             soak.proveAlive();
-            report.samples.push_back(soak::usageOf(appliance.serviceProcess()));
+            report.samples.push_back(bench::usageOf(appliance.serviceProcess()));
             printf("%d requests, %.0f s, %ld kB\n", report.requests + 1, sim::monotonicNow() - begin,
-                   report.samples.back().rssKb);
+                   report.samples.back().residentKb);
             fflush(stdout);
         }
         try {
@@ -100,7 +114,7 @@ void run(sim::Appliance& appliance, const Options& options) {
         }
     }
     soak.proveAlive();
-    report.samples.push_back(soak::usageOf(appliance.serviceProcess()));
+    report.samples.push_back(bench::usageOf(appliance.serviceProcess()));
     report.ends = soak.ends();
     report.seconds = sim::monotonicNow() - begin;
     print(report, options);
@@ -126,9 +140,7 @@ int main(int count, char** words) {
             appliance.startService();
             run(appliance, options);
         } catch (const std::exception&) {
-            const std::string log = appliance.serviceLog();
-            fprintf(stderr, "the service's last words:\n%s\n",
-                    log.substr(log.size() > 8000 ? log.size() - 8000 : 0).c_str());
+            appliance.showLastWords();
             throw;
         }
         return 0;

@@ -4,13 +4,16 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
+#include "appliance/Interrupt.h"
 #include "appliance/Speech.h"
 #include "lib/Application.h"
+#include "lib/Control.h"
 
 namespace sim {
 
@@ -21,9 +24,8 @@ constexpr double kRecogniserSeconds = 30;
 constexpr useconds_t kPollMicroseconds = 10000;
 constexpr double kAnswerSeconds = 4;
 constexpr int kMostCalls = 3;
+constexpr std::size_t kLastWords = 8000;
 constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
-constexpr char kControlPath[] = "/org/orvane/sim/Control";
-constexpr char kControlInterface[] = "org.orvane.sim.Control1";
 constexpr char kDaemon[] = "org.freedesktop.DBus";
 
 // The settings library talks over this process's shared connection, whose end would end the process.
@@ -160,25 +162,32 @@ void Appliance::wakeUp(const std::string& voice, const std::string& word) {
 }
 
 void Appliance::say(const std::string& text, const std::string& voice) {
-    const std::string wav = speak(mFolder, text, voice);
-    mRecord->write("said", {{"text", text}, {"voice", voice}});
-    mRoom->play(wav);
+    awaitEnd(*startSaying(text, voice), text);
 }
 
 std::unique_ptr<Process> Appliance::startSaying(const std::string& text, const std::string& voice) {
     const std::string wav = speak(mFolder, text, voice);
     mRecord->write("said", {{"text", text}, {"voice", voice}});
-    return mRoom->startPlaying(wav);
+    return mRoom->play(wav);
 }
 
 void Appliance::play(const std::string& wav) {
     mRecord->write("played", {{"file", wav}});
-    mRoom->play(wav);
+    awaitEnd(*mRoom->play(wav), wav);
+}
+
+void Appliance::awaitEnd(Process& player, const std::string& sound) {
+    for (; player.runs(); usleep(kPollMicroseconds)) {
+        endIfInterrupted();
+        mEvents.read();  // for who watches
+    }
+    if (player.wait() != 0) {
+        throw std::runtime_error("cannot play " + sound);
+    }
 }
 
 void Appliance::order(const std::string& application, const std::string& order, const std::string& argument) {
-    mBus->call(application, kControlPath, kControlInterface, "Do",
-               g_variant_new("(ss)", order.c_str(), argument.c_str()));
+    sim::order(*mBus, application, order, argument);
 }
 
 void Appliance::launch(const std::string& application) {
@@ -198,7 +207,7 @@ void Appliance::kill(const std::string& application) {
 }
 
 void Appliance::network(const std::string& kind) {
-    mSystem->call(kNetwork, kControlPath, kControlInterface, "Do", g_variant_new("(ss)", "network", kind.c_str()));
+    sim::order(*mSystem, kNetwork, "network", kind);
     mRecord->write("network", {{"kind", kind}});
 }
 
@@ -290,6 +299,7 @@ std::vector<Event> Appliance::page() {
 
 void Appliance::until(const std::string& what, const std::function<bool()>& condition, double seconds) {
     for (const double end = monotonicNow() + seconds; !condition(); usleep(kPollMicroseconds)) {
+        endIfInterrupted();
         if (monotonicNow() > end) {
             throw std::runtime_error("this did not happen: " + what);
         }
@@ -299,6 +309,14 @@ void Appliance::until(const std::string& what, const std::function<bool()>& cond
 std::string Appliance::serviceLog() const {
     std::ifstream file(mFolder / "service.log");
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void Appliance::showLastWords() const {
+    const std::string log = serviceLog();
+    if (!log.empty()) {
+        fprintf(stderr, "the service's last words:\n%s\n",
+                log.substr(log.size() - std::min(log.size(), kLastWords)).c_str());
+    }
 }
 
 }  // namespace sim

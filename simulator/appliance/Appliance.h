@@ -67,8 +67,6 @@ public:
         settings::set(key, value);
     }
     Hub& hub() { return *mHub; }
-    // How the account service answers from now on; see apps/Account.h.
-    void account(const std::string& behaviour) { order(kAccount, "behave", behaviour); }
     // The account service says that a profile has changed.
     void announceProfile() { order(kAccount, "notify"); }
     // The names of the household's users that the local database holds.
@@ -94,10 +92,13 @@ public:
     Record& record() { return *mRecord; }
     const Folder& folder() const { return mFolder; }
     std::string serviceLog() const;
+    // The end of the service's log on standard error, for whoever looks into what went wrong.
+    void showLastWords() const;
 
 private:
     void startBuses();
     void writeSettings();
+    void awaitEnd(Process& player, const std::string& sound);
     const Event* find(const Event& wanted) const;
     int countFrom(std::size_t first, const std::string& application, const Event& wanted);
 

@@ -7,30 +7,41 @@
 
 #include <filesystem>
 #include <fstream>
-#include <string>
-#include <vector>
 
 namespace sim {
 
 namespace {
 
-// A folder under /tmp that the new /tmp would hide, held open until it is shown again.
+// A file or folder under /tmp that the new /tmp would hide, held open until it is shown again.
 struct Kept {
     std::string path;
     int handle;
 };
 
 void keep(std::vector<Kept>& kept, std::filesystem::path path) {
-    if (path.string().rfind("/tmp/", 0) == 0) {
-        kept.push_back({path, open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)});
+    if (path.string().rfind("/tmp/", 0) != 0) {
+        return;
+    }
+    const int handle = open(path.c_str(), O_PATH | O_CLOEXEC);
+    if (handle >= 0) {
+        kept.push_back({path, handle});
+    }
+}
+
+// What a mount needs to be mounted on.
+void standIn(const std::filesystem::path& path, bool folder) {
+    std::error_code ignored;
+    std::filesystem::create_directories(folder ? path : path.parent_path(), ignored);
+    if (!folder) {
+        std::ofstream file(path, std::ios::app);
     }
 }
 
 void show(const std::vector<Kept>& kept) {
     for (const auto& [path, handle] : kept) {
-        std::error_code ignored;
-        std::filesystem::create_directories(path, ignored);
-        mount(("/proc/self/fd/" + std::to_string(handle)).c_str(), path.c_str(), nullptr, MS_BIND | MS_REC, nullptr);
+        const std::string here = "/proc/self/fd/" + std::to_string(handle);
+        standIn(path, std::filesystem::is_directory(here));
+        mount(here.c_str(), path.c_str(), nullptr, MS_BIND | MS_REC, nullptr);
         close(handle);
     }
 }
@@ -53,7 +64,7 @@ bool separate() {
 
 }  // namespace
 
-bool enterPrivateTmp() {
+bool enterPrivateTmp(const std::vector<std::string>& shown) {
     if (!separate() || mount(nullptr, "/", nullptr, MS_REC | MS_SLAVE, nullptr) != 0) {
         return false;
     }
@@ -65,6 +76,9 @@ bool enterPrivateTmp() {
     keep(kept, std::filesystem::path(ORVANE_SIM_APP).parent_path());
     keep(kept, std::filesystem::path(ORVANE_SIM_HUB).parent_path());
     keep(kept, std::filesystem::path(ORVANE_VOLUME_FADE).parent_path());
+    for (const std::string& path : shown) {
+        keep(kept, path);
+    }
     if (mount("tmpfs", "/tmp", "tmpfs", MS_NOSUID | MS_NODEV, "mode=1777") != 0) {
         return false;
     }

@@ -2,9 +2,13 @@
 // an appliance meets neither another one nor the person's files.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace sim {
 
-// Before the process has threads. False (and nothing has changed) where the machine does not allow it.
-bool enterPrivateTmp();
+// What is below /tmp at `shown` (files or folders, by their real paths) is there in the new one too. Before the process
+// has threads. False (and nothing has changed) where the machine does not allow it.
+bool enterPrivateTmp(const std::vector<std::string>& shown = {});
 
 }  // namespace sim

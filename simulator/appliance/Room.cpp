@@ -9,6 +9,9 @@ namespace sim {
 
 namespace {
 
+constexpr useconds_t kPollMicroseconds = 5000;
+constexpr int kPolls = 2000;
+
 std::string script(const std::string& socket, const std::string& person) {
     // Without rewinds the sink works 50 ms ahead; with them 2 s, in which the first words would be heard that much
     // later.
@@ -32,7 +35,23 @@ Room::Room(const Folder& folder, const std::string& microphone)
     : mFolder(folder),
       mSocket(folder / "pulse.socket"),
       mScript(folder.write("pulse.pa", script(mSocket, microphone))) {
+    if (!microphone.empty()) {
+        requireMicrophone(microphone);
+    }
     start();
+}
+
+// The room's sound server would start without it, and nobody would ever be heard.
+void Room::requireMicrophone(const std::string& server) const {
+    const std::string list = mFolder / "persons-sources";
+    Process asking({"timeout", "5", "pactl", "--server=" + server, "list", "short", "sources"}, list);
+    if (asking.wait() != 0) {
+        throw std::runtime_error("no sound server answers at " + server +
+                                 "; start PulseAudio or PipeWire, or name one that runs in PULSE_SERVER");
+    }
+    if (std::filesystem::file_size(list) == 0) {
+        throw std::runtime_error("the sound server at " + server + " has no microphone");
+    }
 }
 
 void Room::restart() {
@@ -47,21 +66,15 @@ void Room::start() {
                                                            "--exit-idle-time=-1", "-F", mScript},
                                   mFolder / "pulse.log");
     for (int polls = 0; !std::filesystem::exists(mSocket); ++polls) {
-        if (!mServer->runs() || polls > 2000) {
+        if (!mServer->runs() || polls > kPolls) {
             throw std::runtime_error("the sound server does not start");
         }
-        usleep(5000);
-    }
-}
-
-void Room::play(const std::string& wav) {
-    if (startPlaying(wav)->wait() != 0) {
-        throw std::runtime_error("cannot play " + wav);
+        usleep(kPollMicroseconds);
     }
 }
 
 // A voice, which is no media that the appliance plays. Enough of it in advance that a busy machine does not tear it.
-std::unique_ptr<Process> Room::startPlaying(const std::string& wav) const {
+std::unique_ptr<Process> Room::play(const std::string& wav) const {
     const std::vector<std::string> words{"paplay", "--latency-msec=200", "--property=media.role=phone", "--device=room",
                                          wav};
     return std::make_unique<Process>(words, mFolder / "pulse.log");

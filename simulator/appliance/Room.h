@@ -13,13 +13,12 @@ namespace sim {
 class Room {
 public:
     // `microphone`: address of another sound server whose default source is the microphone; empty: the room's own
-    // sound. With one, the appliance plays on that server too.
+    // sound. With one, the appliance plays on that server too. Throws std::runtime_error when nobody
+    // answers there.
     Room(const Folder& folder, const std::string& microphone);
 
-    // A WAV file, played to its end. Throws std::runtime_error.
-    void play(const std::string& wav);
-    // The same, but returns at once; the sound ends with its process.
-    std::unique_ptr<Process> startPlaying(const std::string& wav) const;
+    // A WAV file, which ends at the latest with the process that plays it. Throws std::runtime_error.
+    std::unique_ptr<Process> play(const std::string& wav) const;
     // Someone records from the microphone.
     bool isHeard();
     // The sound server does.
@@ -28,6 +27,7 @@ public:
     void restart();
 
 private:
+    void requireMicrophone(const std::string& server) const;
     void start();
 
     const Folder& mFolder;

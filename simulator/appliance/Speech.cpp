@@ -19,6 +19,11 @@ namespace {
 constexpr int kRate = 16000;
 constexpr float kPeak = 0.5F;
 constexpr float kNoise = 0.001F;
+// Of the stairs, in samples; a step is what the level is of.
+constexpr std::size_t kStep = 256;
+constexpr std::size_t kSteps = 8;
+constexpr std::size_t kHalfPeriod = 16;
+constexpr float kLoudestStep = 0.6F;
 
 struct SoundClose {
     void operator()(SNDFILE* file) const noexcept { sf_close(file); }
@@ -48,7 +53,20 @@ void write(const std::string& path, const std::vector<float>& samples) {
     }
 }
 
-// A breath before and after, one loudness for all voices, and noise: digital silence is no room.
+// Digital silence is no room.
+void addNoise(std::vector<float>& sound) {
+    std::mt19937 random(1);  // the same noise each time: a run can be repeated
+    std::uniform_real_distribution<float> noise(-kNoise, kNoise);
+    for (float& sample : sound) {
+        sample += noise(random);
+    }
+}
+
+std::vector<float> nothing(double seconds) {
+    return std::vector<float>(static_cast<std::size_t>(seconds * kRate), 0.0F);
+}
+
+// A breath before and after, one loudness for all voices, and noise.
 std::vector<float> inRoom(const std::vector<float>& voice) {
     std::vector<float> sound(voice.size() + kRate / 2, 0.0F);
     float peak = 0.01F;
@@ -57,11 +75,7 @@ std::vector<float> inRoom(const std::vector<float>& voice) {
     }
     std::transform(voice.begin(), voice.end(), sound.begin() + kRate / 5,
                    [peak](float sample) { return sample / peak * kPeak; });
-    std::mt19937 random(1);  // the same noise each time: a run can be repeated
-    std::uniform_real_distribution<float> noise(-kNoise, kNoise);
-    for (float& sample : sound) {
-        sample += noise(random);
-    }
+    addNoise(sound);
     return sound;
 }
 
@@ -79,6 +93,35 @@ std::string speak(const Folder& folder, const std::string& text, const std::stri
     }
     write(path, inRoom(read(path)));
     return path;
+}
+
+std::string silence(const Folder& folder, double seconds) {
+    std::vector<float> sound = nothing(seconds);
+    addNoise(sound);
+    const std::string path = folder / "silence.wav";
+    write(path, sound);
+    return path;
+}
+
+std::string stairs(const Folder& folder, double seconds) {
+    std::vector<float> sound = nothing(seconds);
+    for (std::size_t i = 0; i < sound.size(); ++i) {
+        const float amplitude = kLoudestStep / static_cast<float>(1 << (i / kStep % kSteps));
+        sound[i] = i / kHalfPeriod % 2 == 0 ? amplitude : -amplitude;
+    }
+    const std::string path = folder / "stairs.wav";
+    write(path, sound);
+    return path;
+}
+
+void requireSound(const std::string& path) {
+    if (std::error_code fault; !std::filesystem::exists(path, fault)) {
+        throw std::runtime_error("there is no file " + path + (fault ? ": " + fault.message() : ""));
+    }
+    SF_INFO info{};
+    if (!Sound(sf_open(path.c_str(), SFM_READ, &info))) {
+        throw std::runtime_error(path + " is no sound that can be played: " + sf_strerror(nullptr));
+    }
 }
 
 }  // namespace sim

@@ -1,8 +1,6 @@
 // orvane-appliance: a whole appliance for a while, and its timeline on standard output.
-#include <signal.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -10,7 +8,9 @@
 
 #include "appliance/Appliance.h"
 #include "appliance/Conversation.h"
+#include "appliance/Interrupt.h"
 #include "appliance/PrivateTmp.h"
+#include "appliance/Speech.h"
 #include "appliance/Timeline.h"
 
 namespace {
@@ -23,18 +23,13 @@ constexpr char kHelp[] =
     "  --wav FILE    the wake-up word, then the sound of FILE\n"
     "  --mic         your own microphone, until Ctrl-C: say \"hey quorbit\", then a command\n"
     "  --voice NAME  the voice that speaks: slt (default), awb, rms, kal16\n"
-    "  --help        this text\n";
+    "  --help        this text\n"
+    "Ctrl-C ends it, and everything that it started.\n";
 
 struct Options {
     std::string say, wav, voice = "slt";
     bool mic = false;
 };
-
-std::atomic<bool> interrupted{false};
-
-void onInterrupt(int) {
-    interrupted = true;
-}
 
 // Ends the program for --help and for what it does not know.
 Options read(int count, char** words) {
@@ -50,7 +45,7 @@ Options read(int count, char** words) {
         } else if (word == "--say" && more) {
             options.say = words[++i];
         } else if (word == "--wav" && more) {
-            options.wav = std::filesystem::absolute(words[++i]);
+            options.wav = words[++i];
         } else if (word == "--voice" && more) {
             options.voice = words[++i];
         } else {
@@ -81,20 +76,40 @@ void speakOnce(sim::Appliance& appliance, const Options& options) {
     appliance.awaitState("Ready");
     // What the command starts comes a moment after the answer; nobody knows whether it starts anything.
     for (const double end = sim::monotonicNow() + 2; sim::monotonicNow() < end; usleep(20000)) {
+        sim::endIfInterrupted();
         appliance.events().read();
     }
 }
 
 void listen(sim::Appliance& appliance) {
     puts("          listening to your microphone; Ctrl-C ends");
-    for (; !interrupted && appliance.serviceRuns(); usleep(20000)) {
+    fflush(stdout);
+    for (; sim::interrupt() == 0 && appliance.serviceRuns(); usleep(20000)) {
         appliance.events().read();
     }
 }
 
-void run(const Options& options) {
-    const std::string soundServer = personsSoundServer();
-    sim::Appliance appliance(options.mic ? soundServer : std::string());
+// Of a sound server's address, where it names one: "unix:/path" or "/path".
+std::string socketOf(const std::string& server) {
+    const std::size_t path = server.rfind("unix:", 0) == 0 ? 5 : 0;
+    return server.compare(path, 1, "/") == 0 ? server.substr(path) : "";
+}
+
+// What the person names may lie in /tmp, and must be found in the private one.
+void enterPrivateTmp(const Options& options, const std::string& soundServer) {
+    std::vector<std::string> named;
+    for (const std::string& path : {options.wav, socketOf(soundServer)}) {
+        if (!path.empty()) {
+            named.push_back(path);
+        }
+    }
+    if (!sim::enterPrivateTmp(named)) {
+        fputs("run: no private /tmp on this machine; using the shared one\n", stderr);
+    }
+}
+
+void run(const Options& options, const std::string& soundServer) {
+    sim::Appliance appliance(soundServer);
     sim::Timeline timeline(sim::monotonicNow(), isatty(STDOUT_FILENO) != 0);
     appliance.events().watch([&timeline](const sim::Event& event) { timeline.print(event); });
     try {
@@ -109,13 +124,9 @@ void run(const Options& options) {
         }
         appliance.stopService();
         appliance.events().read();
-    } catch (...) {
+    } catch (const std::exception&) {
         appliance.events().read();
-        const std::string log = appliance.serviceLog();
-        if (!log.empty()) {
-            fprintf(stderr, "the service's last words:\n%s\n",
-                    log.substr(log.size() > 3000 ? log.size() - 3000 : 0).c_str());
-        }
+        appliance.showLastWords();
         throw;
     }
 }
@@ -123,15 +134,20 @@ void run(const Options& options) {
 }  // namespace
 
 int main(int count, char** words) {
-    const Options options = read(count, words);
-    signal(SIGINT, onInterrupt);
-    signal(SIGTERM, onInterrupt);
-    if (!sim::enterPrivateTmp()) {
-        fputs("run: no private /tmp on this machine; using the shared one\n", stderr);
-    }
+    Options options = read(count, words);
+    sim::catchInterrupts();
     try {
-        run(options);
+        if (!options.wav.empty()) {
+            sim::requireSound(options.wav);
+            options.wav = std::filesystem::canonical(options.wav);
+        }
+        const std::string soundServer = options.mic ? personsSoundServer() : "";
+        enterPrivateTmp(options, soundServer);
+        run(options, soundServer);
         return 0;
+    } catch (const sim::Interrupted& interrupted) {
+        fputs("run: interrupted\n", stderr);
+        return 128 + interrupted.signal;
     } catch (const std::exception& fault) {
         fprintf(stderr, "run: %s\n", fault.what());
         return 1;

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "lib/Control.h"
+
 namespace sim {
 
 namespace {
@@ -15,9 +17,6 @@ constexpr char kXml[] =
     "<property name='PrimaryConnection' type='o' access='read'/>"
     "<property name='Metered' type='u' access='read'/>"
     "<signal name='StateChanged'><arg type='u'/></signal></interface>";
-constexpr char kControlXml[] =
-    "<interface name='org.orvane.sim.Control1'>"
-    "<method name='Do'><arg type='s' direction='in'/><arg type='s' direction='in'/></method></interface>";
 constexpr guint32 kConnected = 70;
 constexpr guint32 kDisconnected = 20;
 
@@ -27,14 +26,12 @@ NetworkManager::NetworkManager(const std::string& name) : mName(name), mBus(G_BU
     mBus.serve(
         kPath, kXml, [](const std::string&, const std::string&, GVariant*) -> GVariant* { return nullptr; }, false,
         [this](const std::string& wanted) { return property(wanted); });
-    mBus.serve("/org/orvane/sim/Control", kControlXml,
-               [this](const std::string&, const std::string&, GVariant* arguments) -> GVariant* {
-                   const char* order = nullptr;
-                   const char* kind = nullptr;
-                   g_variant_get(arguments, "(&s&s)", &order, &kind);
-                   change(kind);
-                   return nullptr;
-               });
+    serveOrders(mBus, [this](const std::string& order, const std::string& kind) {
+        if (order != "network") {
+            throw std::runtime_error("a network manager does not know the order " + order);
+        }
+        change(kind);
+    });
 }
 
 void NetworkManager::run() {

@@ -39,9 +39,7 @@ void UiApp::onLaunch(const Request& request) {
     const std::string base = kOperationBase;
     if (request.operation == base + "trigger_shot/voice") {
         record().write("wake-up");
-        if (mAnswers) {
-            tell("start_voice_engine", {{"key_start_mode", {mMode}}, {"current_volume", {"5"}}});
-        }
+        start("Default");
     } else if (request.operation == base + "state_change") {
         showState(request.extras);
     } else if (request.operation == base + "speech_detected") {
@@ -76,18 +74,18 @@ void UiApp::onMessage(const std::string&, const Entries& data) {
 
 void UiApp::onOrder(const std::string& order, const std::string& argument) {
     if (order == "start") {
-        tell("start_voice_engine", {{"key_start_mode", {argument}}, {"current_volume", {"5"}}});
+        start(argument);
     } else if (order == "stop" || order == "cancel" || order == "close") {
         tell(order + "_voice_engine");
     } else if (order == "acknowledge") {
         mAcknowledges = yes(argument);
-    } else if (order == "answer") {
-        mAnswers = yes(argument);
-    } else if (order == "mode") {
-        mMode = argument;
     } else {
         Application::onOrder(order, argument);
     }
+}
+
+void UiApp::start(const std::string& mode) {
+    tell("start_voice_engine", {{"key_start_mode", {mode}}, {"current_volume", {"5"}}});
 }
 
 // The service may be starting, or gone: the bus then says so, and a screen can only wait.

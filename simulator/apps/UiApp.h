@@ -5,7 +5,7 @@
 //   speech detected, wake-up, result
 // It turns the music down while the assistant listens and thinks.
 // Orders: start (argument: mode), stop, cancel, close: sent to the service; acknowledge yes|no: whether Ready is
-// answered; answer yes|no: whether a wake-up starts the engine; mode Default|PTT|ClearContext: how a wake-up starts it.
+// answered.
 #pragma once
 
 #include "apps/Ducker.h"
@@ -26,11 +26,10 @@ private:
 
     void showState(const Extras& extras);
     void showResult();
+    void start(const std::string& mode);
     void tell(const std::string& operation, const Extras& extras = {});
 
     bool mAcknowledges = true;
-    bool mAnswers = true;
-    std::string mMode = "Default";
     LevelMeter mMeter;
     Ducker mDucker;
 };

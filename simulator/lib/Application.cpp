@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+#include "lib/Control.h"
+
 namespace sim {
 
 namespace {
@@ -23,9 +25,6 @@ constexpr char kPortXml[] =
     "<method name='HasPort'><arg type='s' direction='in'/><arg type='b' direction='out'/></method>"
     "<method name='Send'><arg type='s' direction='in'/><arg type='a(ayay)' direction='in'/>"
     "<arg type='s' direction='in'/><arg type='s' direction='in'/></method></interface>";
-constexpr char kControlXml[] =
-    "<interface name='org.orvane.sim.Control1'>"
-    "<method name='Do'><arg type='s' direction='in'/><arg type='s' direction='in'/></method></interface>";
 
 gboolean onSignal(gpointer loop) noexcept {
     g_main_loop_quit(static_cast<GMainLoop*>(loop));
@@ -52,11 +51,7 @@ Application::Application(const std::string& id)
                [this](const std::string& method, const std::string&, GVariant* arguments) {
                    return onPortCall(method, arguments);
                });
-    mBus.serve("/org/orvane/sim/Control", kControlXml,
-               [this](const std::string&, const std::string&, GVariant* arguments) -> GVariant* {
-                   onOrder(text(arguments, 0), text(arguments, 1));
-                   return nullptr;
-               });
+    serveOrders(mBus, [this](const std::string& order, const std::string& argument) { onOrder(order, argument); });
 }
 
 void Application::run() {
@@ -68,12 +63,6 @@ void Application::run() {
     mRecord.write("ended");
     // The answer to Close may still wait to be sent.
     g_dbus_connection_flush_sync(mBus.get(), nullptr, nullptr);
-}
-
-void Application::launch(const std::string& id, const std::string& operation, const Extras& extras,
-                         const std::string& uri) {
-    mBus.call(id, kPath, kInterface, "Launch",
-              g_variant_new("(ss@a(aybaay)s)", operation.c_str(), uri.c_str(), packExtras(extras), ""));
 }
 
 void Application::reply(const Request& request, int result, const Extras& extras) {

@@ -32,8 +32,6 @@ public:
     void run();
     void quit() { g_main_loop_quit(mLoop.get()); }
 
-    // Throws std::runtime_error when the application is not there.
-    void launch(const std::string& id, const std::string& operation, const Extras& extras, const std::string& uri = {});
     void reply(const Request& request, int result, const Extras& extras);
     void sendEvent(const std::string& event, const Entries& data);
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Person.h"
+#include "appliance/Speech.h"
 
 class AVoice : public testing::TestWithParam<const char*> {};
 
@@ -22,6 +23,9 @@ TEST(PushToTalk, IsStartedAndStoppedByTheUi) {
     person.appliance.launch(sim::kUi);
     person.pushesToTalk();
     person.says("open music");
+    // A silence that would end any other utterance twice.
+    person.appliance.play(sim::silence(person.appliance.folder(), 2));
+    EXPECT_EQ(person.appliance.count(sim::kUi, {{"event", "state"}, {"state", "Processing"}}), 0);
     EXPECT_EQ(person.appliance.count(sim::kUi, {{"event", "state"}, {"state", "Ready"}}), 0);
     person.appliance.order(sim::kUi, "stop");
     person.appliance.awaitState("Ready");

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <exception>
-#include <iostream>
 #include <string>
 
 #include "appliance/Appliance.h"
@@ -16,8 +15,7 @@ struct Person {
     }
     ~Person() {
         if (std::uncaught_exceptions() != 0 || testing::Test::HasFailure()) {
-            const std::string log = appliance.serviceLog();
-            std::cerr << "the service's last words:\n" << log.substr(log.size() > 8000 ? log.size() - 8000 : 0);
+            appliance.showLastWords();
         }
     }
 

@@ -1,9 +1,7 @@
 // What the fuzzers hold on to, tried with the ordinary compiler: what once crashed (fuzz/regressions), and what reaches
 // far into the code (fuzz/corpus). An entry ends the process when a promise is broken.
-#include <dlog.h>
 #include <gtest/gtest.h>
 
-#include <cstdarg>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -13,15 +11,6 @@
 #include "Entries.h"
 
 namespace fs = std::filesystem;
-
-int dlog_print(log_priority, const char*, const char* format, ...) {
-    char line[1024];
-    va_list arguments;
-    va_start(arguments, format);
-    const int length = std::vsnprintf(line, sizeof line, format, arguments);
-    va_end(arguments);
-    return length;
-}
 
 namespace {
 

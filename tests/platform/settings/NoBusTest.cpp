@@ -33,6 +33,5 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     const PrivateHome home;
     setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus", 1);
-    setenv("ORVANE_LOG", "stderr", 1);
     return RUN_ALL_TESTS();
 }

@@ -120,9 +120,20 @@ TEST_F(Listening, EndsWithTheContextAndNothingIsCalledAfterIt) {
     ASSERT_TRUE(mRoom.ctx->IsListening());
     mRoom.ctx.reset();
     const int fetches = mRoom.feed.fetches.load();
+    const std::size_t left = mRoom.feed.left();
+    const int cancels = mRoom.witness.cancels;
+    EXPECT_GT(left, 0u);
     EXPECT_EQ(mRoom.feed.starts, mRoom.feed.stops);
     EXPECT_EQ(mRoom.feed.loaned(), 0);
+    // While another engine hears a whole word, one that still listened would fetch what is left.
+    EngineRoom other;
+    ASSERT_TRUE(other.load("ENU", "quorbit"));
+    other.feed.add(wakeUp());
+    other.listen();
+    ASSERT_TRUE(other.witness.waitForWakeups(1));
     EXPECT_EQ(mRoom.feed.fetches, fetches);
+    EXPECT_EQ(mRoom.feed.left(), left);
+    EXPECT_EQ(mRoom.witness.cancels, cancels);
 }
 
 TEST_F(Listening, LeavesAnAudioInputAloneOnceItIsDetached) {

@@ -38,7 +38,11 @@ constexpr char HELP[] =
     "  ORVANE_DB_DIR             folder of the local databases\n"
     "  ORVANE_HUB_CA             authorities (PEM) to trust for the hub server instead of the machine's\n"
     "  ORVANE_LOG                journal, stderr or off\n"
-    "  ORVANE_SYSFS_ROOT         where class/leds is looked for instead of /sys\n";
+    "  ORVANE_SYSFS_ROOT         where class/leds is looked for instead of /sys\n"
+    "  ORVANE_MODEL_ROOT         folder of the speech models\n"
+    "  ORVANE_AUDIO_REPLAY       sound file that is heard instead of the microphone\n"
+    "  ORVANE_AUDIO_REPLAY_PACE  realtime or fast\n"
+    "  ORVANE_WAKEUP_RECORDINGS  folder that keeps the sound before each wake-up\n";
 
 struct App {
     service_app_lifecycle_callback_s* callbacks;

@@ -21,27 +21,38 @@ constexpr char PATH[] = "/org/orvane/Application";
 constexpr char INTERFACE[] = "org.orvane.Application1";
 constexpr int LAUNCH_MILLISECONDS = 10000;  // a start of the application included
 
-int set(std::optional<std::string>& field, const char* text) {
-    text ? field = text : field = std::nullopt;
+using Field = std::optional<std::string> app_control_s::*;
+
+int set(app_control_h request, Field field, const char* text) {
+    if (request == nullptr) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    text ? request->*field = text : request->*field = std::nullopt;
     return APP_CONTROL_ERROR_NONE;
 }
 
-int get(const std::optional<std::string>& field, char** text) {
-    *text = field ? strdup(field->c_str()) : nullptr;
+int get(app_control_h request, Field field, char** text) {
+    if (request == nullptr || text == nullptr) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    *text = request->*field ? strdup((request->*field)->c_str()) : nullptr;
     return APP_CONTROL_ERROR_NONE;
+}
+
+// Null, with the code of why, when there is no such extra.
+const Extra* find(app_control_h request, const char* key, const void* output, int& code) {
+    code = APP_CONTROL_ERROR_INVALID_PARAMETER;
+    if (request == nullptr || key == nullptr || output == nullptr) {
+        return nullptr;
+    }
+    const auto found = request->extras.find(key);
+    code = found == request->extras.end() ? APP_CONTROL_ERROR_KEY_NOT_FOUND : APP_CONTROL_ERROR_NONE;
+    return found == request->extras.end() ? nullptr : &found->second;
 }
 
 // D-Bus texts are UTF-8; others would break the connection.
-bool isText(const std::string& text) {
-    return g_utf8_validate(text.c_str(), -1, nullptr);
-}
-
-bool isUnknown(const gio::Error& error) {
-    return g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) ||
-           g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER) ||
-           g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_METHOD) ||
-           g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_OBJECT) ||
-           g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_INTERFACE);
+bool isText(const std::optional<std::string>& text) {
+    return g_utf8_validate(text.value_or("").c_str(), -1, nullptr);
 }
 
 int failureOf(const std::string& id, const gio::Error& error) {
@@ -74,10 +85,6 @@ int launch(const app_control_s& request, const std::string& token) {
         dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed", id.c_str());
         return APP_CONTROL_ERROR_APP_NOT_FOUND;
     }
-    if (!isText(operation) || !isText(uri)) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "a request to %s is no UTF-8 text", id.c_str());
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
     gio::Error error;
     if (Bus::session().call(
             id.c_str(), PATH, INTERFACE, "Launch",
@@ -88,12 +95,15 @@ int launch(const app_control_s& request, const std::string& token) {
         }
         return APP_CONTROL_ERROR_NONE;
     }
-    return isUnknown(error) ? started(appfw::launchDesktopApp(id, uri), token) : failureOf(id, error);
+    return gio::saysNobodyThere(error) ? started(appfw::launchDesktopApp(id, uri), token) : failureOf(id, error);
 }
 
 }  // namespace
 
 int app_control_create(app_control_h* app_control) {
+    if (app_control == nullptr) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
     *app_control = std::make_unique<app_control_s>().release();
     return APP_CONTROL_ERROR_NONE;
 }
@@ -107,22 +117,22 @@ int app_control_destroy(app_control_h app_control) {
 }
 
 int app_control_set_app_id(app_control_h app_control, const char* app_id) {
-    return set(app_control->appId, app_id);
+    return set(app_control, &app_control_s::appId, app_id);
 }
 int app_control_set_operation(app_control_h app_control, const char* operation) {
-    return set(app_control->operation, operation);
+    return set(app_control, &app_control_s::operation, operation);
 }
 int app_control_set_uri(app_control_h app_control, const char* uri) {
-    return set(app_control->uri, uri);
+    return set(app_control, &app_control_s::uri, uri);
 }
 int app_control_get_app_id(app_control_h app_control, char** app_id) {
-    return get(app_control->appId, app_id);
+    return get(app_control, &app_control_s::appId, app_id);
 }
 int app_control_get_operation(app_control_h app_control, char** operation) {
-    return get(app_control->operation, operation);
+    return get(app_control, &app_control_s::operation, operation);
 }
 int app_control_get_uri(app_control_h app_control, char** uri) {
-    return get(app_control->uri, uri);
+    return get(app_control, &app_control_s::uri, uri);
 }
 
 int app_control_add_extra_data(app_control_h app_control, const char* key, const char* value) {
@@ -142,26 +152,28 @@ int app_control_add_extra_data_array(app_control_h app_control, const char* key,
 }
 
 int app_control_get_extra_data(app_control_h app_control, const char* key, char** value) {
-    const auto found = app_control->extras.find(key);
-    if (found == app_control->extras.end()) {
-        return APP_CONTROL_ERROR_KEY_NOT_FOUND;
+    int code = 0;
+    const Extra* extra = find(app_control, key, value, code);
+    if (extra == nullptr) {
+        return code;
     }
-    if (found->second.array) {
+    if (extra->array) {
         return APP_CONTROL_ERROR_INVALID_DATA_TYPE;
     }
-    *value = strdup(found->second.values.at(0).c_str());
+    *value = strdup(extra->values.at(0).c_str());
     return APP_CONTROL_ERROR_NONE;
 }
 
 int app_control_get_extra_data_array(app_control_h app_control, const char* key, char*** value, int* length) {
-    const auto found = app_control->extras.find(key);
-    if (found == app_control->extras.end()) {
-        return APP_CONTROL_ERROR_KEY_NOT_FOUND;
+    int code = 0;
+    const Extra* extra = find(app_control, key, length == nullptr ? nullptr : value, code);
+    if (extra == nullptr) {
+        return code;
     }
-    if (!found->second.array) {
+    if (!extra->array) {
         return APP_CONTROL_ERROR_INVALID_DATA_TYPE;
     }
-    const std::vector<std::string>& values = found->second.values;
+    const std::vector<std::string>& values = extra->values;
     *value = static_cast<char**>(std::calloc(values.size() + 1, sizeof(char*)));
     std::transform(values.begin(), values.end(), *value, [](const std::string& one) { return strdup(one.c_str()); });
     *length = static_cast<int>(values.size());
@@ -169,15 +181,17 @@ int app_control_get_extra_data_array(app_control_h app_control, const char* key,
 }
 
 int app_control_is_extra_data_array(app_control_h app_control, const char* key, bool* array) {
-    const auto found = app_control->extras.find(key);
-    if (found == app_control->extras.end()) {
-        return APP_CONTROL_ERROR_KEY_NOT_FOUND;
+    int code = 0;
+    if (const Extra* extra = find(app_control, key, array, code)) {
+        *array = extra->array;
     }
-    *array = found->second.array;
-    return APP_CONTROL_ERROR_NONE;
+    return code;
 }
 
 int app_control_foreach_extra_data(app_control_h app_control, app_control_extra_data_cb callback, void* user_data) {
+    if (app_control == nullptr || callback == nullptr) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
     const Extras extras = app_control->extras;  // the callback may add and replace
     for (const auto& [key, extra] : extras) {
         if (!callback(app_control, key.c_str(), user_data)) {
@@ -193,6 +207,10 @@ int app_control_send_launch_request(app_control_h app_control, app_control_reply
     }
     const bool named = !app_control->appId.value_or("").empty();
     if (!named && app_control->operation != APP_CONTROL_OPERATION_VIEW) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    if (!isText(app_control->operation) || !isText(app_control->uri)) {
+        dlog_print(DLOG_ERROR, "orvane-appfw", "a request is no UTF-8 text");
         return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
     const std::string token = appfw::expectReply(*app_control, callback, user_data);

@@ -1,6 +1,7 @@
 // Events of other applications: D-Bus signals, believed only of the connection that owns the application id.
 #include "app_event.h"
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <string>
@@ -11,6 +12,7 @@
 #include "lib/gio/MainLoopPost.h"
 
 struct event_handler_s {
+    gsize id;
     std::string name;
     event_cb callback;
     void* userData;
@@ -19,8 +21,9 @@ struct event_handler_s {
 
 namespace {
 
-// On the main loop; what is posted for a handler that has been removed finds it no more.
-std::map<event_handler_h, std::unique_ptr<event_handler_s>> handlers;
+// On the main loop, by ids that are never used again: what is posted for a handler that has been removed finds none.
+std::map<gsize, std::unique_ptr<event_handler_s>> handlers;
+gsize lastId = 0;
 
 // "event.", the application's id, ".", the event's own name; empty when it is not so made.
 std::string applicationOf(const std::string& event) {
@@ -39,11 +42,11 @@ void onSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const 
         return;
     }
     const gio::Variant entries(g_variant_get_child_value(arguments, 1));
-    postToMainLoop([handler = static_cast<event_handler_h>(data), message = appfw::toBundle(entries.get())]() mutable {
-        const auto found = handlers.find(handler);
+    postToMainLoop([id = GPOINTER_TO_SIZE(data), message = appfw::toBundle(entries.get())]() mutable {
+        const auto found = handlers.find(id);
         if (found != handlers.end()) {
-            const std::string name = handler->name;  // the callback may remove the handler
-            handler->callback(name.c_str(), &message, handler->userData);
+            const event_handler_s handler = *found->second;  // the callback may remove it
+            handler.callback(handler.name.c_str(), &message, handler.userData);
         }
     });
 }
@@ -60,19 +63,20 @@ int event_add_event_handler(const char* event_name, event_cb callback, void* use
     if (!bus.isOpen()) {
         return EVENT_ERROR_IO_ERROR;
     }
-    auto handler = std::make_unique<event_handler_s>(event_handler_s{event_name, callback, user_data, 0});
+    auto handler = std::make_unique<event_handler_s>(event_handler_s{++lastId, event_name, callback, user_data, 0});
     gio::IoThread::get().run([&] {
         handler->subscription = g_dbus_connection_signal_subscribe(
             bus.connection(), app.c_str(), "org.orvane.Event1", "Emitted", "/org/orvane/Event", event_name,
-            G_DBUS_SIGNAL_FLAGS_NONE, onSignal, handler.get(), nullptr);
+            G_DBUS_SIGNAL_FLAGS_NONE, onSignal, GSIZE_TO_POINTER(handler->id), nullptr);
     });
     *event_handler = handler.get();
-    handlers[*event_handler] = std::move(handler);
+    handlers[handler->id] = std::move(handler);
     return EVENT_ERROR_NONE;
 }
 
 int event_remove_event_handler(event_handler_h event_handler) {
-    const auto found = handlers.find(event_handler);
+    const auto found = std::find_if(handlers.begin(), handlers.end(),
+                                    [=](const auto& entry) { return entry.second.get() == event_handler; });
     if (found == handlers.end()) {
         return EVENT_ERROR_INVALID_PARAMETER;
     }

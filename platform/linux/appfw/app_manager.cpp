@@ -28,6 +28,9 @@ int app_manager_is_running(const char* app_id, bool* running) {
 }
 
 int app_manager_get_app_context(const char* app_id, app_context_h* app_context) {
+    if (app_context == nullptr) {
+        return APP_MANAGER_ERROR_INVALID_PARAMETER;
+    }
     bool running = false;
     if (const int code = app_manager_is_running(app_id, &running); code != APP_MANAGER_ERROR_NONE) {
         return code;

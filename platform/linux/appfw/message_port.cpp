@@ -20,6 +20,7 @@ using gio::Bus;
 
 constexpr char PATH[] = "/org/orvane/MessagePort";
 constexpr char INTERFACE[] = "org.orvane.MessagePort1";
+constexpr char PORT_NOT_FOUND[] = "org.orvane.Error.PortNotFound";
 constexpr char DESCRIPTION[] =
     "<node><interface name='org.orvane.MessagePort1'>"
     "<method name='HasPort'><arg type='s' direction='in'/><arg type='b' direction='out'/></method>"
@@ -82,18 +83,25 @@ void deliver(int id, bundle_s message, const std::string& app, const std::string
     });
 }
 
-void onSend(GVariant* arguments, GDBusMethodInvocation* invocation) {
+// The application that a sender says it is, as events are believed only of who has the name; it may have none.
+bool isItself(const char* sender, const std::string& app) {
+    return app.empty() || Bus::session().ownerOf(app) == sender;
+}
+
+void onSend(const char* sender, GVariant* arguments, GDBusMethodInvocation* invocation) {
     const char* port = nullptr;
     const char* app = nullptr;
     const char* remotePort = nullptr;
     GVariant* list = nullptr;
     g_variant_get(arguments, "(&s@a(ayay)&s&s)", &port, &list, &app, &remotePort);
     const gio::Variant entries(list);
-    if (const int id = idOf(port); id != 0) {
+    if (!isItself(sender, app)) {
+        g_dbus_method_invocation_return_dbus_error(invocation, "org.freedesktop.DBus.Error.AccessDenied", app);
+    } else if (const int id = idOf(port); id != 0) {
         deliver(id, appfw::toBundle(entries.get()), app, remotePort);
         g_dbus_method_invocation_return_value(invocation, nullptr);
     } else {
-        g_dbus_method_invocation_return_dbus_error(invocation, "org.orvane.Error.PortNotFound", port);
+        g_dbus_method_invocation_return_dbus_error(invocation, PORT_NOT_FOUND, port);
     }
 }
 
@@ -106,7 +114,7 @@ void onCall(const char* sender, const char* method, GVariant* arguments, GDBusMe
         g_variant_get(arguments, "(&s)", &port);
         g_dbus_method_invocation_return_value(invocation, g_variant_new("(b)", idOf(port) != 0));
     } else {
-        onSend(arguments, invocation);
+        onSend(sender, arguments, invocation);
     }
 }
 
@@ -121,7 +129,8 @@ int failureOf(const gio::Error& error) {
     if (text == "org.freedesktop.DBus.Error.AccessDenied") {
         return MESSAGE_PORT_ERROR_CERTIFICATE_NOT_MATCH;
     }
-    return text.empty() ? MESSAGE_PORT_ERROR_IO_ERROR : MESSAGE_PORT_ERROR_PORT_NOT_FOUND;
+    return text == PORT_NOT_FOUND || gio::saysNobodyThere(error) ? MESSAGE_PORT_ERROR_PORT_NOT_FOUND
+                                                                 : MESSAGE_PORT_ERROR_IO_ERROR;
 }
 
 bool isName(const char* app, const char* port) {
@@ -178,7 +187,8 @@ int message_port_send_trusted_message_with_local_port(const char* remote_app_id,
 
 int message_port_register_trusted_local_port(const char* trusted_local_port, message_port_trusted_message_cb callback,
                                              void* user_data) {
-    if (trusted_local_port == nullptr || *trusted_local_port == 0 || callback == nullptr) {
+    if (trusted_local_port == nullptr || *trusted_local_port == 0 || callback == nullptr ||
+        !g_utf8_validate(trusted_local_port, -1, nullptr)) {
         return MESSAGE_PORT_ERROR_INVALID_PARAMETER;
     }
     if (!servePorts()) {

@@ -56,9 +56,6 @@ app_control_s requestOf(const char* sender, GVariant* arguments) {
     return request;
 }
 
-// Main loop only. What still waits for the loop when it ends comes while Ecore shuts down, when the service is no more.
-bool ended = false;
-
 void quit() {
     postToMainLoop(ecore_main_loop_quit);
 }
@@ -72,10 +69,8 @@ Eina_Bool onSignal(void*, int, void*) noexcept {
 void onCall(const App& app, const char* sender, const char* method, GVariant* arguments) {
     if (strcmp(method, "Launch") == 0) {
         postToMainLoop([app, request = requestOf(sender, arguments)] {
-            if (!ended) {
-                app_control_s copy = request;
-                app.callbacks->app_control(&copy, app.userData);
-            }
+            app_control_s copy = request;
+            app.callbacks->app_control(&copy, app.userData);
         });
     } else if (strcmp(method, "Reply") == 0) {
         appfw::Reply reply = appfw::toReply(arguments);
@@ -118,25 +113,40 @@ bool join(const App& app) {
     return true;
 }
 
+// Deleting a timer that has ended by itself is harmless, but it is three errors to EFL, two of them of its objects in
+// general.
+bool isOfAnEndedTimer(const std::string& function) {
+    return function == "ecore_timer_del" || function == "efl_data_scope_safe_get" || function == "efl_unref";
+}
+
+// Any thread.
+void logEfl(const Eina_Log_Domain*, Eina_Log_Level, const char*, const char* function, int, const char* format, void*,
+            va_list arguments) noexcept {
+    if (!isOfAnEndedTimer(function)) {
+        char text[1024];
+        vsnprintf(text, sizeof text, format, arguments);
+        dlog_print(DLOG_ERROR, "orvane-appfw", "%s: %s", function, text);
+    }
+}
+
 int run(const App& app) {
     ecore_app_no_system_modules();
     if (ecore_init() == 0) {
         fprintf(stderr, "%s: the main loop cannot be set up\n", APP_ID);
         return EXIT_FAILURE;
     }
-    // Deleting a timer that has ended by itself is harmless, but prints a backtrace each time.
-    eina_log_domain_level_set("eo", EINA_LOG_LEVEL_CRITICAL);
-    eina_log_domain_level_set("ecore", EINA_LOG_LEVEL_CRITICAL);
+    eina_log_print_cb_set(logEfl, nullptr);
     ecore_event_handler_add(ECORE_EVENT_SIGNAL_EXIT, onSignal, nullptr);
     const bool created = join(app) && app.callbacks->create(app.userData);
     if (created) {
         ecore_main_loop_begin();
     }
-    ended = true;
+    gio::Bus::session().giveUp(APP_ID);  // so that requests start the service anew
     if (created) {
         app.callbacks->terminate(app.userData);
     }
     gio::Bus::session().flush();  // the answer to Close, and what the callbacks sent last
+    closeMainLoopPost();
     ecore_shutdown();
     return created ? EXIT_SUCCESS : EXIT_FAILURE;
 }

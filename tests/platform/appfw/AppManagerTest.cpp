@@ -71,6 +71,7 @@ TEST(AnApplicationThatDoesNotRun, HasNoContext) {
         EXPECT_EQ(app_manager_get_app_context(id, &context), APP_MANAGER_ERROR_NO_SUCH_APP) << id;
         EXPECT_EQ(context, nullptr);
     }
+    EXPECT_EQ(app_manager_get_app_context("com.example.nowhere", nullptr), APP_MANAGER_ERROR_INVALID_PARAMETER);
 }
 
 TEST(AProcessThatIsNoApplication, HasNoId) {
@@ -98,6 +99,14 @@ protected:
         EXPECT_TRUE(gio::Bus::session().ask("ReloadConfig", nullptr, nullptr, error)) << error.message();
     }
 
+    // Ends the one that the bus has started.
+    static void end() {
+        EXPECT_EQ(terminate(SERVICE_ID), APP_MANAGER_ERROR_NONE);
+        while (runs(SERVICE_ID)) {
+            std::this_thread::yield();
+        }
+    }
+
     const std::filesystem::path mFile =
         std::filesystem::path(getenv("XDG_DATA_HOME")) / "dbus-1/services" / (std::string(SERVICE_ID) + ".service");
 };
@@ -114,10 +123,18 @@ TEST_F(AnInstalledApplication, IsStartedByARequestWhichItThenGets) {
     EXPECT_EQ(app_control_send_launch_request(request, nullptr, nullptr), APP_CONTROL_ERROR_NONE);
     app_control_destroy(request);
     EXPECT_EQ(other.asked().operation, "greet");
+    end();
+}
+
+TEST_F(AnInstalledApplication, IsStartedAnewByARequestThatComesWhileItEnds) {
+    OtherApp other("com.example.other");
+    Program ending({"env", "SERVICE_ASKS_LAST=org.orvane.da-service", APPFW_SERVICE});
+    EXPECT_EQ(ending.line(), "create");
     EXPECT_EQ(terminate(SERVICE_ID), APP_MANAGER_ERROR_NONE);
-    while (runs(SERVICE_ID)) {
-        std::this_thread::yield();
-    }
+    EXPECT_EQ(ending.rest(), "terminate\nsent 0\n");
+    EXPECT_EQ(ending.wait(), 0);
+    EXPECT_EQ(other.asked().operation, "late");
+    end();
 }
 
 }  // namespace

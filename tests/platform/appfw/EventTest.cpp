@@ -5,6 +5,9 @@
 #include "OtherApp.h"
 #include "app_event.h"
 #include "appfw/Bundle.h"
+#include "lib/gio/Bus.h"
+#include "lib/gio/IoThread.h"
+#include "lib/gio/MainLoopPost.h"
 #include "support/MainLoop.h"
 
 namespace {
@@ -30,6 +33,11 @@ protected:
         if (mHandler != nullptr) {
             event_remove_event_handler(mHandler);
         }
+    }
+    // What was announced waits for the main loop now.
+    static void waitUntilItHasArrived() {
+        gio::Bus::session().hasOwner(ACCOUNT_ID);
+        gio::IoThread::get().run([] {});
     }
     bool hear(int count) {
         return runMainLoopUntil([=] { return mHeard.count == count; });
@@ -75,12 +83,28 @@ TEST_F(AnEventOfTheAccountService, IsToldNoMoreOnceTheHandlerIsRemovedEvenIfItHa
     ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &others, &other), EVENT_ERROR_NONE);
     const OtherApp account(ACCOUNT_ID);
     account.announce(EVENT);
+    waitUntilItHasArrived();
     EXPECT_EQ(event_remove_event_handler(mHandler), EVENT_ERROR_NONE);
     EXPECT_EQ(event_remove_event_handler(mHandler), EVENT_ERROR_INVALID_PARAMETER);
     mHandler = nullptr;
     EXPECT_TRUE(runMainLoopUntil([&] { return others.count == 1; }));
     EXPECT_EQ(mHeard.count, 0);
     event_remove_event_handler(other);
+}
+
+TEST_F(AnEventOfTheAccountService, ThatHasArrivedIsNotToldToAHandlerThatIsAddedLater) {
+    const OtherApp account(ACCOUNT_ID);
+    account.announce(EVENT);
+    waitUntilItHasArrived();
+    event_remove_event_handler(mHandler);
+    // The memory of the one is that of the other.
+    ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &mHeard, &mHandler), EVENT_ERROR_NONE);
+    account.announce(EVENT);
+    waitUntilItHasArrived();
+    bool posted = false;
+    postToMainLoop([&] { posted = true; });
+    ASSERT_TRUE(runMainLoopUntil([&] { return posted; }));
+    EXPECT_EQ(mHeard.count, 1);
 }
 
 TEST(AnEventName, ThatNamesNoApplicationIsRefused) {

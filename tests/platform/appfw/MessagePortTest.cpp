@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "OtherApp.h"
 #include "Program.h"
 #include "appfw/AppId.h"
 #include "appfw/Bundle.h"
@@ -102,6 +103,36 @@ TEST_F(AnApplication, IsToldWhoSendsAndThePortToAnswerToIfThereIsOne) {
     EXPECT_EQ(mReceived.port, "partial");
     EXPECT_EQ(message_port_send_trusted_message_with_local_port(APP_ID, "partial", &message, mId + 1),
               MESSAGE_PORT_ERROR_INVALID_PARAMETER);
+}
+
+TEST_F(AnApplication, IsNotToldThatAnotherSendsThanWhoDoes) {
+    const OtherApp other("com.example.other");
+    EXPECT_FALSE(other.message(APP_ID, "partial", APP_ID));
+    EXPECT_FALSE(other.message(APP_ID, "partial", "com.example.nowhere"));
+    EXPECT_TRUE(other.message(APP_ID, "partial", "com.example.other"));
+    ASSERT_TRUE(receives(1));
+    EXPECT_EQ(mReceived.app, "com.example.other");
+    EXPECT_TRUE(other.message(APP_ID, "partial", ""));
+    ASSERT_TRUE(receives(2));
+    EXPECT_EQ(mReceived.messages, 2);
+    EXPECT_EQ(mReceived.app, "");
+}
+
+TEST_F(AnApplication, ThatCannotAnswerIsAFailureAndNotOneWithoutPorts) {
+    const OtherApp other("com.example.other");
+    other.failCalls("org.freedesktop.DBus.Error.NoReply");
+    bool exists = true;
+    EXPECT_EQ(message_port_check_trusted_remote_port("com.example.other", "partial", &exists),
+              MESSAGE_PORT_ERROR_IO_ERROR);
+    bundle_s message;
+    EXPECT_EQ(message_port_send_trusted_message("com.example.other", "partial", &message), MESSAGE_PORT_ERROR_IO_ERROR);
+}
+
+TEST_F(AnApplication, CannotRegisterAPortWithoutANameThatIsText) {
+    for (const char* name : {static_cast<const char*>(nullptr), "", "\xff"}) {
+        EXPECT_EQ(message_port_register_trusted_local_port(name, onMessage, nullptr),
+                  MESSAGE_PORT_ERROR_INVALID_PARAMETER);
+    }
 }
 
 TEST_F(AnApplication, IsSeenToHaveAPortOnlyWhileItIsRegistered) {

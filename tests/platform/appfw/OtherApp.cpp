@@ -92,7 +92,32 @@ void OtherApp::announce(const std::string& event) const {
     gio::Error error;
     g_dbus_connection_emit_signal(mBus.get(), nullptr, "/org/orvane/Event", "org.orvane.Event1", "Emitted",
                                   g_variant_new_parsed("(%s, [(b'key', b'value')])", event.c_str()), error.out());
-    g_dbus_connection_flush_sync(mBus.get(), nullptr, error.out());
+    call("org.freedesktop.DBus", "None", nullptr);
+}
+
+bool OtherApp::message(const std::string& app, const std::string& port, const std::string& claimed) const {
+    gio::Error error;
+    return gio::Variant(g_dbus_connection_call_sync(
+               mBus.get(), app.c_str(), "/org/orvane/MessagePort", "org.orvane.MessagePort1", "Send",
+               g_variant_new("(s@a(ayay)ss)", port.c_str(), g_variant_new_array(G_VARIANT_TYPE("(ayay)"), nullptr, 0),
+                             claimed.c_str(), ""),
+               nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.out())) != nullptr;
+}
+
+void OtherApp::failCalls(const char* error) const {
+    g_dbus_connection_add_filter(
+        mBus.get(),
+        [](GDBusConnection* bus, GDBusMessage* message, gboolean incoming, gpointer name) noexcept -> GDBusMessage* {
+            if (!incoming || g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL) {
+                return message;
+            }
+            const gio::Object<GDBusMessage> call(message);
+            const gio::Object<GDBusMessage> answer(
+                g_dbus_message_new_method_error_literal(message, static_cast<char*>(name), ""));
+            g_dbus_connection_send_message(bus, answer.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+            return nullptr;
+        },
+        const_cast<char*>(error), nullptr);
 }
 
 void OtherApp::onCall(GDBusConnection*, const gchar* sender, const gchar*, const gchar*, const gchar* method,

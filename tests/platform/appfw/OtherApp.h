@@ -35,7 +35,12 @@ public:
     bool ask(const std::string& app, const std::string& operation, const Extras& extras = {},
              const std::string& token = "") const;
     bool reply(const Asked& to, int result, const Extras& extras = {}) const;
+    // Returns when the bus has passed it on.
     void announce(const std::string& event) const;
+    // Sends an empty message to a port and says that it is this application. False when it is refused.
+    bool message(const std::string& app, const std::string& port, const std::string& claimed) const;
+    // Answers every call with this error from now on.
+    void failCalls(const char* error) const;
     bool call(const std::string& name, const char* method, GVariant* arguments) const;
     void own(const std::string& name) const;
     void leave();

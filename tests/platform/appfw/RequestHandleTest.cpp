@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "app_control.h"
 #include "app_manager.h"
@@ -55,6 +56,36 @@ TEST_F(ARequestHandle, RefusesExtrasThatAreNone) {
     EXPECT_EQ(app_control_get_extra_data(mRequest, "key", &value), APP_CONTROL_ERROR_KEY_NOT_FOUND);
 }
 
+TEST_F(ARequestHandle, RefusesCallsWithoutAHandleAKeyOrAPlaceForTheAnswer) {
+    app_control_add_extra_data(mRequest, "key", "one");
+    char* value = nullptr;
+    char** values = nullptr;
+    int length = 0;
+    bool array = false;
+    const auto callback = [](app_control_h, const char*, void*) { return true; };
+    std::vector<int> codes{app_control_create(nullptr),
+                           app_control_foreach_extra_data(nullptr, callback, nullptr),
+                           app_control_foreach_extra_data(mRequest, nullptr, nullptr),
+                           app_control_get_extra_data(nullptr, "key", &value),
+                           app_control_get_extra_data(mRequest, nullptr, &value),
+                           app_control_get_extra_data(mRequest, "key", nullptr),
+                           app_control_get_extra_data_array(nullptr, "key", &values, &length),
+                           app_control_get_extra_data_array(mRequest, nullptr, &values, &length),
+                           app_control_get_extra_data_array(mRequest, "key", nullptr, &length),
+                           app_control_get_extra_data_array(mRequest, "key", &values, nullptr),
+                           app_control_is_extra_data_array(nullptr, "key", &array),
+                           app_control_is_extra_data_array(mRequest, nullptr, &array),
+                           app_control_is_extra_data_array(mRequest, "key", nullptr)};
+    for (const auto set : {app_control_set_app_id, app_control_set_operation, app_control_set_uri}) {
+        codes.push_back(set(nullptr, "text"));
+    }
+    for (const auto get : {app_control_get_app_id, app_control_get_operation, app_control_get_uri}) {
+        codes.push_back(get(nullptr, &value));
+        codes.push_back(get(mRequest, nullptr));
+    }
+    EXPECT_EQ(codes, std::vector<int>(codes.size(), APP_CONTROL_ERROR_INVALID_PARAMETER));
+}
+
 TEST_F(ARequestHandle, IsWalkedInTheOrderOfTheKeysUntilTheCallbackHasEnough) {
     for (const char* key : {"c", "a", "b"}) {
         app_control_add_extra_data(mRequest, key, "x");
@@ -74,6 +105,10 @@ TEST_F(ARequestHandle, IsWalkedInTheOrderOfTheKeysUntilTheCallbackHasEnough) {
 TEST_F(ARequestHandle, WithTextThatIsNoUtf8IsRefusedAndLeavesTheBusOpen) {
     app_control_set_app_id(mRequest, "org.example.anybody");
     app_control_set_operation(mRequest, "\xff");
+    EXPECT_EQ(app_control_send_launch_request(mRequest, nullptr, nullptr), APP_CONTROL_ERROR_INVALID_PARAMETER);
+    app_control_set_app_id(mRequest, nullptr);
+    app_control_set_operation(mRequest, APP_CONTROL_OPERATION_VIEW);
+    app_control_set_uri(mRequest, "file:///\xff");
     EXPECT_EQ(app_control_send_launch_request(mRequest, nullptr, nullptr), APP_CONTROL_ERROR_INVALID_PARAMETER);
     bool running = true;
     EXPECT_EQ(app_manager_is_running("org.example.anybody", &running), APP_MANAGER_ERROR_NONE);

@@ -1,19 +1,29 @@
 // Prints what the platform tells a service, one line each; asks other applications, and answers, as it is told.
+#include <Ecore.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
 #include "app_control.h"
+#include "lib/gio/Bus.h"
 #include "service_app.h"
 
 namespace {
 
-// Returns when the request waits for the main loop.
-void askItself() {
+// By its id, or by its connection, whoever has the id.
+std::string itself(const std::string& how) {
+    return how == "connection" ? g_dbus_connection_get_unique_name(gio::Bus::session().connection()) : how;
+}
+
+// Has an application ask another one.
+void askLast(const std::string& app) {
     app_control_h request = nullptr;
     app_control_create(&request);
-    app_control_set_app_id(request, "org.orvane.da-service");
-    app_control_set_operation(request, "late");
+    app_control_set_app_id(request, app.c_str());
+    app_control_set_operation(request, "ask");
+    app_control_add_extra_data(request, "app", "com.example.other");
+    app_control_add_extra_data(request, "do", "late");
     printf("sent %d\n", app_control_send_launch_request(request, nullptr, nullptr));
     app_control_destroy(request);
 }
@@ -25,8 +35,8 @@ bool onCreate(void*) noexcept {
 
 void onTerminate(void*) noexcept {
     puts("terminate");
-    if (getenv("SERVICE_ASKS_ITSELF_LAST") != nullptr) {
-        askItself();
+    if (const char* how = getenv("SERVICE_ASKS_LAST")) {
+        askLast(itself(how));
     }
 }
 
@@ -98,7 +108,20 @@ void answer(app_control_h request) {
     app_control_destroy(reply);
 }
 
-// The operations "ask" and "answer" are carried out; the others are only printed.
+Eina_Bool once(void*) noexcept {
+    return ECORE_CALLBACK_CANCEL;
+}
+
+// What the second does to a timer that is no more, EFL always complains of.
+void deleteTimerTwice() {
+    Ecore_Timer* timer = ecore_timer_add(60, once, nullptr);
+    ecore_timer_del(timer);
+    ecore_timer_del(timer);
+    ecore_timer_reset(timer);
+    puts("deleted");
+}
+
+// The operations "ask", "answer" and "delete" are carried out; the others are only printed.
 void onAppControl(app_control_h request, void*) noexcept {
     const std::string operation = operationOf(request);
     printf("operation %s\n", operation.c_str());
@@ -107,6 +130,8 @@ void onAppControl(app_control_h request, void*) noexcept {
         ask(request);
     } else if (operation == "answer") {
         answer(request);
+    } else if (operation == "delete") {
+        deleteTimerTwice();
     }
 }
 

@@ -88,8 +88,17 @@ TEST_F(ARunningService, EndsInOrderWhenItIsAskedToCloseAfterWhatCameBefore) {
     EXPECT_EQ(mService.wait(), 0);
 }
 
+TEST_F(ARunningService, LogsWhatTheMainLoopComplainsOfInALineButNotThatATimerHadEndedWhenItIsDeleted) {
+    OtherApp app;
+    ASSERT_TRUE(app.ask(SERVICE_ID, "delete"));
+    EXPECT_EQ(mService.line(), "operation delete");
+    const std::string line = mService.line();
+    EXPECT_NE(line.find("efl_loop_timer_reset: Eo ID"), std::string::npos) << line;
+    EXPECT_EQ(mService.line(), "deleted");
+}
+
 TEST(ARequestThatComesWhileTheServiceEnds, IsNotHandedToIt) {
-    Program service({"env", "SERVICE_ASKS_ITSELF_LAST=1", APPFW_SERVICE});
+    Program service({"env", "SERVICE_ASKS_LAST=connection", APPFW_SERVICE});
     EXPECT_EQ(service.line(), "create");
     OtherApp app;
     EXPECT_TRUE(app.call(SERVICE_ID, "Close", nullptr));

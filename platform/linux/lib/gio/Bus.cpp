@@ -1,5 +1,8 @@
 #include "lib/gio/Bus.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "dlog.h"
 #include "lib/gio/IoThread.h"
 
@@ -120,6 +123,11 @@ bool Bus::own(const std::string& name, Error& error) const {
     return result == PRIMARY_OWNER || result == ALREADY_OWNER;
 }
 
+void Bus::giveUp(const std::string& name) const {
+    Error error;
+    ask("ReleaseName", g_variant_new("(s)", name.c_str()), "(u)", error);  // fails only when the bus has gone
+}
+
 void Bus::askThen(const char* method, GVariant* arguments, const char* reply, int milliseconds, Answer then) const {
     g_dbus_connection_call(mConnection.get(), kBus, kBusPath, kBus, method, arguments, G_VARIANT_TYPE(reply),
                            G_DBUS_CALL_FLAGS_NONE, milliseconds, nullptr, onAnswer, new Answer(std::move(then)));
@@ -169,6 +177,14 @@ void Bus::flush() const {
         Error error;
         g_dbus_connection_flush_sync(mConnection.get(), nullptr, error.out());  // fails only when the bus has gone
     }
+}
+
+bool saysNobodyThere(const Error& error) {
+    constexpr GDBusError KINDS[] = {G_DBUS_ERROR_SERVICE_UNKNOWN, G_DBUS_ERROR_NAME_HAS_NO_OWNER,
+                                    G_DBUS_ERROR_UNKNOWN_METHOD, G_DBUS_ERROR_UNKNOWN_OBJECT,
+                                    G_DBUS_ERROR_UNKNOWN_INTERFACE};
+    return std::any_of(std::begin(KINDS), std::end(KINDS),
+                       [&](GDBusError kind) { return g_error_matches(error.get(), G_DBUS_ERROR, kind); });
 }
 
 void Bus::whenLost(std::function<void()> then) const {

@@ -36,6 +36,8 @@ public:
     std::string ownerOf(const std::string& name) const;  // unique name; empty without one
     // Takes the name if nobody has it. False without an error: somebody has it.
     bool own(const std::string& name, Error& error) const;
+    // What was sent to the name has arrived when this returns.
+    void giveUp(const std::string& name) const;
 
     // Every call of a method of the interface, on the IO thread; `handler` answers the invocation. Lives as long as the
     // process.
@@ -61,5 +63,8 @@ private:
     Object<GDBusConnection> mConnection;
     std::string mWhyNot;
 };
+
+// The call failed because nobody has the name, or who has it knows no such method, object or interface.
+bool saysNobodyThere(const Error& error);
 
 }  // namespace gio

@@ -14,6 +14,7 @@ using Work = std::function<void()>;
 struct Queue {
     std::mutex mutex;
     std::deque<Work> waiting;
+    bool closed = false;
 };
 
 Queue& queue() {
@@ -37,13 +38,22 @@ void runWaiting(void*) noexcept {
 }  // namespace
 
 void postToMainLoop(Work work) {
-    {
-        std::lock_guard lock(queue().mutex);
-        queue().waiting.push_back(std::move(work));
+    // Held until Ecore has been called, so that it is not shut down meanwhile. Ecore calls nobody back from here.
+    std::lock_guard lock(queue().mutex);
+    if (queue().closed) {
+        return;
     }
+    queue().waiting.push_back(std::move(work));
     if (eina_main_loop_is()) {
         ecore_job_add(runWaiting, nullptr);
     } else {
         ecore_main_loop_thread_safe_call_async(runWaiting, nullptr);
     }
+}
+
+void closeMainLoopPost() {
+    std::deque<Work> dropped;  // destroyed without the mutex
+    std::lock_guard lock(queue().mutex);
+    queue().closed = true;
+    dropped.swap(queue().waiting);
 }

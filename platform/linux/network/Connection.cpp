@@ -9,28 +9,33 @@
 #include "network/Monitor.h"
 
 struct connection_s {
+    unsigned long id = 0;
     connection_type_changed_cb callback = nullptr;
     void* userData = nullptr;
 };
 
 namespace {
 
-// Handles in use. Callbacks are set, told and unset on the main loop; the list is also changed before main().
+// Handles in use, by ids that are never used again. Callbacks are set, told and unset on the main loop; the list is
+// also changed before main().
 std::mutex mutex;
 std::vector<std::unique_ptr<connection_s>>& handles() {
     static auto* all = new std::vector<std::unique_ptr<connection_s>>;
     return *all;
 }
+unsigned long lastId = 0;
 
+// The handle made next after the one with this id; without an id when there is none.
+connection_s handleAfter(unsigned long id) {
+    std::lock_guard<std::mutex> lock(mutex);
+    const auto found =
+        std::find_if(handles().begin(), handles().end(), [=](const auto& handle) { return handle->id > id; });
+    return found == handles().end() ? connection_s() : **found;
+}
+
+// Callbacks may unset and destroy any handle, so that each is looked for when it is its turn.
 void tellAll(connection_type_e type) {
-    std::vector<connection_s> told;
-    {
-        std::lock_guard<std::mutex> lock(mutex);
-        for (const auto& handle : handles()) {
-            told.push_back(*handle);
-        }
-    }
-    for (const connection_s& handle : told) {
+    for (connection_s handle = handleAfter(0); handle.id != 0; handle = handleAfter(handle.id)) {
         if (handle.callback != nullptr) {
             handle.callback(type, handle.userData);
         }
@@ -56,6 +61,7 @@ int connection_create(connection_h* connection) {
     network::Monitor::get().setListener(postToAll);
     std::lock_guard<std::mutex> lock(mutex);
     handles().push_back(std::make_unique<connection_s>());
+    handles().back()->id = ++lastId;
     *connection = handles().back().get();
     return CONNECTION_ERROR_NONE;
 }

@@ -2,6 +2,7 @@
 
 #include <gio/gio.h>
 
+#include "lib/gio/GPointer.h"
 #include "lib/gio/IoThread.h"
 #include "lib/gio/MainLoopPost.h"
 #include "network/Links.h"
@@ -9,6 +10,18 @@
 #include "network/Route.h"
 
 namespace network {
+
+namespace {
+
+// GIO's own monitor may watch the manager too, over the process's shared connection, whose end would be the process's.
+void keepRunningWithoutSystemBus() {
+    gio::Error error;
+    if (auto* bus = g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, error.out())) {  // kept for good
+        g_dbus_connection_set_exit_on_close(bus, FALSE);
+    }
+}
+
+}  // namespace
 
 Monitor& Monitor::get() {
     static Monitor* instance = new Monitor;
@@ -20,18 +33,17 @@ Monitor::Monitor() {
 }
 
 void Monitor::start() {
+    keepRunningWithoutSystemBus();
+    mManager = new NetworkManager([this] { update(); });
     g_signal_connect(
         g_network_monitor_get_default(), "network-changed",
         G_CALLBACK(+[](GNetworkMonitor*, gboolean, gpointer self) noexcept { static_cast<Monitor*>(self)->update(); }),
         this);
     mLinks = new LinkWatch([this] { update(); });
-    mManager = new NetworkManager([this] { update(); });
-    update();
 }
 
 void Monitor::update() {
-    // The manager's first answer comes while it is being made.
-    if (mManager == nullptr) {
+    if (!mManager->isKnown()) {
         return;
     }
     const connection_type_e type = mManager->isRunning() ? mManager->type() : kindOfDefaultRoute();

@@ -59,6 +59,11 @@ void ManagerStandIn::freeze(bool frozen) {
     mFrozen = frozen;
 }
 
+int ManagerStandIn::unanswered() {
+    std::lock_guard<std::mutex> lock(mMutex);
+    return mUnanswered;
+}
+
 void ManagerStandIn::askBus(const char* method, GVariant* arguments) {
     gio::Error error;
     const gio::Variant answer(g_dbus_connection_call_sync(mBus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
@@ -83,6 +88,7 @@ void ManagerStandIn::onCall(GDBusConnection*, const gchar*, const gchar*, const 
     std::lock_guard<std::mutex> lock(self->mMutex);
     if (self->mFrozen) {
         g_object_unref(invocation);
+        ++self->mUnanswered;
         return;
     }
     g_dbus_method_invocation_return_value(invocation, g_variant_new("(@a{sv})", self->properties()));

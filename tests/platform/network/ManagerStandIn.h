@@ -22,6 +22,8 @@ public:
     void become(guint32 state, const std::string& type);
     // Leaves calls without an answer, or no longer does.
     void freeze(bool frozen);
+    // How many it has left so.
+    int unanswered();
 
 private:
     static constexpr char NAME[] = "org.freedesktop.NetworkManager";
@@ -35,6 +37,7 @@ private:
     guint32 mState = 20;
     std::string mType;
     bool mFrozen = false;
+    int mUnanswered = 0;
     GMainContext* mContext;
     GMainLoop* mLoop;
     gio::Object<GDBusConnection> mBus;

@@ -1,0 +1,68 @@
+// A system bus that comes late, goes, and comes back.
+#include <gtest/gtest.h>
+#include <net_connection.h>
+
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "ManagerStandIn.h"
+#include "network/Route.h"
+#include "support/MainLoop.h"
+#include "support/PrivateBus.h"
+#include "support/PrivateHome.h"
+
+namespace {
+
+constexpr guint32 CONNECTED_GLOBAL = 70;
+
+// With a manager that says what no route is.
+class SystemBus {
+public:
+    explicit SystemBus(const std::string& configuration) : mBus("--config-file=" + configuration) {
+        mManager = std::make_unique<ManagerStandIn>(mBus.address());
+        mManager->become(CONNECTED_GLOBAL, "bluetooth");
+        mManager->appear();
+    }
+
+private:
+    PrivateBus mBus;
+    std::unique_ptr<ManagerStandIn> mManager;
+};
+
+TEST(ASystemBus, IsFoundWhenItComesAndWhenItComesBack) {
+    const PrivateHome home;
+    const std::string address = "unix:path=" + home.folder() + "/system-bus";
+    const std::string configuration = home.folder() + "/system-bus.conf";
+    std::ofstream(configuration) << "<busconfig><listen>" << address
+                                 << "</listen><auth>EXTERNAL</auth><policy context='default'>"
+                                    "<allow send_destination='*'/><allow receive_sender='*'/>"
+                                    "<allow own='*'/></policy></busconfig>";
+    setenv("DBUS_SYSTEM_BUS_ADDRESS", address.c_str(), 1);
+    connection_h connection = nullptr;
+    ASSERT_EQ(connection_create(&connection), CONNECTION_ERROR_NONE);
+    const auto becomes = [&](connection_type_e expected) {
+        return runMainLoopUntil([=] {
+            connection_type_e now = CONNECTION_TYPE_DISCONNECTED;
+            return connection_get_type(connection, &now) == CONNECTION_ERROR_NONE && now == expected;
+        });
+    };
+    EXPECT_TRUE(becomes(network::kindOfDefaultRoute()));
+    for (int times = 0; times < 2; ++times) {
+        const SystemBus bus(configuration);
+        EXPECT_TRUE(becomes(CONNECTION_TYPE_OTHER)) << times;
+    }
+    EXPECT_TRUE(becomes(network::kindOfDefaultRoute()));
+    connection_destroy(connection);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    ecore_app_no_system_modules();
+    ecore_init();
+    const int result = RUN_ALL_TESTS();
+    ecore_shutdown();
+    return result;
+}

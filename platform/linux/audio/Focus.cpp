@@ -161,13 +161,14 @@ void Focus::forget(sound_stream_info_h stream) {
     mStreams.erase(std::remove(mStreams.begin(), mStreams.end(), stream), mStreams.end());
 }
 
+// The stream itself is kept, which is not called once it is destroyed: another may get its handle then.
 void Focus::tell(sound_stream_info_h handle, sound_stream_focus_state_e state, Reason reason) {
-    SoundThread::get().post([this, handle, state, reason] {
+    SoundThread::get().post([this, stream = streamOf(handle), handle, state, reason] {
         if (!reason && state == SOUND_STREAM_FOCUS_STATE_RELEASED) {
             mLostTo = focusReasonOf(mName);
         }
         const auto why = reason ? static_cast<sound_stream_focus_change_reason_e>(*reason) : mLostTo;
-        if (const auto stream = streamOf(handle); stream && stream->callback) {
+        if (stream && stream->callback) {
             stream->registration.call(
                 [&] { stream->callback(handle, mMask, state, why, SOUND_BEHAVIOR_NONE, nullptr, stream->userData); });
         }

@@ -15,7 +15,7 @@ FocusWatches& FocusWatches::get() {
 }
 
 FocusWatches::FocusWatches() {
-    SoundEvents::get().playback([this] { look(); });
+    SoundEvents::get().playback([this] { return look(); });
 }
 
 int FocusWatches::add(sound_stream_focus_mask_e mask, sound_stream_focus_state_watch_cb callback, void* data) {
@@ -51,25 +51,33 @@ bool FocusWatches::remove(int id) {
 
 // What plays before anybody watches is not a change.
 void FocusWatches::learn() {
-    Playing now = whatPlays().value_or(Playing());
+    bool late = false;
+    const auto now = whatPlays(&late);
     std::lock_guard lock(mMutex);
-    if (!mLearnt) {
-        mLearnt = true;
-        mPlaying = std::move(now);
+    if (!mPlaying && !late) {
+        mPlaying = now.value_or(Playing());
     }
 }
 
-// Without a server nothing plays.
-void FocusWatches::look() {
-    const Playing now = whatPlays().value_or(Playing());
-    Playing before;
+// Without a server nothing plays; one that is only slow is asked again.
+bool FocusWatches::look() {
+    bool late = false;
+    const Playing now = whatPlays(&late).value_or(Playing());
+    if (late) {
+        return false;
+    }
+    std::optional<Playing> before;
     {
         std::lock_guard lock(mMutex);
-        if (!mLearnt) {
-            return;
-        }
         before = std::exchange(mPlaying, now);
     }
+    if (before) {
+        tellChanges(*before, now);
+    }
+    return true;
+}
+
+void FocusWatches::tellChanges(const Playing& before, const Playing& now) {
     for (const auto& [reason, name] : before) {
         if (now.count(reason) == 0) {
             tell(SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_RELEASED, reason, name);

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 #include "audio/Playing.h"
 #include "audio/Registration.h"
@@ -37,13 +38,13 @@ private:
 
     FocusWatches();
     void learn();
-    void look();
+    bool look();
+    void tellChanges(const Playing& before, const Playing& now);
 
     std::mutex mMutex;
     std::map<int, std::shared_ptr<Watch>> mWatches;
     int mLastId = 0;
-    bool mLearnt = false;
-    Playing mPlaying;
+    std::optional<Playing> mPlaying;  // nothing: not known yet
 };
 
 }  // namespace audio

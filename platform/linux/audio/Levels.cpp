@@ -40,26 +40,32 @@ int levelOf(const Setting& setting) {
     return setting.muted ? 0 : static_cast<int>(std::min<long>(std::lround(share * kHighestLevel), kHighestLevel));
 }
 
+// What is muted keeps its volume, and so its balance, which a volume of nothing would lose.
 void scale(Setting& setting, int level) {
+    setting.muted = level == 0;
+    if (setting.muted) {
+        return;
+    }
     const auto volume =
         static_cast<pa_volume_t>(std::lround(static_cast<double>(level) / kHighestLevel * PA_VOLUME_NORM));
     pa_cvolume_scale(&setting.volume, volume);
-    setting.muted = setting.muted && level == 0;
 }
 
-std::optional<Setting> readLoudspeaker() {
+std::optional<Setting> readLoudspeaker(bool* late) {
     std::optional<Setting> found;
-    SoundServer::get().ask([&found](pa_context* context) {
-        return pa_context_get_sink_info_by_name(
-            context, kLoudspeaker,
-            [](pa_context*, const pa_sink_info* info, int, void* result) noexcept {
-                if (info) {
-                    *static_cast<std::optional<Setting>*>(result) =
-                        Setting{info->volume, info->mute != 0, info->channel_map, ""};
-                }
-            },
-            &found);
-    });
+    SoundServer::get().ask(
+        [&found](pa_context* context) {
+            return pa_context_get_sink_info_by_name(
+                context, kLoudspeaker,
+                [](pa_context*, const pa_sink_info* info, int, void* result) noexcept {
+                    if (info) {
+                        *static_cast<std::optional<Setting>*>(result) =
+                            Setting{info->volume, info->mute != 0, info->channel_map, ""};
+                    }
+                },
+                &found);
+        },
+        late);
     return found;
 }
 
@@ -78,12 +84,12 @@ void roleRead(pa_context*, const pa_ext_stream_restore_info* info, int end, void
     }
 }
 
-std::optional<Setting> readRole(const char* entry) {
+std::optional<Setting> readRole(const char* entry, bool* late) {
     RoleQuestion question{entry, {}, false};
     pa_cvolume_set(&question.setting.volume, 1, PA_VOLUME_NORM);
     pa_channel_map_init_mono(&question.setting.channels);
     SoundServer::get().ask(
-        [&](pa_context* context) { return pa_ext_stream_restore_read(context, roleRead, &question); });
+        [&](pa_context* context) { return pa_ext_stream_restore_read(context, roleRead, &question); }, late);
     return question.answered ? std::optional<Setting>(question.setting) : std::nullopt;
 }
 
@@ -118,9 +124,9 @@ bool writeRole(const char* entry, const Setting& setting) {
     return set;
 }
 
-std::optional<Setting> read(sound_type_e type) {
+std::optional<Setting> read(sound_type_e type, bool* late) {
     const char* entry = entryOf(type);
-    return entry ? readRole(entry) : readLoudspeaker();
+    return entry ? readRole(entry, late) : readLoudspeaker(late);
 }
 
 }  // namespace
@@ -129,13 +135,13 @@ bool isSoundType(sound_type_e type) {
     return std::find(std::begin(kSoundTypes), std::end(kSoundTypes), type) != std::end(kSoundTypes);
 }
 
-std::optional<int> readLevel(sound_type_e type) {
-    const auto setting = read(type);
+std::optional<int> readLevel(sound_type_e type, bool* late) {
+    const auto setting = read(type, late);
     return setting ? std::optional<int>(levelOf(*setting)) : std::nullopt;
 }
 
 bool writeLevel(sound_type_e type, int level) {
-    auto setting = read(type);
+    auto setting = read(type, nullptr);
     if (!setting) {
         return false;
     }

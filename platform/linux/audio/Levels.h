@@ -16,9 +16,9 @@ constexpr sound_type_e kSoundTypes[] = {SOUND_TYPE_SYSTEM, SOUND_TYPE_NOTIFICATI
 bool isSoundType(sound_type_e type);
 
 // Both wait for the server. What is muted has level 0; a role that nobody has set has the highest. Nothing, or false,
-// when the server cannot be asked or does not keep volumes of roles.
-std::optional<int> readLevel(sound_type_e type);
-// Keeps the balance of the channels and ends a mute.
+// when the server cannot be asked or does not keep volumes of roles; `late` tells that it is there, but slow.
+std::optional<int> readLevel(sound_type_e type, bool* late = nullptr);
+// Keeps the balance of the channels: level 0 is a mute, which the others end.
 bool writeLevel(sound_type_e type, int level);
 
 }  // namespace audio

@@ -55,10 +55,10 @@ void add(pa_context*, const pa_sink_input_info* stream, int end, void* data) noe
 
 }  // namespace
 
-std::optional<Playing> whatPlays() {
+std::optional<Playing> whatPlays(bool* late) {
     Question question{{}, false};
     SoundServer::get().ask(
-        [&](pa_context* context) { return pa_context_get_sink_input_info_list(context, add, &question); });
+        [&](pa_context* context) { return pa_context_get_sink_input_info_list(context, add, &question); }, late);
     return question.answered ? std::optional<Playing>(std::move(question.playing)) : std::nullopt;
 }
 

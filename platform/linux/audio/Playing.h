@@ -12,7 +12,7 @@ namespace audio {
 // For each reason the name of one of the applications that play for it.
 using Playing = std::map<sound_stream_focus_change_reason_e, std::string>;
 
-// Asks the server and waits. Nothing when it cannot be asked.
-std::optional<Playing> whatPlays();
+// Asks the server and waits. Nothing when it cannot be asked; `late` tells that it is there, but slow.
+std::optional<Playing> whatPlays(bool* late = nullptr);
 
 }  // namespace audio

@@ -3,9 +3,16 @@
 #include <pulse/ext-stream-restore.h>
 
 #include "audio/SoundThread.h"
+#include "lib/gio/IoThread.h"
 #include "lib/pulse/Operation.h"
 
 namespace audio {
+
+namespace {
+
+constexpr unsigned kAgainMs = 2000;
+
+}  // namespace
 
 SoundEvents& SoundEvents::get() {
     // Never destroyed: the server's thread may still call while the process ends.
@@ -13,9 +20,12 @@ SoundEvents& SoundEvents::get() {
     return *instance;
 }
 
-void SoundEvents::Look::set(std::function<void()> look) {
-    std::lock_guard lock(mMutex);
-    mLook = std::move(look);
+void SoundEvents::Look::set(Looking look) {
+    {
+        std::lock_guard lock(mMutex);
+        mLook = std::move(look);
+    }
+    soon();
 }
 
 void SoundEvents::Look::soon() {
@@ -24,13 +34,13 @@ void SoundEvents::Look::soon() {
     }
     SoundThread::get().post([this] {
         mPending = false;
-        std::function<void()> look;
+        Looking look;
         {
             std::lock_guard lock(mMutex);
             look = mLook;
         }
-        if (look) {
-            look();
+        if (look && !look()) {
+            gio::IoThread::get().postAfter(kAgainMs, [this] { soon(); });
         }
     });
 }

@@ -14,20 +14,22 @@ public:
     // Lives until the process ends: nothing is heard before the first call.
     static SoundEvents& get();
 
-    // `look` runs on the sound thread after each change, also when the server has come or gone. Once each, before any
-    // change is to be heard.
-    void volumes(std::function<void()> look) { mVolumes.set(std::move(look)); }
-    void playback(std::function<void()> look) { mPlayback.set(std::move(look)); }
+    // `look` runs on the sound thread soon and after each change, also when the server has come or gone. When it
+    // returns false, because the server was too slow, it runs again a little later. Once each, before any change is to
+    // be heard.
+    using Looking = std::function<bool()>;
+    void volumes(Looking look) { mVolumes.set(std::move(look)); }
+    void playback(Looking look) { mPlayback.set(std::move(look)); }
 
 private:
     class Look {
     public:
-        void set(std::function<void()> look);
+        void set(Looking look);
         void soon();
 
     private:
         std::mutex mMutex;
-        std::function<void()> mLook;
+        Looking mLook;
         std::atomic<bool> mPending{false};
     };
 

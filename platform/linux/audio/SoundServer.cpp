@@ -39,7 +39,7 @@ void SoundServer::remove(Client& client) {
     mClients.erase(std::remove(mClients.begin(), mClients.end(), &client), mClients.end());
 }
 
-bool SoundServer::ask(const std::function<pa_operation*(pa_context*)>& start) {
+bool SoundServer::ask(const std::function<pa_operation*(pa_context*)>& start, bool* late) {
     if (!waitForFirstAttempt()) {
         return false;
     }
@@ -50,7 +50,14 @@ bool SoundServer::ask(const std::function<pa_operation*(pa_context*)>& start) {
             operation.reset(start(mContext->get()));
         }
     }
-    return operation && pulse::finish(mLoop, std::move(operation), kAnswer);
+    if (!operation) {
+        return false;
+    }
+    const bool answered = pulse::finish(mLoop, std::move(operation), kAnswer);
+    if (late) {
+        *late = !answered && connected();
+    }
+    return answered;
 }
 
 bool SoundServer::connected() const {

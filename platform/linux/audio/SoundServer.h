@@ -36,9 +36,9 @@ public:
     void remove(Client& client);
 
     // Sends a request and waits for its answer, at most a second; a first connection may take half a second more.
-    // `start` runs under the loop's lock and may answer null. False when the server cannot be reached or refuses to
-    // answer. Any thread but the loop's own.
-    bool ask(const std::function<pa_operation*(pa_context*)>& start);
+    // `start` runs under the loop's lock and may answer null. False when the server cannot be reached or does not
+    // answer in time; that it is connected all the same is then told by `late`. Any thread but the loop's own.
+    bool ask(const std::function<pa_operation*(pa_context*)>& start, bool* late = nullptr);
 
     bool connected() const;
     // Why there is no connection.

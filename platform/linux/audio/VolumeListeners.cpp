@@ -14,7 +14,7 @@ VolumeListeners& VolumeListeners::get() {
 }
 
 VolumeListeners::VolumeListeners() {
-    SoundEvents::get().volumes([this] { look(); });
+    SoundEvents::get().volumes([this] { return look(); });
 }
 
 VolumeListeners::Listeners::iterator VolumeListeners::find(sound_manager_volume_changed_cb callback, void* data) {
@@ -64,19 +64,22 @@ void VolumeListeners::learn() {
     }
 }
 
+// What becomes known is a change too, for those who have registered without a server.
 bool VolumeListeners::changes(sound_type_e type, int level) {
     std::lock_guard lock(mMutex);
-    const auto [known, isNew] = mKnown.emplace(type, level);
-    if (isNew || known->second == level) {
-        return false;
-    }
-    known->second = level;
-    return true;
+    const auto known = mKnown.find(type);
+    const bool same = known != mKnown.end() && known->second == level;
+    mKnown[type] = level;
+    return !same;
 }
 
-void VolumeListeners::look() {
+bool VolumeListeners::look() {
     for (const sound_type_e type : kSoundTypes) {
-        const auto level = readLevel(type);
+        bool late = false;
+        const auto level = readLevel(type, &late);
+        if (late) {
+            return false;
+        }
         if (!level || !changes(type, *level)) {
             continue;
         }
@@ -89,6 +92,7 @@ void VolumeListeners::look() {
             each->registration.call([&] { each->callback(type, static_cast<unsigned>(*level), each->data); });
         }
     }
+    return true;
 }
 
 }  // namespace audio

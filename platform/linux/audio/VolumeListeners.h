@@ -32,7 +32,7 @@ private:
     VolumeListeners();
     Listeners::iterator find(sound_manager_volume_changed_cb callback, void* data);
     void learn();
-    void look();
+    bool look();
     bool changes(sound_type_e type, int level);
 
     std::mutex mMutex;

@@ -28,14 +28,17 @@ void onEvent(const char* name, bundle* data, void* heard) noexcept {
 
 class AnEventOfTheAccountService : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &mHeard, &mHandler), EVENT_ERROR_NONE); }
+    void SetUp() override {
+        ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &mHeard, &mHandler), EVENT_ERROR_NONE);
+        settle();
+    }
     void TearDown() override {
         if (mHandler != nullptr) {
             event_remove_event_handler(mHandler);
         }
     }
-    // What was announced waits for the main loop now.
-    static void waitUntilItHasArrived() {
+    // What was announced waits for the main loop, and what is announced from now on is heard.
+    static void settle() {
         gio::Bus::session().hasOwner(ACCOUNT_ID);
         gio::IoThread::get().run([] {});
     }
@@ -83,7 +86,7 @@ TEST_F(AnEventOfTheAccountService, IsToldNoMoreOnceTheHandlerIsRemovedEvenIfItHa
     ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &others, &other), EVENT_ERROR_NONE);
     const OtherApp account(ACCOUNT_ID);
     account.announce(EVENT);
-    waitUntilItHasArrived();
+    settle();
     EXPECT_EQ(event_remove_event_handler(mHandler), EVENT_ERROR_NONE);
     EXPECT_EQ(event_remove_event_handler(mHandler), EVENT_ERROR_INVALID_PARAMETER);
     mHandler = nullptr;
@@ -95,12 +98,12 @@ TEST_F(AnEventOfTheAccountService, IsToldNoMoreOnceTheHandlerIsRemovedEvenIfItHa
 TEST_F(AnEventOfTheAccountService, ThatHasArrivedIsNotToldToAHandlerThatIsAddedLater) {
     const OtherApp account(ACCOUNT_ID);
     account.announce(EVENT);
-    waitUntilItHasArrived();
+    settle();
     event_remove_event_handler(mHandler);
     // The memory of the one is that of the other.
-    ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &mHeard, &mHandler), EVENT_ERROR_NONE);
+    SetUp();
     account.announce(EVENT);
-    waitUntilItHasArrived();
+    settle();
     bool posted = false;
     postToMainLoop([&] { posted = true; });
     ASSERT_TRUE(runMainLoopUntil([&] { return posted; }));

@@ -2,13 +2,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <tuple>
 
+#include "FocusRoom.h"
 #include "PausablePlayer.h"
 #include "Reports.h"
 #include "SoundRoom.h"
+#include "StandStill.h"
 #include "Tone.h"
 #include "sound_manager.h"
+
+using focus::eventually;
 
 namespace {
 
@@ -23,6 +28,9 @@ constexpr Change kBellPlays{SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_
                             SOUND_STREAM_FOCUS_CHANGED_BY_NOTIFICATION};
 constexpr Change kBellStops{SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_RELEASED,
                             SOUND_STREAM_FOCUS_CHANGED_BY_NOTIFICATION};
+
+constexpr Change kAlarmPlays{SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_ACQUIRED,
+                             SOUND_STREAM_FOCUS_CHANGED_BY_ALARM};
 
 void told(int, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
           sound_stream_focus_change_reason_e reason, const char*, void* changes) {
@@ -54,6 +62,10 @@ std::pair<int, int> whoPlays() {
     sound_stream_focus_change_reason_e reason{};
     const int result = sound_manager_get_current_playback_focus(&reason, nullptr, nullptr);
     return {result, result == 0 ? reason : -1};
+}
+
+bool mediaPlay() {
+    return whoPlays() == std::pair<int, int>(0, SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA);
 }
 
 }  // namespace
@@ -91,8 +103,9 @@ TEST(APausedPlayer, DoesNotHoldThePlaybackFocus) {
     ASSERT_TRUE(changes->await(kMediaStops));
     EXPECT_EQ(whoPlays().first, SOUND_MANAGER_ERROR_NO_DATA);
     music.pause(false);
-    while (whoPlays() != std::pair<int, int>(0, SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA)) {
-    }
+    ASSERT_TRUE(eventually([&] { return changes->all().size() == 3; }));
+    EXPECT_THAT(changes->all(), testing::ElementsAre(kMediaPlays, kMediaStops, kMediaPlays));
+    EXPECT_TRUE(mediaPlay());
 }
 
 TEST(ANotificationOverMusic, LeavesTheFocusWithTheMedia) {
@@ -131,13 +144,44 @@ TEST(AStream, HoldsThePlaybackFocusForTheReasonOfItsRole) {
 
 TEST(AFocusWatch, IsNotToldOfWhatPlayedBefore) {
     const SoundRoom room;
-    Watch first;
     const Child music = player();
-    ASSERT_TRUE(first->await(kMediaPlays));
-    Watch second;
+    ASSERT_TRUE(eventually(mediaPlay));
+    Watch first;
     const Child bell = player({"--property=media.role=event"});
-    ASSERT_TRUE(second->await(kBellPlays));
-    EXPECT_THAT(second->all(), testing::ElementsAre(kBellPlays));
+    ASSERT_TRUE(first->await(kBellPlays));
+    Watch second;
+    const Child alarm = player({"--property=media.role=alarm"});
+    ASSERT_TRUE(first->await(kAlarmPlays));
+    ASSERT_TRUE(second->await(kAlarmPlays));
+    EXPECT_THAT(first->all(), testing::ElementsAre(kBellPlays, kAlarmPlays));
+    EXPECT_THAT(second->all(), testing::ElementsAre(kAlarmPlays));
+}
+
+TEST(AFocusWatch, IsNotToldOfWhatPlayedBeforeAServerThatStandsStill) {
+    SoundRoom room;
+    const Child music = player();
+    ASSERT_TRUE(eventually(mediaPlay));
+    room.freeze();
+    Watch changes;
+    room.thaw();
+    const Watch another;  // asks what plays
+    const Child bell = player({"--property=media.role=event"});
+    ASSERT_TRUE(changes->await(kBellPlays));
+    EXPECT_THAT(changes->all(), testing::ElementsAre(kBellPlays));
+}
+
+TEST(AFocusWatch, TakesAServerThatStandsStillNotForSilence) {
+    SoundRoom room;
+    Watch changes;
+    const Child music = player();
+    ASSERT_TRUE(changes->await(kMediaPlays));
+    std::optional<Child> bell;
+    standStillAfter(room, [&] {
+        bell = player({"--property=media.role=event"});
+        EXPECT_TRUE(eventually([] { return audio::whatPlays().value_or(audio::Playing()).size() == 2; }));
+    });
+    ASSERT_TRUE(changes->await(kBellPlays));
+    EXPECT_THAT(changes->all(), testing::ElementsAre(kMediaPlays, kBellPlays));
 }
 
 TEST(AFocusWatch, HearsTheMediaStopWhenTheSoundServerDies) {

@@ -8,6 +8,7 @@
 #include "Listener.h"
 #include "Reports.h"
 #include "SoundRoom.h"
+#include "StandStill.h"
 #include "sound_manager.h"
 
 using testing::DoubleNear;
@@ -40,7 +41,7 @@ int volumeOf(sound_type_e type) {
 
 // A tone of this role without an end.
 Child player(const SoundRoom& room, const std::string& role) {
-    const std::string file = tone::wav(room.folder(), "tone.wav", 16000, 1, tone::sine(1000, 16000, 30));
+    const std::string file = tone::wav(room.folder(), role + ".wav", 16000, 1, tone::sine(1000, 16000, 30));
     return Child({"paplay", "-d", "room", "--latency-msec=50", "--property=media.role=" + role, file});
 }
 
@@ -117,6 +118,22 @@ TEST(AVolumeChange, OfOurOwnIsToldToo) {
     EXPECT_THAT(changes->all(), ElementsAre(Change(SOUND_TYPE_MEDIA, 4), Change(SOUND_TYPE_ALARM, 7)));
 }
 
+TEST(AVolumeChange, IsToldWhenALevelBecomesKnownToWhoRegisteredWithoutAServer) {
+    SoundRoom room;
+    room.kill();
+    Watching changes;
+    room.start();
+    EXPECT_TRUE(changes->await({SOUND_TYPE_MEDIA, 15}));
+    EXPECT_TRUE(changes->await({SOUND_TYPE_ALARM, 15}));
+}
+
+TEST(AVolumeChange, IsToldAfterAServerThatStoodStill) {
+    SoundRoom room;
+    Watching changes;
+    standStillAfter(room, [&] { room.control({"set-sink-volume", "@DEFAULT_SINK@", "40%"}); });
+    EXPECT_TRUE(changes->await({SOUND_TYPE_MEDIA, 6}));
+}
+
 TEST(AMutedLoudspeaker, IsLevelNoneUntilItIsSetAgain) {
     const SoundRoom room;
     Watching changes;
@@ -133,9 +150,11 @@ TEST(AVolumeAbove100Percent, IsTheHighestLevel) {
     EXPECT_EQ(volumeOf(SOUND_TYPE_MEDIA), 15);
 }
 
-TEST(TheBalanceOfTheLoudspeaker, StaysWhenTheVolumeIsSet) {
+TEST(TheBalanceOfTheLoudspeaker, StaysWhenTheVolumeIsSetAlsoToNothingAndBack) {
     const SoundRoom room(2);
     room.control({"set-sink-volume", "@DEFAULT_SINK@", "100%", "50%"});
+    ASSERT_EQ(sound_manager_set_volume(SOUND_TYPE_MEDIA, 0), 0);
+    EXPECT_EQ(volumeOf(SOUND_TYPE_MEDIA), 0);
     ASSERT_EQ(sound_manager_set_volume(SOUND_TYPE_MEDIA, 6), 0);
     std::string said;
     FILE* pactl = popen("pactl get-sink-volume @DEFAULT_SINK@", "r");

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "lib/gio/IoThread.h"
 #include "support/MainLoop.h"
 #include "support/PrivateBus.h"
 #include "support/PrivateHome.h"
@@ -20,6 +21,7 @@ bool dconf(const std::string& words) {
 std::vector<int> heard;
 
 void hear(keynode_t* node, void* data) {
+    EXPECT_TRUE(eina_main_loop_is());
     heard.push_back(vconf_keynode_get_type(node));
     if (vconf_keynode_get_type(node) == VCONF_TYPE_INT) {
         *static_cast<int*>(data) = vconf_keynode_get_int(node);
@@ -90,12 +92,12 @@ TEST_F(SettingsTest, ChangesByOthersAndByUsAreToldOnTheMainLoopUntilTheyAreIgnor
     int told = 0;
     ASSERT_EQ(vconf_notify_key_changed("db/watched", hear, &told), 0);
     ASSERT_TRUE(dconf("write /db/watched 5"));
-    EXPECT_EQ(told, 0) << "only the main loop tells";
     EXPECT_TRUE(runMainLoopUntil([&] { return told == 5; }));
     vconf_set_int("db/watched", 6);
     EXPECT_TRUE(runMainLoopUntil([&] { return told == 6; }));
     // Posted, but not told yet, when the subscription ends.
     vconf_set_int("db/watched", 7);
+    gio::IoThread::get().run([] {});
     EXPECT_EQ(vconf_ignore_key_changed("db/watched", hear), 0);
     int other = 0;
     vconf_notify_key_changed("db/other", hear, &other);

@@ -31,6 +31,10 @@ public:
         std::unique_lock lock(mMutex);
         return mChanged.wait_for(lock, kWatchdog, [this] { return mBlocks.empty() && mLoaned == 0; });
     }
+    bool waitUntilRead() {
+        std::unique_lock lock(mMutex);
+        return mChanged.wait_for(lock, kWatchdog, [this] { return fetches > 0; });
+    }
     std::size_t left() {
         std::lock_guard lock(mMutex);
         return mBlocks.size();

@@ -52,7 +52,7 @@ TEST(TheMicrophoneTurnedOffWhileRecording, EndsTheRecordingWithMicOff) {
 
 TEST(AStartWithTheNetworkOff, ReportsWifiOff) {
     Person person;
-    person.appliance.network("none");
+    person.losesNetwork();
     startFromUi(person);
     person.appliance.awaitState("Error", "WifiOff");
     EXPECT_EQ(person.appliance.count(sim::kUi, {{"event", "state"}, {"state", "Recording"}}), 0);

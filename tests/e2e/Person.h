@@ -32,6 +32,13 @@ struct Person {
             return appliance.count(sim::kUi, {{"event", "state"}, {"state", "Recording"}}) != 0;
         });
     }
+    // Returns when the service has noticed, too.
+    void losesNetwork() {
+        appliance.network("none");
+        appliance.until("the service knows that there is no network", [&] {
+            return appliance.serviceLog().find("net connection state: 0") != std::string::npos;
+        });
+    }
     void says(const std::string& text) { appliance.say(text, voice); }
 
     sim::Appliance appliance;

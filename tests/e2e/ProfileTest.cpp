@@ -69,7 +69,7 @@ TEST(ASilentAccountService, LeavesNoUsersAfterFiveSeconds) {
 
 TEST(AChangeWithoutANetwork, LeavesTheStoredUsers) {
     Household household;
-    household.appliance.network("none");
+    household.losesNetwork();
     household.appliance.hub().families(nlohmann::json::array());
     household.announce();
     household.appliance.until("the service says why", [&] {

@@ -11,6 +11,7 @@ extern "C" {
 
 /* Return false to give up: the loop ends without the terminate callback. */
 typedef bool (*service_app_create_cb)(void* user_data);
+/* The application id has been given up: requests that come now start the service anew. */
 typedef void (*service_app_terminate_cb)(void* user_data);
 /* The handle belongs to the platform and ends with the call. */
 typedef void (*service_app_control_cb)(app_control_h app_control, void* user_data);

@@ -99,8 +99,9 @@ int sound_manager_remove_focus_state_watch_cb(int id);
  * SOUND_MANAGER_ERROR_INVALID_PARAMETER. */
 int sound_manager_get_volume(sound_type_e type, int* volume);
 int sound_manager_set_volume(sound_type_e type, int volume);
-/* Changes by anybody, of every sound type. Several registrations stand side by side, told apart by their pair of
- * callback and user datum. */
+/* Changes by anybody, of every sound type; a level that was not known when the callback was set, because the sound
+ * server could not be asked, is a change when it becomes known. Several registrations stand side by side, told apart by
+ * their pair of callback and user datum. */
 int sound_manager_set_volume_changed_cb(sound_manager_volume_changed_cb callback, void* user_data);
 int sound_manager_unset_volume_changed_cb(sound_manager_volume_changed_cb callback, void* user_data);
 

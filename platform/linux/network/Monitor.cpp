@@ -16,7 +16,8 @@ namespace {
 // GIO's own monitor may watch the manager too, over the process's shared connection, whose end would be the process's.
 void keepRunningWithoutSystemBus() {
     gio::Error error;
-    if (auto* bus = g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, error.out())) {  // kept for good
+    static GDBusConnection* const bus = g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, error.out());  // kept for good
+    if (bus != nullptr) {
         g_dbus_connection_set_exit_on_close(bus, FALSE);
     }
 }

@@ -1,15 +1,13 @@
 #include "lib/Figures.h"
 
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
 namespace bench {
 
-void Figures::write(const std::string& path) const {
-    std::ofstream file(path);
+void Figures::write(std::ostream& file) const {
     if (!(file << nlohmann::json(mSamples).dump(1) << std::endl)) {
-        throw std::runtime_error("cannot write " + path);
+        throw std::runtime_error("cannot write the figures");
     }
 }
 

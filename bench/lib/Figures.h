@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,7 @@ class Figures {
 public:
     void add(const std::string& name, double sample) { mSamples[name].push_back(sample); }
     // Throws std::runtime_error.
-    void write(const std::string& path) const;
+    void write(std::ostream& file) const;
 
 private:
     std::map<std::string, std::vector<double>> mSamples;

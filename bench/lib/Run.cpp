@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <fstream>
 #include <string>
 
 namespace bench {
@@ -37,6 +38,7 @@ int runMeasures(int count, char** words, const std::vector<Measure>& measures) {
         return 2;
     }
     const std::vector<std::string> names(words + 2, words + count);
+    std::ofstream file(words[1]);  // before its folder may be hidden
     sim::enterPrivateTmp();
     try {
         Figures figures;
@@ -47,7 +49,7 @@ int runMeasures(int count, char** words, const std::vector<Measure>& measures) {
                 complete = runOne(measure, appliance, figures) && complete;
             }
         }
-        figures.write(words[1]);
+        figures.write(file);
         return complete ? 0 : 1;
     } catch (const std::exception& fault) {
         fprintf(stderr, "bench: %s\n", fault.what());

@@ -69,7 +69,7 @@ struct Report {
     std::map<std::string, int> ends;
 };
 
-void print(const Report& report, const Options& options) {
+void print(const Report& report, const Options& options, std::ostream& file) {
     printf("%d requests in %.0f s\n", report.requests, report.seconds);
     for (const auto& [end, times] : report.ends) {
         printf("%6d  %s\n", times, end.c_str());
@@ -89,11 +89,11 @@ void print(const Report& report, const Options& options) {
                                   {"growth", soak::growth(report.samples)},
                                   {"threads", {first.threads, last.threads}},
                                   {"files", {first.files, last.files}}};
-        std::ofstream(options.json) << json.dump(2) << '\n';
+        file << json.dump(2) << std::endl;
     }
 }
 
-void run(sim::Appliance& appliance, const Options& options) {
+void run(sim::Appliance& appliance, const Options& options, std::ostream& file) {
     soak::Soak soak(appliance, options.seed);
     Report report;
     const double begin = sim::monotonicNow();
@@ -117,7 +117,7 @@ void run(sim::Appliance& appliance, const Options& options) {
     report.samples.push_back(bench::usageOf(appliance.serviceProcess()));
     report.ends = soak.ends();
     report.seconds = sim::monotonicNow() - begin;
-    print(report, options);
+    print(report, options, file);
     if (report.requests >= kFewestForGrowth && soak::growth(report.samples) > kMostGrowth) {
         throw std::runtime_error("the service's memory grows");
     }
@@ -131,6 +131,14 @@ void run(sim::Appliance& appliance, const Options& options) {
 
 int main(int count, char** words) {
     const Options options = read(count, words);
+    std::ofstream file;
+    if (!options.json.empty()) {
+        file.open(options.json);  // before its folder may be hidden
+        if (!file) {
+            fprintf(stderr, "soak: cannot write %s\n", options.json.c_str());
+            return 2;
+        }
+    }
     if (!sim::enterPrivateTmp()) {
         fputs("soak: no private /tmp on this machine; using the shared one\n", stderr);
     }
@@ -138,7 +146,7 @@ int main(int count, char** words) {
         sim::Appliance appliance;
         try {
             appliance.startService();
-            run(appliance, options);
+            run(appliance, options, file);
         } catch (const std::exception&) {
             appliance.showLastWords();
             throw;

@@ -92,7 +92,7 @@ void prepareEnvironment(const Folder& folder) {
     set("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + (folder / "system.bus"));
     set("PULSE_SERVER", "unix:" + (folder / "pulse.socket"));
     set("ORVANE_LOG", "stderr");  // into the logs of the folder, where tests read it, and not the person's journal
-    set("ORVANE_DATA_ROOT", ORVANE_SOURCE_DATA);
+    set("ORVANE_DATA_ROOT", ORVANE_SOURCE "/data");
     set("ORVANE_SIM_ACCOUNT", folder / "account.json");
     set("ORVANE_SIM_RECORDS", folder.make("records"));
     set("ORVANE_SIM_DUCKER", ORVANE_VOLUME_FADE);

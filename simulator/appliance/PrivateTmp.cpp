@@ -70,12 +70,9 @@ bool enterPrivateTmp(const std::vector<std::string>& shown) {
     }
     // Only now: a folder that was opened in the namespace before cannot be mounted in this one.
     std::vector<Kept> kept;
+    keep(kept, ORVANE_SOURCE);
+    keep(kept, ORVANE_BUILD);
     keep(kept, std::filesystem::current_path());
-    keep(kept, ORVANE_SOURCE_DATA);
-    keep(kept, std::filesystem::path(ORVANE_SERVICE_PROGRAM).parent_path());
-    keep(kept, std::filesystem::path(ORVANE_SIM_APP).parent_path());
-    keep(kept, std::filesystem::path(ORVANE_SIM_HUB).parent_path());
-    keep(kept, std::filesystem::path(ORVANE_VOLUME_FADE).parent_path());
     for (const std::string& path : shown) {
         keep(kept, path);
     }

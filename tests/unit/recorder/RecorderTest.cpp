@@ -368,21 +368,31 @@ TYPED_TEST(EitherRecorder, ASecondStartWhileItRecordsDoesNothing) {
     EXPECT_EQ(fake::platform().countLogged("Read Thread Start"), 1u);
 }
 
-TYPED_TEST(EitherRecorder, TwoStartsThatFindNoThreadRecordingYetStartTwoAndAStopEndsBoth) {
+namespace {
+
+// Two starts close together: the first thread is held back before it counts as recording.
+void startTwoThreads(SRecorder& recorder) {
     std::atomic<int> starting{0};
-    // The first is held back before it counts as recording.
+    std::atomic<int> held{0};
     fake::platform().onLog([&](const fake::LogLine& line) {
         if (line.message == "Read Thread Start") {
             ++starting;
             fake::platform().waitUntil([&] { return starting == 2; });
+            ++held;
         }
     });
-    TypeParam recorder;
     recorder.startRecord();
     recorder.startRecord();
-    EXPECT_TRUE(fake::platform().waitUntil([&] { return starting == 2; }));
-    recorder.stopRecord();
+    EXPECT_TRUE(fake::platform().waitUntil([&] { return held == 2; }));
     fake::platform().onLog(nullptr);
+}
+
+}  // namespace
+
+TYPED_TEST(EitherRecorder, TwoStartsThatFindNoThreadRecordingYetStartTwoAndAStopEndsBoth) {
+    TypeParam recorder;
+    startTwoThreads(recorder);
+    recorder.stopRecord();
     EXPECT_EQ(fake::platform().countLogged("_audio_record finish"), 2u);
 }
 
@@ -401,20 +411,11 @@ TYPED_TEST(EitherRecorder, TwoThreadsNeverUseTheDeviceAtOnce) {
     for (const char* call : calls) {
         fake::platform().onCall(call, use);
     }
-    std::atomic<int> starting{0};
-    fake::platform().onLog([&](const fake::LogLine& line) {
-        if (line.message == "Read Thread Start") {
-            ++starting;
-            fake::platform().waitUntil([&] { return starting == 2; });
-        }
-    });
     TypeParam recorder;
     fake::queueReadResult(-802);
-    recorder.startRecord();
-    recorder.startRecord();
+    startTwoThreads(recorder);
     EXPECT_TRUE(fake::platform().waitUntil([&] { return uses > 6; }));
     recorder.stopRecord();
-    fake::platform().onLog(nullptr);
     for (const char* call : calls) {
         fake::platform().onCall(call, nullptr);
     }

@@ -138,12 +138,13 @@ bool SRecorder::isRecording() const {
     return mRecording && (ownCancelled == nullptr || !*ownCancelled);
 }
 
-bool SRecorder::waitUntilPrepared() {
-    if (mState == PREPARED) {
-        return true;
+std::unique_lock<std::mutex> SRecorder::takeTurn() {
+    std::unique_lock<std::mutex> turn(mReadMutex, std::try_to_lock);
+    if (turn && mState == PREPARED) {
+        return turn;
     }
     usleep(PAUSE_US);
-    return false;
+    return {};
 }
 
 void SRecorder::noData() {

@@ -55,7 +55,9 @@ protected:
 
     // For the back ends' capture loops, on the read thread.
     bool isRecording() const;
-    bool waitUntilPrepared();  // false after one pause in which the device was not prepared
+    // To be held for a read with its reset. Not held after one pause, in which the device was not prepared or another
+    // read thread was at it.
+    std::unique_lock<std::mutex> takeTurn();
     void deliver(char* buffer, int size);
     void noData();
     void resetDevice();

@@ -62,8 +62,8 @@ void SRecorderOriginal::_audio_record() {
     LOGI("");
     char buffer[BUFFER_SIZE];
     while (isRecording()) {
-        std::lock_guard<std::mutex> lock(mReadMutex);
-        if (!isRecording() || !waitUntilPrepared()) {
+        const std::unique_lock<std::mutex> turn = takeTurn();
+        if (!turn) {
             continue;
         }
         const int count = audio_in_read(mInput, buffer, sizeof buffer);

@@ -68,8 +68,8 @@ void SRecorderSSE::_audio_record() {
     LOGI("");
     char buffer[BUFFER_SIZE];
     while (isRecording()) {
-        std::lock_guard<std::mutex> lock(mReadMutex);
-        if (!isRecording() || !waitUntilPrepared()) {
+        const std::unique_lock<std::mutex> turn = takeTurn();
+        if (!turn) {
             continue;
         }
         const int result = sse_read(buffer, FRAMES);

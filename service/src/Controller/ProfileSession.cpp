@@ -104,6 +104,20 @@ bool ProfileSession::isClosing() {
     return mClosing;
 }
 
+// One wait, whatever ends it: an answer that came before it leaves its credentials, and the wait its full time. It
+// waits under the workers' mutex, so that it does not miss close(); other workers may go on meanwhile.
+bool ProfileSession::awaitAnswer(std::unique_lock<std::mutex>& turn) {
+    std::unique_lock<std::mutex> workers(mWorkersMutex);
+    turn.unlock();
+    if (!mClosing) {
+        mAnswered.wait_until(workers, std::chrono::system_clock::now() + ACCOUNT_TIMEOUT);
+    }
+    const bool closing = mClosing;
+    workers.unlock();
+    turn.lock();
+    return !closing;
+}
+
 // The stored users stay as they are when the service ends in the middle of a refresh.
 void ProfileSession::refresh(const std::function<void()>& requestAccount) {
     setAccount({});
@@ -111,9 +125,7 @@ void ProfileSession::refresh(const std::function<void()>& requestAccount) {
         return;
     }
     std::unique_lock<std::mutex> lock(mMutex);
-    // One wait, whatever ends it: an answer that came before it leaves its credentials, and the wait its full time.
-    mAnswered.wait_until(lock, std::chrono::system_clock::now() + ACCOUNT_TIMEOUT);
-    if (isClosing()) {
+    if (!awaitAnswer(lock)) {
         return;
     }
     if (mBundles != nullptr) {

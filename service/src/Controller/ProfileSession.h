@@ -30,7 +30,7 @@ public:
     ProfileSession& operator=(const ProfileSession&) = delete;
 
     // The refresher is going: closes hub server and database, now or with the last worker's end. No request is sent
-    // and nothing new is asked or stored afterwards.
+    // afterwards, and a refresh under way ends with the call that it is at, without storing.
     void close();
 
     // Workers. begin() is false when the session is closing.
@@ -48,6 +48,7 @@ public:
 private:
     bool send(const std::function<void()>& requestAccount);
     bool isClosing();
+    bool awaitAnswer(std::unique_lock<std::mutex>& turn);  // false when the session is closing
     void resetBundle();
     void collect();
     bool collectFamily(const char* familyId);

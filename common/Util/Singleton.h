@@ -1,6 +1,7 @@
 #pragma once
 
 #include <mutex>
+#include <utility>
 
 namespace Util {
 
@@ -19,14 +20,18 @@ public:
 
     // Only when no other thread uses the instance any more; a later use makes a new one.
     static void destroy() {
-        delete mInstance;
-        mInstance = nullptr;
+        T* leaving = nullptr;
+        {
+            std::lock_guard<std::mutex> lock(mCreation);
+            std::swap(leaving, mInstance);
+        }
+        delete leaving;
     }
 
     static inline T* mInstance = nullptr;
 
 private:
-    static inline std::mutex mCreation;
+    static inline std::mutex mCreation;  // while the pointer changes
 };
 
 }  // namespace Util

@@ -92,6 +92,16 @@ void insert(sqlite::Database& database, const std::string& table, const vrd_mana
     }
 }
 
+// A log with something in it would be read into another file that somebody puts in this one's place. What cannot be
+// moved now, as somebody reads, is moved by the next update.
+void emptyLog(sqlite::Database& database) {
+    try {
+        database.execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    } catch (const sqlite::Error&) {
+        // The update stands all the same.
+    }
+}
+
 }  // namespace
 
 vrd_manager_s::vrd_manager_s(const std::string& name) : mName(name) {}
@@ -108,25 +118,12 @@ void vrd_manager_s::open() {
         mDatabase = openForReading(mFile);
     }
     mOpened = statusOf(mFile);
-    mLog = statusOf(logOf(mFile));
-}
-
-// The log of a file that is gone stays behind, and would be read into the one in its place.
-void vrd_manager_s::leaveReplacedFile() {
-    if (isSame(statusOf(logOf(mFile)), mLog)) {
-        unlink(logOf(mFile).c_str());
-        unlink((mFile + "-shm").c_str());
-    }
-    mDatabase.reset();
 }
 
 // Someone may remove the file or put another in its place: what is asked from now on is asked of that one. What could
 // not be opened, or only for reading, may be open to us by now.
 sqlite::Database& vrd_manager_s::database() {
-    if (mDatabase && !isSame(statusOf(mFile), mOpened)) {
-        leaveReplacedFile();
-    }
-    if (!mDatabase || mDatabase->isReadOnly()) {
+    if (!mDatabase || !isSame(statusOf(mFile), mOpened) || mDatabase->isReadOnly()) {
         open();
     }
     return *mDatabase;
@@ -155,4 +152,5 @@ void vrd_manager_s::replace(const Records& records) {
     opened.execute("DELETE FROM " + table);
     insert(opened, table, records);
     update.commit();
+    emptyLog(opened);
 }

@@ -34,12 +34,10 @@ public:
     void replace(const Records& records);
 
 private:
-    void leaveReplacedFile();
     sqlite::Database& database();
 
     std::string mName;
     std::string mFile;
     std::unique_ptr<sqlite::Database> mDatabase;
     struct stat mOpened {};
-    struct stat mLog {};
 };

@@ -97,6 +97,7 @@ TEST_F(ADatabase, IsTheOneThatSomeonePutsInItsPlace) {
     update(openDatabase("Other").get(), {});
     const Manager manager = openDatabase("Profile");
     update(manager.get(), kTwoUsers);
+    EXPECT_EQ(std::filesystem::file_size(file("Profile") + "-wal"), 0U) << "nothing that the other would be given";
     {
         sqlite::Database other(file("Other"), SQLITE_OPEN_READWRITE, 0);
         other.execute("ALTER TABLE Other RENAME TO Profile; INSERT INTO Profile VALUES (0, 0, 'userId', 1, '3')");

@@ -65,12 +65,12 @@ void VolumeListeners::learn() {
 }
 
 // What becomes known is a change too, for those who have registered without a server.
-bool VolumeListeners::changes(sound_type_e type, int level) {
+VolumeListeners::Listeners VolumeListeners::toldOf(sound_type_e type, int level) {
     std::lock_guard lock(mMutex);
     const auto known = mKnown.find(type);
     const bool same = known != mKnown.end() && known->second == level;
     mKnown[type] = level;
-    return !same;
+    return same ? Listeners() : mListeners;
 }
 
 bool VolumeListeners::look() {
@@ -80,15 +80,10 @@ bool VolumeListeners::look() {
         if (late) {
             return false;
         }
-        if (!level || !changes(type, *level)) {
+        if (!level) {
             continue;
         }
-        Listeners listeners;
-        {
-            std::lock_guard lock(mMutex);
-            listeners = mListeners;
-        }
-        for (const auto& each : listeners) {
+        for (const auto& each : toldOf(type, *level)) {
             each->registration.call([&] { each->callback(type, static_cast<unsigned>(*level), each->data); });
         }
     }

@@ -33,7 +33,7 @@ private:
     Listeners::iterator find(sound_manager_volume_changed_cb callback, void* data);
     void learn();
     bool look();
-    bool changes(sound_type_e type, int level);
+    Listeners toldOf(sound_type_e type, int level);
 
     std::mutex mMutex;
     Listeners mListeners;

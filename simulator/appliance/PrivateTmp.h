@@ -8,7 +8,7 @@
 namespace sim {
 
 // What is below /tmp at `shown` (files or folders, by their real paths) is there in the new one too. Before the process
-// has threads. False (and nothing has changed) where the machine does not allow it.
+// has threads. False, and the old /tmp stays, where the machine does not allow it.
 bool enterPrivateTmp(const std::vector<std::string>& shown = {});
 
 }  // namespace sim

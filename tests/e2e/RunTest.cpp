@@ -163,7 +163,7 @@ TEST(ARunOfNoSound, EndsBeforeAnythingStarts) {
 
 TEST(ARunWithOnesOwnMicrophone, ListensOnASoundServerInTmpUntilCtrlC) {
     const sim::Folder folder;
-    const auto server = startSoundServer(folder, {"-L", "module-null-sink"});
+    const auto server = startSoundServer(folder, {"-L", "module-null-source"});
     Program run({"--mic"});
     run.untilShown("listening to your microphone");
     run.interrupt(SIGINT);
@@ -183,7 +183,7 @@ TEST(ARunWithOnesOwnMicrophone, SaysWhatToDoWhenNoSoundServerAnswers) {
 
 TEST(ARunWithOnesOwnMicrophone, SaysThatThereIsNone) {
     const sim::Folder folder;
-    const auto server = startSoundServer(folder, {});
+    const auto server = startSoundServer(folder, {"-L", "module-null-sink"});
     Program run({"--mic"});
     EXPECT_EQ(run.end(), 1);
     EXPECT_EQ(run.output(), "run: the sound server at unix:" + (folder / "sound") + " has no microphone\n");

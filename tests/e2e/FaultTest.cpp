@@ -76,8 +76,7 @@ TEST(TheWakeUpWordWithTheMicrophoneOff, IsNotAnswered) {
         return heard != std::string::npos && log.find("__startListening", heard) != std::string::npos;
     });
     sim::settings::set(kMicrophone, 1);
-    person.says("hey quorbit");
-    person.appliance.await(sim::kUi, {{"event", "wake-up"}});
+    person.wakes();
     EXPECT_EQ(person.appliance.countEver(sim::kUi, {{"event", "wake-up"}}), 1);
 }
 

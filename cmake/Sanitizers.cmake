@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 if(ORVANE_SANITIZE)
   add_compile_options(-fsanitize=${ORVANE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${ORVANE_SANITIZE})

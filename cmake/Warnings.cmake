@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Warnings are errors in everything that is ours. Targets link orvane_warnings privately.
 add_library(orvane_warnings INTERFACE)
 target_compile_options(orvane_warnings INTERFACE

@@ -1,5 +1,5 @@
 // The program's log. Each call writes its message twice: to the system log under the tag "orvane-da-service" with
-// colour, kernel thread id, file, function and line, and to standard output with function and line. Any thread; no
+// color, kernel thread id, file, function and line, and to standard output with function and line. Any thread; no
 // state, no lock.
 #pragma once
 
@@ -16,39 +16,68 @@ namespace Util {
 
 inline constexpr char LOG_TAG[] = "orvane-da-service";
 
+// The code that a log line names. A helper that logs for its caller takes one as its last argument, with the default
+// `Caller::current()`.
+struct Caller {
+    const char* file;
+    const char* function;
+    int line;
+
+    static constexpr Caller current(const char* path = __builtin_FILE(), const char* function = __builtin_FUNCTION(),
+                                    int line = __builtin_LINE()) {
+        const char* file = path;
+        for (const char* at = path; *at != '\0'; ++at) {
+            if (*at == '/') {
+                file = at + 1;
+            }
+        }
+        return {file, function, line};
+    }
+};
+
 namespace Log {
 
 // Both formats are joined at build time; the arguments are evaluated once and used for both.
 template <typename... Args>
-inline void write(log_priority priority, const char* systemFormat, const char* outputFormat, const char* file,
-                  const char* function, int line, const Args&... args) {
+inline void write(log_priority priority, const char* systemFormat, const char* outputFormat, const Caller& caller,
+                  const Args&... args) {
     const int thread = static_cast<int>(syscall(SYS_gettid));
-    dlog_print(priority, LOG_TAG, systemFormat, thread, file, function, line, args...);
-    __printf_chk(1, outputFormat, function, line, args...);
+    dlog_print(priority, LOG_TAG, systemFormat, thread, caller.file, caller.function, caller.line, args...);
+    __printf_chk(1, outputFormat, caller.function, caller.line, args...);
 }
 
 }  // namespace Log
 }  // namespace Util
 
 // The branch never taken lets the compiler check the arguments against the format.
-#define ORVANE_LOG(priority, colour, function, line, format, ...)                                          \
-    do {                                                                                                   \
-        if (false) {                                                                                       \
-            printf(format, ##__VA_ARGS__);                                                                 \
-        }                                                                                                  \
-        ::Util::Log::write(priority, colour "[%d] %s: %s(%d) > " format "\033[0m", "[%s:%d] " format "\n", \
-                           __FILE_NAME__, function, line, ##__VA_ARGS__);                                  \
+#define ORVANE_LOG(priority, color, caller, format, ...)                                                          \
+    do {                                                                                                          \
+        if (false) {                                                                                              \
+            printf(format, ##__VA_ARGS__);                                                                        \
+        }                                                                                                         \
+        ::Util::Log::write(priority, color "[%d] %s: %s(%d) > " format "\033[0m", "[%s:%d] " format "\n", caller, \
+                           ##__VA_ARGS__);                                                                        \
     } while (false)
 
-#define LOGD(format, ...) ORVANE_LOG(DLOG_DEBUG, "\033[32m", __FUNCTION__, __LINE__, format, ##__VA_ARGS__)
-#define LOGI(format, ...) ORVANE_LOG(DLOG_INFO, "\033[34m", __FUNCTION__, __LINE__, format, ##__VA_ARGS__)
-#define LOGW(format, ...) ORVANE_LOG(DLOG_WARN, "\033[33m", __FUNCTION__, __LINE__, format, ##__VA_ARGS__)
-#define LOGE(format, ...) LOGE_AT(__FUNCTION__, __LINE__, format, ##__VA_ARGS__)
+#define LOGD(format, ...) ORVANE_LOG(DLOG_DEBUG, "\033[32m", ::Util::Caller::current(), format, ##__VA_ARGS__)
+#define LOGI(format, ...) ORVANE_LOG(DLOG_INFO, "\033[34m", ::Util::Caller::current(), format, ##__VA_ARGS__)
+#define LOGW(format, ...) ORVANE_LOG(DLOG_WARN, "\033[33m", ::Util::Caller::current(), format, ##__VA_ARGS__)
+#define LOGE(format, ...) LOGE_FOR(::Util::Caller::current(), format, ##__VA_ARGS__)
 
-// For a helper that logs a failure of its caller, in the same file.
-#define LOGE_AT(function, line, format, ...) ORVANE_LOG(DLOG_ERROR, "\033[31m", function, line, format, ##__VA_ARGS__)
+// The line of a helper that logs for its caller.
+#define LOGE_FOR(caller, format, ...) ORVANE_LOG(DLOG_ERROR, "\033[31m", caller, format, ##__VA_ARGS__)
+#define LOGE_AT(function, line, format, ...) \
+    LOGE_FOR(::Util::Caller::current(__builtin_FILE(), function, line), format, ##__VA_ARGS__)
 
 namespace Util {
+
+// True for 0; otherwise logs the message as an error of the caller.
+inline bool succeededOrLogged(int result, const char* message, const Caller& caller = Caller::current()) {
+    if (result != 0) {
+        LOGE_FOR(caller, "%s", message);
+    }
+    return result == 0;
+}
 
 inline constexpr char PACKAGE_VERSION[] = "0.0.1";
 inline constexpr char BUILD_TAG[] = "7.1";

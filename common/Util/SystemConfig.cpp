@@ -135,22 +135,7 @@ void SystemConfig::setOrvaneLang(OrvaneLang lang) {
 }
 
 std::string SystemConfig::getLangStr() {
-    switch (getOrvaneLang()) {
-        case OrvaneLang::KO_KR:
-            return "ko_KR";
-        case OrvaneLang::EN_GB:
-            return "en_GB";
-        case OrvaneLang::ZH_CN:
-            return "zh_CN";
-        case OrvaneLang::DE_DE:
-            return "de_DE";
-        case OrvaneLang::IT_IT:
-            return "it_IT";
-        case OrvaneLang::FR_FR:
-            return "fr_FR";
-        default:
-            return "en_US";
-    }
+    return languageOf(getOrvaneLang()).locale;
 }
 
 std::string SystemConfig::getSHLLangStr() {

@@ -9,22 +9,11 @@
 #include <map>
 #include <string>
 
+#include "Util/Languages.h"
 #include "Util/Singleton.h"
 #include "Util/SystemStateListener.h"
 
 namespace Util {
-
-// The assistant's language, as the settings store holds it.
-enum class OrvaneLang : int {
-    KO_KR = 0,
-    EN_US = 1,
-    EN_GB = 2,
-    ZH_CN = 3,
-    DE_DE = 4,
-    IT_IT = 5,
-    FR_FR = 6,
-    RESERVED = 7,  // valid in storage, speaks American English
-};
 
 // The wake-up word.
 enum class OrvaneWUW : int { QUORBIT = 0, VEXAL = 1 };

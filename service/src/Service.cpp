@@ -53,26 +53,26 @@ void Service::addListeners() {
     config().addMicStateChangedListener(
         [this](void*) {
             if (config().getMicState() == 0) {
-                failIfListening(ErrorType::MicOff);
+                failIfRecognizing(ErrorType::MicOff);
             }
         },
         nullptr);
     config().addConnectionStateChangedListener(
         [this](void*) {
             if (config().getConnectionState() == CONNECTION_TYPE_DISCONNECTED) {
-                failIfListening(ErrorType::WifiOff);
+                failIfRecognizing(ErrorType::WifiOff);
             }
         },
         nullptr);
     config().addVoiceWakeupWordChangedListener([this](void*) { refreshTrigger(); }, nullptr);
 }
 
-bool Service::isListening() const {
+bool Service::isRecognizing() const {
     return mState == ClientState::Recording || mState == ClientState::Processing;
 }
 
-void Service::failIfListening(const ErrorType& error) {
-    if (!isListening()) {
+void Service::failIfRecognizing(const ErrorType& error) {
+    if (!isRecognizing()) {
         return;
     }
     if (error == ErrorType::WifiOff) {

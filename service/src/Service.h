@@ -58,8 +58,8 @@ private:
     void recognitionStateChanged(const ClientState& state);
     void reportState(const ClientState& state, const ErrorType& error);
     void waitForUi();
-    void failIfListening(const ErrorType& error);
-    bool isListening() const;
+    void failIfRecognizing(const ErrorType& error);
+    bool isRecognizing() const;
     void triggerShot(int level);
     void wakeUi();
     // The pointer goes first and the object after, outside the lock: a module's destructor may wait for the async

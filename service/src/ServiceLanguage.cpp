@@ -18,21 +18,6 @@ Util::SystemConfig& config() {
     return *Util::Singleton<Util::SystemConfig>::getInstance();
 }
 
-OrvaneLang languageOfLocale(const std::string& locale) {
-    static const struct {
-        const char* locale;
-        OrvaneLang lang;
-    } LOCALES[] = {{"ko_KR", OrvaneLang::KO_KR}, {"en_US", OrvaneLang::EN_US}, {"en_GB", OrvaneLang::EN_GB},
-                   {"zh_CN", OrvaneLang::ZH_CN}, {"de_DE", OrvaneLang::DE_DE}, {"it_IT", OrvaneLang::IT_IT},
-                   {"fr_FR", OrvaneLang::FR_FR}};
-    for (const auto& row : LOCALES) {
-        if (locale == row.locale) {
-            return row.lang;
-        }
-    }
-    return OrvaneLang::EN_US;
-}
-
 OrvaneLang languageOfRegion(int region) {
     switch (region) {
         case Util::Region::EU:
@@ -49,7 +34,7 @@ OrvaneLang languageOfRegion(int region) {
 
 void Service::setOrvaneLang() {
     const std::string locale = config().getWidgetLangStr();
-    config().setOrvaneLang(mVoiceControl->isSupportedLang(locale) ? languageOfLocale(locale)
+    config().setOrvaneLang(mVoiceControl->isSupportedLang(locale) ? Util::languageOfLocale(locale).lang
                                                                   : languageOfRegion(config().getSystemRegion()));
 }
 

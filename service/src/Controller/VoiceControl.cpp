@@ -8,6 +8,7 @@
 #include "UiRequests.h"
 #include "Util/AppControl.h"
 #include "Util/Constants.h"
+#include "Util/Languages.h"
 #include "Util/Log.h"
 #include "Util/Text.h"
 
@@ -20,8 +21,8 @@ constexpr double SPEECH_TIMEOUT_S = 10.0;
 constexpr double PROCESSING_TIMEOUT_S = 30.0;
 constexpr char DOMAIN_BANNER[] = "Orvane DA, Version 1.0, SDK 7.1";
 
-// Last language set on the engine.
-std::string lastLanguage;
+// The recognition model of the last language set on the engine.
+std::string lastModel;
 
 const char* stateName(vc_state_e state) {
     switch (state) {
@@ -79,10 +80,6 @@ vc_service_state_e serviceStateOf(ClientState state) {
     }
 }
 
-bool isEuropean(const std::string& lang) {
-    return lang == "en_GB" || lang == "de_DE" || lang == "it_IT" || lang == "fr_FR";
-}
-
 VoiceControl& self(void* userData) {
     return *static_cast<VoiceControl*>(userData);
 }
@@ -106,12 +103,11 @@ bool VoiceControl::setLanguage(std::string lang) {
         LOGE("vc_setting_set_language: %s", voiceErrorName(result));
         return false;
     }
-    // The engine has one model for these languages.
-    const std::string engineLanguage = isEuropean(lang) ? "eu_EU" : lang;
-    if (engineLanguage != lastLanguage) {
+    const std::string model = Util::recognitionModelOf(lang);
+    if (model != lastModel) {
         vc_mgr_set_private_data("Request", "reloadEngine");
     }
-    lastLanguage = engineLanguage;
+    lastModel = model;
     return true;
 }
 

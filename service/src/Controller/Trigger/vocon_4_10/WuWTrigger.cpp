@@ -17,23 +17,6 @@ namespace {
 
 constexpr int FORCED_LEVEL = -1;
 
-const char* languageFolder(Util::OrvaneLang language) {
-    switch (static_cast<int>(language)) {
-        case 0:
-            return Constants::LanguageFolder::KOREAN;
-        case 2:
-            return Constants::LanguageFolder::BRITISH;
-        case 4:
-            return Constants::LanguageFolder::GERMAN;
-        case 5:
-            return Constants::LanguageFolder::ITALIAN;
-        case 6:
-            return Constants::LanguageFolder::FRENCH;
-        default:
-            return Constants::LanguageFolder::AMERICAN;
-    }
-}
-
 const char* wakeupWordKey(Util::OrvaneWUW word) {
     switch (static_cast<int>(word)) {
         case 0:
@@ -79,7 +62,7 @@ WuWTrigger::~WuWTrigger() {
 
 std::string WuWTrigger::getConfigPath(Util::OrvaneLang language, Util::OrvaneWUW word) {
     const char* root = tzplatform_mkpath(TZPLATFORM_DATA_ROOT, Constants::File::WAKEUP_DATA);
-    return std::string(root ? root : "") + languageFolder(language) + "/" + wakeupWordKey(word) + "/";
+    return std::string(root ? root : "") + Util::languageOf(language).wakeupFolder + "/" + wakeupWordKey(word) + "/";
 }
 
 void WuWTrigger::start() {

@@ -4,14 +4,14 @@
 #include <string>
 
 #include "Entries.h"
-#include "lib/json/BoundedJson.h"
-#include "lib/sphinx/Decoder.h"
-#include "lib/sphinx/Dictionary.h"
-#include "lib/sphinx/MemoryFile.h"
-#include "lib/sphinx/Models.h"
+#include "json/BoundedJson.h"
+#include "sphinx/Decoder.h"
+#include "sphinx/Dictionary.h"
+#include "sphinx/MemoryFile.h"
+#include "sphinx/Models.h"
 #include "voice/Dialogue.h"
-#include "voice/Grammar.h"
 #include "voice/Understanding.h"
+#include "voice/recognizer/Grammar.h"
 
 namespace fuzz {
 namespace {

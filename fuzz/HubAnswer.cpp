@@ -7,10 +7,10 @@
 #include <string>
 
 #include "Entries.h"
+#include "curl/Url.h"
 #include "hub/Answers.h"
 #include "hub/Records.h"
 #include "kelso_server.h"
-#include "lib/curl/Url.h"
 
 namespace fuzz {
 namespace {

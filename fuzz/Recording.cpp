@@ -1,11 +1,11 @@
 // A recording that stands in for the microphone, heard for a while in both shapes that the recorder asks for.
-#include "audio/Recording.h"
+#include "audio/capture/Recording.h"
 
 #include <array>
 #include <exception>
 
 #include "Entries.h"
-#include "lib/sphinx/MemoryFile.h"
+#include "sphinx/MemoryFile.h"
 
 namespace fuzz {
 namespace {

@@ -4,7 +4,7 @@ namespace bench {
 
 void startReadyService(sim::Appliance& appliance, const std::string& program) {
     appliance.startService(program);
-    appliance.awaitRecogniser();
+    appliance.awaitRecognizer();
 }
 
 }  // namespace bench

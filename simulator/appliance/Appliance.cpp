@@ -19,8 +19,8 @@ namespace sim {
 
 namespace {
 
-constexpr char kRecogniserReady[] = "Previous(None) -> Current(Ready)";
-constexpr double kRecogniserSeconds = 30;
+constexpr char kRecognizerReady[] = "Previous(None) -> Current(Ready)";
+constexpr double kRecognizerSeconds = 30;
 constexpr useconds_t kPollMicroseconds = 10000;
 constexpr double kAnswerSeconds = 4;
 constexpr int kMostCalls = 3;
@@ -121,11 +121,11 @@ void Appliance::startService(const std::string& chosen) {
     mRecord->write("service listens");
 }
 
-void Appliance::awaitRecogniser() {
+void Appliance::awaitRecognizer() {
     until(
-        "the recogniser is ready",
-        [this] { return serviceLog().find(kRecogniserReady, mLogBefore) != std::string::npos; }, kRecogniserSeconds);
-    mRecord->write("recogniser ready");
+        "the recognizer is ready",
+        [this] { return serviceLog().find(kRecognizerReady, mLogBefore) != std::string::npos; }, kRecognizerSeconds);
+    mRecord->write("recognizer ready");
 }
 
 void Appliance::stopService() {

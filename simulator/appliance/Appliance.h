@@ -32,7 +32,7 @@ public:
     void startService(const std::string& program = {});
     // Returns when it has also read its models: until then it is busy, begins to listen a second time and may miss a
     // word that is said just then.
-    void awaitRecogniser();
+    void awaitRecognizer();
     void stopService();
     // Asks it to end; its exit code, or 128 and the signal that ended it.
     int endService();

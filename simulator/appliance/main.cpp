@@ -114,7 +114,7 @@ void run(const Options& options, const std::string& soundServer) {
     appliance.events().watch([&timeline](const sim::Event& event) { timeline.print(event); });
     try {
         appliance.startService();
-        appliance.awaitRecogniser();
+        appliance.awaitRecognizer();
         if (options.mic) {
             listen(appliance);
         } else if (!options.say.empty() || !options.wav.empty()) {

@@ -11,7 +11,7 @@
 struct Person {
     explicit Person(std::string chosen = "slt") : voice(std::move(chosen)) {
         appliance.startService();
-        appliance.awaitRecogniser();
+        appliance.awaitRecognizer();
     }
     ~Person() {
         if (std::uncaught_exceptions() != 0 || testing::Test::HasFailure()) {
@@ -35,9 +35,8 @@ struct Person {
     // Returns when the service has noticed, too.
     void losesNetwork() {
         appliance.network("none");
-        appliance.until("the service knows that there is no network", [&] {
-            return appliance.serviceLog().find("net connection state: 0") != std::string::npos;
-        });
+        appliance.until("the service knows that there is no network",
+                        [&] { return appliance.serviceLog().find("net connection state: 0") != std::string::npos; });
     }
     void says(const std::string& text) { appliance.say(text, voice); }
 

@@ -168,7 +168,7 @@ TEST(ARunWithOnesOwnMicrophone, ListensOnASoundServerInTmpUntilCtrlC) {
     run.untilShown("listening to your microphone");
     run.interrupt(SIGINT);
     EXPECT_EQ(run.end(), 0) << run.output();
-    EXPECT_THAT(run.output(), HasSubstr("recogniser ready"));
+    EXPECT_THAT(run.output(), HasSubstr("recognizer ready"));
 }
 
 TEST(ARunWithOnesOwnMicrophone, SaysWhatToDoWhenNoSoundServerAnswers) {

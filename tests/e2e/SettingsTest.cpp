@@ -29,7 +29,7 @@ void opensMusic(Person& person) {
 
 }  // namespace
 
-TEST(AnotherMenuLanguage, MovesTheAssistantsLanguageTheRecogniserAndTheWakeUpData) {
+TEST(AnotherMenuLanguage, MovesTheAssistantsLanguageTheRecognizerAndTheWakeUpData) {
     Person person;
     sim::settings::set(kMenuLanguage, "en_GB.UTF-8");
     person.appliance.until("the assistant's language is British English",

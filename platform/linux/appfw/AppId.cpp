@@ -1,9 +1,9 @@
-#include "appfw/AppId.h"
+#include "AppId.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "lib/gio/Bus.h"
+#include "gio/Bus.h"
 
 namespace appfw {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "bundle.h"
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 struct bundle_keyval_s {
     std::string value;

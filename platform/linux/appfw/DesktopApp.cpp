@@ -1,10 +1,10 @@
-#include "appfw/DesktopApp.h"
+#include "DesktopApp.h"
 
 #include <gio/gdesktopappinfo.h>
 
 #include "app_control.h"
 #include "dlog.h"
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 namespace appfw {
 

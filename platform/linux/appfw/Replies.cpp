@@ -1,11 +1,11 @@
-#include "appfw/Replies.h"
+#include "Replies.h"
 
 #include <mutex>
 #include <vector>
 
-#include "lib/gio/Bus.h"
-#include "lib/gio/IoThread.h"
-#include "lib/gio/MainLoopPost.h"
+#include "gio/Bus.h"
+#include "gio/IoThread.h"
+#include "mainloop/MainLoopPost.h"
 
 namespace appfw {
 

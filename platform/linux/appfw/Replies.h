@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "appfw/Request.h"
+#include "Request.h"
 
 namespace appfw {
 

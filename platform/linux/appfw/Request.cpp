@@ -1,4 +1,4 @@
-#include "appfw/Request.h"
+#include "Request.h"
 
 namespace appfw {
 

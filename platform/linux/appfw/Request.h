@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app_control.h"
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 struct Extra {
     bool array = false;

@@ -6,11 +6,11 @@
 #include <cstring>
 #include <memory>
 
-#include "appfw/DesktopApp.h"
-#include "appfw/Replies.h"
-#include "appfw/Request.h"
+#include "DesktopApp.h"
+#include "Replies.h"
+#include "Request.h"
 #include "dlog.h"
-#include "lib/gio/Bus.h"
+#include "gio/Bus.h"
 
 namespace {
 

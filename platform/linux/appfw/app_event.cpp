@@ -6,10 +6,10 @@
 #include <memory>
 #include <string>
 
-#include "appfw/Bundle.h"
-#include "lib/gio/Bus.h"
-#include "lib/gio/IoThread.h"
-#include "lib/gio/MainLoopPost.h"
+#include "Bundle.h"
+#include "gio/Bus.h"
+#include "gio/IoThread.h"
+#include "mainloop/MainLoopPost.h"
 
 struct event_handler_s {
     gsize id;

@@ -7,8 +7,8 @@
 #include <memory>
 #include <string>
 
-#include "appfw/AppId.h"
-#include "lib/gio/Bus.h"
+#include "AppId.h"
+#include "gio/Bus.h"
 
 struct app_context_s {
     std::string id;

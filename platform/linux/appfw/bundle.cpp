@@ -1,8 +1,8 @@
-#include "appfw/Bundle.h"
+#include "Bundle.h"
 
 #include <memory>
 
-#include "appfw/Request.h"
+#include "Request.h"
 
 namespace appfw {
 

@@ -9,10 +9,10 @@
 #include <mutex>
 #include <string>
 
-#include "appfw/AppId.h"
-#include "appfw/Bundle.h"
-#include "lib/gio/Bus.h"
-#include "lib/gio/MainLoopPost.h"
+#include "AppId.h"
+#include "Bundle.h"
+#include "gio/Bus.h"
+#include "mainloop/MainLoopPost.h"
 
 namespace {
 

@@ -10,12 +10,12 @@
 #include <string>
 #include <utility>
 
-#include "appfw/AppId.h"
-#include "appfw/Replies.h"
-#include "appfw/Request.h"
+#include "AppId.h"
+#include "Replies.h"
+#include "Request.h"
 #include "dlog.h"
-#include "lib/gio/Bus.h"
-#include "lib/gio/MainLoopPost.h"
+#include "gio/Bus.h"
+#include "mainloop/MainLoopPost.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The display: the desktop's screen saver on the session bus wakes it, where one runs.
 #include <device.h>
 
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 namespace {
 

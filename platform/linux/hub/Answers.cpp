@@ -1,9 +1,9 @@
-#include "hub/Answers.h"
+#include "Answers.h"
 
 #include <stdexcept>
 
-#include "hub/PlainText.h"
-#include "lib/json/BoundedJson.h"
+#include "PlainText.h"
+#include "json/BoundedJson.h"
 
 namespace hub {
 

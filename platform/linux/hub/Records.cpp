@@ -1,4 +1,4 @@
-#include "hub/Records.h"
+#include "Records.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "hub/Answers.h"
+#include "Answers.h"
 
 namespace hub {
 

@@ -1,13 +1,13 @@
-#include "hub/Session.h"
+#include "Session.h"
 
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
+#include "Fault.h"
+#include "PlainText.h"
+#include "curl/Url.h"
 #include "dlog.h"
-#include "hub/Fault.h"
-#include "hub/PlainText.h"
 #include "kelso_server.h"
-#include "lib/curl/Url.h"
 
 namespace {
 

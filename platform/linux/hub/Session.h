@@ -2,9 +2,9 @@
 // the network. Neither tokens nor names ever reach the log.
 #pragma once
 
-#include "hub/Answers.h"
-#include "lib/curl/Client.h"
-#include "lib/json/BoundedJson.h"
+#include "Answers.h"
+#include "curl/Client.h"
+#include "json/BoundedJson.h"
 
 namespace hub {
 

@@ -3,10 +3,10 @@
 #include <memory>
 #include <new>
 
+#include "Fault.h"
+#include "Records.h"
+#include "Session.h"
 #include "dlog.h"
-#include "hub/Fault.h"
-#include "hub/Records.h"
-#include "hub/Session.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "localdb/Location.h"
+#include "Location.h"
 
 #include <string.h>
 #include <strings.h>

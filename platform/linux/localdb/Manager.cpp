@@ -1,10 +1,10 @@
-#include "localdb/Manager.h"
+#include "Manager.h"
 
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-#include "lib/sqlite/Statement.h"
-#include "localdb/Location.h"
+#include "Location.h"
+#include "sqlite/Statement.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "lib/sqlite/Database.h"
+#include "sqlite/Database.h"
 
 struct vrd_bundle_s {
     std::vector<std::pair<std::string, std::string>> fields;  // each key once

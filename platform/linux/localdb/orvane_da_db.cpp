@@ -4,9 +4,9 @@
 #include <memory>
 #include <new>
 
+#include "Location.h"
+#include "Manager.h"
 #include "dlog.h"
-#include "localdb/Location.h"
-#include "localdb/Manager.h"
 
 namespace {
 

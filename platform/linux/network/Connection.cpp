@@ -5,8 +5,8 @@
 #include <mutex>
 #include <vector>
 
-#include "lib/gio/MainLoopPost.h"
-#include "network/Monitor.h"
+#include "Monitor.h"
+#include "mainloop/MainLoopPost.h"
 
 struct connection_s {
     unsigned long id = 0;

@@ -1,4 +1,4 @@
-#include "network/Links.h"
+#include "Links.h"
 
 #include <dlog.h>
 #include <ifaddrs.h>

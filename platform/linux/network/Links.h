@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 namespace network {
 

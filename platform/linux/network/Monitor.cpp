@@ -1,13 +1,13 @@
-#include "network/Monitor.h"
+#include "Monitor.h"
 
 #include <gio/gio.h>
 
-#include "lib/gio/GPointer.h"
-#include "lib/gio/IoThread.h"
-#include "lib/gio/MainLoopPost.h"
-#include "network/Links.h"
-#include "network/NetworkManager.h"
-#include "network/Route.h"
+#include "Links.h"
+#include "NetworkManager.h"
+#include "Route.h"
+#include "gio/GPointer.h"
+#include "gio/IoThread.h"
+#include "mainloop/MainLoopPost.h"
 
 namespace network {
 

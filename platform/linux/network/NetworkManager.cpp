@@ -1,8 +1,8 @@
-#include "network/NetworkManager.h"
+#include "NetworkManager.h"
 
 #include <utility>
 
-#include "lib/gio/IoThread.h"
+#include "gio/IoThread.h"
 
 namespace network {
 

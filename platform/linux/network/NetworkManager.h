@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 namespace network {
 

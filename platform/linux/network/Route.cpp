@@ -1,11 +1,11 @@
-#include "network/Route.h"
+#include "Route.h"
 
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 
-#include "network/Links.h"
+#include "Links.h"
 
 namespace network {
 

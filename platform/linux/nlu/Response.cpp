@@ -1,8 +1,8 @@
-#include "nlu/Response.h"
+#include "Response.h"
 
 #include <stdexcept>
 
-#include "lib/json/BoundedJson.h"
+#include "json/BoundedJson.h"
 
 namespace nlu {
 

@@ -3,8 +3,8 @@
 #include <cstring>
 #include <memory>
 
+#include "Response.h"
 #include "dlog.h"
-#include "nlu/Response.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "settings/KeyNode.h"
+#include "KeyNode.h"
 
 namespace settings {
 

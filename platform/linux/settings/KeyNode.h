@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 // A value as a subscriber sees it.
 struct keynode_s {

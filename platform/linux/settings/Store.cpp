@@ -1,4 +1,4 @@
-#include "settings/Store.h"
+#include "Store.h"
 
 #include <dlog.h>
 

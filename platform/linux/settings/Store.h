@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "lib/dconf/Client.h"
-#include "settings/Subscriptions.h"
+#include "Subscriptions.h"
+#include "dconf/Client.h"
 
 namespace settings {
 

@@ -1,10 +1,10 @@
-#include "settings/Subscriptions.h"
+#include "Subscriptions.h"
 
 #include <algorithm>
 
-#include "lib/gio/MainLoopPost.h"
-#include "settings/KeyNode.h"
-#include "settings/Store.h"
+#include "KeyNode.h"
+#include "Store.h"
+#include "mainloop/MainLoopPost.h"
 
 namespace settings {
 

@@ -1,8 +1,8 @@
 #include <string.h>
 #include <vconf.h>
 
-#include "settings/KeyNode.h"
-#include "settings/Store.h"
+#include "KeyNode.h"
+#include "Store.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "wakeup/GatedSpotter.h"
+#include "GatedSpotter.h"
 
 namespace wakeup {
 

@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "lib/sphinx/Dither.h"
-#include "lib/sphinx/SpeechGate.h"
-#include "wakeup/Spotter.h"
+#include "Spotter.h"
+#include "speech/Dither.h"
+#include "speech/SpeechGate.h"
 
 namespace wakeup {
 
@@ -24,8 +24,8 @@ private:
     void trimHistory();
 
     const std::unique_ptr<Spotter> mSpotter;
-    sphinx::SpeechGate mGate;
-    sphinx::Dither mDither;
+    speech::SpeechGate mGate;
+    speech::Dither mDither;
     std::vector<int16_t> mPending;  // not handed on yet
     bool mSpeaking = false;
 };

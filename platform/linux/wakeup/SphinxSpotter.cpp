@@ -1,11 +1,11 @@
-#include "wakeup/SphinxSpotter.h"
+#include "SphinxSpotter.h"
 
 #include <algorithm>
 #include <cmath>
 #include <sstream>
 
-#include "lib/sphinx/MemoryFile.h"
-#include "lib/sphinx/Models.h"
+#include "sphinx/MemoryFile.h"
+#include "sphinx/Models.h"
 
 namespace wakeup {
 

@@ -2,10 +2,10 @@
 // against a loop of all phones.
 #pragma once
 
-#include "lib/sphinx/Decoder.h"
-#include "lib/sphinx/MemoryReturn.h"
-#include "wakeup/Spotter.h"
-#include "wakeup/WakeupConfig.h"
+#include "Spotter.h"
+#include "WakeupConfig.h"
+#include "speech/MemoryReturn.h"
+#include "sphinx/Decoder.h"
 
 namespace wakeup {
 
@@ -22,7 +22,7 @@ private:
     std::optional<Detection> detection();
     int confidence(int probability) const;
 
-    const sphinx::MemoryReturn mMemoryReturn;
+    const speech::MemoryReturn mMemoryReturn;
     const std::string mPhrase;
     const double mLogThreshold;
     sphinx::Decoder mDecoder;

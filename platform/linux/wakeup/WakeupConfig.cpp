@@ -1,8 +1,8 @@
-#include "wakeup/WakeupConfig.h"
+#include "WakeupConfig.h"
 
 #include <map>
 
-#include "lib/json/BoundedJson.h"
+#include "json/BoundedJson.h"
 
 namespace wakeup {
 

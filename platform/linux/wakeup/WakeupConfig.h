@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "lib/sphinx/Dictionary.h"
+#include "sphinx/Dictionary.h"
 #include "wakeup_engine.h"
 
 namespace wakeup {

@@ -1,12 +1,12 @@
-#include "wakeup/WakeupContext.h"
+#include "WakeupContext.h"
 
 #include <pthread.h>
 
 #include <fstream>
 
+#include "GatedSpotter.h"
+#include "SphinxSpotter.h"
 #include "dlog.h"
-#include "wakeup/GatedSpotter.h"
-#include "wakeup/SphinxSpotter.h"
 
 namespace wakeup {
 

@@ -11,8 +11,8 @@
 #include <mutex>
 #include <thread>
 
-#include "wakeup/Spotter.h"
-#include "wakeup/WakeupConfig.h"
+#include "Spotter.h"
+#include "WakeupConfig.h"
 #include "wakeup_engine.h"
 
 namespace wakeup {

@@ -1,4 +1,4 @@
-#include "wakeup/WakeupContext.h"
+#include "WakeupContext.h"
 
 namespace nuance {
 

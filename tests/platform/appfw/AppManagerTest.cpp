@@ -12,7 +12,7 @@
 #include "RunningService.h"
 #include "app_control.h"
 #include "app_manager.h"
-#include "lib/gio/Bus.h"
+#include "gio/Bus.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include "OtherApp.h"
 #include "app_event.h"
 #include "appfw/Bundle.h"
-#include "lib/gio/Bus.h"
-#include "lib/gio/IoThread.h"
-#include "lib/gio/MainLoopPost.h"
+#include "gio/Bus.h"
+#include "gio/IoThread.h"
+#include "mainloop/MainLoopPost.h"
 #include "support/MainLoop.h"
 
 namespace {

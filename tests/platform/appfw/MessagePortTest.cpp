@@ -10,7 +10,7 @@
 #include "Program.h"
 #include "appfw/AppId.h"
 #include "appfw/Bundle.h"
-#include "lib/gio/Bus.h"
+#include "gio/Bus.h"
 #include "message_port.h"
 #include "support/MainLoop.h"
 

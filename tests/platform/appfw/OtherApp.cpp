@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include "lib/gio/IoThread.h"
+#include "gio/IoThread.h"
 #include "support/OwnConnection.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/Child.h"
+#include "room/Child.h"
 
 class Program {
 public:

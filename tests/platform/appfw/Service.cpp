@@ -6,7 +6,7 @@
 #include <string>
 
 #include "app_control.h"
-#include "lib/gio/Bus.h"
+#include "gio/Bus.h"
 #include "service_app.h"
 
 namespace {

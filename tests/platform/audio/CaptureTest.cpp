@@ -6,7 +6,7 @@
 #include <future>
 
 #include "Listener.h"
-#include "SoundRoom.h"
+#include "room/SoundRoom.h"
 #include "speech_capture.h"
 
 using namespace std::chrono_literals;

@@ -8,13 +8,13 @@
 #include <string>
 #include <tuple>
 
-#include "Child.h"
-#include "OwnConnection.h"
-#include "PrivateBus.h"
 #include "Reports.h"
-#include "lib/gio/Bus.h"
-#include "lib/gio/IoThread.h"
+#include "gio/Bus.h"
+#include "gio/IoThread.h"
+#include "room/Child.h"
 #include "sound_manager.h"
+#include "support/OwnConnection.h"
+#include "support/PrivateBus.h"
 
 namespace focus {
 

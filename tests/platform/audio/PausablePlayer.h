@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "lib/pulse/Context.h"
-#include "lib/pulse/Operation.h"
+#include "pulse/Context.h"
+#include "pulse/Operation.h"
 
 class PausablePlayer {
 public:

@@ -8,9 +8,9 @@
 #include "FocusRoom.h"
 #include "PausablePlayer.h"
 #include "Reports.h"
-#include "SoundRoom.h"
 #include "StandStill.h"
 #include "Tone.h"
+#include "room/SoundRoom.h"
 #include "sound_manager.h"
 
 using focus::eventually;

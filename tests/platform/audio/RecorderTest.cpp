@@ -9,7 +9,7 @@
 #include "Controller/SRecorderSSE.h"
 #include "FocusRoom.h"
 #include "Listener.h"
-#include "SoundRoom.h"
+#include "room/SoundRoom.h"
 
 using focus::eventually;
 

@@ -5,7 +5,7 @@
 #include <future>
 
 #include "FocusRoom.h"
-#include "audio/FocusReason.h"
+#include "audio/focus/FocusReason.h"
 
 using namespace focus;
 using testing::ElementsAre;

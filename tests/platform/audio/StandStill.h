@@ -4,9 +4,9 @@
 #include <functional>
 #include <future>
 
-#include "SoundRoom.h"
 #include "audio/Playing.h"
 #include "audio/SoundThread.h"
+#include "room/SoundRoom.h"
 
 // What `change` changes is looked at, on the sound thread, while the server does not answer. Returns when it answers
 // again.

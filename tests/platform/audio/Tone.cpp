@@ -4,7 +4,7 @@
 #include <cmath>
 #include <complex>
 
-#include "lib/sndfile/SoundFile.h"
+#include "sndfile/SoundFile.h"
 
 namespace tone {
 

@@ -7,8 +7,8 @@
 
 #include "Listener.h"
 #include "Reports.h"
-#include "SoundRoom.h"
 #include "StandStill.h"
+#include "room/SoundRoom.h"
 #include "sound_manager.h"
 
 using testing::DoubleNear;

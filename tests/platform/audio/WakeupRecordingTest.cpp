@@ -10,7 +10,7 @@
 
 #include "Listener.h"
 #include "audio/SoundThread.h"
-#include "lib/sndfile/SoundFile.h"
+#include "sndfile/SoundFile.h"
 #include "speech_capture.h"
 
 namespace fs = std::filesystem;

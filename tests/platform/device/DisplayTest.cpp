@@ -6,8 +6,8 @@
 #include <atomic>
 #include <stdexcept>
 
-#include "lib/gio/GPointer.h"
-#include "lib/gio/IoThread.h"
+#include "gio/GPointer.h"
+#include "gio/IoThread.h"
 #include "support/OwnConnection.h"
 #include "support/PrivateBus.h"
 

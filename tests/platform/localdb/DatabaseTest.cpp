@@ -6,7 +6,7 @@
 #include <functional>
 
 #include "Support.h"
-#include "lib/sqlite/Database.h"
+#include "sqlite/Database.h"
 
 namespace localdb_test {
 

@@ -13,7 +13,7 @@
 #include <random>
 
 #include "Support.h"
-#include "lib/sqlite/Database.h"
+#include "sqlite/Database.h"
 
 namespace localdb_test {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <thread>
 
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 class ManagerStandIn {
 public:

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ManagerStandIn.h"
-#include "lib/gio/IoThread.h"
+#include "gio/IoThread.h"
 #include "network/Route.h"
 #include "support/MainLoop.h"
 #include "support/PrivateBus.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "lib/gio/IoThread.h"
+#include "gio/IoThread.h"
 #include "support/MainLoop.h"
 #include "support/PrivateBus.h"
 #include "support/PrivateHome.h"

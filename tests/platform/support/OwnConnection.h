@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "lib/gio/GPointer.h"
+#include "gio/GPointer.h"
 
 // Throws std::runtime_error.
 inline gio::Object<GDBusConnection> ownConnection(const std::string& address) {

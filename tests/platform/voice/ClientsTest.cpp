@@ -7,11 +7,11 @@
 #include <atomic>
 
 #include "VoiceRoom.h"
-#include "lib/gio/GPointer.h"
-#include "lib/gio/IoThread.h"
+#include "gio/GPointer.h"
+#include "gio/IoThread.h"
 #include "support/OwnConnection.h"
 #include "support/PrivateBus.h"
-#include "voice/Clients.h"
+#include "voice/manager/Clients.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include <fstream>
 
-#include "lib/sphinx/Models.h"
-#include "voice/Grammar.h"
+#include "sphinx/Models.h"
+#include "voice/recognizer/Grammar.h"
 
 namespace {
 

@@ -282,7 +282,7 @@ TEST(AManager, WithoutAModelReportsAnErrorAndDoesNotBecomeReady) {
     EXPECT_EQ(vc_mgr_prepare(), VC_ERROR_NONE);
     EXPECT_TRUE(room.runUntilEvent("error -904"));
     unsetenv("ORVANE_MODEL_ROOT");
-    EXPECT_EQ(room.errorMessage(), "No speech recogniser");
+    EXPECT_EQ(room.errorMessage(), "No speech recognizer");
     EXPECT_EQ(vc_mgr_start(false), VC_ERROR_INVALID_STATE);
 }
 

@@ -11,9 +11,9 @@
 #include <mutex>
 #include <thread>
 
-#include "support/PrivateBus.h"
 #include "audio_io.h"
-#include "lib/gio/MainLoopPost.h"
+#include "mainloop/MainLoopPost.h"
+#include "support/PrivateBus.h"
 #include "tzplatform_config.h"
 
 namespace {

@@ -1,0 +1,64 @@
+// How far a fade keeps from the straight line between its levels: the mean distance over the time that it may take.
+#include <sound_manager.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <stdexcept>
+
+#include "Util/Sound/VolumeController.h"
+#include "modules/Measures.h"
+
+namespace bench {
+
+namespace {
+
+constexpr int kLoud = 12;
+constexpr int kDucked = 2;
+constexpr double kFadeSeconds = 1;
+constexpr double kWatchdogSeconds = 5;
+constexpr int kFades = 5;
+constexpr useconds_t kLookMicroseconds = 5000;
+
+int level() {
+    int now = -1;
+    sound_manager_get_volume(SOUND_TYPE_MEDIA, &now);
+    return now;
+}
+
+void follow(Figures& figures, const char* name, int from, int to) {
+    double distance = 0;
+    int looks = 0;
+    const double begun = sim::monotonicNow();
+    for (double past = 0; past < kFadeSeconds; past = sim::monotonicNow() - begun) {
+        distance += std::abs(level() - (from + (to - from) * past / kFadeSeconds));
+        ++looks;
+        usleep(kLookMicroseconds);
+    }
+    while (level() != to) {
+        if (sim::monotonicNow() - begun > kWatchdogSeconds) {
+            throw std::runtime_error("a fade does not end");
+        }
+        usleep(kLookMicroseconds);
+    }
+    figures.add(name, distance / looks);
+}
+
+}  // namespace
+
+// Only music that plays is faded.
+void measureFades(sim::Appliance& appliance, Figures& figures) {
+    appliance.launch(sim::kMusic);
+    appliance.await(sim::kMusic, {{"event", "playing"}});
+    Util::VolumeController controller(Util::MediaType::MEDIA);
+    controller.setVolume(kLoud);
+    for (int fade = 0; fade < kFades; ++fade) {
+        if (controller.decreaseVolume(kFadeSeconds) != 1) {
+            throw std::runtime_error("no fade was started");
+        }
+        follow(figures, "fade down error levels", kLoud, kDucked);
+        controller.restoreVolume(kFadeSeconds);
+        follow(figures, "fade up error levels", kDucked, kLoud);
+    }
+}
+
+}  // namespace bench

@@ -1,0 +1,105 @@
+// A message to another process's port until its answer is on the main loop here.
+#include <message_port.h>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+#include "gio/Bus.h"
+#include "modules/MainLoop.h"
+#include "modules/Measures.h"
+
+namespace bench {
+
+namespace {
+
+constexpr char kHere[] = "org.orvane.bench.here";
+constexpr char kThere[] = "org.orvane.bench.there";
+constexpr char kPort[] = "bench";
+constexpr int kMessages = 1000;
+constexpr int kFirstMessages = 50;  // not counted: connections and caches are new
+
+using Message = std::unique_ptr<bundle, std::function<void(bundle*)>>;
+
+Message makeMessage() {
+    Message message(bundle_create(), [](bundle* old) { bundle_free(old); });
+    bundle_add_str(message.get(), "operation", "partialText");
+    bundle_add_str(message.get(), "key_partial_result", "show me the recipe for");
+    bundle_add_str(message.get(), "key_is_final_result", "False");
+    return message;
+}
+
+// To whoever listens at `to`; the answer is wanted at the port of the same name here.
+void send(const char* to, bundle* message, int port) {
+    if (message_port_send_trusted_message_with_local_port(to, kPort, message, port) != MESSAGE_PORT_ERROR_NONE) {
+        throw std::runtime_error("a message cannot be sent");
+    }
+}
+
+int openPort(const char* application, message_port_trusted_message_cb callback, void* data) {
+    const int port = message_port_register_trusted_local_port(kPort, callback, data);
+    gio::Error error;
+    if (port <= 0 || !gio::Bus::session().own(application, error)) {
+        throw std::runtime_error(std::string("no message port for ") + application);
+    }
+    return port;
+}
+
+struct Rounds {
+    Figures& figures;
+    Message message;
+    double sent;
+    int left;
+    bool failed;
+};
+
+void go(Rounds& rounds, int port) noexcept {
+    try {
+        rounds.sent = sim::monotonicNow();
+        send(kThere, rounds.message.get(), port);
+    } catch (const std::exception&) {
+        rounds.failed = true;
+        MainLoop::quit();
+    }
+}
+
+void onAnswer(int port, const char*, const char*, bool, bundle*, void* data) noexcept {
+    auto& rounds = *static_cast<Rounds*>(data);
+    if (rounds.left <= kMessages) {
+        rounds.figures.add("message round trip us", 1e6 * (sim::monotonicNow() - rounds.sent));
+    }
+    if (--rounds.left == 0) {
+        MainLoop::quit();
+    } else {
+        go(rounds, port);
+    }
+}
+
+void onMessage(int port, const char*, const char*, bool, bundle* message, void*) noexcept {
+    message_port_send_trusted_message_with_local_port(kHere, kPort, message, port);
+}
+
+}  // namespace
+
+int sendBack() {
+    MainLoop loop;
+    openPort(kThere, onMessage, nullptr);
+    loop.run("the end");
+    return 0;
+}
+
+void measureMessages(sim::Appliance& appliance, Figures& figures) {
+    MainLoop loop;
+    Rounds rounds{figures, makeMessage(), 0, kMessages + kFirstMessages, false};
+    const int port = openPort(kHere, onAnswer, &rounds);
+    const sim::Process other({"/proc/self/exe", kSendBack}, appliance.folder() / "bench.log");
+    appliance.until("the other process has its port", [&] { return appliance.runs(kThere); });
+    go(rounds, port);
+    loop.run("every message is answered");
+    message_port_unregister_trusted_local_port(port);
+    if (rounds.failed) {
+        throw std::runtime_error("a message cannot be sent");
+    }
+}
+
+}  // namespace bench

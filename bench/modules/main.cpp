@@ -1,0 +1,20 @@
+// bench_rooms FILE [NAME...]: measures the rooms of the platform by themselves.
+#include <string>
+
+#include "lib/Run.h"
+#include "modules/Measures.h"
+
+int main(int count, char** words) {
+    const std::string role = count > 1 ? words[1] : "";
+    if (role == bench::kChangeSettings) {
+        return bench::changeSettings();
+    }
+    if (role == bench::kSendBack) {
+        return bench::sendBack();
+    }
+    return bench::runMeasures(count, words,
+                              {{"settings", bench::measureSettings},
+                               {"messages", bench::measureMessages},
+                               {"fades", bench::measureFades},
+                               {"recognition", bench::measureRecognition}});
+}

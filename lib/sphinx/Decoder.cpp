@@ -1,0 +1,157 @@
+#include "sphinx/Decoder.h"
+
+#include <pocketsphinx.h>
+#include <sphinxbase/err.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <mutex>
+#include <utility>
+
+#include "sphinx/Fsg.h"
+
+namespace sphinx {
+
+namespace {
+
+// The library reports in text only, from whichever thread called it.
+thread_local std::string lastComplaint;
+
+void keepComplaint(void*, err_lvl_t level, const char* format, ...) noexcept {
+    if (level < ERR_ERROR) {
+        return;
+    }
+    char text[512];
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    lastComplaint = text;
+    while (!lastComplaint.empty() && lastComplaint.back() == '\n') {
+        lastComplaint.pop_back();
+    }
+}
+
+[[noreturn]] void fail(const std::string& what) {
+    throw Error(lastComplaint.empty() ? what : what + ": " + lastComplaint);
+}
+
+struct FreeConfig {
+    void operator()(cmd_ln_t* config) const noexcept { cmd_ln_free_r(config); }
+};
+using Config = std::unique_ptr<cmd_ln_t, FreeConfig>;
+
+Config makeConfig(const Options& options) {
+    std::vector<std::string> words{"orvane"};
+    for (const auto& [name, value] : options) {
+        words.push_back("-" + name);
+        words.push_back(value);
+    }
+    std::vector<char*> arguments;
+    for (std::string& word : words) {
+        arguments.push_back(word.data());
+    }
+    Config config(cmd_ln_parse_r(nullptr, ps_args(), static_cast<int>(arguments.size()), arguments.data(), TRUE));
+    if (!config) {
+        fail("bad decoder options");
+    }
+    return config;
+}
+
+void quietLibrary() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        err_set_logfp(nullptr);
+        err_set_callback(keepComplaint, nullptr);
+    });
+}
+
+constexpr char kSearch[] = "orvane";
+
+}  // namespace
+
+void Decoder::Free::operator()(ps_decoder_s* decoder) const noexcept {
+    ps_free(decoder);
+}
+
+Decoder::Decoder(const Options& options) {
+    quietLibrary();
+    lastComplaint.clear();
+    Config config = makeConfig(options);
+    mDecoder.reset(ps_init(config.get()));
+    if (!mDecoder) {
+        fail("the models cannot be read");
+    }
+    if (cmn_t* normaliser = ps_get_feat(mDecoder.get())->cmn_struct) {
+        mInitialMean.resize(static_cast<std::size_t>(normaliser->veclen));
+        cmn_live_get(normaliser, mInitialMean.data());
+    }
+}
+
+Decoder::~Decoder() {
+    // The library leaks what an unfinished utterance holds.
+    if (mRunning) {
+        ps_end_utt(mDecoder.get());
+    }
+}
+
+void Decoder::searchKeyphrases(const std::string& keyphraseFile) {
+    lastComplaint.clear();
+    if (ps_set_kws(mDecoder.get(), kSearch, keyphraseFile.c_str()) < 0 || ps_set_search(mDecoder.get(), kSearch) < 0) {
+        fail("bad key phrase");
+    }
+}
+
+void Decoder::searchGrammar(const Fsg& grammar) {
+    lastComplaint.clear();
+    if (ps_set_fsg(mDecoder.get(), kSearch, grammar.handle()) < 0 || ps_set_search(mDecoder.get(), kSearch) < 0) {
+        fail("bad grammar");
+    }
+}
+
+void Decoder::start() {
+    finish();
+    lastComplaint.clear();
+    if (!mInitialMean.empty()) {
+        cmn_live_set(ps_get_feat(mDecoder.get())->cmn_struct, mInitialMean.data());
+    }
+    if (ps_start_stream(mDecoder.get()) < 0 || ps_start_utt(mDecoder.get()) < 0) {
+        fail("the utterance cannot start");
+    }
+    mRunning = true;
+}
+
+void Decoder::accept(const int16_t* samples, std::size_t count, bool whole) {
+    if (ps_process_raw(mDecoder.get(), samples, count, FALSE, whole ? TRUE : FALSE) < 0) {
+        fail("decoding failed");
+    }
+}
+
+void Decoder::finish() {
+    if (std::exchange(mRunning, false) && ps_end_utt(mDecoder.get()) < 0) {
+        fail("the utterance cannot end");
+    }
+}
+
+std::string Decoder::text() const {
+    const char* text = ps_get_hyp(mDecoder.get(), nullptr);
+    return text ? text : "";
+}
+
+std::vector<Segment> Decoder::segments() const {
+    std::vector<Segment> segments;
+    for (ps_seg_t* it = ps_seg_iter(mDecoder.get()); it; it = ps_seg_next(it)) {
+        Segment segment;
+        segment.word = ps_seg_word(it);
+        ps_seg_frames(it, &segment.firstFrame, &segment.lastFrame);
+        segment.probability = ps_seg_prob(it, nullptr, nullptr, nullptr);
+        segments.push_back(std::move(segment));
+    }
+    return segments;
+}
+
+double Decoder::naturalLog(int probability) const {
+    return logmath_log_to_ln(ps_get_logmath(mDecoder.get()), probability);
+}
+
+}  // namespace sphinx

@@ -1,0 +1,33 @@
+#include "Outage.h"
+
+#include "dlog.h"
+
+namespace audio {
+
+Outage& Outage::capture() {
+    static Outage outage;
+    return outage;
+}
+
+void Outage::began(const std::string& why) {
+    std::lock_guard lock(mMutex);
+    if (!mOut.exchange(true)) {
+        mSince = std::chrono::steady_clock::now();
+        dlog_print(DLOG_WARN, "orvane-audio", "no sound to capture: %s", why.c_str());
+    }
+}
+
+void Outage::end() {
+    std::lock_guard lock(mMutex);
+    if (mOut.exchange(false)) {
+        dlog_print(DLOG_INFO, "orvane-audio", "sound is captured again");
+    }
+}
+
+std::chrono::milliseconds Outage::patience() const {
+    using namespace std::chrono_literals;
+    std::lock_guard lock(mMutex);
+    return mOut && std::chrono::steady_clock::now() - mSince > 2s ? 500ms : 100ms;
+}
+
+}  // namespace audio

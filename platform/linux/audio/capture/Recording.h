@@ -1,0 +1,41 @@
+// A sound file heard as 16-bit frames of the wanted rate and number of channels. Reads piece by piece, whatever the
+// length of the file. One thread.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "CaptureSource.h"
+#include "sndfile/SoundFile.h"
+
+namespace audio {
+
+class Recording {
+public:
+    // Throws std::runtime_error with the reason.
+    Recording(const std::string& path, const Format& format);
+
+    // Behind the end there is nothing to read.
+    void seek(double seconds);
+    // How many frames were read; fewer than asked only at the end.
+    std::size_t read(int16_t* out, std::size_t frames);
+
+private:
+    bool load();
+    void mix(const float* in, std::size_t frames);
+    void forget(int64_t before);
+    float at(int64_t frame, int channel) const;
+    void interpolate(double position, float* out) const;
+
+    sndfile::Reader mFile;
+    const Format mFormat;
+    const double mStep;          // frames of the file for one frame of ours
+    const double mCutoff;        // of the low-pass filter: 1 is half the file's rate
+    std::vector<float> mWindow;  // mixed frames from mFirst on
+    int64_t mFirst = 0;
+    int64_t mEnd = 0;
+    bool mAtEnd = false;
+    double mPosition = 0;  // in frames of the file
+};
+
+}  // namespace audio

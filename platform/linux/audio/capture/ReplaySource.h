@@ -1,0 +1,47 @@
+// Plays a recording in the microphone's place. Works on the reader's thread alone.
+//
+// ORVANE_AUDIO_REPLAY names the file: any rate and any number of channels. ORVANE_AUDIO_REPLAY_PACE is "realtime" (the
+// default) or "fast", as fast as the reader reads. After its end there is a quiet room's noise, in real time, for ever.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+
+#include "CaptureSource.h"
+#include "Recording.h"
+#include "ReplayClock.h"
+
+namespace audio {
+
+class ReplaySource : public CaptureSource {
+public:
+    // Throws std::runtime_error with one line that says what is wrong.
+    explicit ReplaySource(const Format& format);
+
+    bool read(int16_t* samples, std::size_t frames) override;
+    void interrupt() noexcept override;
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void addQuiet(int16_t* samples, std::size_t frames);
+    bool waitUntilHeard();
+    double seconds(int64_t frames) const { return static_cast<double>(frames) / mFormat.rate; }
+
+    const Format mFormat;
+    const bool mFast;
+    std::unique_ptr<Recording> mRecording;  // null after its end
+    std::shared_ptr<ReplayClock> mClock;
+    double mBegan = 0;         // where in the recording this listener began, in seconds
+    int64_t mRead = 0;         // frames since then
+    Clock::time_point mStart;  // when the first of them was heard
+    uint32_t mNoise = 0x2545F491;
+
+    std::mutex mMutex;
+    std::condition_variable mChanged;
+    bool mInterrupted = false;
+};
+
+}  // namespace audio

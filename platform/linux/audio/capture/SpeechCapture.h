@@ -1,0 +1,32 @@
+// The process's one speech capture. It folds the source's channels into one and, when ORVANE_WAKEUP_RECORDINGS names a
+// folder, keeps the last two seconds to be looked at after a wake-up.
+#pragma once
+
+#include <vector>
+
+#include "Capture.h"
+
+namespace audio {
+
+class SpeechCapture {
+public:
+    SpeechCapture(const Format& format, int frames);
+
+    Capture& device() { return mCapture; }
+    // Fills `frames` samples. One reader at a time. Returns audio_io_error_e.
+    int read(int16_t* out, int frames);
+    // Any thread; the file is written on the sound thread.
+    void keepWakeup(int level);
+
+private:
+    void remember(const int16_t* samples, std::size_t count);
+
+    Capture mCapture;
+    const int mMost;
+    std::vector<int16_t> mBlock;
+    std::mutex mMutex;
+    std::vector<int16_t> mLast;  // a ring; empty when nothing is to be kept
+    std::size_t mNext = 0;
+};
+
+}  // namespace audio

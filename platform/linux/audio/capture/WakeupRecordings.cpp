@@ -1,0 +1,68 @@
+#include "WakeupRecordings.h"
+
+#include <sys/time.h>
+#include <time.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "dlog.h"
+#include "sndfile/SoundFile.h"
+
+namespace fs = std::filesystem;
+
+namespace audio {
+
+namespace {
+
+constexpr std::size_t kKept = 50;
+constexpr const char* kPrefix = "wakeup-";
+
+std::string nameOf(int level) {
+    timeval now{};
+    gettimeofday(&now, nullptr);
+    tm local{};
+    localtime_r(&now.tv_sec, &local);
+    char time[32];
+    strftime(time, sizeof time, "%Y%m%d-%H%M%S", &local);
+    char name[96];
+    snprintf(name, sizeof name, "%s%s.%06ld-level%d.wav", kPrefix, time, static_cast<long>(now.tv_usec), level);
+    return name;
+}
+
+void dropOldest(const fs::path& folder) {
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        if (entry.path().filename().string().rfind(kPrefix, 0) == 0 && entry.path().extension() == ".wav") {
+            files.push_back(entry.path());
+        }
+    }
+    std::sort(files.begin(), files.end());
+    for (std::size_t i = 0; i + kKept < files.size(); ++i) {
+        fs::remove(files[i]);
+    }
+}
+
+}  // namespace
+
+std::string wakeupRecordingsFolder() {
+    const char* folder = std::getenv("ORVANE_WAKEUP_RECORDINGS");
+    return folder ? folder : "";
+}
+
+void writeWakeupRecording(const std::vector<int16_t>& samples, int rate, int level) {
+    const fs::path folder = wakeupRecordingsFolder();
+    const fs::path path = folder / nameOf(level);
+    try {
+        fs::create_directories(folder);
+        sndfile::writeWav(path, rate, 1, samples.data(), samples.size());
+        dropOldest(folder);
+    } catch (const std::exception& fault) {
+        dlog_print(DLOG_WARN, "orvane-audio", "the wake-up is not kept in %s: %s", path.c_str(), fault.what());
+        std::error_code ignored;
+        fs::remove(path, ignored);
+    }
+}
+
+}  // namespace audio

@@ -1,0 +1,178 @@
+#include "Focus.h"
+
+#include <algorithm>
+#include <future>
+#include <utility>
+
+#include "FocusReason.h"
+#include "StreamInfo.h"
+#include "audio/SoundThread.h"
+#include "dlog.h"
+#include "gio/IoThread.h"
+
+namespace audio {
+namespace {
+
+constexpr unsigned kAllowReplacement = 1;
+constexpr unsigned kReplace = 2;
+constexpr unsigned kOwner = 1;
+constexpr unsigned kInQueue = 2;
+constexpr unsigned kAlreadyOwner = 4;
+constexpr int kAnswerMs = 1000;
+
+using Then = std::function<void(int)>;
+
+int onIoThread(const std::function<void(Then)>& work) {
+    std::promise<int> code;
+    gio::IoThread::get().post([&] { work([&code](int value) { code.set_value(value); }); });
+    return code.get_future().get();
+}
+
+}  // namespace
+
+Focus& Focus::of(sound_stream_focus_mask_e mask) {
+    // Never destroyed: the bus may still signal while the process ends.
+    static Focus* playback = new Focus(SOUND_STREAM_FOCUS_FOR_PLAYBACK);
+    static Focus* recording = new Focus(SOUND_STREAM_FOCUS_FOR_RECORDING);
+    return mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? *recording : *playback;
+}
+
+Focus::Focus(sound_stream_focus_mask_e mask)
+    : mBus(gio::Bus::session()),
+      mMask(mask),
+      mName(mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? "org.orvane.Focus.Recording" : "org.orvane.Focus.Playback") {
+    mBus.hear("NameAcquired", mName, [this](GVariant*) { nameAcquired(); });
+    mBus.hear("NameLost", mName, [this](GVariant*) { nameLost(); });
+}
+
+int Focus::acquire(sound_stream_info_h stream) {
+    std::lock_guard oneAtATime(mRequests);
+    return onIoThread([&](Then then) { request(stream, std::move(then)); });
+}
+
+int Focus::release(sound_stream_info_h stream) {
+    std::lock_guard oneAtATime(mRequests);
+    return onIoThread([&](Then then) { drop(stream, std::move(then)); });
+}
+
+void Focus::request(sound_stream_info_h stream, Then then) {
+    if (holds(stream)) {
+        return then(SOUND_MANAGER_ERROR_INVALID_STATE);
+    }
+    if (!mBus.isOpen()) {
+        if (!std::exchange(mToldOfNoBus, true)) {
+            dlog_print(DLOG_ERROR, "orvane-sound", "no session bus, so nobody can have the focus");
+        }
+        return then(SOUND_MANAGER_ERROR_INTERNAL);
+    }
+    mRequesting = true;
+    showFocusReason(stream->type);  // who loses the focus asks at once
+    ask("RequestName", g_variant_new("(su)", mName.c_str(), kAllowReplacement | kReplace),
+        [this, stream, then = std::move(then)](unsigned answer) { then(answered(stream, answer)); });
+}
+
+int Focus::answered(sound_stream_info_h stream, unsigned answer) {
+    mRequesting = false;
+    if (answer != kOwner && answer != kAlreadyOwner) {
+        if (mStreams.empty()) {
+            leave();
+        }
+        handOver(std::nullopt);
+        return answer == kInQueue ? SOUND_MANAGER_ERROR_POLICY : SOUND_MANAGER_ERROR_INTERNAL;
+    }
+    if (mHolder != nullptr) {
+        interrupt(stream->type);
+    }
+    forget(stream);
+    mStreams.push_back(stream);
+    mHolder = stream;
+    return SOUND_MANAGER_ERROR_NONE;
+}
+
+void Focus::drop(sound_stream_info_h stream, Then then) {
+    if (std::find(mStreams.begin(), mStreams.end(), stream) == mStreams.end()) {
+        return then(SOUND_MANAGER_ERROR_INVALID_STATE);
+    }
+    forget(stream);
+    if (holds(stream)) {
+        mHolder = nullptr;
+        handOver(stream->type);
+    }
+    if (!mStreams.empty() || !mBus.isOpen()) {
+        return then(SOUND_MANAGER_ERROR_NONE);
+    }
+    leave([then = std::move(then)](unsigned) { then(SOUND_MANAGER_ERROR_NONE); });
+}
+
+void Focus::leave(std::function<void(unsigned)> then) {
+    ask("ReleaseName", g_variant_new("(s)", mName.c_str()), std::move(then));
+}
+
+void Focus::ask(const char* method, GVariant* arguments, std::function<void(unsigned)> then) {
+    mBus.askThen(method, arguments, "(u)", kAnswerMs,
+                 [method, then = std::move(then)](const gio::Variant& result, const std::string& failure) {
+                     unsigned answer = 0;
+                     if (result) {
+                         g_variant_get(result.get(), "(u)", &answer);
+                     } else {
+                         dlog_print(DLOG_ERROR, "orvane-sound", "focus: %s failed: %s", method, failure.c_str());
+                     }
+                     if (then) {
+                         then(answer);
+                     }
+                 });
+}
+
+void Focus::nameAcquired() {
+    mOwned = true;
+    handOver(std::nullopt);
+}
+
+void Focus::nameLost() {
+    mOwned = false;
+    if (mHolder == nullptr) {
+        return;
+    }
+    interrupt(std::nullopt);
+    if (mStreams.empty() && !mRequesting) {
+        leave();  // the bus would give the name back
+    }
+}
+
+// The stream whose turn it is gets the focus, unless one that asks for it now comes before it.
+void Focus::handOver(Reason reason) {
+    if (mOwned && !mRequesting && mHolder == nullptr && !mStreams.empty()) {
+        const auto next = mStreams.back();
+        mHolder = next;
+        showFocusReason(next->type);
+        tell(next, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason);
+    }
+}
+
+void Focus::interrupt(Reason reason) {
+    const sound_stream_info_h stream = mHolder.exchange(nullptr);
+    if (!stream->reacquires) {
+        forget(stream);
+    }
+    tell(stream, SOUND_STREAM_FOCUS_STATE_RELEASED, reason);
+}
+
+void Focus::forget(sound_stream_info_h stream) {
+    mStreams.erase(std::remove(mStreams.begin(), mStreams.end(), stream), mStreams.end());
+}
+
+// The stream itself is kept, which is not called once it is destroyed: another may get its handle then.
+void Focus::tell(sound_stream_info_h handle, sound_stream_focus_state_e state, Reason reason) {
+    SoundThread::get().post([this, stream = streamOf(handle), handle, state, reason] {
+        if (!reason && state == SOUND_STREAM_FOCUS_STATE_RELEASED) {
+            mLostTo = focusReasonOf(mName);
+        }
+        const auto why = reason ? static_cast<sound_stream_focus_change_reason_e>(*reason) : mLostTo;
+        if (stream && stream->callback) {
+            stream->registration.call(
+                [&] { stream->callback(handle, mMask, state, why, SOUND_BEHAVIOR_NONE, nullptr, stream->userData); });
+        }
+    });
+}
+
+}  // namespace audio

@@ -1,0 +1,109 @@
+#include "FocusWatches.h"
+
+#include <utility>
+#include <vector>
+
+#include "RecordingFocusWatch.h"
+#include "audio/SoundEvents.h"
+
+namespace audio {
+
+FocusWatches& FocusWatches::get() {
+    // Never destroyed: the sound thread may still look while the process ends.
+    static FocusWatches* instance = new FocusWatches;
+    return *instance;
+}
+
+FocusWatches::FocusWatches() {
+    SoundEvents::get().playback([this] { return look(); });
+}
+
+int FocusWatches::add(sound_stream_focus_mask_e mask, sound_stream_focus_state_watch_cb callback, void* data) {
+    if ((mask & SOUND_STREAM_FOCUS_FOR_PLAYBACK) != 0) {
+        learn();
+    }
+    if ((mask & SOUND_STREAM_FOCUS_FOR_RECORDING) != 0) {
+        watchRecordingFocus();
+    }
+    auto watch = std::make_shared<Watch>();
+    watch->mask = mask;
+    watch->callback = callback;
+    watch->data = data;
+    std::lock_guard lock(mMutex);
+    mWatches.emplace(++mLastId, std::move(watch));
+    return mLastId;
+}
+
+bool FocusWatches::remove(int id) {
+    std::shared_ptr<Watch> watch;
+    {
+        std::lock_guard lock(mMutex);
+        const auto found = mWatches.find(id);
+        if (found == mWatches.end()) {
+            return false;
+        }
+        watch = found->second;
+        mWatches.erase(found);
+    }
+    watch->registration.end();
+    return true;
+}
+
+// What plays before anybody watches is not a change.
+void FocusWatches::learn() {
+    bool late = false;
+    const auto now = whatPlays(&late);
+    std::lock_guard lock(mMutex);
+    if (!mPlaying && !late) {
+        mPlaying = now.value_or(Playing());
+    }
+}
+
+// Without a server nothing plays; one that is only slow is asked again.
+bool FocusWatches::look() {
+    bool late = false;
+    const Playing now = whatPlays(&late).value_or(Playing());
+    if (late) {
+        return false;
+    }
+    std::optional<Playing> before;
+    {
+        std::lock_guard lock(mMutex);
+        before = std::exchange(mPlaying, now);
+    }
+    if (before) {
+        tellChanges(*before, now);
+    }
+    return true;
+}
+
+void FocusWatches::tellChanges(const Playing& before, const Playing& now) {
+    for (const auto& [reason, name] : before) {
+        if (now.count(reason) == 0) {
+            tell(SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_RELEASED, reason, name);
+        }
+    }
+    for (const auto& [reason, name] : now) {
+        if (before.count(reason) == 0) {
+            tell(SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason, name);
+        }
+    }
+}
+
+void FocusWatches::tell(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+                        sound_stream_focus_change_reason_e reason, const std::string& info) {
+    std::vector<std::pair<int, std::shared_ptr<Watch>>> watches;
+    {
+        std::lock_guard lock(mMutex);
+        watches.assign(mWatches.begin(), mWatches.end());
+    }
+    for (const auto& entry : watches) {
+        const int id = entry.first;
+        Watch& watch = *entry.second;
+        if ((watch.mask & mask) != 0) {
+            watch.registration.call([&] { watch.callback(id, mask, state, reason, info.c_str(), watch.data); });
+        }
+    }
+}
+
+}  // namespace audio

@@ -1,0 +1,25 @@
+#include "voice/Engine.h"
+
+#include "dlog.h"
+
+namespace voice {
+
+std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& commandsPath) {
+    try {
+        auto engine = std::make_shared<Engine>();
+        engine->language = language;
+        const std::string& path = language.commands.empty() ? commandsPath : language.commands;
+        if (!path.empty()) {
+            readCommands(path, engine->commands);
+        }
+        engine->recognizer = makeRecognizer(language, engine->commands);
+        dlog_print(DLOG_INFO, "orvane-voice", "recognises %s", language.id.c_str());
+        return engine;
+    } catch (const std::exception& fault) {
+        dlog_print(DLOG_ERROR, "orvane-voice", "the recognizer for \"%s\" cannot be loaded: %s", language.id.c_str(),
+                   fault.what());
+        return nullptr;
+    }
+}
+
+}  // namespace voice

@@ -1,0 +1,134 @@
+#include "SphinxRecognizer.h"
+
+#include <filesystem>
+
+#include "Grammar.h"
+#include "dlog.h"
+#include "sphinx/MemoryFile.h"
+
+namespace voice {
+
+namespace {
+
+constexpr std::size_t kFrameSamples = 160;
+// A free end is decoded from a little before where the grammar saw it begin.
+constexpr std::size_t kLeadSamples = 5 * kFrameSamples;
+
+sphinx::Options options(const Language& language, const std::string& dictionary) {
+    // Frames must stand for time, so the decoder may not drop silent ones.
+    return {{"hmm", language.acousticModel},
+            {"dict", dictionary},
+            {"cmn", "live"},
+            {"remove_silence", "no"},
+            {"bestpath", "no"}};
+}
+
+std::unique_ptr<sphinx::Decoder> openDictation(const Language& language) {
+    sphinx::Options all = options(language, language.dictionary);
+    all["lm"] = language.languageModel;
+    all["bestpath"] = "yes";
+    return std::make_unique<sphinx::Decoder>(all);
+}
+
+std::string decodeWhole(sphinx::Decoder& decoder, const int16_t* samples, std::size_t count) {
+    decoder.start();
+    decoder.accept(samples, count, true);
+    decoder.finish();
+    return decoder.text();
+}
+
+bool isMark(const std::string& word, char mark) {
+    return !word.empty() && word[0] == mark;
+}
+
+}  // namespace
+
+SphinxRecognizer::SphinxRecognizer(const Language& language, CommandFile& commands)
+    : mLanguage(language),
+      mDecoder(options(language,
+                       sphinx::MemoryFile(sphinx::dictionaryText(soundsOf(commands, language.dictionary))).path())) {
+    mDecoder.searchGrammar(buildGrammar(commands, mDecoder));
+}
+
+void SphinxRecognizer::begin() {
+    mUtterance.clear();
+    mDecoder.start();
+}
+
+void SphinxRecognizer::accept(const int16_t* samples, std::size_t count) {
+    mUtterance.insert(mUtterance.end(), samples, samples + count);
+    int16_t* added = mUtterance.data() + mUtterance.size() - count;
+    mDither.apply(added, count);
+    mDecoder.accept(added, count);
+}
+
+std::string SphinxRecognizer::partial() {
+    std::string words;
+    for (const std::string& word : splitWords(mDecoder.text())) {
+        if (isMark(word, kFreePhone)) {
+            loadDictation();
+            break;
+        }
+        if (!isMark(word, kStrangePhone)) {
+            words += (words.empty() ? "" : " ") + word;
+        }
+    }
+    return words;
+}
+
+std::string SphinxRecognizer::finish() {
+    mDecoder.finish();
+    decodeWhole(mDecoder, mUtterance.data(), mUtterance.size());
+    int freeFromFrame = -1;
+    std::string words = sentence(freeFromFrame);
+    if (freeFromFrame < 0) {
+        return words;
+    }
+    const std::string free = dictate(static_cast<std::size_t>(freeFromFrame) * kFrameSamples);
+    return free.empty() ? "" : words + " " + free;
+}
+
+std::string SphinxRecognizer::sentence(int& freeFromFrame) const {
+    std::string words;
+    for (const std::string& word : splitWords(mDecoder.text())) {
+        if (isMark(word, kStrangePhone)) {
+            return "";
+        }
+        if (!isMark(word, kFreePhone)) {
+            words += (words.empty() ? "" : " ") + word;
+        }
+    }
+    for (const sphinx::Segment& segment : mDecoder.segments()) {
+        if (isMark(segment.word, kFreePhone)) {
+            freeFromFrame = segment.firstFrame;
+            break;
+        }
+    }
+    return words;
+}
+
+void SphinxRecognizer::loadDictation() {
+    std::error_code ignored;
+    if (!mDictation && !mLoading.valid() && std::filesystem::exists(mLanguage.languageModel, ignored)) {
+        mLoading = std::async(std::launch::async, openDictation, mLanguage);
+    }
+}
+
+std::string SphinxRecognizer::dictate(std::size_t fromSample) {
+    loadDictation();
+    if (mLoading.valid()) {
+        mDictation = mLoading.get();
+    }
+    if (!mDictation) {
+        dlog_print(DLOG_WARN, "orvane-voice", "no language model for free speech in %s", mLanguage.id.c_str());
+        return "";
+    }
+    const std::size_t from = fromSample > kLeadSamples ? fromSample - kLeadSamples : 0;
+    return decodeWhole(*mDictation, mUtterance.data() + from, mUtterance.size() - from);
+}
+
+std::unique_ptr<Recognizer> makeRecognizer(const Language& language, CommandFile& commands) {
+    return std::make_unique<SphinxRecognizer>(language, commands);
+}
+
+}  // namespace voice

@@ -16,8 +16,8 @@ namespace OrvaneDA {
 
 namespace {
 
-// Replies carry a plain pointer and may come after the refresher has gone.
-std::mutex liveMutex;
+// A reply carries a plain pointer to its refresher and may come after the refresher's end.
+std::mutex liveMutex;  // guards liveSessions
 std::map<void*, std::weak_ptr<ProfileSession>> liveSessions;
 
 std::shared_ptr<ProfileSession> liveSession(void* refresher) {
@@ -26,7 +26,7 @@ std::shared_ptr<ProfileSession> liveSession(void* refresher) {
     return found == liveSessions.end() ? nullptr : found->second.lock();
 }
 
-// On a worker. The refresher may go meanwhile: it is only the reply's address.
+// On a worker. The refresher may end at any time: here it is only the address that the reply carries.
 void refresh(const std::shared_ptr<ProfileSession>& session, ProfileRefresher* refresher) {
     Util::AppControlData request;
     session->refresh([&] {
@@ -34,7 +34,6 @@ void refresh(const std::shared_ptr<ProfileSession>& session, ProfileRefresher* r
         request.setReplyCallback(ProfileRefresher::appControlReplyCB, refresher);
         Util::AppControl::performAppControl(request);
     });
-    session->end();
 }
 
 }  // namespace
@@ -82,19 +81,15 @@ void ProfileRefresher::updateProfileInfo() {
         LOGD("No network connection.");
         return;
     }
-    if (!mSession->begin()) {
-        return;
-    }
     try {
         std::thread(refresh, mSession, this).detach();
     } catch (const std::exception&) {
-        mSession->end();
         LOGE("Failed to start a refresh");
     }
 }
 
 void ProfileRefresher::resetBundle() {
-    mSession->forgetRecords();
+    mSession->resetBundle();
 }
 
 void ProfileRefresher::appControlReplyCB(app_control_h, app_control_h reply, app_control_result_e result,

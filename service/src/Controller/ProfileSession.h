@@ -1,71 +1,44 @@
+// What the refresh workers of one refresher share. The refresher and each worker own it together, so the last of them
+// closes the hub connection and the database.
+//
+// One mutex guards the state, and one condition variable reports each change of it. The mutex is never held while the
+// hub or the database is called: a worker marks the records as taken, releases the mutex, and works on them alone.
 #pragma once
-
-#include <glib.h>
-#include <kelso_server.h>
-#include <orvane_da_db.h>
 
 #include <condition_variable>
 #include <functional>
 #include <mutex>
-#include <string>
+
+#include "Controller/ProfileRecords.h"
 
 namespace OrvaneDA {
 
-// Credentials for the hub server, as the account service gave them.
-struct Account {
-    std::string guid;
-    std::string accessToken;
-    std::string clientId;
-    std::string serverUri;
-
-    bool isComplete() const;
-};
-
-// The hub server's session, the database and the records of the last refresh.
 class ProfileSession {
 public:
-    ProfileSession();
-    ~ProfileSession() = default;
-    ProfileSession(const ProfileSession&) = delete;
-    ProfileSession& operator=(const ProfileSession&) = delete;
-
-    // The refresher is going: closes hub server and database, now or with the last worker's end. No request is sent
-    // afterwards, and a refresh under way ends with the call that it is at, without storing.
+    // On a worker. Sends the account request, waits for its reply for at most 5 s, then fetches and stores the users.
+    // Several workers may wait for a reply; they fetch one after the other. `requestAccount` must not block.
+    void refresh(const std::function<void()>& requestAccount);
+    // The account service replied; null if it sent no credentials.
+    void answer(const Account* account);
+    // Frees the records; waits for a refresh that is under way.
+    void resetBundle();
+    // Afterwards no request is sent, and a refresh that is under way ends with its current call, without storing.
     void close();
 
-    // Workers. begin() is false when the session is closing.
-    bool begin();
-    void end();
-    // Sends the account request, waits for its answer or 5 s, fetches and stores.
-    void refresh(const std::function<void()>& requestAccount);
-
-    // Frees the records; waits for a refresh that is under way.
-    void forgetRecords();
-
-    // The account service's answer; null when it brought no credentials.
-    void answer(const Account* account);
-
 private:
-    bool send(const std::function<void()>& requestAccount);
-    bool isClosing();
-    bool awaitAnswer(std::unique_lock<std::mutex>& turn);  // false when the session is closing
-    void resetBundle();
-    void collect();
-    bool collectFamily(const char* familyId);
-    void release();
-    Account account();
-    void setAccount(const Account& account);
+    using Lock = std::unique_lock<std::mutex>;
 
-    ks_server_h mHubServer = nullptr;
-    vrd_manager_h mDatabase = nullptr;
-    GList* mBundles = nullptr;  // of vrd_bundle_h
-    std::mutex mMutex;          // held by the worker that refreshes
-    std::condition_variable mAnswered;
-    std::mutex mAccountMutex;  // the answer comes while a worker may look
-    Account mAccount;
-    std::mutex mWorkersMutex;  // guards the two below
-    int mWorkers = 0;
+    void awaitRecords(Lock& lock);
+    void awaitAnswer(Lock& lock);
+    bool isClosing();
+
+    std::mutex mMutex;                 // guards all fields below
+    std::condition_variable mChanged;  // notified at every reply, when the records are free again, and by close()
+    Account mAccount;                  // from the last reply
+    unsigned mAnswers = 0;             // replies so far
     bool mClosing = false;
+    bool mRecordsTaken = false;  // by a worker, which then uses mRecords without the mutex
+    ProfileRecords mRecords;
 };
 
 }  // namespace OrvaneDA

@@ -1,4 +1,4 @@
-/* Requests between applications: an operation, a URI and extras, sent to an application by its id. */
+/* Requests between applications: an operation, a URI, and extras, sent to the application with an id. */
 #pragma once
 
 #include <stdbool.h>
@@ -13,9 +13,9 @@ typedef enum {
     APP_CONTROL_ERROR_NONE = 0,
     APP_CONTROL_ERROR_OUT_OF_MEMORY = -12,
     APP_CONTROL_ERROR_INVALID_PARAMETER = -22,
-    APP_CONTROL_ERROR_APP_NOT_FOUND = -101,     /* no such application installed, or no default handler for the URI */
+    APP_CONTROL_ERROR_APP_NOT_FOUND = -101, /* no such application installed, or no default handler for the URI */
     APP_CONTROL_ERROR_KEY_NOT_FOUND = -102,
-    APP_CONTROL_ERROR_INVALID_DATA_TYPE = -103, /* single value asked of an array, or the reverse */
+    APP_CONTROL_ERROR_INVALID_DATA_TYPE = -103, /* an array where a single value is expected, or the reverse */
     APP_CONTROL_ERROR_LAUNCH_REJECTED = -104,
     APP_CONTROL_ERROR_LAUNCH_FAILED = -105,
     APP_CONTROL_ERROR_TIMED_OUT = -106,
@@ -34,19 +34,20 @@ typedef enum {
 /* Open a URI in the application registered for it. */
 #define APP_CONTROL_OPERATION_VIEW "http://orvane.example/appcontrol/operation/view"
 
-/* Reply to a request, on the main loop. Both handles belong to the platform and end with the call. */
+/* A reply to a request, on the main loop. The platform owns both handles, which are valid during the call. */
 typedef void (*app_control_reply_cb)(app_control_h request, app_control_h reply, app_control_result_e result,
                                      void* user_data);
-/* Return false to end the walk. */
+/* Return false to stop the iteration. */
 typedef bool (*app_control_extra_data_cb)(app_control_h app_control, const char* key, void* user_data);
 
-/* A handle is used by one thread at a time and freed with app_control_destroy. All return app_control_error_e. */
+/* One thread at a time may use a handle. The caller frees it with app_control_destroy. All functions return
+ * app_control_error_e. */
 int app_control_create(app_control_h* app_control);
 int app_control_destroy(app_control_h app_control);
 int app_control_set_app_id(app_control_h app_control, const char* app_id);
 int app_control_set_operation(app_control_h app_control, const char* operation);
 int app_control_set_uri(app_control_h app_control, const char* uri);
-/* The text is the caller's, freed with free(); null when the field was never set. */
+/* The caller frees the text with free(). Null if the field was never set. */
 int app_control_get_app_id(app_control_h app_control, char** app_id);
 int app_control_get_operation(app_control_h app_control, char** operation);
 int app_control_get_uri(app_control_h app_control, char** uri);
@@ -54,18 +55,18 @@ int app_control_get_uri(app_control_h app_control, char** uri);
 /* Inserts or replaces. Values are any bytes that a C string can hold. */
 int app_control_add_extra_data(app_control_h app_control, const char* key, const char* value);
 int app_control_add_extra_data_array(app_control_h app_control, const char* key, const char* value[], int length);
-/* The text is the caller's, freed with free(). */
+/* The caller frees the text with free(). */
 int app_control_get_extra_data(app_control_h app_control, const char* key, char** value);
-/* Each element and the array are the caller's, freed with free(). */
+/* The caller frees each element and the array with free(). */
 int app_control_get_extra_data_array(app_control_h app_control, const char* key, char*** value, int* length);
 int app_control_is_extra_data_array(app_control_h app_control, const char* key, bool* array);
 int app_control_foreach_extra_data(app_control_h app_control, app_control_extra_data_cb callback, void* user_data);
 
-/* Starts the application if it does not run and hands it the request; blocks until it took delivery. With a callback
- * the application may answer once; for one that has no means to, the answer is APP_CONTROL_RESULT_APP_STARTED. An
- * application that is not installed: APP_CONTROL_ERROR_APP_NOT_FOUND, at once. */
+/* Starts the application if it does not run, and blocks until it has received the request. The callback, if any, gets
+ * at most one reply; if the application cannot reply, the platform replies APP_CONTROL_RESULT_APP_STARTED. If the
+ * application is not installed, returns APP_CONTROL_ERROR_APP_NOT_FOUND at once. */
 int app_control_send_launch_request(app_control_h app_control, app_control_reply_cb callback, void* user_data);
-/* Answers a request that this process received. */
+/* Replies to a request that this process received. */
 int app_control_reply_to_launch_request(app_control_h reply, app_control_h request, app_control_result_e result);
 
 #ifdef __cplusplus

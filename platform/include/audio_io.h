@@ -28,15 +28,15 @@ typedef enum {
     AUDIO_IO_ERROR_NOT_SUPPORTED = -803,
 } audio_io_error_e;
 
-/* A handle is used by one thread at a time, except that audio_in_unprepare may end another thread's read. All return
- * audio_io_error_e. */
+/* One thread at a time may use a handle, except that audio_in_unprepare may end another thread's read. All functions
+ * return audio_io_error_e. */
 int audio_in_create(int sample_rate, audio_channel_e channel, audio_sample_type_e type, audio_in_h* input);
 int audio_in_destroy(audio_in_h input);
 int audio_in_set_sound_stream_info(audio_in_h input, sound_stream_info_h stream_info);
-/* Starts and stops capture. */
+/* Start and stop capture. */
 int audio_in_prepare(audio_in_h input);
 int audio_in_unprepare(audio_in_h input);
-/* Blocks until samples arrive. The number of bytes read, at most length; negative audio_io_error_e on failure. */
+/* Blocks until samples arrive. Returns the number of bytes read, at most length, or a negative audio_io_error_e. */
 int audio_in_read(audio_in_h input, void* buffer, unsigned int length);
 
 #ifdef __cplusplus

@@ -1,4 +1,4 @@
-/* Keys, lights and display of the device. Any thread; 0 or a negative error. */
+/* Keys, lights, and display of the device. Any thread. All functions return device_error_e. */
 #pragma once
 
 #include <stdbool.h>
@@ -16,11 +16,11 @@ typedef enum {
 typedef enum {
     DEVICE_ERROR_NONE = 0,
     DEVICE_ERROR_INVALID_PARAMETER = -22,
-    DEVICE_ERROR_NOT_SUPPORTED = -601, /* this machine has no such part */
+    DEVICE_ERROR_NOT_SUPPORTED = -601, /* this device has no such part */
     DEVICE_ERROR_OPERATION_FAILED = -602,
 } device_error_e;
 
-/* Lights or darkens the microphone key. */
+/* Switches the light of the microphone key on or off. */
 int device_touchkey_set_mic_led(bool on);
 int display_change_state(display_state_e state);
 

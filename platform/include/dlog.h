@@ -12,8 +12,8 @@ typedef enum {
     DLOG_ERROR = 6,
 } log_priority;
 
-/* Writes one line under a tag. Any thread; does not block on a reader.
- * Returns the number of bytes written, negative on failure. */
+/* Writes one line with a tag. Any thread; does not wait for a reader of the log.
+ * Returns the number of bytes written, or a negative error. */
 int dlog_print(log_priority priority, const char* tag, const char* format, ...) __attribute__((format(printf, 3, 4)));
 
 #ifdef __cplusplus

@@ -1,4 +1,5 @@
-/* Client of the appliance hub server. Blocks for the network: connecting takes at most 5 s, a request 15 s. */
+/* Client of the hub, the server of the household's profiles. Calls block for the network: at most 5 s to connect and 15
+ * s for a request. */
 #pragma once
 
 #include <glib.h>
@@ -9,20 +10,20 @@ extern "C" {
 
 typedef struct ks_server_s* ks_server_h;
 
-/* Besides these, the status of an HTTP answer that is no success (300 to 599) is an error code of its own. */
+/* An HTTP status that is not a success (300 to 599) is also an error code. */
 enum {
     KS_SERVER_OK = 0,
     KS_SERVER_ERROR_OUT_OF_MEMORY = -12,
     KS_SERVER_ERROR_INVALID_PARAMETER = -22,
     KS_SERVER_ERROR_NOT_SIGNED_IN = -1201,
-    KS_SERVER_ERROR_UNREACHABLE = -1202, /* no such host, refused, or the connection broke */
+    KS_SERVER_ERROR_UNREACHABLE = -1202, /* unknown host, connection refused or broken */
     KS_SERVER_ERROR_TIMED_OUT = -1203,
-    KS_SERVER_ERROR_TLS = -1204,        /* no secure connection, or a certificate that is not trusted */
-    KS_SERVER_ERROR_BAD_ANSWER = -1205, /* not what the hub may answer, or too much of it */
+    KS_SERVER_ERROR_TLS = -1204,        /* no secure connection, or an untrusted certificate */
+    KS_SERVER_ERROR_BAD_ANSWER = -1205, /* not a valid reply of the hub, or too long */
 };
 
-/* Texts are always terminated. Longer names are cut at a character boundary; an id that does not fit is a bad answer,
- * because its beginning could be another's id. */
+/* Every text has a terminator. A name that does not fit is cut at a character boundary. An id that does not fit is
+ * KS_SERVER_ERROR_BAD_ANSWER, because its beginning could be another id. */
 typedef struct {
     char family_name[256];
     char family_id[256];
@@ -33,15 +34,16 @@ typedef struct {
     char user_name[1024];
 } ks_family_user_s;
 
-/* A session is used by one thread at a time. 0, or an error code, which the log explains in one line. */
+/* One thread at a time may use a handle. All functions return KS_SERVER_OK or an error code; the library logs one line
+ * about an error. */
 int ks_server_create(ks_server_h* server);
 int ks_server_destroy(ks_server_h server);
-/* Signs the session in; one that was signed in before is signed out first. `server_uri` is the hub's http or https
- * address. No text may be empty or hold a control character. */
+/* Signs in to the hub, after signing out of the account before, if any. `server_uri` is the hub's http or https
+ * address. No text may be empty or contain a control character. */
 int ks_server_sa_account_set(ks_server_h server, const char* guid, const char* access_token, const char* client_id,
                              const char* server_uri);
-/* Lists of malloc'ed ks_family_s and ks_family_user_s; records and list are the caller's (free, g_slist_free).
- * Untouched on failure; null when there is none. */
+/* Lists of ks_family_s and ks_family_user_s. The caller frees each record with free() and the list with g_slist_free.
+ * Unchanged on failure; null if there are no records. */
 int ks_server_profile_families_get(ks_server_h server, GSList** families);
 int ks_server_profile_families_family_users_get(ks_server_h server, const char* family_id, GSList** users);
 

@@ -18,23 +18,23 @@ typedef enum {
     MESSAGE_PORT_ERROR_IO_ERROR = -303,
 } message_port_error_e;
 
-/* A message, on the main loop. remote_port is null when the sender gave no port to answer to. All arguments belong to
- * the platform and end with the call. */
+/* A message, on the main loop. remote_port is null if the sender has no port to reply to. The platform owns all
+ * arguments, which are valid during the call. */
 typedef void (*message_port_trusted_message_cb)(int trusted_local_port_id, const char* remote_app_id,
                                                 const char* remote_port, bool trusted_remote_port, bundle* message,
                                                 void* user_data);
 
-/* Any thread; blocks for one round trip. */
+/* Any thread. Blocks for one round trip. */
 int message_port_check_trusted_remote_port(const char* remote_app_id, const char* remote_port, bool* exist);
-/* Any thread; returns when the message is on its way. The bundle stays the caller's. */
+/* Any thread. Return once the message is on its way. The caller keeps the bundle. */
 int message_port_send_trusted_message(const char* remote_app_id, const char* remote_port, bundle* message);
 int message_port_send_trusted_message_with_local_port(const char* remote_app_id, const char* remote_port,
                                                       bundle* message, int trusted_local_port_id);
-/* Returns the port's id (1 or more), or a negative message_port_error_e. A name that is registered already keeps its id,
- * and the new callback takes over. */
+/* Returns the port's id (1 or more), or a negative message_port_error_e. For a name that is already registered, returns
+ * the same id and replaces the callback. */
 int message_port_register_trusted_local_port(const char* trusted_local_port, message_port_trusted_message_cb callback,
                                              void* user_data);
-/* On the main loop; after it returns the callback comes no more. */
+/* Main loop only. After it returns, the callback is not called again. */
 int message_port_unregister_trusted_local_port(int trusted_local_port_id);
 
 #ifdef __cplusplus

@@ -25,12 +25,12 @@ typedef enum {
 /* A change of the type, on the main loop. */
 typedef void (*connection_type_changed_cb)(connection_type_e type, void* user_data);
 
-/* May be called before main(). The handle is the caller's, freed with connection_destroy. */
+/* May be called before main(). The caller frees the handle with connection_destroy. */
 int connection_create(connection_h* connection);
 int connection_destroy(connection_h connection);
 /* Any thread. */
 int connection_get_type(connection_h connection, connection_type_e* type);
-/* One callback a handle; on the main loop. */
+/* One callback per handle. Main loop only. */
 int connection_set_type_changed_cb(connection_h connection, connection_type_changed_cb callback, void* user_data);
 int connection_unset_type_changed_cb(connection_h connection);
 

@@ -1,4 +1,4 @@
-/* Local database: named databases whose tables hold records of text fields. */
+/* Local database: named databases with tables, whose records have text fields. */
 #pragma once
 
 #include <glib.h>
@@ -22,24 +22,24 @@ typedef enum {
 /* Kind of a field. */
 enum { VRD_FIELD_TEXT = 1 };
 
-/* One field of a record; the texts end with the call. False ends the walk. */
+/* One field of a record. The texts are valid during the call. Return false to stop the iteration. */
 typedef bool (*vrd_table_cb)(const char* field, int kind, const char* value, void* user_data);
 
-/* A handle may be used by any thread, one at a time. All return vrd_error_e. A name that is no file name of its own
- * (empty, with a slash or a leading dot, over 200 bytes) is an invalid parameter; a broken file is an I/O error. A
- * database that cannot be opened yet has its manager all the same: each use tries again. */
+/* One thread at a time may use a handle. All functions return vrd_error_e. A name must be usable as a file name: not
+ * empty, no slash, no leading dot, at most 200 bytes; any other is VRD_ERROR_INVALID_PARAMETER. A damaged file is
+ * VRD_ERROR_IO_ERROR. vrd_manager_create also succeeds if the database cannot be opened yet: each use tries again. */
 int vrd_manager_create(vrd_manager_h* manager, const char* name);
 int vrd_manager_destroy(vrd_manager_h manager);
-/* Walks the fields of all records, record by record, as they were when the walk began. The callback must not use the
- * manager. */
+/* Iterates over the fields of all records, record by record, as they are when the iteration begins. The callback must
+ * not use the manager. */
 int vrd_manager_foreach_table(vrd_manager_h manager, const char* table, vrd_table_cb callback, void* user_data);
-/* Replaces all records of the database's private table (named like the database) by `bundles` (a list of
- * vrd_bundle_h, which stay the caller's), whole or not at all. */
+/* Replaces all records of the database's private table, which has the database's name, by `bundles`, a list of
+ * vrd_bundle_h that the caller keeps. On failure the table stays as it was. */
 int vrd_manager_private_update(vrd_manager_h manager, GList* bundles);
 
 int vrd_bundle_create(vrd_bundle_h* record);
 int vrd_bundle_destroy(vrd_bundle_h record);
-/* A key that is there already gets the new text. */
+/* Inserts or replaces. */
 int vrd_bundle_add_str(vrd_bundle_h record, const char* key, const char* text);
 
 #ifdef __cplusplus

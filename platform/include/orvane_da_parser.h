@@ -1,4 +1,4 @@
-/* Parser of NLU results. Any thread; a response is used by one thread at a time. */
+/* Parser of NLU results. Any thread; one thread at a time may use a response. */
 #pragma once
 
 #ifdef __cplusplus
@@ -15,19 +15,19 @@ typedef enum {
     VRP_ERROR_NONE = 0,
     VRP_ERROR_OUT_OF_MEMORY = -12,
     VRP_ERROR_INVALID_PARAMETER = -22,
-    VRP_ERROR_NO_DATA = -1001, /* the result has no such part, or one of the wrong type */
+    VRP_ERROR_NO_DATA = -1001, /* the part is missing or has the wrong type */
 } vrp_error_e;
 
-/* Null when the text is no NLU result. The caller's, freed with vrp_response_data_destroy. */
+/* Null if the text is not an NLU result. The caller frees the response with vrp_response_data_destroy. */
 vrp_response_data_s* vrp_response_data_parse(const char* json);
 void vrp_response_data_destroy(vrp_response_data_s* response);
 
-/* Texts: the caller's, freed with free(); null when absent. All return vrp_error_e. */
+/* All getters return vrp_error_e. The caller frees a text with free(); it is null if it is absent. */
 int vrp_response_data_get_action_type(vrp_response_data_s* response, char** action_type);
 int vrp_response_data_get_agent(vrp_response_data_s* response, char** agent);
 int vrp_response_data_get_action_name(vrp_response_data_s* response, char** action_name);
 
-/* Parts: the response's own and end with it; null when absent. */
+/* The response owns its parts, which are valid as long as it is; a part is null if it is absent. */
 int vrp_response_data_get_action_data(vrp_response_data_s* response, vrp_action_data_s** action_data);
 int vrp_launch_apps_action_data_get_launch_apps_data(vrp_action_data_s* action_data, vrp_launch_apps_data_s** data);
 int vrp_launch_apps_data_get_package(vrp_launch_apps_data_s* data, char** package);

@@ -1,4 +1,4 @@
-/* Life cycle of a service application. */
+/* Lifecycle of a service application. */
 #pragma once
 
 #include <stdbool.h>
@@ -9,11 +9,11 @@
 extern "C" {
 #endif
 
-/* Return false to give up: the loop ends without the terminate callback. */
+/* Return false to end the loop, without the terminate callback. */
 typedef bool (*service_app_create_cb)(void* user_data);
-/* The application id has been given up: requests that come now start the service anew. */
+/* At this point the process no longer owns its application id: a request that comes now starts a new process. */
 typedef void (*service_app_terminate_cb)(void* user_data);
-/* The handle belongs to the platform and ends with the call. */
+/* The platform owns the handle, which is valid during the call. */
 typedef void (*service_app_control_cb)(app_control_h app_control, void* user_data);
 
 typedef struct {
@@ -22,7 +22,7 @@ typedef struct {
     service_app_control_cb app_control;
 } service_app_lifecycle_callback_s;
 
-/* Runs the main loop on the calling thread until the platform or a signal ends it; all callbacks come on it.
+/* Runs the main loop on the calling thread until the platform or a signal ends it. The callbacks come on that thread.
  * Returns the process's exit code. */
 int service_app_main(int argc, char** argv, service_app_lifecycle_callback_s* callback, void* user_data);
 

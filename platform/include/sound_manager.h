@@ -14,8 +14,8 @@ typedef enum {
     SOUND_MANAGER_ERROR_OUT_OF_MEMORY = -12,
     SOUND_MANAGER_ERROR_INVALID_PARAMETER = -22,
     SOUND_MANAGER_ERROR_NO_DATA = -61,
-    SOUND_MANAGER_ERROR_INVALID_STATE = -701, /* the focus is already held, or is not */
-    SOUND_MANAGER_ERROR_POLICY = -702,        /* somebody holds the focus and does not give it up */
+    SOUND_MANAGER_ERROR_INVALID_STATE = -701, /* the stream already has the focus, or does not have it */
+    SOUND_MANAGER_ERROR_POLICY = -702,        /* another stream has the focus and keeps it */
     SOUND_MANAGER_ERROR_INTERNAL = -703,      /* the sound server cannot be reached */
 } sound_manager_error_e;
 
@@ -57,28 +57,28 @@ typedef enum {
 
 enum { SOUND_BEHAVIOR_NONE = 0 };
 
-/* The focus named by the mask changed; sound_behavior is SOUND_BEHAVIOR_*, extra_info may be null. */
+/* The stream's focus changed; the mask says which. sound_behavior is SOUND_BEHAVIOR_*; extra_info may be null. */
 typedef void (*sound_stream_focus_state_changed_cb)(sound_stream_info_h stream_info,
                                                     sound_stream_focus_mask_e focus_mask,
                                                     sound_stream_focus_state_e focus_state,
                                                     sound_stream_focus_change_reason_e reason, int sound_behavior,
                                                     const char* extra_info, void* user_data);
-/* Anybody's focus changed. */
+/* The focus of any stream changed, of any application. */
 typedef void (*sound_stream_focus_state_watch_cb)(int id, sound_stream_focus_mask_e focus_mask,
                                                   sound_stream_focus_state_e focus_state,
                                                   sound_stream_focus_change_reason_e reason, const char* extra_info,
                                                   void* user_data);
 typedef void (*sound_manager_volume_changed_cb)(sound_type_e type, unsigned int volume, void* user_data);
 
-/* All functions: any thread but the sound manager's own for destroy, remove and unset, which wait for a running
- * callback; they return sound_manager_error_e. */
+/* Any thread, except that destroy, remove, and unset wait for a running callback and so must not be called on the sound
+ * manager's thread. All functions return sound_manager_error_e. */
 
-/* The handle is the caller's, freed with sound_manager_destroy_stream_information. */
+/* The caller frees the handle with sound_manager_destroy_stream_information. */
 int sound_manager_create_stream_information(sound_stream_type_e stream_type,
                                             sound_stream_focus_state_changed_cb callback, void* user_data,
                                             sound_stream_info_h* stream_info);
 int sound_manager_destroy_stream_information(sound_stream_info_h stream_info);
-/* On: a focus lost to another stream is handed back when that stream releases it. */
+/* true: a stream that loses its focus to another gets it back when the other releases it. */
 int sound_manager_set_focus_reacquisition(sound_stream_info_h stream_info, bool enable);
 /* Either output may be null. */
 int sound_manager_get_focus_state(sound_stream_info_h stream_info, sound_stream_focus_state_e* state_for_playback,
@@ -88,20 +88,20 @@ int sound_manager_acquire_focus(sound_stream_info_h stream_info, sound_stream_fo
 int sound_manager_release_focus(sound_stream_info_h stream_info, sound_stream_focus_mask_e focus_mask,
                                 int sound_behavior, const char* extra_info);
 
-/* Who holds the playback focus. SOUND_MANAGER_ERROR_NO_DATA: nobody. extra_info is the caller's, freed with free(). */
+/* How the holder of the playback focus acquired it; SOUND_MANAGER_ERROR_NO_DATA if no stream has it. The caller frees
+ * extra_info with free(). */
 int sound_manager_get_current_playback_focus(sound_stream_focus_change_reason_e* acquired_by, int* flags,
                                              char** extra_info);
 int sound_manager_add_focus_state_watch_cb(sound_stream_focus_mask_e focus_mask,
                                            sound_stream_focus_state_watch_cb callback, void* user_data, int* id);
 int sound_manager_remove_focus_state_watch_cb(int id);
 
-/* Levels are whole steps from 0 to the type's maximum; a level above it is refused with
- * SOUND_MANAGER_ERROR_INVALID_PARAMETER. */
+/* Levels are steps from 0 to the type's maximum; a level above it is SOUND_MANAGER_ERROR_INVALID_PARAMETER. */
 int sound_manager_get_volume(sound_type_e type, int* volume);
 int sound_manager_set_volume(sound_type_e type, int volume);
-/* Changes by anybody, of every sound type; a level that was not known when the callback was set, because the sound
- * server could not be asked, is a change when it becomes known. Several registrations stand side by side, told apart by
- * their pair of callback and user datum. */
+/* Changes of every sound type, by this application or any other. If the level is unknown when the callback is set,
+ * because the sound server is unavailable, learning it counts as a change. Several registrations may exist; the pair of
+ * callback and user_data identifies one. */
 int sound_manager_set_volume_changed_cb(sound_manager_volume_changed_cb callback, void* user_data);
 int sound_manager_unset_volume_changed_cb(sound_manager_volume_changed_cb callback, void* user_data);
 

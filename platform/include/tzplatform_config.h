@@ -1,4 +1,4 @@
-/* Folders of the platform. */
+/* Directories of the platform. */
 #pragma once
 
 #ifdef __cplusplus
@@ -6,11 +6,11 @@ extern "C" {
 #endif
 
 enum tzplatform_variable {
-    TZPLATFORM_DATA_ROOT = 28, /* where the program's own data (voice/data/...) is installed */
+    TZPLATFORM_DATA_ROOT = 28, /* where the program's data (voice/data/...) is installed */
 };
 
-/* The absolute path of `path` below the folder. May be called before main(), on any thread. The text is the platform's
- * and valid until the thread's next call; null when memory is short. */
+/* The absolute path of `path` in the directory. Any thread; may be called before main(). The platform owns the text,
+ * which is valid until the same thread calls again. Null if memory is short. */
 const char* tzplatform_mkpath(enum tzplatform_variable id, const char* path);
 
 #ifdef __cplusplus

@@ -26,38 +26,38 @@ typedef enum {
 } vc_error_e;
 
 typedef enum {
-    VC_CMD_TYPE_SYSTEM = 4, /* handled by the service that owns the session */
+    VC_CMD_TYPE_SYSTEM = 4, /* carried out by the service that owns the recognition session */
 } vc_cmd_type_e;
 
 typedef enum {
-    VC_CMD_FORMAT_DOMAIN = 5, /* "#" and the name of a domain, not a phrase to be spoken */
+    VC_CMD_FORMAT_DOMAIN = 5, /* "#" and the name of a domain, not a sentence to be spoken */
 } vc_cmd_format_e;
 
-/* A command, and a list of commands with one cursor. A handle is used by one thread at a time. */
+/* A command, and a list of commands with one cursor. One thread at a time may use a handle. */
 typedef struct vc_cmd_s* vc_cmd_h;
 typedef struct vc_cmd_list_s* vc_cmd_list_h;
 
-/* All return vc_error_e. */
+/* All functions return vc_error_e. */
 int vc_cmd_create(vc_cmd_h* command);
 int vc_cmd_destroy(vc_cmd_h command);
 int vc_cmd_set_command(vc_cmd_h command, const char* text);
 int vc_cmd_set_type(vc_cmd_h command, vc_cmd_type_e type);
 int vc_cmd_set_format(vc_cmd_h command, vc_cmd_format_e format);
-/* Process that registered the command; the output is untouched on failure. */
+/* The process that registered the command. Unchanged on failure. */
 int vc_cmd_get_pid(vc_cmd_h command, int* pid);
-/* What the recogniser understood. The text is the caller's, freed with free(); null when there is none. */
+/* What the recognizer understood. The caller frees the text with free(); null if there is none. */
 int vc_cmd_get_nlu_json(vc_cmd_h command, char** json);
 
 int vc_cmd_list_create(vc_cmd_list_h* list);
-/* release_command: destroys the commands in it too. */
+/* release_command: also destroys the commands in the list. */
 int vc_cmd_list_destroy(vc_cmd_list_h list, bool release_command);
 int vc_cmd_list_add(vc_cmd_list_h list, vc_cmd_h command);
-/* Takes the command out of the list; the command itself stays. */
+/* Removes the command from the list without destroying it. */
 int vc_cmd_list_remove(vc_cmd_list_h list, vc_cmd_h command);
-/* VC_ERROR_EMPTY on an empty list; VC_ERROR_ITERATION_END behind the last command. */
+/* VC_ERROR_EMPTY if the list is empty; VC_ERROR_ITERATION_END after the last command. */
 int vc_cmd_list_first(vc_cmd_list_h list);
 int vc_cmd_list_next(vc_cmd_list_h list);
-/* The command stays the list's. */
+/* The list keeps the command. */
 int vc_cmd_list_get_current(vc_cmd_list_h list, vc_cmd_h* command);
 
 #ifdef __cplusplus

@@ -1,4 +1,4 @@
-/* Voice-control manager: the recognition session. All functions on the main loop; all callbacks come on it. */
+/* Voice-control manager: the recognition session. Main loop only; all callbacks come on the main loop. */
 #pragma once
 
 #include "voice_control_common.h"
@@ -22,7 +22,7 @@ typedef enum {
 
 typedef enum {
     VC_RECOGNITION_MODE_STOP_BY_SILENCE = 0,
-    VC_RECOGNITION_MODE_MANUAL = 3, /* the user ends the utterance, by vc_mgr_stop */
+    VC_RECOGNITION_MODE_MANUAL = 3, /* only vc_mgr_stop ends the utterance */
 } vc_recognition_mode_e;
 
 typedef enum {
@@ -36,12 +36,12 @@ typedef enum {
     VC_PRE_RESULT_EVENT_ERROR = 2,
 } vc_pre_result_event_e;
 
-typedef bool (*vc_supported_language_cb)(const char* language, void* user_data); /* false ends the walk */
+typedef bool (*vc_supported_language_cb)(const char* language, void* user_data); /* false stops the iteration */
 typedef void (*vc_state_changed_cb)(vc_state_e previous, vc_state_e current, void* user_data);
 typedef void (*vc_mgr_service_state_changed_cb)(vc_service_state_e previous, vc_service_state_e current,
                                                 void* user_data);
-/* The list belongs to the manager and ends with the call. True: the result was carried out here and goes to no
- * application. */
+/* The manager owns the list, which is valid during the call. Return true if this application has carried out the
+ * result; then no other application gets it. */
 typedef bool (*vc_mgr_all_result_cb)(vc_result_event_e event, vc_cmd_list_h list, const char* result,
                                      const char* message, void* user_data);
 typedef void (*vc_mgr_pre_result_cb)(vc_pre_result_event_e event, const char* text, void* user_data);
@@ -49,10 +49,10 @@ typedef void (*vc_error_cb)(vc_error_e reason, void* user_data);
 typedef void (*vc_mgr_speech_detected_cb)(void* user_data);
 typedef void (*vc_current_language_changed_cb)(const char* previous, const char* current, void* user_data);
 
-/* All return vc_error_e. */
+/* All functions return vc_error_e. */
 int vc_mgr_initialize(void);
 int vc_mgr_deinitialize(void);
-/* Returns at once; VC_STATE_READY comes when the engine can be used. */
+/* Returns at once. The state becomes VC_STATE_READY when the engine can be used. */
 int vc_mgr_prepare(void);
 int vc_mgr_foreach_supported_languages(vc_supported_language_cb callback, void* user_data);
 
@@ -71,23 +71,23 @@ int vc_mgr_unset_speech_detected_cb(void);
 int vc_mgr_set_current_language_changed_cb(vc_current_language_changed_cb callback, void* user_data);
 int vc_mgr_unset_current_language_changed_cb(void);
 
-/* One line that names the product to the engine. */
+/* One line that names the product for the engine. */
 int vc_mgr_set_domain(const char* domain);
 int vc_mgr_set_preloaded_commands_from_file(const char* path);
-/* "Request": "reloadEngine" or "resetSession"; "MediaVolume": the media level as text, 0 to 15; the louder
-   the media, the louder speech must be. */
+/* "Request": "reloadEngine" or "resetSession". "MediaVolume": the volume of media as text, 0 to 15; the higher it is,
+ * the louder speech must be to be recognized. */
 int vc_mgr_set_private_data(const char* key, const char* data);
 int vc_mgr_set_recognition_mode(vc_recognition_mode_e mode);
-/* The list stays the caller's and must live until it is unset. */
+/* The caller keeps the list, which must exist until it is unset. */
 int vc_mgr_set_command_list(vc_cmd_list_h list);
 int vc_mgr_unset_command_list(void);
 
 int vc_mgr_start(bool exclusive_command_option);
 int vc_mgr_stop(void);
 int vc_mgr_cancel(void);
-/* Within the all-result callback: which commands the result goes to. */
+/* Only in the all-result callback: selects the commands that get the result. */
 int vc_mgr_set_selected_results(vc_cmd_list_h list);
-/* Text of the last error. The caller's, freed with free(). */
+/* The text of the last error. The caller frees it with free(). */
 int vc_mgr_get_error_message(char** message);
 
 #ifdef __cplusplus

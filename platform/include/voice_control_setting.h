@@ -1,4 +1,4 @@
-/* Voice-control settings. All functions on the main loop; they return vc_error_e. */
+/* Voice-control settings. Main loop only. All functions return vc_error_e. */
 #pragma once
 
 #include "voice_control_common.h"
@@ -13,10 +13,10 @@ int vc_setting_initialize(void);
 int vc_setting_deinitialize(void);
 int vc_setting_get_enabled(bool* enabled);
 int vc_setting_set_enabled_changed_cb(vc_setting_enabled_changed_cb callback, void* user_data);
-/* The text is the caller's, freed with free(). */
+/* The caller frees the text with free(). */
 int vc_setting_get_language(char** language);
 int vc_setting_set_language(const char* language);
-/* True: the engine's language follows the platform's. */
+/* true: the engine's language follows the platform's. */
 int vc_setting_set_auto_language(bool enable);
 
 #ifdef __cplusplus

@@ -1,25 +1,26 @@
-// Wake-up engine, interface 4.10. The engine runs a thread of its own that pulls audio and calls the listener.
+// Wake engine, interface 4.10. The engine has its own thread, which fetches audio and calls the listener.
 #pragma once
 
 #include <string>
 
 namespace nuance {
 
-// Source of 16-bit PCM at 16 kHz, called by the engine's thread. Every function returns 0 on success.
+// Source of 16-bit PCM at 16 kHz. Called on the engine's thread. Every function returns 0 on success.
 class IWakeupAudioIn {
 public:
     virtual ~IWakeupAudioIn() = default;
-    // Around each period of listening.
+    // Called at the beginning and the end of each listening period.
     virtual int Start() = 0;
     virtual int Stop() = 0;
     virtual int HasData(bool& available) = 0;
-    // May block for audio; null and 0 when there is none to come. A block (size in bytes) goes back by ReturnData.
+    // May block for audio; null and 0 if no more comes. The size is in bytes. The engine returns each block with
+    // ReturnData.
     virtual int FetchData(void*& data, unsigned int& size) = 0;
     virtual int ReturnData(void* data) = 0;
 };
 
-// Told of everything on the engine's thread, except for faults of Initialize, StartListening and CancelListening,
-// which are told on the caller's thread before the call returns.
+// Called on the engine's thread, except that errors and warnings of Initialize, StartListening, and CancelListening
+// come on the caller's thread before the call returns.
 class IWakeupListener {
 public:
     enum Error : int {
@@ -45,7 +46,7 @@ public:
         INVALID_CONFIG_VALUE = 7,
     };
     virtual ~IWakeupListener() = default;
-    // level: confidence, 0 to 100. Listening has ended when this comes.
+    // level: confidence, 0 to 100. The listening period has ended by then.
     virtual void OnWakeup(const std::string& word, int level) = 0;
     virtual void OnCanceled() = 0;
     virtual void OnError(Error code, const std::string& detail) = 0;
@@ -55,17 +56,19 @@ public:
 class IWakeupCtx {
 public:
     static IWakeupCtx* Create();
-    // Ends listening and waits for the engine's thread; no call comes after it. Not from the engine's thread.
+    // Ends the listening period and waits for the engine's thread, which makes no call afterwards. Must not be called
+    // on the engine's thread.
     static void Destroy(IWakeupCtx* ctx);
 
-    // Any thread. The listener and the audio input stay the caller's and must outlive the context or be detached.
+    // Any thread. The caller keeps the listener and the audio input, which must outlive the context or be detached.
     virtual bool Initialize(const std::string& configDirectory, const std::string& configFile) = 0;
     virtual void AttachListener(IWakeupListener* listener) = 0;
-    // Another input, or none, ends a period of listening to the one before. When it returns the engine calls the one
-    // before no more, so it waits for a call in progress: the feed must be closed first, and not from the engine's thread.
+    // Replacing or removing the input ends a listening period with the old one. Waits for a call to the old input that
+    // is in progress, so close the feed first, and do not call this on the engine's thread. After it returns, the
+    // engine no longer calls the old input.
     virtual void AttachAudioIn(IWakeupAudioIn* audioIn) = 0;
     virtual bool IsListening() = 0;
-    // Waits while the listener is told of the end of the period before, unless it is the listener that starts.
+    // Waits for the listener's call at the end of the previous listening period, unless that call starts this one.
     virtual void StartListening() = 0;
     // Returns without waiting for the engine's thread.
     virtual void CancelListening() = 0;

@@ -13,10 +13,10 @@ enum class OrvaneLang : int {
     DE_DE = 4,
     IT_IT = 5,
     FR_FR = 6,
-    RESERVED = 7,  // valid in storage, speaks American English
+    RESERVED = 7,  // valid in storage; the language is American English
 };
 
-// What the product's parts need to know of a language.
+// The names of one language in the product's modules.
 struct Language {
     OrvaneLang lang;
     const char* locale;
@@ -24,10 +24,10 @@ struct Language {
     const char* recognitionModel;  // by which the recognition engine loads it
 };
 
-// American English for a value or a locale that is not listed.
+// American English if the value or the locale is not listed.
 const Language& languageOf(OrvaneLang lang);
 const Language& languageOfLocale(const std::string& locale);
-// The locale itself when it is not listed.
+// The locale itself if it is not listed.
 std::string recognitionModelOf(const std::string& locale);
 
 }  // namespace Util

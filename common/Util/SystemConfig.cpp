@@ -7,36 +7,13 @@
 #include "Util/ConnectionStateListener.h"
 #include "Util/Log.h"
 #include "Util/Text.h"
-#include "Util/VConfStateListener.h"
+#include "Util/VConfKey.h"
 
 namespace Util {
 
 namespace {
 
-namespace VConfKey {
-constexpr char MIC_STATE[] = "db/mic_key/status";
-constexpr char FACTORY_BOOT[] = "db/pwlock/factory_boot";
-constexpr char SETUP_WIZARD[] = "db/pwlock/setup_wizard";
-constexpr char OTN_PROGRESS[] = "memory/refrigerator/OtnProgress";
-constexpr char DEMO_MODE[] = "db/demo_mode";
-constexpr char LANG[] = "db/orvane/setting/lang";
-constexpr char WIDGET_LANG[] = "db/menu_widget/language";
-constexpr char COUNTRY[] = "db/setting/country_code";
-constexpr char REGION[] = "db/setting/region_code";
-constexpr char VOICE_FEEDBACK[] = "db/orvane/setting/voice_feedback";
-constexpr char VOICE_WAKEUP[] = "db/orvane/setting/voice_wakeup";
-constexpr char VOICE_RESPONSE[] = "db/orvane/manager/response";
-constexpr char VOICE_BOS_RESPONSE[] = "db/orvane/manager/bos_response";
-constexpr char WAKEUP_WORD[] = "db/orvane/setting/voice_wakeup_word";
-constexpr char SCREEN_SAVER_TIMEOUT[] = "db/pm/event-ss-wait-time";
-constexpr char LCD_TIMEOUT[] = "db/setting/lcd_backlight_normal";
-constexpr char PM_EXTERNAL_EVENT[] = "memory/pm/event-external";
-}  // namespace VConfKey
-
-// Not a key of the settings store.
-constexpr char CONNECTION_STATE[] = "ConnectionState";
-
-// Left in the output by a failed read: the store's return codes do not tell a missing key from a broken one.
+// The value that a failed read leaves in the output; this alone tells a failure.
 constexpr int UNREAD = -1;
 
 int readInt(const char* key) {
@@ -45,29 +22,30 @@ int readInt(const char* key) {
     return value;
 }
 
-int readInt(const char* key, int otherwise) {
+// The readers below log a failure for the getter that calls them.
+int readInt(const char* key, int otherwise, const Caller& caller = Caller::current()) {
     const int value = readInt(key);
     if (value == UNREAD) {
-        LOGE("Vconf Read Fail : %s", key);
+        LOGE_FOR(caller, "Vconf Read Fail : %s", key);
         return otherwise;
     }
     return value;
 }
 
-bool readBool(const char* key, bool otherwise) {
+bool readBool(const char* key, bool otherwise, const Caller& caller = Caller::current()) {
     int value = UNREAD;
     vconf_get_bool(key, &value);
     if (value == UNREAD) {
-        LOGE("Vconf Read Fail : %s", key);
+        LOGE_FOR(caller, "Vconf Read Fail : %s", key);
         return otherwise;
     }
     return value != 0;
 }
 
-std::string readText(const char* key, const char* otherwise) {
+std::string readText(const char* key, const char* otherwise, const Caller& caller = Caller::current()) {
     const PlatformText text(vconf_get_str(key));
     if (text == nullptr) {
-        LOGE("Vconf Read Fail : %s", key);
+        LOGE_FOR(caller, "Vconf Read Fail : %s", key);
         return otherwise;
     }
     return text.get();
@@ -219,7 +197,7 @@ void SystemConfig::setLcdTimeout(int timeout) {
 }
 
 void SystemConfig::setScreenSaverReset() {
-    // Any value other than the last counts as an external event for power management.
+    // Power management takes any new value for an external event.
     vconf_set_int(VConfKey::PM_EXTERNAL_EVENT, rand() % 100);
     display_change_state(DISPLAY_STATE_NORMAL);
 }
@@ -237,67 +215,6 @@ connection_type_e SystemConfig::getConnectionState() {
     }
     LOGD("net connection state: %d", type);
     return type;
-}
-
-void SystemConfig::addListener(const std::string& key, const std::function<SystemStateListener*()>& create,
-                               const Callback& callback, void* userData) {
-    SystemStateListener*& listener = mListeners[key];
-    if (listener == nullptr) {
-        listener = create();
-    }
-    listener->addCallback(callback, userData);
-}
-
-void SystemConfig::addWidgetLangStateChangedListener(const Callback& callback, void* userData) {
-    addListener(
-        VConfKey::WIDGET_LANG, [this] { return new VConfStateListener(VConfKey::WIDGET_LANG, getWidgetLangStr()); },
-        callback, userData);
-}
-
-void SystemConfig::addConnectionStateChangedListener(const Callback& callback, void* userData) {
-    addListener(
-        CONNECTION_STATE, [this] { return new ConnectionStateListener(getConnectionState()); }, callback, userData);
-}
-
-void SystemConfig::addMicStateChangedListener(const Callback& callback, void* userData) {
-    addListener(
-        VConfKey::MIC_STATE, [this] { return new VConfStateListener(VConfKey::MIC_STATE, getMicState()); }, callback,
-        userData);
-}
-
-// The country and the two switches below start from their converted values, as ints; the first notification is then
-// compared with the field of the key's real type.
-void SystemConfig::addCountryStateChangedListener(const Callback& callback, void* userData) {
-    addListener(
-        VConfKey::COUNTRY, [this] { return new VConfStateListener(VConfKey::COUNTRY, getSystemCountry()); }, callback,
-        userData);
-}
-
-void SystemConfig::addVoiceWakeupWordChangedListener(const Callback& callback, void* userData) {
-    addListener(
-        VConfKey::WAKEUP_WORD,
-        [this] { return new VConfStateListener(VConfKey::WAKEUP_WORD, static_cast<int>(getVoiceWakeupWord())); },
-        callback, userData);
-}
-
-void SystemConfig::addLangStateChangedListener(const Callback& callback, void* userData) {
-    addListener(
-        VConfKey::LANG, [this] { return new VConfStateListener(VConfKey::LANG, static_cast<int>(getOrvaneLang())); },
-        callback, userData);
-}
-
-void SystemConfig::addVoiceWakeupStateChangedListener(const Callback& callback, void* userData) {
-    addListener(
-        VConfKey::VOICE_WAKEUP,
-        [this] { return new VConfStateListener(VConfKey::VOICE_WAKEUP, static_cast<int>(getVoiceWakeupState())); },
-        callback, userData);
-}
-
-void SystemConfig::addVoiceFeedbackStateChangedListener(const Callback& callback, void* userData) {
-    addListener(
-        VConfKey::VOICE_FEEDBACK,
-        [this] { return new VConfStateListener(VConfKey::VOICE_FEEDBACK, static_cast<int>(getVoiceFeedbackState())); },
-        callback, userData);
 }
 
 }  // namespace Util

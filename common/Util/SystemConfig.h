@@ -1,11 +1,9 @@
-// The device's settings, as the service's own enumerations and texts, and the registry of their change listeners.
-// Getters and setters may be called on any thread; registrations and the creation of the instance on the main loop
-// only.
+// The device's settings in the service's own enumerations and texts, and the registry of their change listeners.
+// Any thread may call getters and setters. Only the main loop may create the instance and register listeners.
 #pragma once
 
 #include <net_connection.h>
 
-#include <functional>
 #include <map>
 #include <string>
 
@@ -15,7 +13,7 @@
 
 namespace Util {
 
-// The wake-up word.
+// The wake word.
 enum class OrvaneWUW : int { QUORBIT = 0, VEXAL = 1 };
 
 namespace Country {
@@ -37,13 +35,13 @@ public:
 
     int getMicState();  // 0 off, 1 on
     void setMicState(bool on);
-    // True when the device has left its first-start and demonstration states.
+    // True if the device has left its first-start and demonstration states.
     bool isOutOfBoxing();
 
     OrvaneLang getOrvaneLang();
     void setOrvaneLang(OrvaneLang lang);
-    std::string getLangStr();     // as "en_US"
-    std::string getSHLLangStr();  // as "en-US"
+    std::string getLangStr();     // such as "en_US"
+    std::string getSHLLangStr();  // such as "en-US"
     std::string getWidgetLangStr();
     int getSystemCountry();  // Country::Code
     int getSystemRegion();   // Region::Code
@@ -59,15 +57,15 @@ public:
     OrvaneWUW getVoiceWakeupWord();
     void setVoiceWakeupWord(OrvaneWUW word);
 
-    int getScreenSaverTimeout();  // as stored, -1 when unreadable
-    int getLcdTimeout();          // as stored, -1 when unreadable
+    int getScreenSaverTimeout();  // as stored; -1 on failure
+    int getLcdTimeout();          // as stored; -1 on failure
     void setLcdTimeout(int timeout);
-    // Wakes the display and restarts its idle timing.
+    // Wakes the display and restarts its idle time.
     void setScreenSaverReset();
 
     connection_type_e getConnectionState();
 
-    // The callback comes on the main loop at each real change, until this object is destroyed.
+    // The callback comes on the main loop whenever the value has changed, until this object is destroyed.
     void addWidgetLangStateChangedListener(const Callback& callback, void* userData);
     void addConnectionStateChangedListener(const Callback& callback, void* userData);
     void addMicStateChangedListener(const Callback& callback, void* userData);
@@ -78,10 +76,14 @@ public:
     void addVoiceFeedbackStateChangedListener(const Callback& callback, void* userData);
 
 private:
-    void addListener(const std::string& key, const std::function<SystemStateListener*()>& create,
-                     const Callback& callback, void* userData);
+    void addListener(const char* key, const Callback& callback, void* userData);
 
     std::map<std::string, SystemStateListener*> mListeners;  // owned
 };
+
+// The instance of this process.
+inline SystemConfig& systemConfig() {
+    return *Singleton<SystemConfig>::getInstance();
+}
 
 }  // namespace Util

@@ -1,4 +1,4 @@
-/* Requests between applications: an operation, a URI, and extras, sent to the application with an id. */
+/* Requests between applications: an operation, a URI, and extras, sent to an application by its id. */
 #pragma once
 
 #include <stdbool.h>

@@ -1,5 +1,5 @@
-/* Client of the hub, the server of the household's profiles. Calls block for the network: at most 5 s to connect and 15
- * s for a request. */
+/* Client of the hub, the server of the household's profiles. Calls block for the network: a connection takes at most
+ * 5 s, a request 15 s. */
 #pragma once
 
 #include <glib.h>

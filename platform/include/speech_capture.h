@@ -1,5 +1,4 @@
-/* Speech capture library. A process has one capture stream, which the library owns. All functions return 0 on success.
- */
+/* Speech capture library. It owns the one capture stream of the process. All functions return 0 on success. */
 #pragma once
 
 #include "audio_io.h"

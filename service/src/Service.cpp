@@ -19,12 +19,10 @@ namespace OrvaneDA {
 
 namespace {
 
+using Util::systemConfig;
+
 constexpr int UI_ANSWER_POLLS = 10;
 constexpr useconds_t UI_ANSWER_POLL_US = 100'000;
-
-Util::SystemConfig& config() {
-    return *Util::Singleton<Util::SystemConfig>::getInstance();
-}
 
 }  // namespace
 
@@ -48,23 +46,23 @@ bool Service::onCreate() {
 }
 
 void Service::addListeners() {
-    config().addWidgetLangStateChangedListener([this](void*) { setOrvaneLang(); }, nullptr);
-    config().addLangStateChangedListener([this](void*) { refreshLanguageSet(); }, nullptr);
-    config().addMicStateChangedListener(
+    systemConfig().addWidgetLangStateChangedListener([this](void*) { setOrvaneLang(); }, nullptr);
+    systemConfig().addLangStateChangedListener([this](void*) { refreshLanguageSet(); }, nullptr);
+    systemConfig().addMicStateChangedListener(
         [this](void*) {
-            if (config().getMicState() == 0) {
+            if (systemConfig().getMicState() == 0) {
                 failIfRecognizing(ErrorType::MicOff);
             }
         },
         nullptr);
-    config().addConnectionStateChangedListener(
+    systemConfig().addConnectionStateChangedListener(
         [this](void*) {
-            if (config().getConnectionState() == CONNECTION_TYPE_DISCONNECTED) {
+            if (systemConfig().getConnectionState() == CONNECTION_TYPE_DISCONNECTED) {
                 failIfRecognizing(ErrorType::WifiOff);
             }
         },
         nullptr);
-    config().addVoiceWakeupWordChangedListener([this](void*) { refreshTrigger(); }, nullptr);
+    systemConfig().addVoiceWakeupWordChangedListener([this](void*) { refreshTrigger(); }, nullptr);
 }
 
 bool Service::isRecognizing() const {
@@ -90,7 +88,7 @@ void Service::initModule() {
     initTrigger();
     installCallbacks();
     setOrvaneLang();
-    mVoiceControl->setLanguage(config().getLangStr());
+    mVoiceControl->setLanguage(systemConfig().getLangStr());
     mRecorder->startRecord();
     mTrigger->start();
 }
@@ -143,7 +141,7 @@ void Service::recognitionStateChanged(const ClientState& state) {
 }
 
 void Service::reportState(const ClientState& state, const ErrorType& error) {
-    config().setVoiceResponseState(false);
+    systemConfig().setVoiceResponseState(false);
     sendStateToUI(state, error);
     if (state == ClientState::Ready) {
         waitForUi();
@@ -153,7 +151,7 @@ void Service::reportState(const ClientState& state, const ErrorType& error) {
 // Holds the main loop until the UI shows Ready, so that nothing overtakes what the user sees; gives up after a second.
 void Service::waitForUi() {
     for (int poll = 0; poll < UI_ANSWER_POLLS; ++poll) {
-        if (config().getVoiceResponseState()) {
+        if (systemConfig().getVoiceResponseState()) {
             return;
         }
         usleep(UI_ANSWER_POLL_US);
@@ -190,11 +188,11 @@ void Service::onAppControl(app_control_h& request) {
 
 void Service::startRecognition(VoiceStartMode mode, std::string volume) {
     LOGI("");
-    if (config().getMicState() == 0) {
+    if (systemConfig().getMicState() == 0) {
         sendStateToUI(ClientState::Error, ErrorType::MicOff);
         return;
     }
-    if (config().getConnectionState() == CONNECTION_TYPE_DISCONNECTED) {
+    if (systemConfig().getConnectionState() == CONNECTION_TYPE_DISCONNECTED) {
         sendStateToUI(ClientState::Error, ErrorType::WifiOff);
         return;
     }
@@ -226,11 +224,11 @@ void Service::triggerShot(int level) {
 }
 
 void Service::wakeUi() {
-    if (!config().isOutOfBoxing() || config().getMicState() == 0) {
+    if (!systemConfig().isOutOfBoxing() || systemConfig().getMicState() == 0) {
         return;
     }
-    config().setLcdTimeout(config().getLcdTimeout());
-    config().setScreenSaverReset();
+    systemConfig().setLcdTimeout(systemConfig().getLcdTimeout());
+    systemConfig().setScreenSaverReset();
     Util::AppControl::performAppControl(UiRequests::get().triggerShot);
 }
 

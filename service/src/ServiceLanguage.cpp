@@ -13,10 +13,7 @@ namespace OrvaneDA {
 namespace {
 
 using Util::OrvaneLang;
-
-Util::SystemConfig& config() {
-    return *Util::Singleton<Util::SystemConfig>::getInstance();
-}
+using Util::systemConfig;
 
 OrvaneLang languageOfRegion(int region) {
     switch (region) {
@@ -33,14 +30,15 @@ OrvaneLang languageOfRegion(int region) {
 }  // namespace
 
 void Service::setOrvaneLang() {
-    const std::string locale = config().getWidgetLangStr();
-    config().setOrvaneLang(mVoiceControl->isSupportedLang(locale) ? Util::languageOfLocale(locale).lang
-                                                                  : languageOfRegion(config().getSystemRegion()));
+    const std::string locale = systemConfig().getWidgetLangStr();
+    systemConfig().setOrvaneLang(mVoiceControl->isSupportedLang(locale)
+                                     ? Util::languageOfLocale(locale).lang
+                                     : languageOfRegion(systemConfig().getSystemRegion()));
 }
 
 void Service::refreshLanguageSet() {
     refreshTrigger();
-    mVoiceControl->setLanguage(config().getLangStr());
+    mVoiceControl->setLanguage(systemConfig().getLangStr());
 }
 
 // No audio reaches the trigger that is being replaced.

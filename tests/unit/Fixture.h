@@ -22,7 +22,7 @@ protected:
         Util::Singleton<Util::SystemConfig>::destroy();
         Util::Singleton<Util::SoundStreamWatcher>::destroy();
     }
-    static Util::SystemConfig& config() { return *Util::Singleton<Util::SystemConfig>::getInstance(); }
+    static Util::SystemConfig& config() { return Util::systemConfig(); }
 };
 
 // For tests that send requests: nothing that is still queued reaches the next test.

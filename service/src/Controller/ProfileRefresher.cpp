@@ -9,7 +9,6 @@
 #include "Util/AppControl.h"
 #include "Util/Constants.h"
 #include "Util/Log.h"
-#include "Util/Singleton.h"
 #include "Util/SystemConfig.h"
 
 namespace OrvaneDA {
@@ -77,7 +76,7 @@ void ProfileRefresher::_profile_pushed_cb(const char*, bundle*, void* refresher)
 
 void ProfileRefresher::updateProfileInfo() {
     LOGD("");
-    if (Util::Singleton<Util::SystemConfig>::getInstance()->getConnectionState() == CONNECTION_TYPE_DISCONNECTED) {
+    if (Util::systemConfig().getConnectionState() == CONNECTION_TYPE_DISCONNECTED) {
         LOGD("No network connection.");
         return;
     }

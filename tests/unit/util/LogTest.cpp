@@ -20,6 +20,10 @@ void silent() {
     line = __LINE__ + 1;
     LOGI("");
 }
+bool launch(int result) {
+    line = __LINE__ + 1;
+    return Util::succeededOrLogged(result, "Fail to launch");
+}
 int evaluations = 0;
 int evaluated() {
     return ++evaluations;
@@ -116,6 +120,21 @@ TEST_F(LogTest, ArgumentsAreEvaluatedOnce) {
     evaluations = 0;
     LOGD("%d", evaluated());
     EXPECT_EQ(evaluations, 1);
+}
+
+TEST_F(LogTest, AHelperThatLogsForItsCallerNamesTheCaller) {
+    EXPECT_FALSE(launch(-1));
+    const fake::LogLine logged = fake::platform().logs().at(0);
+    EXPECT_EQ(logged.priority, DLOG_ERROR);
+    EXPECT_EQ(logged.message, "Fail to launch");
+    const std::string at = std::to_string(line);
+    EXPECT_NE(logged.text.find(" LogTest.cpp: launch(" + at + ") > "), std::string::npos);
+    EXPECT_EQ(fake::output().at(0).text, "[launch:" + at + "] Fail to launch\n");
+}
+
+TEST_F(LogTest, ASuccessLogsNothing) {
+    EXPECT_TRUE(launch(0));
+    EXPECT_TRUE(fake::platform().logs().empty());
 }
 
 TEST_F(LogTest, TheVersionIsLoggedFromTheHeaderItself) {

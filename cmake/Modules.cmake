@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # A wrapper of a C library: orvane_wrapper(NAME [SOURCES FILE...] [LIBRARIES TARGET...]) makes lib_NAME, whose headers are
 # included as "NAME/Header.h".
 function(orvane_wrapper name)

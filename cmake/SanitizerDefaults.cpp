@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What every program says to its sanitizers. Only libraries that are not ours are named, each with the reason; what
 // they call back is watched as everything of ours is.
 

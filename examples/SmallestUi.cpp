@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The smallest UI application: answers the wake-up word, prints what the service tells it, and acknowledges Ready.
 // docs/ui-protocol.md says what all of it means. By itself it is built with
 //   g++ -std=c++17 SmallestUi.cpp -o smallest-ui $(pkg-config --cflags --libs gio-2.0 dconf)

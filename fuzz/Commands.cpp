@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The file of sentence templates, and after a zero byte what is said, one sentence a line.
 #include <algorithm>
 #include <sstream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What comes from outside, one entry for each kind. An entry takes any bytes; it must neither crash, nor throw, nor
 // take long, and aborts when the outcome breaks a promise. libFuzzer calls it with what it makes up, tests/fuzz with
 // what is kept in fuzz/corpus and fuzz/regressions.

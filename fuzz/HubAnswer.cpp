@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the hub server answers: JSON; and its address, which another application tells. The first byte says which.
 #include <glib.h>
 

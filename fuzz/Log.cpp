@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The log of everything here: a million lines a minute are made and dropped.
 #include <dlog.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One fuzzer: FUZZ_ENTRY is its entry.
 #include "Entries.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What other applications send over the bus: GVariant bytes that nobody has checked. The first byte says whether they
 // are a request, a reply or the entries of a message.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The result of understanding: JSON. Read as the service reads it.
 #include <cstdlib>
 #include <memory>

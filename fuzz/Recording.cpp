@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A recording that stands in for the microphone, heard for a while in both shapes that the recorder asks for.
 #include "audio/capture/Recording.h"
 

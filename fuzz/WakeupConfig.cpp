@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The wake-up engine's configuration: JSON.
 #include "wakeup/WakeupConfig.h"
 

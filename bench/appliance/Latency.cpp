@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the user waits for: from the engine's call until the UI has its launch request, and from the UI's start request
 // until it is told that recording has begun. Both as the UI sees them.
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How regularly the level file is written while the user speaks.
 #include <appliance/Speech.h>
 #include <poll.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What listening costs, in real time: with the wake-up engine in a silent room and while people talk; without it; and
 // what is resident after that.
 #include <appliance/Speech.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What is measured on a whole appliance. Each starts the service, and stops it again; throws std::runtime_error when
 // something does not happen.
 #pragma once

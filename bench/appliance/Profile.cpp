@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // From the account service's notification until the local database has the household's users, fetched from a hub server
 // over HTTP: 20 families with 10 users each.
 #include <unistd.h>

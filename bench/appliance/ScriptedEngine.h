@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A wake-up engine that hears nothing: it calls when the benchmark tells it to, so that the moment is known.
 //   $BENCH_ENGINE_TAKES_AUDIO yes  its thread takes every block and throws it away
 //   $BENCH_ENGINE_SHOTS            a pipe; each byte is a wake-up, once listening has begun. Recorded as "wake-up call"

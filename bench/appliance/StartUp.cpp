@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // From the start of the program until it listens: the trigger has begun and the microphone is being recorded.
 #include <unistd.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // bench_appliance FILE [NAME...]: measures the real program on a simulated appliance.
 #include "appliance/Measures.h"
 #include "lib/Run.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Samples under the name of what was measured; the report reads the file.
 #pragma once
 

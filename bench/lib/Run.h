@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The frame of a program that measures on a simulated appliance: PROGRAM FILE [NAME...].
 #pragma once
 

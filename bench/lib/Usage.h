@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What another process uses and holds. All throw std::runtime_error when there is no such process.
 #pragma once
 

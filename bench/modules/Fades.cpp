@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How far a fade keeps from the straight line between its levels: the mean distance over the time that it may take.
 #include <sound_manager.h>
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The main loop, while a benchmark lives.
 #pragma once
 

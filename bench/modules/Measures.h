@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What is measured of the rooms by themselves, in the benchmark's own process beside the appliance's buses, settings
 // and sound server. Each throws std::runtime_error when something does not happen.
 #pragma once

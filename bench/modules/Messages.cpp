@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A message to another process's port until its answer is on the main loop here.
 #include <message_port.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How many seconds of spoken commands a second of processor time recognises.
 #include <appliance/Speech.h>
 #include <time.h>

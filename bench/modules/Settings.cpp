@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A settings read, and the way of a change that another process makes until the listener has it on the main loop.
 #include <lib/Settings.h>
 #include <stdlib.h>

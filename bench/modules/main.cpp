@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // bench_rooms FILE [NAME...]: measures the rooms of the platform by themselves.
 #include <string>
 

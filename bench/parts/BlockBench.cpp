@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What one audio block costs from the recorder to the engine, beside the least that its work could cost.
 #include <benchmark/benchmark.h>
 #include <string.h>

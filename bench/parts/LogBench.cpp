@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What one log line costs, beside the same two writes done by hand. Both outputs go to a file that keeps nothing, so
 // that the numbers are the program's own.
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the report shows, in its order, and how high each figure may be.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // All samples of one run, by the name of what they measure.
 #pragma once
 

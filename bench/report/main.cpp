@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // bench_report JSON FILE...: prints the figures of the samples in the files, beside their aims, and writes figures and
 // samples to JSON. A figure above its aim is no failure, one that is missing is.
 #include <sys/utsname.h>

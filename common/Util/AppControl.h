@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Requests to other applications: AppControlData is a plain value, AppControl sends it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A worker thread that takes one queued job a 50 ms cycle, in order. A job's condition runs on the worker; where it
 // returns true, its action follows on the main loop.
 #pragma once

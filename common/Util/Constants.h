@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Strings that several modules share: application ids, operations, extra keys and values, files.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Whole files between memory and disk. Every operation is synchronous, logs its failure once and never throws.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The program's log. Each call writes its message twice: to the system log under the tag "orvane-da-service" with
 // color, kernel thread id, file, function and line, and to standard output with function and line. Any thread; no
 // state, no lock.

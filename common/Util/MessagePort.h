@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Key/value messages to a named port of a running application, over the platform's trusted message ports.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The device's settings in the service's own enumerations and texts, and the registry of their change listeners.
 // Any thread may call getters and setters. Only the main loop may create the instance and register listeners.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Requests over HTTP and HTTPS, one after the other, over connections that are kept between them. Used by one thread at
 // a time; every request blocks until its answer or a limit. Certificates are always checked; an answer that sends
 // elsewhere is an answer like others, so that nobody but the asked host ever gets what is sent.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The process's connection to a message bus, for the rooms on it. Calls block for at most their time-out and may come
 // from any thread; names and objects are served by the IO thread.
 #pragma once

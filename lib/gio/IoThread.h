@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The one thread that serves D-Bus, dconf and the network on a GLib main context of its own (Ecore here cannot run GLib
 // sources). Rooms hand it work by post() or run(); what belongs on the main loop goes back by postToMainLoop().
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // JSON from outside, read with a bound on its nesting and size, so that no text can exhaust the stack or the memory.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Owns one connection to the sound server. Made, used and destroyed under the loop's lock.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Owns PulseAudio's event loop and the thread that runs it. Everything of the library's that belongs to a loop is used
 // under a Lock of that loop; the loop's own callbacks run with it held.
 #pragma once

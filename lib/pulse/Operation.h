@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Owns a request to the sound server that is under way.
 #pragma once
 

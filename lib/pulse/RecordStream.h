@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Owns one stream of captured sound. Made, used and destroyed under the loop's lock.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Owns an open sound file. Not for several threads at once; all operations block on the disk.
 #pragma once
 

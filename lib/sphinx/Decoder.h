@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Owners of PocketSphinx's decoder and of its options. A decoder is used by one thread at a time; two decoders may run
 // on two threads.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Words and how they sound. Only the words in use are handed to a decoder: 13 MB of memory instead of 35.
 #pragma once
 

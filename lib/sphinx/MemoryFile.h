@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A nameless file for text that the decoder reads from a path only.
 #pragma once
 

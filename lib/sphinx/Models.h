@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where acoustic and language models are installed.
 #pragma once
 

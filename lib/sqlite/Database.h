@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One connection to a SQLite database file. Used by one thread at a time.
 #pragma once
 

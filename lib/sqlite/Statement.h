@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One prepared statement. Must end before its database. All of these throw sqlite::Error.
 #pragma once
 

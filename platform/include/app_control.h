@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Requests between applications: an operation, a URI, and extras, sent to an application by its id. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Events that applications and the system announce by name. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Running applications. Any thread. Every call may block for one round trip to the application manager. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Key/value pairs of a message. One thread at a time may use a handle. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Keys, lights, and display of the device. Any thread. All functions return device_error_e. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* System log of the platform. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Client of the hub, the server of the household's profiles. Calls block for the network: a connection takes at most
  * 5 s, a request 15 s. */
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Trusted message ports: key/value messages between running applications of the same user. */
 #pragma once
 

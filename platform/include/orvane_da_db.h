@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Local database: named databases with tables, whose records have text fields. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Parser of NLU results. Any thread; one thread at a time may use a response. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Sound streams, their focus, and the volumes of the sound types. Callbacks come on the sound manager's own thread. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Speech capture library. It owns the one capture stream of the process. All functions return 0 on success. */
 #pragma once
 

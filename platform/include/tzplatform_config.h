@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Directories of the platform. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Settings store: typed values under keys such as "db/mic_key/status". */
 #pragma once
 

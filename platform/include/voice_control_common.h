@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Voice control: errors and commands. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Voice-control manager: the recognition session. Main loop only; all callbacks come on the main loop. */
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /* Voice-control settings. Main loop only. All functions return vc_error_e. */
 #pragma once
 

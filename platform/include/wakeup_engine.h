@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Wake engine, interface 4.10. The engine has its own thread, which fetches audio and calls the listener.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the service tells the UI application of its state. Values are fixed; only the names travel.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The one object that owns every module, reports to the UI application and acts on its requests.
 // Everything runs on the main loop, but for the wake-up callback, which runs on the process-wide async worker.
 #pragma once

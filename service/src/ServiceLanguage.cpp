@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Keeps the assistant's language in step with the device's menu language. The chain runs over the settings store: the
 // menu language writes the assistant's, whose change rebuilds what depends on it; an unchanged value ends the chain.
 #include <mutex>

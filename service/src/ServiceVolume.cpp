@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Publishes the capture level for the UI's level meter.
 #include <string.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A whole appliance of this process's own: buses, settings, a room to speak in, the applications and the service. One a
 // process; everything that it started ends with it. All calls on one thread, the one that made it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What is said to the appliance, and what must come of it.
 #pragma once
 

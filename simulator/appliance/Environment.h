@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The environment of everything that runs on the appliance, and the files that it finds there: buses, activatable
 // applications, the default viewer. Nothing of the person's session is reachable through it.
 #pragma once

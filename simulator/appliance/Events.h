@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What all applications have recorded, as it comes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A folder of this run's own, removed with everything in it.
 #pragma once
 

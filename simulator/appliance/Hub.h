@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The hub server on loopback, with a household that its file describes, and the account that it lets in.
 #pragma once
 

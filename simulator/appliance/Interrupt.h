@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Ctrl-C and SIGTERM end a run where it waits, so that everything that it started ends in order.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The service and the UI meet in files under /tmp with fixed names. In a mount namespace of its own with its own /tmp
 // an appliance meets neither another one nor the person's files.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A child process that ends with its owner, however that ends. Start them on the thread that lives longest.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the sanitizers say of the processes on the appliance, which write it into the logs in its folder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A room without a sound card: what is played into it is what its microphone hears. What the appliance itself plays
 // does not come back through the microphone, as if an echo canceller were perfect.
 #pragma once

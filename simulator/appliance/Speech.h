@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Text and other things as sound. All give the path of a WAV file, 16 kHz mono, and throw std::runtime_error.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Events as lines that a person reads.
 #pragma once
 

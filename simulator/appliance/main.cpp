@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // orvane-appliance: a whole appliance for a while, and its timeline on standard output.
 #include <unistd.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The account service: answers get_service_status with the credentials that $ORVANE_SIM_ACCOUNT holds, a JSON object
 // with guid, access_token, client_id and server_uri that is read for every answer.
 // Orders: behave signed in|signed out|slow|silent|failing: how it answers from now on (at first signed in); delay

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The morning briefing: writes into the database "Morning Brief" whether it plays. Launched it plays, closed or ordered
 // to it stops. Orders: play, stop, write TEXT (as the state, whatever it means).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Turns the music down while the assistant listens, by the program $ORVANE_SIM_DUCKER that reads orders line by line;
 // without one the music plays on. What it says is recorded (fade). It ends with its input, however this process ends.
 #pragma once

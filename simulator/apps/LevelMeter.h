@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The level of what the assistant hears, from its file: each change as it comes (level), and after a recording how many
 // there were and how far apart (levels: changes, period and longest gap in milliseconds).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Plays a tune on the loudspeaker from its launch until it is closed, as a sound of the role "music", and records when
 // it plays (playing, paused) and how loud the loudspeaker is (volume: percent). Orders: play, pause.
 #pragma once

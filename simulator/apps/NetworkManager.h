@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Stands for NetworkManager on the system bus, with one connection that can be pulled: Do("network", "ethernet" |
 // "wifi" | "none").
 #pragma once

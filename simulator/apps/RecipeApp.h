@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A recipe application: takes the service's recipe results and records them.
 #pragma once
 

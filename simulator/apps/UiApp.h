@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The assistant's UI without a screen: what a person would see is in its record.
 //   state           every state and error it was told
 //   partial         text while the person speaks, from the port "partial"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The browser: takes addresses as a desktop application does and records them.
 #pragma once
 

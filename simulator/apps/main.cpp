@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One program for all simulated applications: orvane-sim-app ROLE ID. The bus starts it.
 #include <cstdio>
 #include <exception>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // orvane-volume-fade: fades the media volume as standard input says, a line each, and draws the level as it moves:
 //   decrease SECONDS    down, when something plays
 //   restore SECONDS     back to the user's level

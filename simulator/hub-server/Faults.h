@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the hub does instead of a plain answer, as the household's file tells it.
 #pragma once
 

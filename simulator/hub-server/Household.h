@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the hub knows and how it misbehaves, from a JSON file that is looked at before every request:
 //   {"account":  {"guid": "g", "client_id": "c", "access_token": "t"},
 //    "families": [{"id": "f1", "name": "Home", "users": [{"id": "u1", "name": "Ann"}]}],

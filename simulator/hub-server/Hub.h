@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The hub itself: signs in and answers. Any thread.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What HTTP carries, as far as a hub needs it: one request after the other on a connection.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Listens on loopback. One thread accepts, one more serves each connection; both end with the server.
 #pragma once
 

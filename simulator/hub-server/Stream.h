@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One connection, plain or secured. Used by one thread, but for interrupt().
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // orvane-sim-hub HOUSEHOLD [--port N] [--certificate PEM --key PEM]: prints "port N" when it listens and ends with
 // SIGTERM or SIGINT. Its record is "hub".
 #include <signal.h>

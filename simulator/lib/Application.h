@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One application of the appliance on the session bus: answers requests under its id, keeps a record of them, ends when
 // it is asked to close. Everything runs on the thread that calls run().
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A connection to a message bus, and what applications say over it. All on the thread of the default main context.
 #pragma once
 

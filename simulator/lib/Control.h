@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // org.orvane.sim.Control1: orders to a simulated application itself, as tests give them.
 #pragma once
 

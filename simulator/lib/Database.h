@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A named local database of the appliance, as docs/local-database.md describes its file.
 #pragma once
 

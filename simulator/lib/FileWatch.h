@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Tells on the main loop each time that a file has been rewritten, also one that is not there yet.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Something to be done by the main loop, once.
 #pragma once
 

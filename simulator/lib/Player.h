@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A sound that plays without end on the default loudspeaker, and that loudspeaker's volume. Everything on the thread of
 // the default main context. When the sound server goes away the player waits for it and plays on.
 #pragma once

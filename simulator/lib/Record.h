@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An application's record of what happened to it: one JSON object a line, written at once, in
 // $ORVANE_SIM_RECORDS/<id>.jsonl. Every line has "at" (CLOCK_MONOTONIC, seconds, comparable between processes), "wall"
 // (Unix time), "app" and "event".

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The appliance's settings: keys as in "db/mic_key/status". Writes return when the store has them.
 #pragma once
 

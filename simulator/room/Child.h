@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Owns a child process, which ends with this object and also when this process dies.
 #pragma once
 

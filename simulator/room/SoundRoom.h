@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A room with a loudspeaker and a microphone that hears it, made of a private PulseAudio without a sound card. Its
 // files are in a folder of its own under /tmp; nothing of the person's sound server is touched.
 #pragma once

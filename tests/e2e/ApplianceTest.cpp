@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The simulated appliance by itself, before anyone listens to it.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Speech in, an application out.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The applications beside the service that answer, play and write, each by itself.
 #include <gtest/gtest.h>
 

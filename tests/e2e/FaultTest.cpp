@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What goes wrong around a request, and what the UI is told then.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Someone in front of an appliance on which the service listens.
 #pragma once
 

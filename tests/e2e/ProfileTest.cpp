@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The household's users: from the account service and the hub into the local database.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Reports of the sanitizers cannot be overlooked.
 #include "appliance/Reports.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // To whom a command goes.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What script/run hands its options to, as somebody at a terminal meets it.
 #include <fcntl.h>
 #include <gmock/gmock.h>

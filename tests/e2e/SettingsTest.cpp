@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The service follows the settings while it runs.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The example of docs/ui-protocol.md in the place of the appliance's own UI.
 #include <cstdlib>
 #include <fstream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the UI gets while a person speaks: words, the start of speech, the level.
 #include <gtest/gtest.h>
 

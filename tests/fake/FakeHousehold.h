@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Hub server and local database.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Bundles, message ports and events.
 #include "fake/FakeMessages.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Settings store, network connection and device.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Sound manager and both audio inputs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Voice-control manager, its settings and commands.
 #pragma once
 

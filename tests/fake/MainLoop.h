@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Ecore's timers and thread-safe calls on a virtual clock. The test's thread is the main loop: time passes only in
 // advance(), posted calls run only in runPosted() or advance(). Timers and posted calls are recorded on the platform.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The scripted platform: records every call that the product makes across the seam (what, in which order, with which
 // arguments, on which thread) and answers as the test tells it. One a process; reset() between tests.
 // Any thread may call in; a test reads on its own thread, which counts as the main loop's.

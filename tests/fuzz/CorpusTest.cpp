@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the fuzzers hold on to, tried with the ordinary compiler: what once crashed (fuzz/regressions), and what reaches
 // far into the code (fuzz/corpus). An entry ends the process when a promise is broken.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Requests of every kind, one after the other, with faults at random moments. Each must end as it may, and the service
 // must answer afterwards.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // orvane-soak: a long time on a simulated appliance. Exit 0 when every request ended as it may and nothing grew.
 #include <unistd.h>
 

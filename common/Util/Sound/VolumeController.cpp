@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The main loop and others call the public operations; the sound manager's thread reports changes; one fader thread at
 // a time moves the device's level and takes no lock of the operations, which may wait for it to end.
 #include "Util/Sound/VolumeController.h"

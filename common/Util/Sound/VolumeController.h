@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The volume of one sound type: get, set, step, mute, and a fade down while the assistant listens or speaks with a fade
 // back afterwards. While ducked, the user's own changes are remembered and applied by the restore.
 // Public operations: any thread. The platform reports changes on its own thread; each fade runs on a fader thread.

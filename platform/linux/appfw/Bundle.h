@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a bundle is, and how it travels: a(ayay).
 #pragma once
 

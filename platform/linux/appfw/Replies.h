@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Requests that this process sent and that wait for a reply. The IO thread takes replies in; callbacks run on the main
 // loop.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What an app_control_h is, and how it travels. docs/dbus.md has the wire form.
 #pragma once
 

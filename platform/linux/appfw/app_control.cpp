@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Requests between applications, over D-Bus.
 #include "app_control.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Events of other applications: D-Bus signals, believed only of the connection that owns the application id.
 #include "app_event.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Running applications: those whose id has an owner on the bus.
 #include "app_manager.h"
 

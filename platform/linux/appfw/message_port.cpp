@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Trusted message ports. Messages arrive on the IO thread, where the bus is asked who sends; callbacks run on the main
 // loop.
 #include "message_port.h"

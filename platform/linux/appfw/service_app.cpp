@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Life cycle of the service: D-Bus calls arrive on the IO thread and are queued for the main loop, which a signal or
 // Close ends.
 #include "service_app.h"

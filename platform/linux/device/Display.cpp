@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The display: the desktop's screen saver on the session bus wakes it, where one runs.
 #include <device.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The microphone key's light: the machine's microphone LED, where it has one. A desktop's lights up when muted.
 #include <device.h>
 #include <stdlib.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The data root: ORVANE_DATA_ROOT, else share/orvane-da beside the program's own folder, else the source tree's.
 #include <stdlib.h>
 #include <tzplatform_config.h>

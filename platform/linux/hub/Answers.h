@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The hub's JSON, as docs/hub-http.md describes it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Lists of fixed-size records that are handed out to C.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A session with the hub server, over HTTP as docs/hub-http.md describes it. Every call but the constructor blocks for
 // the network. Neither tokens nor names ever reach the log.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where databases lie: ORVANE_DB_DIR, else $XDG_DATA_HOME/orvane-da/db, one file a database, NAME.db.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One named database. Any number of processes read and write it: readers see the state before or after an update and
 // never wait for a writer; writers wait for each other.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The system log: the journal where it listens, standard error otherwise; ORVANE_LOG=journal, stderr or off chooses.
 #include <dlog.h>
 #include <stdarg.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <net_connection.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The kind of connection of the machine: what NetworkManager says where it runs, the default route otherwise.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An NLU result taken apart. docs/understanding.md shows the JSON.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Who wants to know of which key. Changes come on the I/O thread and are told on the main loop; a subscription that
 // ends before its posted call runs is not called.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Wakes the spotter behind it only while somebody speaks, handing it the last moments before as well, so that a quiet
 // room costs next to nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // PocketSphinx's keyphrase search behind the spotter's interface: the phrase, said in any of its pronunciations,
 // against a loop of all phones.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A keyword spotter: what an engine must offer to listen for the wake-up word. Used by one thread at a time. Adding
 // one: a class of this interface and a line in SphinxSpotter.cpp's place in WakeupContext::Initialize.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What vocon_config.json says about one wake-up word.
 #pragma once
 

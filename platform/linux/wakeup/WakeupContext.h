@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The wake-up engine's context and its thread.
 //
 // The thread sleeps until a period of listening is wanted, pulls blocks from the audio input, hands them to the spotter

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Keeps the local list of the household's users current: asks the account service for credentials, fetches families and
 // users from the hub server, and stores the users for other applications.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the refresh workers of one refresher share. The refresher and each worker own it together, so the last of them
 // closes the hub connection and the database.
 //

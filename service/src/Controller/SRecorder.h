@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The microphone recorder: holds the recording focus, reads 16 kHz mono S16 blocks on a read thread, measures each
 // block's level and hands every enabled listener a copy of its own. A back end fills in the device operations.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Controller/VoiceControl.h"
 
 #include <voice_control_setting.h>

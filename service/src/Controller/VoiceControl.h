@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The session with the platform's voice-control manager: engine and language, start, stop and cancel of a recognition
 // under a time-out, and the way from the manager's callbacks to the service's reports. Main loop only.
 #pragma once

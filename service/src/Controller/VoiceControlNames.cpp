@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <voice_control_common.h>
 
 #include "Controller/VoiceControl.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the service itself does with a final result: nothing, cancel, launch an application, open a web search, or leave
 // a recipe command to one recipe application. The UI reads the rest from the result file.
 #include <app_manager.h>

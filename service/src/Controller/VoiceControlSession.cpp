@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Opening and closing the session with the voice-control manager, and the list of commands that the service handles
 // itself.
 #include <tzplatform_config.h>

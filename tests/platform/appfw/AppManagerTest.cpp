@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Running applications, and those that the bus starts.
 #include <gtest/gtest.h>
 #include <unistd.h>

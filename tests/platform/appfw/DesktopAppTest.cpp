@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Applications that are known by their desktop file only.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

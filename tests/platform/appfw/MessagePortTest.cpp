@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Message ports, between this process and itself through the real bus, and with a stranger.
 #include <gtest/gtest.h>
 #include <unistd.h>

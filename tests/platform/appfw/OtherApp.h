@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Another application, with a connection of its own to the tests' bus.
 #pragma once
 

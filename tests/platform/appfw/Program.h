@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A program of its own process, whose output a test reads line by line.
 #pragma once
 

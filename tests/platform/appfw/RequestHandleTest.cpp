@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a request holds before it is sent.
 #include <gtest/gtest.h>
 

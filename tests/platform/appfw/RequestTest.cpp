@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Requests between the service and other applications, and their replies.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Prints what the platform tells a service, one line each; asks other applications, and answers, as it is told.
 #include <Ecore.h>
 

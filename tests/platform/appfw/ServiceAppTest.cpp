@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The service's life.
 #include <gtest/gtest.h>
 #include <signal.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Looks for a port, sends to it, and prints both codes.
 #include <cstdio>
 #include <memory>

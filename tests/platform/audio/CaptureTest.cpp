@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Capture from a real sound server in a room without a sound card.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

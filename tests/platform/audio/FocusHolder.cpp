@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Takes the recording focus for a stream of the type given and keeps it until the process is ended; says so when it
 // cannot.
 #include <stdio.h>

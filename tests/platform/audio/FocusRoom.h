@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the tests of the recording focus share: a bus of their own, streams, and rivals for the focus.
 #pragma once
 

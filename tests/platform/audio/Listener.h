@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Reads the microphone as the recorder does, block by block.
 #pragma once
 

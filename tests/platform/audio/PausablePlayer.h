@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A player of the sound server's that can be paused.
 #pragma once
 

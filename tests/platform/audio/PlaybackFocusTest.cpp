@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The playback focus, as streams that really play show it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

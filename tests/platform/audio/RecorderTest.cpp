@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The service's recorder on the real microphone and the real focus.
 #include <gtest/gtest.h>
 #include <stdlib.h>

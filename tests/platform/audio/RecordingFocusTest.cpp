@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The recording focus, on a real bus and against other processes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

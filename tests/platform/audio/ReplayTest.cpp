@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A recording in the microphone's place.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What callbacks have told a test, in their order, and on which thread.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A sound server that stands still just when it has told of a change.
 #pragma once
 

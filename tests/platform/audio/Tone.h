@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Tones for tests of sound: made, and looked for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The volumes of the sound types on a real sound server.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

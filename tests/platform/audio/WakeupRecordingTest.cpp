@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sound that led to a wake-up, kept for those who tune the wake-up word.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

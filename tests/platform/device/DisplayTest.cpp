@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The display, woken through a desktop's screen saver on a bus of the tests' own.
 #include <device.h>
 #include <gio/gio.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the room reads out of an answer's text.
 #include "hub/Answers.h"
 

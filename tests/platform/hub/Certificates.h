@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Certificates made for one test, as PEM files.
 #pragma once
 

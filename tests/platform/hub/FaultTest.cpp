@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A hub that misbehaves, is not there, or comes back.
 #include <gmock/gmock.h>
 

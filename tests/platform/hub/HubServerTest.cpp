@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The simulated hub itself, spoken to over its socket with what no client of ours would say.
 #include <arpa/inet.h>
 #include <gmock/gmock.h>

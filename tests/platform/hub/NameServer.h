@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // This program looks up names that end in ".invalid" by itself, whatever the machine's name servers do: there are none.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A whole refresh of the profiles on a real hub server and a real database.
 #include <gmock/gmock.h>
 

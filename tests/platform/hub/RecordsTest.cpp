@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How texts of any length fit into records of fixed size.
 #include "hub/Records.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Signing in, families and users.
 #include <gmock/gmock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A hub server inside the test, with a household of the test's own, and the room's records as plain lists.
 #pragma once
 

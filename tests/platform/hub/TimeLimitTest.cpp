@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Hubs that let one wait: with limits much shorter than the room's own.
 #include <arpa/inet.h>
 #include <gmock/gmock.h>

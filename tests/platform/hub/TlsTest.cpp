@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Whose certificate is trusted.
 #include <gmock/gmock.h>
 #include <openssl/ssl.h>

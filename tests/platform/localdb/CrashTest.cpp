@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An update that the process does not live to finish.
 #include <signal.h>
 #include <time.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Broken files, full disks, media that cannot be written.
 #include <fcntl.h>
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Several processes on one database.
 #include <sys/mman.h>
 

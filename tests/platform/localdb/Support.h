@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A folder of databases for one test, records as plain lists, and children that do something else at the same time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Logs what the tests look for, as a program of its own: the log chooses where it writes before main().
 #include <dlog.h>
 #include <stdio.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A system bus that comes late, goes, and comes back.
 #include <gtest/gtest.h>
 #include <net_connection.h>

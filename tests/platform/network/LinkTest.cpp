@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The kind of connection without NetworkManager, in a network of this process's own, whose links come and go.
 #include <gtest/gtest.h>
 #include <net_connection.h>

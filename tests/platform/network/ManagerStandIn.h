@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Stands for NetworkManager on a bus: its properties State and PrimaryConnectionType, and the signal of their change.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Settings without the bus that writes and changes go over.
 #include <gtest/gtest.h>
 #include <vconf.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Speech made by flite, as samples of 16 kHz.
 #pragma once
 

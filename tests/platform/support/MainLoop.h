@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The real main loop, run by a test until what it waits for has come.
 #pragma once
 

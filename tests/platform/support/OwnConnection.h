@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A connection to a bus that is not this process's shared one, so that a test can be another program on it.
 #pragma once
 

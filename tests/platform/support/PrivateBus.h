@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A message bus of the tests' own, so that the person's session is never touched.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A home of the tests' own: settings and sockets in a folder that ends with the process.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Applications that want results, on a bus of the tests' own.
 #include <gio/gio.h>
 #include <gmock/gmock.h>

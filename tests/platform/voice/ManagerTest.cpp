@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The course of a session as its owner sees it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Spoken commands, from the microphone to the result.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

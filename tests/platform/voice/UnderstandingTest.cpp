@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Sentences of the installed file and what is understood by them.
 #include "voice/Understanding.h"
 

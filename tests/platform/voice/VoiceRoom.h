@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The voice room with a microphone that a test speaks into, on a real main loop.
 #pragma once
 

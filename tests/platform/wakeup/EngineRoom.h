@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An engine with a feed that a test fills and a listener that remembers; conditions instead of sleeps.
 #pragma once
 

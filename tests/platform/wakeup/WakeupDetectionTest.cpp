@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The engine on the installed data and synthesised voices.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Each fault of the engine is told by its own code on the caller's thread.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

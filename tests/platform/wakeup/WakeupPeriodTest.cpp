@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Periods of listening: how they begin and end, and on which thread that is told.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

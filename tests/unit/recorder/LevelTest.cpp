@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The level of a block, bit for bit what the plain formula gives.
 #include <gtest/gtest.h>
 #include <math.h>

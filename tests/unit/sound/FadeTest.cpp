@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Fades drawn over time. The fader thread's sleeps move a virtual clock, so that each drawing is exact.
 #include <stdlib.h>
 

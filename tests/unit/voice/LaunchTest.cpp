@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "fake/FakeAppManager.h"
 #include "fake/FakeNlu.h"
 #include "fake/FakeSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What both capture interfaces share: a source that is there while capture is prepared. Any thread may prepare and
 // unprepare while another one reads.
 #pragma once

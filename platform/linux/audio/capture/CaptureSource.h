@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where captured sound comes from: the sound server, or a recording that is played in the microphone's place. To add a
 // source: its own file, its line in the table in CaptureSource.cpp, its line in CMakeLists.txt.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Remembers, for the whole process, that capture has failed, so that it is said once when it begins and once when it
 // ends, however often readers try in between.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Captures from the sound server. The server's thread fills the queue, the reader empties it. Opening never waits for
 // the server: while there is none, a read waits a little for one to come and then fails, and when the server goes a
 // read in progress fails at once. The source finds the server again by itself, and so does a new one.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A sound file heard as 16-bit frames of the wanted rate and number of channels. Reads piece by piece, whatever the
 // length of the file. One thread.
 #pragma once

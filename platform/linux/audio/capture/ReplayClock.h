@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How far the replayed recording has been heard in this process. All who listen hear one and the same room: who opens
 // the microphone later, or again, does not hear the recording from its start.
 #pragma once

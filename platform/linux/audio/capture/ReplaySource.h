@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Plays a recording in the microphone's place. Works on the reader's thread alone.
 //
 // ORVANE_AUDIO_REPLAY names the file: any rate and any number of channels. ORVANE_AUDIO_REPLAY_PACE is "realtime" (the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Captured bytes on their way from the sound server's thread to the reader. The reader is woken once, when all that it
 // waits for is there. What is not read in time is dropped, the oldest first.
 #pragma once

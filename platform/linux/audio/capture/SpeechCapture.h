@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The process's one speech capture. It folds the source's channels into one and, when ORVANE_WAKEUP_RECORDINGS names a
 // folder, keeps the last two seconds to be looked at after a wake-up.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sound that led to each wake-up, for those who tune the wake-up word: WAV files in the folder that
 // ORVANE_WAKEUP_RECORDINGS names, called by time and confidence level. The newest fifty are kept.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The speech capture interface: one instance a process. The lock guards the instance's coming and going only; a read
 // runs outside it, so that another thread can end it.
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The focus of sound streams: ownership of a well-known D-Bus name. Streams of this process share one connection, so
 // they queue here, the newest in front; other processes queue at the bus.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Why the owner of a focus took it: a property that owners show on the bus, so that who loses the focus can be told.
 #pragma once
 

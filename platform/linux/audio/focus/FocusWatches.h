@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Who watches the focus, of whomever it is, and how the playback focus stands. Several applications may play at once;
 // the playback focus is acquired for a reason when the first stream of that reason plays and released with the last.
 #pragma once

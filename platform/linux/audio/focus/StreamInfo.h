@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A sound stream as the sound manager's callers hold it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Watches of the focus, as the sound manager offers them.
 #include "FocusWatches.h"
 #include "sound_manager.h"

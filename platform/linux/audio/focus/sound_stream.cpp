@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Sound streams, and who of them holds a focus.
 #include <map>
 #include <memory>

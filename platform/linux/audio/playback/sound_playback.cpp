@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sound manager's view of who plays.
 #include <cstring>
 

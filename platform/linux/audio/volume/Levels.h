@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The volumes of the sound types as the sound server keeps them. Media is the default loudspeaker's own volume, which
 // volume keys and mixers move; the other types are the volumes that the server gives to all streams of a role, present
 // and future: notification is the role "event" (a desktop's "system sounds"), alarm "alarm", system "system".

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Who wants to know of volume changes, and the levels that they know.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sound manager's volumes.
 #include "Levels.h"
 #include "VolumeListeners.h"

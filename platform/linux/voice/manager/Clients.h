@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Applications that have asked for the results of certain agents, by D-Bus. docs/dbus.md has the interface. The list is
 // kept by the thread that serves the bus and read from the main loop.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The session with the recognizer, as the voice interface shows it. Everything here runs on the main loop, where all
 // callbacks come too, never from within a call of the interface.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The voice settings: which language is spoken. Main loop only.
 #pragma once
 

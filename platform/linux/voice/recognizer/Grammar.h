@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sentences as a grammar for the decoder. Beside them lies a loop over all phones, for what fits no sentence, and
 // one for the free end of a sentence; both cost something for each phone, so that a sentence wins where it fits.
 #pragma once

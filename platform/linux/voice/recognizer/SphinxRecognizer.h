@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // PocketSphinx behind the recognizer's interface.
 //
 // A grammar of the sentences is decoded while the person speaks, for the partial words. At the end the whole utterance

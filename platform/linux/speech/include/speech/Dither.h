@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A little noise under the sound. Digital silence (a muted source, a player's gap) has no spectrum, and the decoder's
 // noise estimate is upset by it for the words that follow.
 #pragma once

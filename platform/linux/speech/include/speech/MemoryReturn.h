@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Gives what was freed back to the system. Models and utterances are many small pieces, often of a thread of their own,
 // whose share of the heap would otherwise keep their pages: a hundred megabytes for each change of the language, tens
 // for an utterance.

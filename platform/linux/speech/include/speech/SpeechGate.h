@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Tells speech from the room's own noise by level, for a hundredth of what decoding costs: nothing is decoded while
 // nobody speaks. Not thread-safe.
 #pragma once

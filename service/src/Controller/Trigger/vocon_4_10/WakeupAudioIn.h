@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Carries microphone audio to the wake-up engine: the recorder's read thread queues blocks, the engine's thread takes
 // them. The listener's enabled flag opens and closes the feed for both.
 #pragma once

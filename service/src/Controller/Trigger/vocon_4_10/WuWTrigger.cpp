@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "Controller/Trigger/vocon_4_10/WuWTrigger.h"
 
 #include <tzplatform_config.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Listens for the wake-up word. start, stop and forceShot come from the service's thread or the async worker; the
 // engine calls the listener on its own thread; the callback runs on the process-wide async worker, never on the
 // engine's thread.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What really plays: the sound server's streams that are not paused, by the reason that their media role stands for.
 #pragma once
 

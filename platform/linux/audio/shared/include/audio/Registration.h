@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One callback that somebody has registered. It is called on the sound thread only, and never again once end() has
 // returned.
 #pragma once

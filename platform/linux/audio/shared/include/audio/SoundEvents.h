@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Hears from the sound server that something has changed, by whomever, and has it looked at on the sound thread.
 // However many changes come at once, they are looked at together.
 #pragma once

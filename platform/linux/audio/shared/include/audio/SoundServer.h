@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // This process's one connection to the sound server, kept up. PulseAudio's loop runs on a thread of its own
 // ("orvane-pulse"); clients hear there when the server is reached and when it has gone. While somebody is a client, a
 // server that is missing is looked for ten times a second at first and twice a second later.

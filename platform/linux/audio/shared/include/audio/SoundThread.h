@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sound room's own thread: every callback of the sound manager runs here, and so does slow work that must not hold
 // up who asks for it. Callbacks may take as long as they like and may call the sound manager.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The microphone for one utterance, through the platform's own audio input, so that the recognizer hears what every
 // other listener hears, a replayed recording included.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A recognizer that is loaded, with the sentences that it knows.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The languages that can be recognised: those of voice/data/languages.json whose models are installed.
 #pragma once
 

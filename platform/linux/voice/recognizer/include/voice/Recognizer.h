@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A speech recognizer: what an engine must offer to turn one utterance into words. Used by one thread at a time.
 // Adding one: a class of this interface and a line in makeRecognizer.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One utterance, from the first sound to its words, on a thread of its own.
 //
 // The thread opens the microphone, waits for somebody to speak, feeds the recognizer while they do and finds the end.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The file of sentence templates, taken apart. docs/understanding.md describes it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What has been said before, as far as it changes what is understood now: the question that was asked back, and the
 // recipe that is open, its step and its reading. Only what is known for certain is acted on: a recipe may also have
 // been opened by touch. Main loop only.

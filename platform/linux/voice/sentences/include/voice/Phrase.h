@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a person can say, as a small tree:  (open | start) [the] <app> [app]   or   search for *
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // From a sentence to the NLU result. docs/understanding.md shows both ends.
 #pragma once
 

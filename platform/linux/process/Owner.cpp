@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "process/Owner.h"
+
+#include <chrono>
+
+namespace process {
+
+namespace {
+
+constexpr std::chrono::seconds kPatience{1};
+
+thread_local Call* current = nullptr;
+
+}  // namespace
+
+// The owner itself is never destroyed: a thread that nobody joins may still call while the process exits, and then
+// finds that the owner has ended. All that it owns is destroyed in endOfProcess().
+Owner& Owner::instance() {
+    static Owner& owner = *std::make_unique<Owner>().release();
+    return owner;
+}
+
+namespace {
+
+// Runs after the destructors of all static objects, which may still call.
+[[gnu::destructor]] void endOfProcess() {
+    Owner::instance().end();
+}
+
+}  // namespace
+
+void Owner::enter() {
+    if (!current || current->mOwner) {
+        return;
+    }
+    const std::lock_guard lock(mMutex);
+    if (mEnded) {
+        throw Ended();
+    }
+    ++mCalls;
+    current->mOwner = this;
+}
+
+void Owner::leave() noexcept {
+    const std::lock_guard lock(mMutex);
+    --mCalls;
+    mLeft.notify_all();
+}
+
+Owner::Slot& Owner::slotOf(std::type_index type) {
+    const std::lock_guard lock(mMutex);
+    return mSlots[type];
+}
+
+void Owner::throwIfEnded() {
+    const std::lock_guard lock(mMutex);
+    if (mEnded && mCalls == 0) {
+        throw Ended();
+    }
+}
+
+void Owner::add(Slot& slot) {
+    const std::lock_guard lock(mMutex);
+    mCreated.push_back(&slot);
+}
+
+void Owner::end() noexcept {
+    std::unique_lock lock(mMutex);
+    mEnded = true;
+    if (!mLeft.wait_for(lock, kPatience, [this] { return mCalls == 0; })) {
+        return;
+    }
+    const std::vector<Slot*> running = mCreated;
+    lock.unlock();
+    for (auto slot = running.rbegin(); slot != running.rend(); ++slot) {
+        (*slot)->stop((*slot)->object.get());
+    }
+    // No other thread creates or uses an object any more.
+    while (!mCreated.empty()) {
+        Slot* const newest = mCreated.back();
+        mCreated.pop_back();
+        newest->object.reset();
+    }
+}
+
+Call::Call() : mOutermost(current == nullptr) {
+    if (mOutermost) {
+        current = this;
+    }
+}
+
+Call::~Call() {
+    if (mOutermost) {
+        current = nullptr;
+    }
+    if (mOwner) {
+        mOwner->leave();
+    }
+}
+
+}  // namespace process

@@ -19,7 +19,7 @@ public:
     using SRecorder::deliver;
     int _audio_init() override { return 0; }
     int _audio_prepare() override { return 0; }
-    void _audio_record() override {}
+    void _audio_record(const StopFlag&) override {}
     int _audio_unprepare() override { return 0; }
     int _audio_deinit() override { return 0; }
 };

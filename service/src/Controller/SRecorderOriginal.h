@@ -1,23 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Controller/SRecorder.h"
+#include "Controller/SRecorderBackEnd.h"
 
 namespace OrvaneDA {
 
 // Captures through the platform's audio input.
-class SRecorderOriginal : public SRecorder {
+class SRecorderOriginal : public SRecorderBackEnd {
 public:
     SRecorderOriginal();
     ~SRecorderOriginal() override;
 
-    int _audio_init() override;
-    int _audio_prepare() override;
-    void _audio_record() override;
-    int _audio_unprepare() override;
-    int _audio_deinit() override;
-
 private:
+    bool createDevice(int& result) override;
+    int bindStream() override;
+    int startDevice() override;
+    Read readDevice(char* buffer) override;
+    int stopDevice() override;
+    int destroyDevice() override;
+
     audio_in_h mInput = nullptr;
 };
 

@@ -1,24 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Controller/SRecorder.h"
+#include "Controller/SRecorderBackEnd.h"
 
 namespace OrvaneDA {
 
-// Captures through the speech capture library, which keeps its instance inside.
-class SRecorderSSE : public SRecorder {
+// Captures through the speech capture library, which keeps its own instance.
+class SRecorderSSE : public SRecorderBackEnd {
 public:
     SRecorderSSE();
     ~SRecorderSSE() override;
 
-    int _audio_init() override;
-    int _audio_prepare() override;
-    void _audio_record() override;
-    int _audio_unprepare() override;
-    int _audio_deinit() override;
-
-    // Tells the library of a wake-up, with its confidence level. Any thread.
+    // Passes the confidence level of a wake-word detection to the library. Any thread.
     void debugTriggerShot(int level);
+
+private:
+    bool createDevice(int& result) override;
+    int bindStream() override;
+    int startDevice() override;
+    Read readDevice(char* buffer) override;
+    int stopDevice() override;
+    int destroyDevice() override;
 };
 
 }  // namespace OrvaneDA

@@ -237,6 +237,20 @@ TYPED_TEST(EitherRecorder, AFocusStateThatCannotBeReadIsLoggedAndCountsAsNotHeld
     EXPECT_EQ(fake::platform().countLogged("[Recorder ERROR] Fail to get focus state : -4"), 2u);
 }
 
+TYPED_TEST(EitherRecorder, LogsAFailureOfTheFocusForTheOperationThatNeedsIt) {
+    TypeParam recorder;
+    fake::platform().answer("sound_manager_get_focus_state", -4);
+    for (const char* operation : {"_audio_unprepare", "_audio_prepare"}) {
+        fake::platform().forgetCalls();
+        operation == std::string("_audio_prepare") ? recorder._audio_prepare() : recorder._audio_unprepare();
+        const auto lines = fake::platform().logs();
+        const auto failure = std::find_if(lines.begin(), lines.end(),
+                                          [](const fake::LogLine& line) { return line.priority == DLOG_ERROR; });
+        ASSERT_NE(failure, lines.end());
+        EXPECT_NE(failure->text.find(std::string(": ") + operation + "("), std::string::npos) << failure->text;
+    }
+}
+
 TYPED_TEST(EitherRecorder, AFocusThatIsHeldIsNotAcquiredOrBoundAgain) {
     fake::setFocus(SOUND_STREAM_FOCUS_STATE_ACQUIRED);
     TypeParam recorder;
@@ -480,7 +494,7 @@ class ShortRecorder : public SRecorder {
 public:
     int _audio_init() override { return 0; }
     int _audio_prepare() override { return 0; }
-    void _audio_record() override { ++captures; }
+    void _audio_record(const StopFlag&) override { ++captures; }
     int _audio_unprepare() override { return 0; }
     int _audio_deinit() override { return 0; }
     using SRecorder::isRecording;

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
+// The recording focus of a stream. Failures are logged for the caller, with the platform's code.
+#pragma once
+
+#include <sound_manager.h>
+
+#include "Util/Log.h"
+
+namespace OrvaneDA {
+
+// A state that cannot be read counts as not held.
+bool holdsRecordingFocus(sound_stream_info_h stream, const Util::Caller& caller = Util::Caller::current());
+// Whether the focus was acquired.
+bool acquireRecordingFocus(sound_stream_info_h stream, const Util::Caller& caller = Util::Caller::current());
+void releaseRecordingFocus(sound_stream_info_h stream, const Util::Caller& caller = Util::Caller::current());
+
+}  // namespace OrvaneDA

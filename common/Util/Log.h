@@ -60,15 +60,14 @@ inline void write(log_priority priority, const char* systemFormat, const char* o
                            ##__VA_ARGS__);                                                                        \
     } while (false)
 
-#define LOGD(format, ...) ORVANE_LOG(DLOG_DEBUG, "\033[32m", ::Util::Caller::current(), format, ##__VA_ARGS__)
+#define LOGD(format, ...) LOGD_FOR(::Util::Caller::current(), format, ##__VA_ARGS__)
 #define LOGI(format, ...) ORVANE_LOG(DLOG_INFO, "\033[34m", ::Util::Caller::current(), format, ##__VA_ARGS__)
 #define LOGW(format, ...) ORVANE_LOG(DLOG_WARN, "\033[33m", ::Util::Caller::current(), format, ##__VA_ARGS__)
 #define LOGE(format, ...) LOGE_FOR(::Util::Caller::current(), format, ##__VA_ARGS__)
 
 // The line of a helper that logs for its caller.
+#define LOGD_FOR(caller, format, ...) ORVANE_LOG(DLOG_DEBUG, "\033[32m", caller, format, ##__VA_ARGS__)
 #define LOGE_FOR(caller, format, ...) ORVANE_LOG(DLOG_ERROR, "\033[31m", caller, format, ##__VA_ARGS__)
-#define LOGE_AT(function, line, format, ...) \
-    LOGE_FOR(::Util::Caller::current(__builtin_FILE(), function, line), format, ##__VA_ARGS__)
 
 namespace Util {
 

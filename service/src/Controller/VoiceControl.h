@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
-// The session with the platform's voice-control manager: engine and language, start, stop and cancel of a recognition
-// under a time-out, and the way from the manager's callbacks to the service's reports. Main loop only.
+// Recognition through the platform's voice-control manager: connection and language, start, stop, and cancel of a
+// recognition session with a timeout, and reports of what the manager's callbacks say. Main loop only.
 #pragma once
 
-#include <Ecore.h>
 #include <orvane_da_parser.h>
 #include <voice_control_manager.h>
 
 #include <atomic>
 #include <functional>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "ClientState.h"
+#include "Controller/Voice/CommandList.h"
+#include "Controller/Voice/RecognitionTimer.h"
+#include "Controller/Voice/ResultDispatcher.h"
+#include "Controller/Voice/VoiceManager.h"
 #include "Controller/VoiceStartMode.h"
 
 namespace OrvaneDA {
@@ -22,7 +25,6 @@ public:
     using PartialResultCallback = std::function<void(const std::string& text, bool isFinal)>;
     using StateCallback = std::function<void(const ClientState&, const ErrorType&)>;
 
-    // Opens the session; a failure is logged and leaves the engine unusable until initVoiceControl succeeds.
     VoiceControl();
     virtual ~VoiceControl();
     VoiceControl(const VoiceControl&) = delete;
@@ -30,24 +32,24 @@ public:
 
     void setPartialResultCallback(PartialResultCallback callback) { mPartialResultCallback = std::move(callback); }
     void setStateCallback(StateCallback callback) { mStateCallback = std::move(callback); }
-    // Receives only the manager's service state, translated, with no error.
+    // Receives only the manager's service state, translated, without an error.
     void setRecognitionStateCallback(StateCallback callback) { mRecognitionStateCallback = std::move(callback); }
 
-    // Done by the constructor. A second time only after a deinitVoiceControl, which closes what a failed one has
-    // opened.
+    // The constructor calls it. A failure is logged, and the engine cannot be used until another call succeeds; call
+    // deinitVoiceControl before that, which closes what the failed call has opened.
     void initVoiceControl();
     void deinitVoiceControl();
 
     bool setLanguage(std::string lang);
     bool isSupportedLang(std::string lang);
-    // Platform error codes; mediaVolume goes to the engine as it is.
+    // These return the platform's code. The media volume goes to the engine unchanged.
     int startRecognition(VoiceStartMode mode, std::string mediaVolume);
     int stopRecognition(bool);
     int cancelRecognition(bool, bool);
 
     void startTimeOutTimer(double seconds);
     void stopTimeOutTimer();
-    // Replaces the running timer, once a recognition.
+    // Replaces the running timer, once per recognition session.
     void startSpeechTimeOutTimer(double seconds);
 
     void syncAppState(const ClientState& state, const ErrorType& error);
@@ -56,7 +58,7 @@ public:
     int createCommandList();
     void launchApps(vrp_response_data_s*& response);
 
-    // The manager's callbacks; user_data is the VoiceControl.
+    // The manager's callbacks; `user_data` is the VoiceControl.
     static void _vc_state_changed_cb(vc_state_e previous, vc_state_e current, void* user_data) noexcept;
     static void _vc_service_state_changed_cb(vc_service_state_e previous, vc_service_state_e current,
                                              void* user_data) noexcept;
@@ -69,32 +71,21 @@ public:
     static void _vc_language_changed_cb(const char* previous, const char* current, void* user_data) noexcept;
 
 private:
-    bool initSetting();
-    bool setManagerCallbacks();
-    void reportRecognitionState(const ClientState& state);
-    ErrorType errorOfMessage() const;
     void recognitionTimedOut();
     void notifySpeechDetected();
-    std::string resultJson(const char* text, vc_cmd_list_s* list);
-    ErrorType writeResult(const std::string& json);
-    bool dispatch(vrp_response_data_s*& response, vc_cmd_list_s* list);
-    void routeRecipe(vrp_recipe_data_s* recipe, const std::string& actionName, vc_cmd_list_s* list);
-    bool addCommand(const char* text);
 
     PartialResultCallback mPartialResultCallback;
     StateCallback mStateCallback;
     StateCallback mRecognitionStateCallback;
-    Ecore_Timer* mTimer = nullptr;
-    vc_cmd_list_s* mCommandList = nullptr;
+    RecognitionTimer mTimer;
+    CommandList mCommands;
     ClientState mServiceState = ClientState::Unknown;  // the manager's, translated
     std::string mPartialText;
     std::string mErrorMessage;
-    std::vector<std::string> mSupportedLanguages;
+    VoiceManager mManager;
+    ResultDispatcher mResults;
     std::atomic<bool> mSpeechTimeOutArmed{false};
     std::atomic<bool> mResultHandled{false};
 };
-
-// "NONE" to "EMPTY"; "VC_ERROR_UNKNOWN" for any other code.
-const char* voiceErrorName(int error);
 
 }  // namespace OrvaneDA

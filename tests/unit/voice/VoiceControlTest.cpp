@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Controller/Voice/VoiceErrors.h"
 #include "fake/FakeVoice.h"
 #include "voice/SystemCommands.h"
 #include "voice/VoiceFixture.h"
@@ -101,12 +102,12 @@ TEST_P(AFailedStepOfOpening, IsLoggedAndEndsIt) {
     EXPECT_EQ(fake::platform().names().back(), GetParam().call);
 }
 
-TEST_F(VoiceControlTest, AFailureIsLoggedUnderTheFunctionThatMadeTheCall) {
-    const std::pair<const char*, const char*> places[] = {{"vc_setting_get_enabled", "initSetting"},
-                                                          {"vc_mgr_prepare", "initVoiceControl"},
-                                                          {"vc_cmd_create", "addCommand"},
-                                                          {"vc_mgr_deinitialize", "deinitVoiceControl"}};
-    for (const auto& [call, function] : places) {
+TEST_F(VoiceControlTest, AFailureIsLoggedUnderItsOperation) {
+    const std::pair<const char*, const char*> operations[] = {{"vc_setting_get_enabled", "initVoiceControl"},
+                                                              {"vc_mgr_prepare", "initVoiceControl"},
+                                                              {"vc_cmd_create", "createCommandList"},
+                                                              {"vc_mgr_deinitialize", "deinitVoiceControl"}};
+    for (const auto& [call, operation] : operations) {
         fake::platform().reset();
         fake::platform().answer(call, VC_ERROR_OUT_OF_MEMORY);
         { VoiceControl session; }
@@ -114,7 +115,7 @@ TEST_F(VoiceControlTest, AFailureIsLoggedUnderTheFunctionThatMadeTheCall) {
         const auto failure = std::find_if(lines.begin(), lines.end(),
                                           [](const fake::LogLine& line) { return line.priority == DLOG_ERROR; });
         ASSERT_NE(failure, lines.end());
-        EXPECT_NE(failure->text.find(std::string("VoiceControlSession.cpp: ") + function + "("), std::string::npos)
+        EXPECT_NE(failure->text.find(std::string("VoiceControl.cpp: ") + operation + "("), std::string::npos)
             << failure->text;
     }
 }

@@ -5,8 +5,7 @@
 
 namespace OrvaneDA {
 
-// Absolute path of the file of commands that the engine knows from the start; computed once, when the first session
-// opens.
+// The absolute path of the file of commands that the recognition engine loads when it is ready. Computed once.
 const std::string& preloadedCommandsPath();
 
 }  // namespace OrvaneDA

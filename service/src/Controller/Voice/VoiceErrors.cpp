@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Controller/Voice/VoiceErrors.h"
+
 #include <voice_control_common.h>
 
-#include "Controller/VoiceControl.h"
+#include "Util/Constants.h"
 
 namespace OrvaneDA {
 
@@ -30,6 +32,32 @@ const char* voiceErrorName(int error) {
         }
     }
     return "VC_ERROR_UNKNOWN";
+}
+
+void logIfFailed(const char* call, int result, const Util::Caller& caller) {
+    if (result != VC_ERROR_NONE) {
+        LOGE_FOR(caller, "%s: %s", call, voiceErrorName(result));
+    }
+}
+
+ErrorType errorTypeOf(const std::string& message) {
+    namespace RecogniserError = Constants::RecogniserError;
+    static constexpr struct {
+        const char* message;
+        ErrorType error;
+    } ERRORS[] = {{RecogniserError::SERVER_TIMED_OUT, ErrorType::ProcessingTimeout},
+                  {RecogniserError::NETWORK_TIMEOUT, ErrorType::ProcessingTimeout},
+                  {RecogniserError::CONNECTION_FAIL, ErrorType::ProcessingTimeout},
+                  {RecogniserError::ASR_TIMED_OUT, ErrorType::ProcessingTimeout},
+                  {RecogniserError::NLU_EXCEPTION, ErrorType::ServerCrashed},
+                  {RecogniserError::UNKNOWN_ERROR, ErrorType::ServerCrashed},
+                  {RecogniserError::SERVER_SIDE_PREPARE, ErrorType::ServerCrashed}};
+    for (const auto& row : ERRORS) {
+        if (message == row.message) {
+            return row.error;
+        }
+    }
+    return ErrorType::Default;
 }
 
 }  // namespace OrvaneDA

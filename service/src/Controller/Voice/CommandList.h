@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <voice_control_common.h>
+
+#include "Util/Log.h"
+
+namespace OrvaneDA {
+
+// The list of the commands that the service itself handles, one for each domain. Main loop only.
+class CommandList {
+public:
+    CommandList() = default;
+    CommandList(const CommandList&) = delete;
+    CommandList& operator=(const CommandList&) = delete;
+
+    // Returns whether all commands are in the list. The first failure is logged for the caller and leaves the commands
+    // that were added before.
+    bool create(const Util::Caller& caller = Util::Caller::current());
+    // Destroys the commands too. Returns the platform's code.
+    int destroy();
+    // Null before create and after destroy.
+    vc_cmd_list_h handle() const { return mHandle; }
+
+private:
+    bool add(const char* text, const Util::Caller& caller);
+
+    vc_cmd_list_h mHandle = nullptr;
+};
+
+}  // namespace OrvaneDA

@@ -6,9 +6,11 @@ namespace wakeup {
 namespace {
 
 constexpr int kHoldMilliseconds = 600;
-// What goes before the first loud sound: the breath of an H, and enough silence to learn the room's noise from.
+// The samples before the first loud one that are searched too: they hold the breath of an H, and enough of the room's
+// noise for the spotter to estimate it.
 constexpr std::size_t kHistorySamples = 16000 / 2;
-// Decoding a few blocks at once finds the model still in the cache: on talk 3.7 % of a core instead of 4.5 %.
+// Several blocks are decoded at once, because the model then stays in the processor's cache: during talk that takes 3.7
+// % of a core instead of 4.5 %.
 constexpr std::size_t kBatchSamples = 1024;  // 64 ms
 
 }  // namespace
@@ -19,7 +21,7 @@ GatedSpotter::GatedSpotter(std::unique_ptr<Spotter> spotter, double speechMargin
 void GatedSpotter::begin() {
     mGate.close();
     mPending.clear();
-    mSpeaking = false;
+    mSearching = false;
 }
 
 std::optional<Detection> GatedSpotter::accept(const int16_t* samples, std::size_t count) {
@@ -29,30 +31,30 @@ std::optional<Detection> GatedSpotter::accept(const int16_t* samples, std::size_
     if (mGate.isOpen()) {
         return decode();
     }
-    auto last = end();
+    auto detection = end();
     trimHistory();
-    return last;
+    return detection;
 }
 
 std::optional<Detection> GatedSpotter::end() {
-    if (!mSpeaking) {
+    if (!mSearching) {
         return std::nullopt;
     }
-    mSpeaking = false;
+    mSearching = false;
     return mSpotter->end();
 }
 
 std::optional<Detection> GatedSpotter::decode() {
-    if (!mSpeaking) {
+    if (!mSearching) {
         mSpotter->begin();
-        mSpeaking = true;
+        mSearching = true;
     }
     if (mPending.size() < kBatchSamples) {
         return std::nullopt;
     }
-    auto heard = mSpotter->accept(mPending.data(), mPending.size());
+    auto detection = mSpotter->accept(mPending.data(), mPending.size());
     mPending.clear();
-    return heard;
+    return detection;
 }
 
 void GatedSpotter::trimHistory() {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Wakes the spotter behind it only while somebody speaks, handing it the last moments before as well, so that a quiet
-// room costs next to nothing.
+// Passes samples to another spotter only while a person speaks, with the half second before, so that almost nothing is
+// computed in a quiet room.
 #pragma once
 
 #include <memory>
@@ -27,8 +27,8 @@ private:
     const std::unique_ptr<Spotter> mSpotter;
     speech::SpeechGate mGate;
     speech::Dither mDither;
-    std::vector<int16_t> mPending;  // not handed on yet
-    bool mSpeaking = false;
+    std::vector<int16_t> mPending;  // not passed on yet
+    bool mSearching = false;
 };
 
 }  // namespace wakeup

@@ -17,13 +17,13 @@ using Listener = nuance::IWakeupListener;
 // The search reports scores in steps of 1024 units of its logarithm, lowered by this many steps.
 constexpr int kScoreOffset = 1500;
 constexpr int kScoreStep = 1024;
-// Log ratio of phrase to phone loop that counts as certain.
+// The logarithm of the ratio of wake word to phone loop that counts as certain.
 constexpr double kLogCertain = 46;
-// Phrases times pronunciations; more say nothing that fewer do not.
+// The most combinations of the words' pronunciations that are searched.
 constexpr std::size_t kMaxVariants = 64;
 
-std::vector<std::string> wordsOf(const std::string& phrase) {
-    std::istringstream in(phrase);
+std::vector<std::string> wordsOf(const std::string& wakeWord) {
+    std::istringstream in(wakeWord);
     std::vector<std::string> words;
     for (std::string word; in >> word;) {
         words.push_back(word);
@@ -31,37 +31,37 @@ std::vector<std::string> wordsOf(const std::string& phrase) {
     return words;
 }
 
-// The phrase's words with their sounds: the configuration's, else the dictionary's.
-sphinx::Pronunciations soundsOf(const WakeupConfig& config) {
-    sphinx::Pronunciations sounds;
+// The pronunciations of the wake word's words: from the configuration, or else from the dictionary.
+sphinx::Pronunciations pronunciationsOf(const WakeupConfig& config) {
+    sphinx::Pronunciations pronunciations;
     std::set<std::string> unknown;
-    for (const std::string& word : wordsOf(config.phrase)) {
+    for (const std::string& word : wordsOf(config.wakeWord)) {
         const auto own = config.pronunciations.find(word);
         if (own != config.pronunciations.end() && !own->second.empty()) {
-            sounds[word] = own->second;
+            pronunciations[word] = own->second;
         } else {
             unknown.insert(word);
         }
     }
     const std::string dictionary = sphinx::modelPath(config.dictionary);
-    if (!unknown.empty() && !sphinx::readPronunciations(dictionary, unknown, sounds)) {
+    if (!unknown.empty() && !sphinx::readPronunciations(dictionary, unknown, pronunciations)) {
         throw ConfigFault{Listener::COULD_NOT_FIND_CLC, "no dictionary at " + dictionary};
     }
     for (const std::string& word : unknown) {
-        if (sounds.count(word) == 0) {
+        if (pronunciations.count(word) == 0) {
             throw ConfigFault{Listener::WRONG_VOCON_DATA, "no pronunciation of \"" + word + "\""};
         }
     }
-    return sounds;
+    return pronunciations;
 }
 
-// One line for each way to say the phrase: the search itself knows only one sound of a word.
-std::string keyphraseLines(const WakeupConfig& config, const sphinx::Pronunciations& sounds) {
+// One line for each way to say the wake word: the search takes only one pronunciation of a word.
+std::string keyphraseLines(const WakeupConfig& config, const sphinx::Pronunciations& pronunciations) {
     std::vector<std::string> ways{""};
-    for (const std::string& word : wordsOf(config.phrase)) {
+    for (const std::string& word : wordsOf(config.wakeWord)) {
         std::vector<std::string> longer;
         for (const std::string& way : ways) {
-            for (std::size_t i = 0; i < sounds.at(word).size() && longer.size() < kMaxVariants; ++i) {
+            for (std::size_t i = 0; i < pronunciations.at(word).size() && longer.size() < kMaxVariants; ++i) {
                 longer.push_back(way + sphinx::variantName(word, i) + " ");
             }
         }
@@ -84,13 +84,16 @@ sphinx::Options decoderOptions(const WakeupConfig& config, const sphinx::MemoryF
 
 }  // namespace
 
-SphinxSpotter::SphinxSpotter(const WakeupConfig& config) try
-    : mPhrase(config.phrase),
-      mLogThreshold(std::log(config.threshold)),
-      mDecoder(decoderOptions(config, sphinx::MemoryFile(sphinx::dictionaryText(soundsOf(config))))) {
-    mDecoder.searchKeyphrases(sphinx::MemoryFile(keyphraseLines(config, soundsOf(config))).path());
+SphinxSpotter::SphinxSpotter(const WakeupConfig& config) try : SphinxSpotter(config, pronunciationsOf(config)) {
 } catch (const std::exception& fault) {
     throw ConfigFault{Listener::WRONG_VOCON_DATA, fault.what()};
+}
+
+SphinxSpotter::SphinxSpotter(const WakeupConfig& config, const sphinx::Pronunciations& pronunciations)
+    : mWakeWord(config.wakeWord),
+      mLogThreshold(std::log(config.threshold)),
+      mDecoder(decoderOptions(config, sphinx::MemoryFile(sphinx::dictionaryText(pronunciations)))) {
+    mDecoder.searchKeyphrases(sphinx::MemoryFile(keyphraseLines(config, pronunciations)).path());
 }
 
 void SphinxSpotter::begin() {
@@ -115,7 +118,7 @@ std::optional<Detection> SphinxSpotter::detection() {
     for (const sphinx::Segment& segment : mDecoder.segments()) {
         best = std::max(best, confidence(segment.probability));
     }
-    return Detection{mPhrase, best};
+    return Detection{mWakeWord, best};
 }
 
 int SphinxSpotter::confidence(int probability) const {

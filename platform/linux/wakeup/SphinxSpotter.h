@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// PocketSphinx's keyphrase search behind the spotter's interface: the phrase, said in any of its pronunciations,
-// against a loop of all phones.
+// PocketSphinx's keyphrase search as a spotter. It compares the wake word, in each of its pronunciations, with a loop
+// of all phones.
 #pragma once
 
 #include "Spotter.h"
@@ -12,7 +12,7 @@ namespace wakeup {
 
 class SphinxSpotter final : public Spotter {
 public:
-    // Loads the model. Throws ConfigFault, the code telling what is missing.
+    // Loads the model. Throws ConfigFault, whose code says what is missing.
     explicit SphinxSpotter(const WakeupConfig& config);
 
     void begin() override;
@@ -20,11 +20,13 @@ public:
     std::optional<Detection> end() override;
 
 private:
+    SphinxSpotter(const WakeupConfig& config, const sphinx::Pronunciations& pronunciations);
+
     std::optional<Detection> detection();
     int confidence(int probability) const;
 
     const speech::MemoryReturn mMemoryReturn;
-    const std::string mPhrase;
+    const std::string mWakeWord;
     const double mLogThreshold;
     sphinx::Decoder mDecoder;
 };

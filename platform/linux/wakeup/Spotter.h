@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A keyword spotter: what an engine must offer to listen for the wake-up word. Used by one thread at a time. Adding
-// one: a class of this interface and a line in SphinxSpotter.cpp's place in WakeupContext::Initialize.
+// A spotter searches a stream of samples for the wake word. One thread at a time uses it. To add one, implement this
+// interface and choose it in makeSpotter (Spotters.h).
 #pragma once
 
 #include <cstddef>
@@ -11,18 +11,19 @@
 namespace wakeup {
 
 struct Detection {
-    std::string word;
+    std::string wakeWord;
     int confidence = 0;  // 0 to 100
 };
 
+// All functions throw std::exception when the spotter fails.
 class Spotter {
 public:
     virtual ~Spotter() = default;
-    // Forgets what was heard; the next sample is the first.
+    // Forgets the samples before; the next sample is the first of a new search.
     virtual void begin() = 0;
-    // 16 kHz samples. An answer ends the search until the next begin(). Throws std::exception when the engine fails.
+    // 16 kHz samples. A detection ends the search until the next begin().
     virtual std::optional<Detection> accept(const int16_t* samples, std::size_t count) = 0;
-    // The sound is interrupted here; the last chance for a word just spoken.
+    // Ends the search. Returns a detection that only the end of the samples makes certain.
     virtual std::optional<Detection> end() = 0;
 };
 

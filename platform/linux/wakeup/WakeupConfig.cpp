@@ -12,7 +12,7 @@ namespace {
 using nlohmann::json;
 using Listener = nuance::IWakeupListener;
 
-// Throws json::exception or std::invalid_argument on a value of the wrong type or out of range.
+// Throws json::exception or std::invalid_argument if the value has the wrong type or is out of range.
 using Reader = std::function<void(const json& value, WakeupConfig& config)>;
 
 std::string nonEmpty(const json& value) {
@@ -35,7 +35,7 @@ std::vector<std::string> phoneTexts(const json& value) {
     auto variants = value.get<std::vector<std::string>>();
     for (const std::string& variant : variants) {
         if (!sphinx::isPhoneSequence(variant)) {
-            throw std::invalid_argument("no phones of the model: \"" + variant + "\"");
+            throw std::invalid_argument("\"" + variant + "\" has phones that the model lacks");
         }
     }
     return variants;
@@ -51,7 +51,7 @@ sphinx::Pronunciations pronunciations(const json& value) {
 
 const std::map<std::string, Reader>& readers() {
     static const std::map<std::string, Reader> table{
-        {"phrase", [](const json& v, WakeupConfig& c) { c.phrase = nonEmpty(v); }},
+        {"phrase", [](const json& v, WakeupConfig& c) { c.wakeWord = nonEmpty(v); }},
         {"pronunciations", [](const json& v, WakeupConfig& c) { c.pronunciations = pronunciations(v); }},
         {"model", [](const json& v, WakeupConfig& c) { c.model = nonEmpty(v); }},
         {"dictionary", [](const json& v, WakeupConfig& c) { c.dictionary = nonEmpty(v); }},

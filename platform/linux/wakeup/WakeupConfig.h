@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What vocon_config.json says about one wake-up word.
+// The configuration of one wake word, as in vocon_config.json.
 #pragma once
 
 #include <functional>
@@ -11,15 +11,15 @@
 namespace wakeup {
 
 struct WakeupConfig {
-    std::string phrase;                     // "hey quorbit"
-    sphinx::Pronunciations pronunciations;  // of the phrase's words; others are looked up in the dictionary
+    std::string wakeWord;                   // "hey quorbit"
+    sphinx::Pronunciations pronunciations;  // of the wake word's words; the dictionary has the others
     std::string model = "en-us/en-us";      // acoustic model, below the model folder or absolute
     std::string dictionary = "en-us/cmudict-en-us.dict";
-    double threshold = 1e-20;   // 1e-60 to 1; smaller hears more, and more by mistake
-    double speechMarginDb = 9;  // 0 to 40 dB above the room's noise counts as speech
+    double threshold = 1e-20;   // 1e-60 to 1; a smaller one detects more, also by mistake
+    double speechMarginDb = 9;  // 0 to 40; louder than the room's noise by this is speech
 };
 
-// A fault that ends the reading, with the engine's own code.
+// A fault that makes the configuration unusable.
 struct ConfigFault {
     nuance::IWakeupListener::Error code;
     std::string detail;
@@ -27,8 +27,8 @@ struct ConfigFault {
 
 using WarningSink = std::function<void(nuance::IWakeupListener::Warning, const std::string& detail)>;
 
-// Reads the text of the file. Unknown keys and wrong values are warned of and left at their defaults. Throws
-// ConfigFault when the text is no JSON object.
+// Parses the text of the file. An unknown key or a wrong value causes a warning, and the default remains. Throws
+// ConfigFault if the text is not a JSON object.
 WakeupConfig parseWakeupConfig(const std::string& text, const WarningSink& warn);
 
 }  // namespace wakeup

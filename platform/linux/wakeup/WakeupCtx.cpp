@@ -3,9 +3,9 @@
 
 namespace nuance {
 
-// Plain pointers are this interface's own way of ownership.
+// This interface passes ownership by plain pointers.
 IWakeupCtx* IWakeupCtx::Create() {
-    return new wakeup::WakeupContext;
+    return new wakeup::WakeupContext(wakeup::makeSpotter);
 }
 
 void IWakeupCtx::Destroy(IWakeupCtx* ctx) {

@@ -9,13 +9,13 @@ namespace {
 using wakeup::parseWakeupConfig;
 using wakeup::WakeupConfig;
 
-TEST(AWakeUpConfiguration, GivesPhraseSoundsModelAndThreshold) {
+TEST(AWakeConfiguration, GivesTheWakeWordItsPronunciationsTheModelAndTheThreshold) {
     int warnings = 0;
     const WakeupConfig config = parseWakeupConfig(
         R"({"phrase": "hey you", "pronunciations": {"you": ["Y UW", "Y AH"]}, "model": "de/de", "dictionary": "d",
             "threshold": 1e-30, "speech_margin_db": 12})",
         [&](auto, auto&) { ++warnings; });
-    EXPECT_EQ(config.phrase, "hey you");
+    EXPECT_EQ(config.wakeWord, "hey you");
     EXPECT_THAT(config.pronunciations.at("you"), testing::ElementsAre("Y UW", "Y AH"));
     EXPECT_EQ(config.model, "de/de");
     EXPECT_EQ(config.dictionary, "d");
@@ -24,13 +24,13 @@ TEST(AWakeUpConfiguration, GivesPhraseSoundsModelAndThreshold) {
     EXPECT_EQ(warnings, 0);
 }
 
-TEST(AWakeUpConfiguration, KeepsTheDefaultOfEveryValueThatIsWrong) {
+TEST(AWakeConfiguration, KeepsTheDefaultOfEveryValueThatIsWrong) {
     int warnings = 0;
     const WakeupConfig config =
         parseWakeupConfig(R"({"phrase": 3, "pronunciations": [], "model": "", "threshold": 7, "speech_margin_db": -1})",
                           [&](auto code, auto&) { warnings += code == nuance::IWakeupListener::INVALID_CONFIG_VALUE; });
     const WakeupConfig fresh;
-    EXPECT_EQ(config.phrase, fresh.phrase);
+    EXPECT_EQ(config.wakeWord, fresh.wakeWord);
     EXPECT_EQ(config.model, fresh.model);
     EXPECT_DOUBLE_EQ(config.threshold, fresh.threshold);
     EXPECT_DOUBLE_EQ(config.speechMarginDb, fresh.speechMarginDb);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// The engine on the installed data and synthesised voices.
+// The engine with the installed data and synthesized voices.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "EngineRoom.h"
+#include "EngineHarness.h"
 
 namespace {
 
@@ -14,8 +14,8 @@ using speech::silence;
 
 const std::vector<std::string> kFolders{"KOK", "ENU", "ENG", "GED", "ITI", "FRF"};
 
-// A minute of talk by four people, with words that sound alike.
-const std::vector<std::string> kTalk{
+// A minute of speech by four people, with words that sound like a wake word.
+const std::vector<std::string> kOtherSpeech{
     "The kitchen is quiet this morning, and the coffee is almost ready. Could you hand me the orange juice from the "
     "bottom shelf? We should buy bread, eggs, butter and a little cheese before the weekend. The weather forecast says "
     "that it will rain on Thursday, so we had better take an umbrella.",
@@ -29,103 +29,103 @@ const std::vector<std::string> kTalk{
     "it "
     "is so good to see you all again. We can sell the extra bread at the market."};
 
-class EveryFolder : public testing::TestWithParam<std::tuple<std::string, std::string>> {
+class EveryInstalledWakeWord : public testing::TestWithParam<std::tuple<std::string, std::string>> {
 protected:
     std::string word() const { return std::get<1>(GetParam()); }
-    bool load() { return mRoom.load(std::get<0>(GetParam()), word()); }
+    bool load() { return mEngine.load(std::get<0>(GetParam()), word()); }
 
-    EngineRoom mRoom;
+    EngineHarness mEngine;
 };
 
-TEST_P(EveryFolder, HearsItsWordFromEveryVoice) {
+TEST_P(EveryInstalledWakeWord, IsDetectedInEveryVoice) {
     ASSERT_TRUE(load());
     for (const std::string& voice : speech::kVoices) {
-        mRoom.witness.wakeups.clear();
-        mRoom.listen();
-        mRoom.feed.add(join({silence(1), say(voice, "hey " + word()), silence(1)}));
-        ASSERT_TRUE(mRoom.witness.waitForWakeups(1)) << voice;
-        EXPECT_EQ(mRoom.witness.wakeups[0].word, "hey " + word());
-        EXPECT_GE(mRoom.witness.wakeups[0].level, 0);
-        EXPECT_LE(mRoom.witness.wakeups[0].level, 100);
-        EXPECT_FALSE(mRoom.ctx->IsListening());
-        mRoom.ctx->AttachAudioIn(nullptr);
+        mEngine.listener.wakeups.clear();
+        mEngine.listen();
+        mEngine.feed.add(join({silence(1), say(voice, "hey " + word()), silence(1)}));
+        ASSERT_TRUE(mEngine.listener.waitForWakeups(1)) << voice;
+        EXPECT_EQ(mEngine.listener.wakeups[0].word, "hey " + word());
+        EXPECT_GE(mEngine.listener.wakeups[0].level, 0);
+        EXPECT_LE(mEngine.listener.wakeups[0].level, 100);
+        EXPECT_FALSE(mEngine.ctx->IsListening());
+        mEngine.ctx->AttachAudioIn(nullptr);
     }
-    EXPECT_THAT(mRoom.witness.errors, testing::IsEmpty());
-    EXPECT_THAT(mRoom.witness.warnings, testing::IsEmpty());
+    EXPECT_THAT(mEngine.listener.errors, testing::IsEmpty());
+    EXPECT_THAT(mEngine.listener.warnings, testing::IsEmpty());
 }
 
-TEST_P(EveryFolder, StaysQuietOnAMinuteOfOtherSpeech) {
+TEST_P(EveryInstalledWakeWord, IsNotDetectedInAMinuteOfOtherSpeech) {
     ASSERT_TRUE(load());
-    mRoom.listen();
-    for (std::size_t i = 0; i < kTalk.size(); ++i) {
-        mRoom.feed.add(join({silence(0.5), say(speech::kVoices[i], kTalk[i])}));
+    mEngine.listen();
+    for (std::size_t i = 0; i < kOtherSpeech.size(); ++i) {
+        mEngine.feed.add(join({silence(0.5), say(speech::kVoices[i], kOtherSpeech[i])}));
     }
-    ASSERT_TRUE(mRoom.feed.waitUntilEmpty());
-    EXPECT_THAT(mRoom.witness.wakeups, testing::IsEmpty());
-    EXPECT_TRUE(mRoom.ctx->IsListening());
+    ASSERT_TRUE(mEngine.feed.waitUntilEmpty());
+    EXPECT_THAT(mEngine.listener.wakeups, testing::IsEmpty());
+    EXPECT_TRUE(mEngine.ctx->IsListening());
 }
 
-INSTANTIATE_TEST_SUITE_P(Installed, EveryFolder,
+INSTANTIATE_TEST_SUITE_P(Installed, EveryInstalledWakeWord,
                          testing::Combine(testing::ValuesIn(kFolders), testing::Values("quorbit", "vexal")),
                          [](const auto& test) { return std::get<0>(test.param) + "_" + std::get<1>(test.param); });
 
-class AWakeUpWord : public testing::Test {
+class AWakeWord : public testing::Test {
 protected:
-    // Whether the word is heard in these samples, with a second of silence behind them to be sure of the answer.
-    bool isHeardIn(const speech::Samples& samples) {
-        mRoom.feed.add(join({samples, silence(1)}));
-        mRoom.listen();
-        const bool heard = mRoom.feed.waitUntilEmpty() && !mRoom.witness.wakeups.empty();
-        return heard;
+    // A second of silence after the samples makes sure that the engine has searched all of them.
+    bool isDetectedIn(const speech::Samples& samples) {
+        mEngine.feed.add(join({samples, silence(1)}));
+        mEngine.listen();
+        EXPECT_TRUE(mEngine.feed.waitUntilEmpty());
+        return !mEngine.listener.wakeups.empty();
     }
 
-    EngineRoom mRoom;
+    EngineHarness mEngine;
 };
 
-TEST_F(AWakeUpWord, IsHeardOverTheNoiseOfAKitchen) {
-    ASSERT_TRUE(mRoom.load("ENU", "quorbit"));
+TEST_F(AWakeWord, IsDetectedInTheNoiseOfAKitchen) {
+    ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
     speech::Samples sound = join({silence(2), say("rms", "hey quorbit"), silence(1)});
     const speech::Samples hiss = noise(10, 60);
     for (std::size_t i = 0; i < sound.size(); ++i) {
         sound[i] = static_cast<int16_t>(sound[i] + hiss[i]);
     }
-    mRoom.feed.add(sound);
-    mRoom.listen();
-    EXPECT_TRUE(mRoom.witness.waitForWakeups(1));
+    mEngine.feed.add(sound);
+    mEngine.listen();
+    EXPECT_TRUE(mEngine.listener.waitForWakeups(1));
 }
 
-TEST_F(AWakeUpWord, IsHeardWithTalkRightBeforeAndBehindIt) {
-    ASSERT_TRUE(mRoom.load("ENU", "vexal"));
-    mRoom.feed.add(join({say("slt", "the coffee is ready"), say("slt", "hey vexal"), say("slt", "open the notes")}));
-    mRoom.listen();
-    ASSERT_TRUE(mRoom.witness.waitForWakeups(1));
+TEST_F(AWakeWord, IsDetectedBetweenOtherSentences) {
+    ASSERT_TRUE(mEngine.load("ENU", "vexal"));
+    mEngine.feed.add(join({say("slt", "the coffee is ready"), say("slt", "hey vexal"), say("slt", "open the notes")}));
+    mEngine.listen();
+    ASSERT_TRUE(mEngine.listener.waitForWakeups(1));
 }
 
-TEST_F(AWakeUpWord, OfTheOtherKindIsNotAnswered) {
-    ASSERT_TRUE(mRoom.load("ENU", "quorbit"));
-    EXPECT_FALSE(isHeardIn(join({silence(1), say("awb", "hey vexal"), silence(1), say("slt", "hey vexal")})));
+TEST_F(AWakeWord, ThatIsNotTheConfiguredOneIsNotDetected) {
+    ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
+    EXPECT_FALSE(isDetectedIn(join({silence(1), say("awb", "hey vexal"), silence(1), say("slt", "hey vexal")})));
 }
 
-TEST_F(AWakeUpWord, WithoutItsFirstWordIsNotAnswered) {
-    ASSERT_TRUE(mRoom.load("ENU", "vexal"));
-    EXPECT_FALSE(isHeardIn(join({silence(1), say("rms", "vessel"), silence(1), say("slt", "hey")})));
+TEST_F(AWakeWord, WithoutOneOfItsWordsIsNotDetected) {
+    ASSERT_TRUE(mEngine.load("ENU", "vexal"));
+    EXPECT_FALSE(isDetectedIn(join({silence(1), say("rms", "vessel"), silence(1), say("slt", "hey")})));
 }
 
-TEST_F(AWakeUpWord, IsNotHeardInSilenceAndNoise) {
-    ASSERT_TRUE(mRoom.load("ENU", "quorbit"));
-    EXPECT_FALSE(isHeardIn(join({silence(3), noise(3, 100), silence(1), noise(5, 3000)})));
+TEST_F(AWakeWord, IsNotDetectedInSilenceAndNoise) {
+    ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
+    EXPECT_FALSE(isDetectedIn(join({silence(3), noise(3, 100), silence(1), noise(5, 3000)})));
 }
 
-TEST_F(AWakeUpWord, IsMoreCertainTheClearerItIs) {
-    ASSERT_TRUE(mRoom.load("ENU", "quorbit"));
-    mRoom.feed.add(join({silence(1), say("kal16", "hey quorbit"), silence(1)}));
-    mRoom.listen();
-    ASSERT_TRUE(mRoom.witness.waitForWakeups(1));
-    mRoom.ctx->AttachAudioIn(nullptr);
-    mRoom.listen();
-    mRoom.feed.add(join({silence(1), say("slt", "hey quorbit"), silence(1)}));
-    ASSERT_TRUE(mRoom.witness.waitForWakeups(2));
-    EXPECT_GT(mRoom.witness.wakeups[0].level, mRoom.witness.wakeups[1].level);
+TEST_F(AWakeWord, HasAHigherConfidenceTheClearerItIs) {
+    ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
+    mEngine.feed.add(join({silence(1), say("kal16", "hey quorbit"), silence(1)}));
+    mEngine.listen();
+    ASSERT_TRUE(mEngine.listener.waitForWakeups(1));
+    mEngine.ctx->AttachAudioIn(nullptr);
+    mEngine.listen();
+    mEngine.feed.add(join({silence(1), say("slt", "hey quorbit"), silence(1)}));
+    ASSERT_TRUE(mEngine.listener.waitForWakeups(2));
+    EXPECT_GT(mEngine.listener.wakeups[0].level, mEngine.listener.wakeups[1].level);
 }
 
 }  // namespace

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// Each fault of the engine is told by its own code on the caller's thread.
+// The engine reports each fault with its own code.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
-#include "EngineRoom.h"
+#include "EngineHarness.h"
 
 namespace {
 
@@ -15,128 +16,141 @@ class AnEngine : public testing::Test {
 protected:
     bool loadText(const std::string& text) {
         const ConfigFolder folder(text);
-        return mRoom.ctx->Initialize(folder.path(), "vocon_config.json");
+        return mEngine.ctx->Initialize(folder.path(), "vocon_config.json");
     }
 
-    EngineRoom mRoom;
+    EngineHarness mEngine;
 };
 
-TEST_F(AnEngine, WithoutItsFolderWarnsOfTheFile) {
-    EXPECT_FALSE(mRoom.ctx->Initialize("/nowhere/at/all//", "vocon_config.json"));
-    EXPECT_THAT(mRoom.witness.warnings, ElementsAre(IWakeupListener::FILE_OPEN_FAILED));
-    EXPECT_THAT(mRoom.witness.details[0], testing::HasSubstr("/nowhere/at/all"));
+TEST_F(AnEngine, WithoutItsFolderWarnsThatTheFileCannotBeOpened) {
+    EXPECT_FALSE(mEngine.ctx->Initialize("/nowhere/at/all//", "vocon_config.json"));
+    EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::FILE_OPEN_FAILED));
+    EXPECT_THAT(mEngine.listener.details[0], testing::HasSubstr("/nowhere/at/all"));
 }
 
-TEST_F(AnEngine, WithoutItsFileWarnsOfTheFile) {
+TEST_F(AnEngine, WithoutItsFileWarnsThatTheFileCannotBeOpened) {
     const ConfigFolder folder("{}");
-    EXPECT_FALSE(mRoom.ctx->Initialize(folder.path(), "other.json"));
-    EXPECT_THAT(mRoom.witness.warnings, ElementsAre(IWakeupListener::FILE_OPEN_FAILED));
+    EXPECT_FALSE(mEngine.ctx->Initialize(folder.path(), "other.json"));
+    EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::FILE_OPEN_FAILED));
 }
 
-TEST_F(AnEngine, WithTextThatIsNoJsonReportsTheParser) {
+TEST_F(AnEngine, WithAFileThatIsNotJsonReportsAParserError) {
     for (const char* text : {"", "{\"phrase\": ", "[1,2]", "\"hey\"", "{} trailing", "\xff\xfe"}) {
-        mRoom.witness.errors.clear();
+        mEngine.listener.errors.clear();
         EXPECT_FALSE(loadText(text)) << text;
-        EXPECT_THAT(mRoom.witness.errors, ElementsAre(IWakeupListener::ERROR_FROM_CONFIG_PARSER)) << text;
+        EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::ERROR_FROM_CONFIG_PARSER)) << text;
     }
 }
 
-TEST_F(AnEngine, WithJsonNestedBeyondReasonReportsTheParser) {
+TEST_F(AnEngine, WithDeeplyNestedJsonReportsAParserError) {
     EXPECT_FALSE(loadText("{\"phrase\":" + std::string(100000, '[') + std::string(100000, ']') + "}"));
-    EXPECT_THAT(mRoom.witness.errors, ElementsAre(IWakeupListener::ERROR_FROM_CONFIG_PARSER));
+    EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::ERROR_FROM_CONFIG_PARSER));
 }
 
-TEST_F(AnEngine, WithoutAPhraseWarnsOfTheMissingWord) {
+TEST_F(AnEngine, WithoutAWakeWordWarns) {
     EXPECT_FALSE(loadText("{}"));
-    EXPECT_THAT(mRoom.witness.warnings, ElementsAre(IWakeupListener::WAKEUP_WORD_NOT_SET));
+    EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::WAKEUP_WORD_NOT_SET));
 }
 
-TEST_F(AnEngine, WithAnUnknownKeyWarnsAndWorks) {
+TEST_F(AnEngine, WithAnUnknownKeyWarnsAndIsInitialized) {
     EXPECT_TRUE(loadText(R"({"phrase": "hey you", "treshold": 1e-20})"));
-    EXPECT_THAT(mRoom.witness.warnings, ElementsAre(IWakeupListener::INVALID_CONFIG_KEY));
-    EXPECT_EQ(mRoom.witness.details[0], "treshold");
+    EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::INVALID_CONFIG_KEY));
+    EXPECT_EQ(mEngine.listener.details[0], "treshold");
 }
 
-TEST_F(AnEngine, WithAValueOutOfRangeWarnsAndTakesTheDefault) {
+TEST_F(AnEngine, WithAValueOutOfRangeWarnsAndUsesTheDefault) {
     for (const char* value : {"0", "-1", "2", "1e-90", "\"1e-20\"", "null", "[1]"}) {
-        mRoom.witness.warnings.clear();
+        mEngine.listener.warnings.clear();
         EXPECT_TRUE(loadText(std::string(R"({"phrase": "hey you", "threshold": )") + value + "}")) << value;
-        EXPECT_THAT(mRoom.witness.warnings, ElementsAre(IWakeupListener::INVALID_CONFIG_VALUE)) << value;
+        EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::INVALID_CONFIG_VALUE)) << value;
     }
 }
 
-TEST_F(AnEngine, WithAPronunciationOfNoSuchPhonesLooksTheWordUp) {
+TEST_F(AnEngine, WithAPronunciationOfUnknownPhonesUsesTheDictionary) {
     EXPECT_TRUE(loadText(R"({"phrase": "hey you", "pronunciations": {"hey": ["XX QQ"]}})"));
-    EXPECT_THAT(mRoom.witness.warnings, ElementsAre(IWakeupListener::INVALID_CONFIG_VALUE));
+    EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::INVALID_CONFIG_VALUE));
 }
 
-TEST_F(AnEngine, WithoutAnAcousticModelReportsIt) {
+TEST_F(AnEngine, WithoutAnAcousticModelReportsAnError) {
     EXPECT_FALSE(loadText(R"({"phrase": "hey you", "model": "/nowhere"})"));
-    EXPECT_THAT(mRoom.witness.errors, ElementsAre(IWakeupListener::COULD_NOT_FIND_ACMOD));
+    EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::COULD_NOT_FIND_ACMOD));
 }
 
-TEST_F(AnEngine, WithoutADictionaryForAWordItMustLookUpReportsIt) {
+TEST_F(AnEngine, WithoutTheDictionaryThatItNeedsReportsAnError) {
     EXPECT_FALSE(loadText(R"({"phrase": "hey you", "dictionary": "/nowhere.dict"})"));
-    EXPECT_THAT(mRoom.witness.errors, ElementsAre(IWakeupListener::COULD_NOT_FIND_CLC));
+    EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::COULD_NOT_FIND_CLC));
 }
 
-TEST_F(AnEngine, NeedsNoDictionaryWhenEveryWordIsGivenItsSound) {
+TEST_F(AnEngine, NeedsNoDictionaryIfTheConfigurationHasEveryPronunciation) {
     EXPECT_TRUE(loadText(
         R"({"phrase": "hey you", "dictionary": "/nowhere", "pronunciations": {"hey": ["HH EY"], "you": ["Y UW"]}})"));
-    EXPECT_THAT(mRoom.witness.errors, IsEmpty());
+    EXPECT_THAT(mEngine.listener.errors, IsEmpty());
 }
 
-TEST_F(AnEngine, WithAWordThatNobodyCanSayReportsItsData) {
+// A pipe can be read only once.
+TEST_F(AnEngine, ReadsTheDictionaryOnce) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const std::string words = "hey HH EY\nyou Y UW\n";
+    ASSERT_EQ(write(ends[1], words.data(), words.size()), static_cast<ssize_t>(words.size()));
+    close(ends[1]);
+    const std::string path = "/proc/self/fd/" + std::to_string(ends[0]);
+    EXPECT_TRUE(loadText(R"({"phrase": "hey you", "dictionary": ")" + path + R"("})"));
+    close(ends[0]);
+    EXPECT_THAT(mEngine.listener.errors, IsEmpty());
+}
+
+TEST_F(AnEngine, WithAWordWithoutAPronunciationReportsWrongData) {
     EXPECT_FALSE(loadText(R"({"phrase": "hey qzxqzx"})"));
-    EXPECT_THAT(mRoom.witness.errors, ElementsAre(IWakeupListener::WRONG_VOCON_DATA));
+    EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::WRONG_VOCON_DATA));
 }
 
-TEST_F(AnEngine, NotInitialisedWarnsWhenItIsStartedOrCancelled) {
-    mRoom.listen();
-    EXPECT_FALSE(mRoom.ctx->IsListening());
-    mRoom.ctx->CancelListening();
-    EXPECT_THAT(mRoom.witness.warnings,
+TEST_F(AnEngine, NotInitializedWarnsWhenItIsStartedOrCanceled) {
+    mEngine.listen();
+    EXPECT_FALSE(mEngine.ctx->IsListening());
+    mEngine.ctx->CancelListening();
+    EXPECT_THAT(mEngine.listener.warnings,
                 ElementsAre(IWakeupListener::NOT_INITIALIZED, IWakeupListener::NOT_INITIALIZED));
 }
 
 TEST_F(AnEngine, WithoutAudioInputWarnsWhenItIsStarted) {
-    ASSERT_TRUE(mRoom.load("ENU", "quorbit"));
-    mRoom.ctx->StartListening();
-    EXPECT_FALSE(mRoom.ctx->IsListening());
-    EXPECT_THAT(mRoom.witness.warnings, ElementsAre(IWakeupListener::AUDIOIN_NOT_ATTACHED));
+    ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
+    mEngine.ctx->StartListening();
+    EXPECT_FALSE(mEngine.ctx->IsListening());
+    EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::AUDIOIN_NOT_ATTACHED));
 }
 
 TEST_F(AnEngine, StartedTwiceWarns) {
-    ASSERT_TRUE(mRoom.load("ENU", "quorbit"));
-    mRoom.listen();
-    mRoom.ctx->StartListening();
-    EXPECT_TRUE(mRoom.ctx->IsListening());
-    EXPECT_THAT(mRoom.witness.warnings, ElementsAre(IWakeupListener::ALREADY_LISTENING));
+    ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
+    mEngine.listen();
+    mEngine.ctx->StartListening();
+    EXPECT_TRUE(mEngine.ctx->IsListening());
+    EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::ALREADY_LISTENING));
 }
 
-TEST_F(AnEngine, InitialisedWhileListeningReportsItsState) {
-    ASSERT_TRUE(mRoom.load("ENU", "quorbit"));
-    mRoom.listen();
-    EXPECT_FALSE(mRoom.load("ENU", "vexal"));
-    EXPECT_TRUE(mRoom.ctx->IsListening());
-    EXPECT_THAT(mRoom.witness.errors, ElementsAre(IWakeupListener::NOT_IN_PROPER_STATE));
+TEST_F(AnEngine, InitializedWhileListeningReportsAnErrorAndListensOn) {
+    ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
+    mEngine.listen();
+    EXPECT_FALSE(mEngine.load("ENU", "vexal"));
+    EXPECT_TRUE(mEngine.ctx->IsListening());
+    EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::NOT_IN_PROPER_STATE));
 }
 
-TEST_F(AnEngine, WhoseAudioInputDoesNotStartReportsItAndStops) {
-    ASSERT_TRUE(mRoom.load("ENU", "quorbit"));
-    mRoom.feed.startResult = -1;
-    mRoom.listen();
-    ASSERT_TRUE(mRoom.witness.waitFor([&] { return !mRoom.witness.errors.empty(); }));
-    EXPECT_THAT(mRoom.witness.errors, ElementsAre(IWakeupListener::ERROR_FROM_USER_CALLBACK));
-    EXPECT_FALSE(mRoom.ctx->IsListening());
+TEST_F(AnEngine, WhoseAudioInputDoesNotStartReportsAnErrorAndStopsListening) {
+    ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
+    mEngine.feed.startResult = -1;
+    mEngine.listen();
+    ASSERT_TRUE(mEngine.listener.waitFor([&] { return !mEngine.listener.errors.empty(); }));
+    EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::ERROR_FROM_USER_CALLBACK));
+    EXPECT_FALSE(mEngine.ctx->IsListening());
 }
 
-TEST_F(AnEngine, WithoutAListenerKeepsItsFaultsToItself) {
-    mRoom.ctx->AttachListener(nullptr);
-    EXPECT_FALSE(mRoom.ctx->Initialize("/nowhere", "x"));
-    mRoom.ctx->StartListening();
-    EXPECT_FALSE(mRoom.ctx->IsListening());
-    EXPECT_THAT(mRoom.witness.warnings, IsEmpty());
+TEST_F(AnEngine, WithoutAListenerReportsNothing) {
+    mEngine.ctx->AttachListener(nullptr);
+    EXPECT_FALSE(mEngine.ctx->Initialize("/nowhere", "x"));
+    mEngine.ctx->StartListening();
+    EXPECT_FALSE(mEngine.ctx->IsListening());
+    EXPECT_THAT(mEngine.listener.warnings, IsEmpty());
 }
 
 }  // namespace

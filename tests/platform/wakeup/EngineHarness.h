@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// An engine with a feed that a test fills and a listener that remembers; conditions instead of sleeps.
+// A wake engine with a feed that the test fills and a listener that records its calls.
 #pragma once
 
 #include <atomic>
@@ -17,9 +17,9 @@
 #include "Speech.h"
 #include "wakeup_engine.h"
 
-constexpr std::chrono::seconds kWatchdog{20};
+constexpr std::chrono::seconds kWatchdog{60};
 
-// Hands out 16 ms blocks as fast as they are fetched. Closed, or without a block, it answers with nothing.
+// Gives 16 ms blocks as fast as they are fetched, and null when it is empty.
 class Feed : public nuance::IWakeupAudioIn {
 public:
     void add(const speech::Samples& samples) {
@@ -30,13 +30,17 @@ public:
     }
     bool waitUntilEmpty() {
         std::unique_lock lock(mMutex);
-        return mChanged.wait_for(lock, kWatchdog, [this] { return mBlocks.empty() && mLoaned == 0; });
+        return mChanged.wait_for(lock, kWatchdog, [this] { return mBlocks.empty() && mBorrowed == 0; });
     }
     bool waitUntilRead() {
         std::unique_lock lock(mMutex);
         return mChanged.wait_for(lock, kWatchdog, [this] { return fetches > 0; });
     }
-    std::size_t left() {
+    bool waitForPolls(int count) {
+        std::unique_lock lock(mMutex);
+        return mChanged.wait_for(lock, kWatchdog, [&] { return polls >= count; });
+    }
+    std::size_t queued() {
         std::lock_guard lock(mMutex);
         return mBlocks.size();
     }
@@ -53,6 +57,8 @@ public:
     }
     int HasData(bool& available) override {
         std::lock_guard lock(mMutex);
+        ++polls;
+        mChanged.notify_all();
         available = !mBlocks.empty();
         return 0;
     }
@@ -64,7 +70,7 @@ public:
         if (!mBlocks.empty()) {
             mCurrent = std::move(mBlocks.front());
             mBlocks.pop_front();
-            ++mLoaned;
+            ++mBorrowed;
             data = mCurrent.data();
             size = static_cast<unsigned int>(mCurrent.size() * sizeof(int16_t));
         }
@@ -72,28 +78,29 @@ public:
     }
     int ReturnData(void* data) override {
         std::lock_guard lock(mMutex);
-        strangers += data != mCurrent.data();
-        --mLoaned;
+        foreignBlocks += data != mCurrent.data();
+        --mBorrowed;
         mChanged.notify_all();
         return 0;
     }
 
     std::atomic<int> starts{0};
     std::atomic<int> stops{0};
+    std::atomic<int> polls{0};
     std::atomic<int> fetches{0};
-    std::atomic<int> strangers{0};  // blocks given back that were never handed out
+    std::atomic<int> foreignBlocks{0};  // returned, but never fetched
     int startResult = 0;
-    int loaned() const { return mLoaned; }
+    int borrowed() const { return mBorrowed; }
 
 private:
     std::mutex mMutex;
     std::condition_variable mChanged;
     std::deque<speech::Samples> mBlocks;
     speech::Samples mCurrent;
-    std::atomic<int> mLoaned{0};
+    std::atomic<int> mBorrowed{0};
 };
 
-class Witness : public nuance::IWakeupListener {
+class TestListener : public nuance::IWakeupListener {
 public:
     struct Wakeup {
         std::string word;
@@ -105,8 +112,8 @@ public:
         std::unique_lock lock(mMutex);
         wakeups.push_back({word, level, std::this_thread::get_id()});
         mChanged.notify_all();
-        if (inWakeup) {
-            const auto act = inWakeup;
+        if (onWakeup) {
+            const auto act = onWakeup;
             lock.unlock();
             act();
         }
@@ -140,7 +147,7 @@ public:
     std::vector<Warning> warnings;
     std::vector<std::string> details;
     int cancels = 0;
-    std::function<void()> inWakeup;
+    std::function<void()> onWakeup;
 
 private:
     void note(const std::function<void()>& record) {
@@ -157,9 +164,9 @@ struct DestroyCtx {
     void operator()(nuance::IWakeupCtx* ctx) const noexcept { nuance::IWakeupCtx::Destroy(ctx); }
 };
 
-// The context goes first: nothing is called after it.
-struct EngineRoom {
-    EngineRoom() { ctx->AttachListener(&witness); }
+struct EngineHarness {
+    EngineHarness() : EngineHarness(nuance::IWakeupCtx::Create()) {}
+    explicit EngineHarness(nuance::IWakeupCtx* engine) : ctx(engine) { ctx->AttachListener(&listener); }
 
     bool load(const std::string& language, const std::string& word) {
         return ctx->Initialize(ORVANE_DATA "/voice/data/" + language + "/wakeup_" + word + "/", "vocon_config.json");
@@ -170,11 +177,11 @@ struct EngineRoom {
     }
 
     Feed feed;
-    Witness witness;
-    std::unique_ptr<nuance::IWakeupCtx, DestroyCtx> ctx{nuance::IWakeupCtx::Create()};
+    TestListener listener;
+    std::unique_ptr<nuance::IWakeupCtx, DestroyCtx> ctx;  // destroyed first, because it calls the others
 };
 
-// A configuration of the test's own in a folder of its own.
+// A folder with this configuration.
 class ConfigFolder {
 public:
     explicit ConfigFolder(const std::string& text) {

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: Apache-2.0
+// The wake engine's thread.
+//
+// The other threads queue commands, and this thread executes them in order. A start is accepted only while no listening
+// period is running or queued, so every start in the queue is followed by its cancel, except the last one. Therefore a
+// running period is canceled as soon as the queue is not empty, and nobody has to wait for the thread to notice.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+#include "Reporter.h"
+#include "Spotter.h"
+#include "wakeup_engine.h"
+
+namespace wakeup {
+
+class EngineThread {
+public:
+    using Warning = nuance::IWakeupListener::Warning;
+    using AudioIn = nuance::IWakeupAudioIn;
+
+    // The end of each listening period goes to the reporter, on this thread.
+    explicit EngineThread(Reporter& reporter);
+    // Cancels the listening period and waits for the thread.
+    ~EngineThread();
+    EngineThread(const EngineThread&) = delete;
+    EngineThread& operator=(const EngineThread&) = delete;
+
+    // For the listening periods that start from now on; null removes it.
+    void setSpotter(std::shared_ptr<Spotter> spotter);
+    // Cancels a period with another input, and waits until the thread has left that input.
+    void setAudioIn(AudioIn* audioIn);
+
+    bool isListening();
+    // The reason why no period was started, or nothing. Waits for a report in progress, except on this thread.
+    std::optional<Warning> start();
+    // Does nothing if there is no period to cancel: it may have ended a moment ago.
+    void cancel();
+    bool hasSpotter();
+
+private:
+    enum class State {
+        Idle,
+        Listening,  // to mInput
+        Reporting,  // the end of a period
+    };
+    struct Command {
+        enum Kind { Start, Cancel, Quit } kind;
+        std::shared_ptr<Spotter> spotter = nullptr;
+        AudioIn* audioIn = nullptr;
+    };
+
+    void run();
+    void runPeriod(std::unique_lock<std::mutex>& lock, const Command& start);
+    Outcome listenUnlocked(std::unique_lock<std::mutex>& lock, const Command& start);
+    bool canceledWithin(std::chrono::milliseconds time);
+    bool isOwnThread() const { return std::this_thread::get_id() == mThread.get_id(); }
+
+    // With the mutex held.
+    bool isActive() const;
+    void queue(Command command);
+    void queueCancel();
+    void enter(State state);
+
+    Reporter& mReporter;
+    std::mutex mMutex;
+    std::condition_variable mChanged;
+    State mState = State::Idle;
+    std::deque<Command> mCommands;
+    AudioIn* mInput = nullptr;
+    std::shared_ptr<Spotter> mSpotter;
+    AudioIn* mAudioIn = nullptr;
+    std::thread mThread;  // last, because it uses all other members
+};
+
+}  // namespace wakeup

@@ -1,84 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
-// Requests to other applications: AppControlData is a plain value, AppControl sends it.
 #pragma once
 
-#include <app_control.h>
-
-#include <map>
-#include <string>
-#include <vector>
-
+#include "Util/AppControlData.h"
 #include "Util/AsyncThread.h"
+#include "Util/Log.h"
 
 namespace Util {
 
-class AppControlData {
-public:
-    AppControlData();
-    // Reads application id, operation, uri and all extras of a received request; a null handle gives the defaults.
-    explicit AppControlData(app_control_h& handle);
-    AppControlData(const AppControlData&) = default;
-    AppControlData& operator=(const AppControlData&) = default;
-    virtual ~AppControlData() = default;
-
-    AppControlData& setPackageName(const std::string& packageName);
-    AppControlData& setOperation(const std::string& operation);
-    AppControlData& setUri(const std::string& uri);
-    void setReplyCallback(app_control_reply_cb callback, void* userData);
-    // Makes this object a reply to that incoming request.
-    void setRequestedAppControl(app_control_h handle);
-    void setResultCode(app_control_result_e code);
-    // Asks for the application to be closed instead of launched.
-    void setTerminateRequest(bool terminate);
-
-    const std::string& getPackageName() const { return mPackageName; }
-    const std::string& getOperation() const { return mOperation; }
-    const std::string& getUri() const { return mUri; }
-    app_control_reply_cb getReplyCallback() const { return mReplyCallback; }
-    void* getReplyCallbackUserData() const { return mReplyCallbackUserData; }
-    app_control_h getRequestedAppControl() const { return mRequestedAppControl; }
-    app_control_result_e getResultCode() const { return mResultCode; }
-    const std::map<std::string, std::string>& getExtraDataMap() const { return mExtraData; }
-    const std::map<std::string, std::vector<std::string>>& getExtraVectorDataMap() const { return mExtraVectorData; }
-    bool getTerminateRequest() const { return mTerminateRequest; }
-
-    // Insert or replace.
-    void addExtraData(const std::string& key, const std::string& value);
-    void addExtraVectorData(const std::string& key, const std::vector<std::string>& values);
-    // Reading a missing key inserts an empty value.
-    std::string& getExtraData(const std::string& key);
-    std::vector<std::string>& getExtraVectorData(const std::string& key);
-    void clearExtraData();
-    void clearExtraVectorData();
-    // Back to the defaults; the result code becomes 1.
-    void clearData();
-
-private:
-    static bool readExtra(app_control_h handle, const char* key, void* data) noexcept;
-
-    std::string mPackageName;
-    std::string mOperation;
-    std::string mUri;
-    app_control_reply_cb mReplyCallback;
-    void* mReplyCallbackUserData;
-    app_control_h mRequestedAppControl;
-    app_control_result_e mResultCode;
-    std::map<std::string, std::string> mExtraData;
-    std::map<std::string, std::vector<std::string>> mExtraVectorData;
-    bool mTerminateRequest;
-};
-
+// Sends requests to other applications.
 class AppControl {
 public:
-    // Sends a copy on the worker, in the order of the calls; the outcome is only logged. Any thread. 0, or -1 for a
-    // reply, which is refused.
+    // Any thread. Sends a copy on the worker, in the order of the calls, and only logs a failure. Returns 0, or -1 for
+    // a reply, which it does not send.
     static int performAppControl(AppControlData& data);
-    // Sends on the calling thread. 0, the failing platform call's code, or -1.
+    // Sends on the calling thread. Returns 0, the error of the platform call that failed, or -1.
     static int performAppControlSync(AppControlData& data);
 
 private:
-    static int launch(AppControlData& data);
-    static int terminate(AppControlData& data);
+    static int launch(const AppControlData& data, const Caller& caller);
+    static int terminate(const AppControlData& data, const Caller& caller);
 
     static AsyncThread asyncThread;
 };

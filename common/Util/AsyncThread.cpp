@@ -9,7 +9,7 @@ namespace Util {
 
 namespace {
 
-// Paces the worker: launches that follow each other too closely overrun the platform's launcher.
+// Paces the worker, also while more jobs wait.
 void sleepOneCycle() {
     timespec time{0, 50'000'000};
     while (nanosleep(&time, &time) != 0 && errno == EINTR) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A worker thread that takes one queued job a 50 ms cycle, in order. A job's condition runs on the worker; where it
-// returns true, its action follows on the main loop.
+// A worker thread that runs queued jobs in order, at most one in 50 ms. A job's condition runs on the worker; if it
+// returns true, the job's action runs on the main loop.
 #pragma once
 
 #include <atomic>
@@ -15,15 +15,15 @@ namespace Util {
 class AsyncThread {
 public:
     AsyncThread();
-    // Waits for the job in hand and at most one cycle; jobs still queued are dropped unrun.
+    // Waits for the running job and at most 50 ms. Jobs that are still queued do not run.
     virtual ~AsyncThread();
     AsyncThread(const AsyncThread&) = delete;
     AsyncThread& operator=(const AsyncThread&) = delete;
 
-    // Any thread; returns at once. The condition must not be empty: the worker would end the process.
+    // Any thread; returns at once. An empty condition ends the process when the worker reaches it.
     void asyncCall(
         const std::function<bool()>& condition, const std::function<void()>& action = [] {});
-    // Runs the action on the main loop and waits for it.
+    // Runs the action on the main loop and waits for it. Any thread.
     void syncCallEcore(const std::function<void()>& action);
 
 private:

@@ -7,13 +7,13 @@
 
 namespace Util {
 
-// Watches the type of the network connection; without a connection handle the callbacks never come.
+// Watches the type of the network connection. Without a connection handle, the callbacks never come.
 class ConnectionStateListener : public SystemStateListener {
 public:
     explicit ConnectionStateListener(connection_type_e type);
     ~ConnectionStateListener() override;
 
-    // The process's connection, opened at program start and closed at its end.
+    // Opens the connection to the platform's network service at program start and closes it at the end.
     class ConnectionInitializer {
     public:
         ConnectionInitializer();
@@ -21,7 +21,7 @@ public:
         ConnectionInitializer(const ConnectionInitializer&) = delete;
         ConnectionInitializer& operator=(const ConnectionInitializer&) = delete;
 
-        connection_h getHandle() const { return mHandle; }  // null when it could not be opened
+        connection_h getHandle() const { return mHandle; }  // null if the connection cannot be opened
 
     private:
         connection_h mHandle = nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Strings that several modules share: application ids, operations, extra keys and values, files.
+// Strings that several modules share: application ids, operations, keys and values of extras, files.
 #pragma once
 
 namespace Constants {
@@ -11,14 +11,14 @@ inline constexpr char RECIPE_WEB_DATABASE[] = "org.tizen.webdatabaseserviceapp";
 inline constexpr char RECIPE_SERVICE[] = "org.tizen.recipesvc";
 inline constexpr char RECIPE_WEBLINK_MARMITON[] = "org.tizen.WeblinkApps-Marmiton";
 inline constexpr char RECIPE_WEBLINK_ALLRECIPES[] = "org.tizen.WeblinkApps-Allrecipes";
-// Package ids of the app store; the build chooses them.
+// Application ids that the build sets.
 inline constexpr char RECIPE_PARTNER_DELICOOK[] = ORVANE_RECIPE_DELICOOK_ID;
 inline constexpr char RECIPE_PARTNER_GENERAL[] = ORVANE_RECIPE_GENERAL_ID;
 inline constexpr char RECIPE_PARTNER_KOREA[] = ORVANE_RECIPE_KOREA_ID;
 inline constexpr char ACCOUNT_SERVICE[] = ORVANE_ACCOUNT_SERVICE_ID;
-// Stands where no recipe application serves the country.
+// In place of an application id if the country has no recipe application.
 inline constexpr char RECIPE_NOT_SUPPORTED[] = "RecipeNotSupported";
-// Equals no application, so that filtering by it removes every command.
+// The id of no application: filtering by it removes every command.
 inline constexpr char RECIPE_NOBODY[] = "this text is used that remove matched command list all";
 }  // namespace App
 
@@ -36,7 +36,7 @@ inline constexpr char SPEECH_DETECTED[] = ORVANE_OPERATION_BASE "/appcontrol/ope
 inline constexpr char LANG_CHANGE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/lang_change";
 inline constexpr char REFRESH_VIEW_TIMEOUT[] = ORVANE_OPERATION_BASE "/appcontrol/operation/refresh_view_timeout";
 inline constexpr char CLOSE_APP[] = ORVANE_OPERATION_BASE "/appcontrol/operation/close_app";
-// Asked of the account service, which takes it without a base.
+// An operation of the account service, which has no base.
 inline constexpr char GET_SERVICE_STATUS[] = "get_service_status";
 }  // namespace Operation
 
@@ -53,7 +53,7 @@ inline constexpr char STOP_TTS[] = "key_stop_tts";
 inline constexpr char OPERATION[] = "operation";
 }  // namespace Key
 
-// How the UI asks for listening to begin.
+// How a recognition session starts.
 namespace StartMode {
 inline constexpr char DEFAULT[] = "Default";
 inline constexpr char PTT[] = "PTT";
@@ -82,7 +82,7 @@ inline constexpr char NO_RESULT_JSON[] = "NoResultJson";
 inline constexpr char SERVER_CRASHED[] = "ServerCrashed";
 }  // namespace Error
 
-// Stands for a start mode, state or error that has no name.
+// The name of a start mode, state, or error that has none.
 inline constexpr char UNKNOWN[] = "UNKNOWN";
 
 namespace Port {
@@ -92,13 +92,13 @@ inline constexpr char PARTIAL[] = "partial";
 namespace File {
 inline constexpr char RESULT_JSON[] = "/tmp/Result_Orvane_json.txt";
 inline constexpr char VOLUME[] = "/tmp/OrvaneVolume.tmp";
-// Below the data root.
+// Paths in the data root.
 inline constexpr char PRELOADED_COMMANDS[] = "voice/data/preloaded_commands.txt";
 inline constexpr char WAKEUP_DATA[] = "voice/data/";
 inline constexpr char WAKEUP_CONFIG[] = "vocon_config.json";
 }  // namespace File
 
-// Folders of the wake-up engine's data, below File::WAKEUP_DATA.
+// Directories of the wake engine's data, in File::WAKEUP_DATA.
 namespace LanguageFolder {
 inline constexpr char KOREAN[] = "KOK";
 inline constexpr char AMERICAN[] = "ENU";
@@ -108,8 +108,8 @@ inline constexpr char ITALIAN[] = "ITI";
 inline constexpr char FRENCH[] = "FRF";
 }  // namespace LanguageFolder
 
-// What the recogniser says of its failures.
-namespace RecogniserError {
+// The recognizer's messages about its failures.
+namespace RecognizerError {
 inline constexpr char SERVER_TIMED_OUT[] = "Server timed out!";
 inline constexpr char NETWORK_TIMEOUT[] = "network_timeout_exception";
 inline constexpr char CONNECTION_FAIL[] = "connection_fail_exception";
@@ -117,7 +117,7 @@ inline constexpr char ASR_TIMED_OUT[] = "612: ASR timed out";
 inline constexpr char NLU_EXCEPTION[] = "NLU Exception";
 inline constexpr char UNKNOWN_ERROR[] = "Unknown error 1";
 inline constexpr char SERVER_SIDE_PREPARE[] = "server_side_prepare_exception";
-}  // namespace RecogniserError
+}  // namespace RecognizerError
 
 namespace Web {
 inline constexpr char SEARCH_PAGE[] = "https://www.google.com/search?q=";

@@ -23,12 +23,12 @@ using File = std::unique_ptr<FILE, CloseFile>;
 }  // namespace
 
 FileContent& FileContent::setCopiedData(const char* src, int newSize) {
-    std::unique_ptr<char[]> room(src != nullptr && newSize > 0 ? new (std::nothrow) char[newSize] : nullptr);
-    if (room == nullptr) {
+    std::unique_ptr<char[]> copy(src != nullptr && newSize > 0 ? new (std::nothrow) char[newSize] : nullptr);
+    if (copy == nullptr) {
         LOGE("Data set fail , filepath : %s", path.c_str());
         return *this;
     }
-    data = std::move(room);
+    data = std::move(copy);
     memcpy(data.get(), src, newSize);
     size = newSize;
     return *this;
@@ -65,7 +65,7 @@ bool FileHelper::read(FileContent& content) {
         return false;
     }
     const long size = ftell(file.get());
-    // A folder claims to be larger than anything that the content's size can tell.
+    // A directory reports a size that FileContent cannot hold.
     if (size < 0 || size > std::numeric_limits<int>::max()) {
         LOGE("Invalid size");
         return false;

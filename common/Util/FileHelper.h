@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Whole files between memory and disk. Every operation is synchronous, logs its failure once and never throws.
+// Reads, writes, and removes whole files. Every operation is synchronous, logs a failure once, and never throws.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,7 @@ public:
     FileContent(const FileContent&) = delete;
     FileContent& operator=(const FileContent&) = delete;
 
-    // Copies `size` bytes; a null source, a size below 1 or a lack of memory leaves the object as it was.
+    // Copies `size` bytes. A null source, a size below 1, or a lack of memory leaves the object as it was.
     FileContent& setCopiedData(const char* src, int size);
 
     std::string path;
@@ -28,7 +28,7 @@ class FileHelper {
 public:
     // Creates or replaces the file and syncs it to storage.
     static bool write(FileContent& content);
-    // True for an empty file too, which leaves the content as it was.
+    // An empty file also returns true, and leaves the content as it was.
     static bool read(FileContent& content);
     static bool remove(FileContent& content);
     static bool isReadable(FileContent& content);

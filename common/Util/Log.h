@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The program's log. Each call writes its message twice: to the system log under the tag "orvane-da-service" with
-// color, kernel thread id, file, function and line, and to standard output with function and line. Any thread; no
-// state, no lock.
+// The program's log. Each call writes its message twice: to the system log with the tag "orvane-da-service", a color,
+// and the kernel thread id, file, function, and line; and to standard output with the function and line. Any thread.
+// Has no state and takes no lock.
 #pragma once
 
 #include <dlog.h>
@@ -38,7 +38,7 @@ struct Caller {
 
 namespace Log {
 
-// Both formats are joined at build time; the arguments are evaluated once and used for both.
+// The compiler joins prefix and message into the two formats; the arguments are evaluated once for both.
 template <typename... Args>
 inline void write(log_priority priority, const char* systemFormat, const char* outputFormat, const Caller& caller,
                   const Args&... args) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Key/value messages to a named port of a running application, over the platform's trusted message ports.
+// Sends key/value messages to a named port of a running application, through the platform's trusted message ports.
 #pragma once
 
 #include <bundle.h>
@@ -18,7 +18,7 @@ public:
     // Inserts or replaces; returns itself for chaining.
     MessageData& addData(std::string key, std::string value);
     void removeData(std::string key);
-    // Inserts an empty value where the key is absent.
+    // Reading an absent key inserts an empty value.
     std::string& operator[](std::string key);
     void clear();
 
@@ -28,7 +28,7 @@ private:
     std::map<std::string, std::string> mData;
 };
 
-// All entries in key order; null when creation failed. The caller frees it with bundle_free.
+// All entries in key order; null on failure. The caller frees the bundle with bundle_free.
 bundle* makeBundle(const MessageData& data);
 
 class MessagePort {
@@ -42,9 +42,9 @@ public:
 
     bool setTarget(const std::string& appId, const std::string& port);
     bool isTargetAlive(const std::string& appId, const std::string& port) const;
-    // Any thread. False when the target's port does not exist; true does not say that the platform took the message.
+    // Any thread. False if the target's port does not exist. True does not mean that the platform accepted the message.
     bool sendMessage(const MessageData& data) const;
-    // Registers the local port, once an object; the callback comes on the main loop.
+    // Registers the local port, at most once per object. The callback comes on the main loop.
     bool setCallBack(const std::string& localPort, const Callback& callback, void* userData);
 
 private:
@@ -57,7 +57,7 @@ private:
                                      bundle* message, void* holder) noexcept;
 
     std::unique_ptr<CallbackHolder> mCallbackHolder;
-    std::string mLocalPortName;
+    std::string mLocalPortName;  // the platform contract requires it; nothing reads it
     std::string mTargetAppId;
     std::string mTargetPort;
     int mLocalPortId = -1;

@@ -6,33 +6,34 @@
 
 namespace Util {
 
-// One instance a type, created on first use, whichever thread that is.
+// One instance per type, created on first use by any thread. An instance that is never destroyed, such as the async
+// thread's, lives until the process ends, because other threads may use it until then.
 template <typename T>
 class Singleton {
 public:
-    // Any thread. The constructor of T must not ask for the instance.
+    // Any thread. The constructor of T must not call this.
     static T* getInstance() {
-        std::lock_guard<std::mutex> lock(mCreation);
+        std::lock_guard<std::mutex> lock(mMutex);
         if (mInstance == nullptr) {
             mInstance = new T;
         }
         return mInstance;
     }
 
-    // Only when no other thread uses the instance any more; a later use makes a new one.
+    // Only when no other thread uses the instance. A later use creates a new one.
     static void destroy() {
-        T* leaving = nullptr;
+        T* instance = nullptr;
         {
-            std::lock_guard<std::mutex> lock(mCreation);
-            std::swap(leaving, mInstance);
+            std::lock_guard<std::mutex> lock(mMutex);
+            std::swap(instance, mInstance);
         }
-        delete leaving;
+        delete instance;
     }
 
     static inline T* mInstance = nullptr;
 
 private:
-    static inline std::mutex mCreation;  // while the pointer changes
+    static inline std::mutex mMutex;  // held while mInstance is created or cleared
 };
 
 }  // namespace Util

@@ -6,7 +6,7 @@
 
 namespace Util {
 
-// Callbacks to run when a watched state changes, in the order of their registration. Main loop only.
+// Runs callbacks, in the order of their registration, when a watched state changes. Main loop only.
 class SystemStateListener {
 public:
     using Callback = std::function<void(void*)>;
@@ -16,7 +16,7 @@ public:
     SystemStateListener(const SystemStateListener&) = delete;
     SystemStateListener& operator=(const SystemStateListener&) = delete;
 
-    // The callback must not be empty; it stays until the listener is destroyed.
+    // The callback must not be empty. It stays registered until the listener is destroyed.
     void addCallback(const Callback& callback, void* userData);
 
 protected:

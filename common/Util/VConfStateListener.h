@@ -9,7 +9,7 @@
 
 namespace Util {
 
-// Watches one key of the settings store; calls back only when its value really changes.
+// Watches one key of the settings store. Calls back only if a notification brings another value than the last one.
 class VConfStateListener : public SystemStateListener {
 public:
     VConfStateListener(const std::string& key, int value);
@@ -19,7 +19,7 @@ public:
     ~VConfStateListener() override;
 
 private:
-    // Which constructor made the listener.
+    // The constructor that made the listener.
     enum ValueType { INT = 0, BOOL = 1, DOUBLE = 2, STRING = 3 };
 
     VConfStateListener(const std::string& key, ValueType type);
@@ -27,9 +27,10 @@ private:
     bool update(const keynode_t* node);
     static void vconfNotifyCb(keynode_t* node, void* listener) noexcept;
 
-    // The value of the key's real type is compared, whatever type the listener was made with.
     std::string mKey;
-    int mValueType;
+    int mValueType;  // the platform contract requires it; nothing reads it
+    // The last known value of each type. A notification is compared with the one of its own type, whatever the
+    // constructor was.
     int mIntValue = 0;
     bool mBoolValue = false;
     double mDoubleValue = 0;

@@ -23,7 +23,7 @@ bool isShownByUiOnly(const std::string& actionName) {
     return std::find(std::begin(ANSWERS), std::end(ANSWERS), actionName) != std::end(ANSWERS);
 }
 
-// The term goes in as it was heard: the viewer escapes what it opens.
+// The search term is not escaped.
 std::string urlOf(vrp_web_search_data_s* search) {
     const std::string provider = getTrimmedStringFromVRP(vrp_web_search_data_get_provider, search);
     if (provider == "google" || provider == "Google") {

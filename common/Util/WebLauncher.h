@@ -7,10 +7,10 @@
 
 namespace Util {
 
-// Opens web pages in the platform's viewer.
+// Opens web pages in the platform's web browser.
 class WebLauncher {
 public:
-    // The page that an NLU result of a web search asks for; answers that only the UI shows open none.
+    // Opens the page of the NLU result of a web search. Opens nothing for an action that only the UI answers.
     static void launch(vrp_response_data_s* response);
     static void launch(std::string url);
 };

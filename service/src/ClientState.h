@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the service tells the UI application of its state. Values are fixed; only the names travel.
+// The states and errors that the service reports to the UI application. It sends their names; the values are fixed.
 #pragma once
 
 namespace OrvaneDA {
@@ -27,7 +27,7 @@ enum class ErrorType : int {
     ServerCrashed = 8,
 };
 
-// Names on the wire; "UNKNOWN" for any value without one.
+// The name that is sent; "UNKNOWN" for a value without a name.
 const char* wireName(ClientState state);
 const char* wireName(ErrorType error);
 

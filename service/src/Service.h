@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The one object that owns every module, reports to the UI application and acts on its requests.
-// Everything runs on the main loop, but for the wake-up callback, which runs on the process-wide async worker.
+// The object that owns every module, reports to the UI application, and carries out its requests.
+// Everything runs on the main loop, except triggerShot(), which runs on the process-wide async worker.
 #pragma once
 
 #include <Ecore.h>
@@ -28,26 +28,28 @@ public:
     Service(const Service&) = delete;
     Service& operator=(const Service&) = delete;
 
-    // Life cycle.
+    // Lifecycle.
     bool onCreate();
     void onAppControl(app_control_h& request);
     void onTerminate();
     void initModule();
     void initTrigger();
 
-    // The send's result; never waits for the UI.
+    // Returns the result of the send, which does not wait for the UI.
     int sendStateToUI(const ClientState& state, const ErrorType& error);
 
     void startRecognition(VoiceStartMode mode, std::string volume);
     void stopRecognition();
     void cancelRecognition();
 
-    // Language: the menu's is mapped to the assistant's, whose change rebuilds recogniser and trigger.
+    // The language of the menu decides the assistant's. A change of the latter rebuilds the trigger and sets the
+    // recognizer's language.
     void setOrvaneLang();
     void refreshLanguageSet();
     void refreshTrigger();
 
-    // Capture level: a file that the UI polls, rewritten at most 50 times a second and only on change.
+    // The volume file reports the recorder's level to the UI. The timer checks the level every 20 ms; a refresh writes
+    // the file only if the level has changed.
     void startTimerVolumeSender();
     void stopTimerVolumeSender();
     void refreshVolumeFile();
@@ -59,32 +61,35 @@ private:
     void recognitionStateChanged(const ClientState& state);
     void reportState(const ClientState& state, const ErrorType& error);
     void waitForUi();
-    void failIfRecognizing(const ErrorType& error);
+    void micStateChanged();
+    void connectionStateChanged();
     bool isRecognizing() const;
+    void fail(const ErrorType& error);
     void triggerShot(int level);
     void wakeUi();
-    // The pointer goes first and the object after, outside the lock: a module's destructor may wait for the async
-    // worker.
+    // Clears the pointer under the mutex, and destroys the module without it: a module's destructor may wait for the
+    // async worker, which may wait for the mutex.
     template <typename Module>
     void destroy(Module*& module) {
-        Module* leaving = nullptr;
+        Module* old = nullptr;
         {
             std::lock_guard<std::mutex> lock(mModulesMutex);
-            std::swap(leaving, module);
+            std::swap(old, module);
         }
-        delete leaving;
+        delete old;
     }
 
     Ecore_Timer* mVolumeTimer = nullptr;
-    ClientState mState = ClientState::Unknown;           // last sent to the UI
-    ClientState mRecognitionState = ClientState::Ready;  // last reported by the recognition module
+    ClientState mState = ClientState::Unknown;  // last sent to the UI
+    // Last reported by the recognition module. The platform contract requires it; nothing reads it.
+    ClientState mRecognitionState = ClientState::Ready;
     SRecorder* mRecorder = nullptr;
     Trigger* mTrigger = nullptr;
     VoiceControl* mVoiceControl = nullptr;
     ProfileRefresher* mProfileRefresher = nullptr;
     Util::MessagePort mUiPort;
-    // The async worker's callback holds it while it uses recorder and trigger; the main loop, while it changes the
-    // pointers.
+    // Held by triggerShot() while it uses the recorder and the trigger, and by the main loop while it changes a pointer
+    // to a module.
     std::mutex mModulesMutex;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Keeps the assistant's language in step with the device's menu language. The chain runs over the settings store: the
-// menu language writes the assistant's, whose change rebuilds what depends on it; an unchanged value ends the chain.
+// Keeps the assistant's language in step with the language of the device's menu. A change of the menu's language writes
+// the assistant's to the settings store; only if that value changes too, its listener rebuilds what depends on it.
 #include <mutex>
 
 #include "Controller/SRecorder.h"
@@ -42,7 +42,7 @@ void Service::refreshLanguageSet() {
     mVoiceControl->setLanguage(systemConfig().getLangStr());
 }
 
-// No audio reaches the trigger that is being replaced.
+// The recorder's listener is removed first, so that no audio reaches a trigger that is being destroyed.
 void Service::refreshTrigger() {
     mRecorder->clearListener();
     destroy(mTrigger);

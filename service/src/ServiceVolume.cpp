@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Publishes the capture level for the UI's level meter.
+// Writes the recorder's level to the volume file, for the UI's level meter.
 #include <string.h>
 
 #include "Controller/SRecorder.h"
@@ -13,7 +13,7 @@ namespace OrvaneDA {
 namespace {
 
 constexpr double VOLUME_PERIOD_S = 0.02;
-// No real level, so that the first refresh always writes.
+// Not a real level, so the first refresh always writes.
 constexpr int NO_LEVEL = 987654321;
 int lastWrittenLevel = NO_LEVEL;
 

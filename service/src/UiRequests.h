@@ -5,12 +5,12 @@
 
 namespace OrvaneDA {
 
-// The program-wide requests to the UI application, prepared once and reused for every send: a send copies.
-// Extras are filled on the main loop only.
+// The requests to the UI application, prepared once and reused, because each send copies its request.
+// Only the main loop changes them.
 struct UiRequests {
     Util::AppControlData triggerShot;
     Util::AppControlData stateChange;
-    Util::AppControlData partialResult;
+    Util::AppControlData partialResult;  // the platform contract requires it; nothing sends it
     Util::AppControlData speechDetected;
 
     static UiRequests& get();

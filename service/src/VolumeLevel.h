@@ -5,8 +5,7 @@
 
 namespace OrvaneDA {
 
-// The capture level as the UI reads it, cut towards zero. Silence is minus infinity, which no integer holds: the lowest
-// one stands for it.
+// The level as the UI reads it, truncated toward zero. Silence is minus infinity; the lowest integer represents it.
 inline int wholeLevel(float decibel) {
     constexpr int LOWEST = std::numeric_limits<int>::min();
     return decibel > static_cast<float>(LOWEST) ? static_cast<int>(decibel) : LOWEST;

@@ -3,13 +3,12 @@
 
 #include <string.h>
 
-#include "Util/Log.h"
 #include "Util/Text.h"
 
 namespace Util {
 
 SoundStreamWatcher::SoundStreamWatcher() {
-    askPlaybackFocus();
+    readPlaybackFocus(Caller::current());
     const int result =
         sound_manager_add_focus_state_watch_cb(SOUND_STREAM_FOCUS_FOR_PLAYBACK, _focus_state_watch_cb, this, &mWatchId);
     if (result != SOUND_MANAGER_ERROR_NONE) {
@@ -23,19 +22,19 @@ SoundStreamWatcher::~SoundStreamWatcher() {
     vrd_manager_destroy(mBriefingDb);
 }
 
-void SoundStreamWatcher::askPlaybackFocus() {
+void SoundStreamWatcher::readPlaybackFocus(const Caller& caller) {
     sound_stream_focus_change_reason_e acquiredBy = SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA;
     int flags = 0;
     char* extraInfo = nullptr;
     const int result = sound_manager_get_current_playback_focus(&acquiredBy, &flags, &extraInfo);
     const PlatformText owned(extraInfo);
     if (result == SOUND_MANAGER_ERROR_NONE && acquiredBy == SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA) {
-        LOGD("Some media has focus for playback: %d", flags);
+        LOGD_FOR(caller, "Some media has focus for playback: %d", flags);
     } else if (result == SOUND_MANAGER_ERROR_NO_DATA || result == SOUND_MANAGER_ERROR_NONE) {
-        LOGD("No one has media focus for playback!");
+        LOGD_FOR(caller, "No one has media focus for playback!");
         mAvailable = true;
     } else {
-        LOGE("[ERROR] Fail to get current playback focus : %d", result);
+        LOGE_FOR(caller, "[ERROR] Fail to get current playback focus : %d", result);
     }
 }
 

@@ -7,10 +7,12 @@
 #include <atomic>
 #include <mutex>
 
+#include "Util/Log.h"
+
 namespace Util {
 
-// Knows whether the media output is free: no media player holds the playback focus and no morning briefing plays.
-// Any thread may create it and ask; it is destroyed when no thread asks any more.
+// Reports whether the media output is available: no media player has the playback focus, and no morning briefing plays.
+// Any thread may create and use it.
 class SoundStreamWatcher {
 public:
     SoundStreamWatcher();
@@ -21,16 +23,16 @@ public:
     bool isSoundStreamAvailable();
 
 private:
-    void askPlaybackFocus();
+    void readPlaybackFocus(const Caller& caller);
     bool isMorningBriefPlaying();
     static void _focus_state_watch_cb(int id, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
                                       sound_stream_focus_change_reason_e reason, const char* extraInfo,
                                       void* watcher) noexcept;
 
-    std::atomic<bool> mAvailable{false};  // written on the sound manager's thread
+    std::atomic<bool> mAvailable{false};  // no media player has the focus; written on the sound manager's thread
     int mWatchId = -1;
     vrd_manager_h mBriefingDb = nullptr;
-    std::mutex mBriefingMutex;  // held while the database is walked: its handle takes one thread at a time
+    std::mutex mBriefingMutex;  // guards mBriefingDb, which one thread at a time may use
 };
 
 }  // namespace Util

@@ -1,22 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-// The main loop and others call the public operations; the sound manager's thread reports changes; one fader thread at
-// a time moves the device's level and takes no lock of the operations, which may wait for it to end.
 #include "Util/Sound/VolumeController.h"
 
-#include <stdlib.h>
-#include <unistd.h>
-
 #include "Util/Log.h"
-#include "Util/Singleton.h"
-#include "Util/Sound/SoundStreamWatcher.h"
 
 namespace Util {
 
 namespace {
 
-constexpr int DUCKED_LEVEL = 2;
 constexpr int UNMUTE_LEVEL = 7;
-constexpr int TICK_MS = 50;
 
 sound_type_e soundTypeOf(MediaType type) {
     switch (type) {
@@ -153,85 +144,6 @@ void VolumeController::_volume_changed_cb(sound_type_e type, unsigned int level,
         }
     }
     LOGD("volume %d type(%s)", static_cast<int>(level), nameOf(self->mMediaType));
-}
-
-int VolumeController::decreaseVolume(double seconds) {
-    std::lock_guard<std::mutex> lock(mMutex);
-    if (mMediaType == MediaType::MEDIA && Singleton<SoundStreamWatcher>::getInstance()->isSoundStreamAvailable()) {
-        return 0;
-    }
-    if (getRealVolume() <= DUCKED_LEVEL) {
-        return 0;
-    }
-    implFaderThread(seconds, DUCKED_LEVEL, false);
-    return 1;
-}
-
-int VolumeController::restoreVolume(double seconds) {
-    std::lock_guard<std::mutex> lock(mMutex);
-    implFaderThread(seconds, mVolume, true);
-    return 1;
-}
-
-void VolumeController::implFaderThread(double seconds, int target, bool restore) {
-    stopFader();
-    mFaderSet = true;
-    mFaderThread = std::make_unique<std::thread>([=] { fade(seconds, target, restore); });
-}
-
-// The old fade ends at its next tick and still sets its own target.
-void VolumeController::stopFader() {
-    if (mFaderThread == nullptr) {
-        return;
-    }
-    mFaderSet = false;
-    if (mFaderThread->joinable()) {
-        mFaderThread->join();
-    }
-    mFaderThread.reset();
-}
-
-void VolumeController::fade(double seconds, int target, bool restore) {
-    const int start = getRealVolume();
-    mFading = true;
-    // Nothing to step through; the closing steps still set the level.
-    const int steps = abs(start - target);
-    int remaining = steps == 0 ? 0 : static_cast<int>(seconds * 1000);
-    int wait = 0;
-    while (mFaderSet && remaining > 0) {
-        if (wait < 1) {
-            const int current = getRealVolume();
-            const int next = current < target ? current + 1 : current - 1;
-            // Somebody else may have put the level on the target meanwhile.
-            if (next == target || current == target) {
-                break;
-            }
-            setRealVolume(next);
-            wait = remaining / steps;
-            remaining -= wait;
-        }
-        wait -= TICK_MS;
-        usleep(TICK_MS * 1000);
-    }
-    if (restore) {
-        mFading = false;
-    } else {
-        endDecrease();
-    }
-    setRealVolume(target);
-}
-
-void VolumeController::endDecrease() {
-    DecreaseCallback ended{nullptr, nullptr};
-    {
-        std::lock_guard<std::mutex> lock(mSyncMutex);
-        if (mDecreaseCallback != nullptr) {
-            ended = *mDecreaseCallback;
-        }
-    }
-    if (ended.callback) {
-        ended.callback(ended.userData);
-    }
 }
 
 }  // namespace Util

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// The volume of one sound type: get, set, step, mute, and a fade down while the assistant listens or speaks with a fade
-// back afterwards. While ducked, the user's own changes are remembered and applied by the restore.
-// Public operations: any thread. The platform reports changes on its own thread; each fade runs on a fader thread.
+// The volume of one sound type: get, set, step, mute, and fades. A decrease fades the volume down while the assistant
+// listens or speaks; a restore fades it back. In between, setVolume only remembers the level for the restore.
+// Any thread may call the public operations. The platform reports changes on its own thread; each fade runs on a fader
+// thread.
 #pragma once
 
 #include <sound_manager.h>
@@ -19,7 +20,7 @@ enum class MediaType : int {
     SYSTEM = 0,
     NOTIFICATION = 1,
     ALARM = 2,
-    MEDIA_UNNAMED = 3,  // the media type too, but without a name in the log
+    MEDIA_UNNAMED = 3,  // the media type, named UNKNOWN in the log
     MEDIA = 4,
 };
 
@@ -31,20 +32,20 @@ public:
     VolumeController(const VolumeController&) = delete;
     VolumeController& operator=(const VolumeController&) = delete;
 
-    int getRealVolume();       // the device's level, -1 on failure
-    int setRealVolume(int v);  // the platform's result
-    int getVolume();           // the user's level, also while ducked
+    int getRealVolume();       // the device's level; -1 on failure
+    int setRealVolume(int v);  // returns the platform's result
+    int getVolume();           // the user's level; after a decrease, the level to restore
     int setVolume(int v);
     int VolumeUp();
     int VolumeDown();
     int mute();
     int unmute();
-    // `other` follows this controller's changes from now on and must outlive it.
+    // From now on, `other` gets each level that the platform reports for this controller. It must outlive this one.
     int addSync(VolumeController* other);
-    // Called on the fader thread when a decrease ends; must not call this controller's own operations back.
+    // Called on the fader thread when a decrease ends. Must not call this controller.
     void setDecreaseCallback(const std::function<void(void*)>& callback, void* userData);
-    int decreaseVolume(double seconds);  // 1 when a fade was started, else 0
-    int restoreVolume(double seconds);   // 1
+    int decreaseVolume(double seconds);  // returns 1 if it started a fade, else 0
+    int restoreVolume(double seconds);   // returns 1
 
 private:
     struct DecreaseCallback {
@@ -58,15 +59,16 @@ private:
     void endDecrease();
     static void _volume_changed_cb(sound_type_e type, unsigned int level, void* controller) noexcept;
 
-    std::atomic<int> mVolume{-1};      // the user's; while ducked, the level to restore
-    std::atomic<int> mLastVolume{-1};  // last that was not 0
-    std::mutex mMutex;                 // makes the public operations exclude each other
+    // Lock order: mMutex, then mSyncMutex. The platform is called under mMutex, but never under mSyncMutex.
+    std::atomic<int> mVolume{-1};      // the user's level; after a decrease, the level to restore
+    std::atomic<int> mLastVolume{-1};  // the last level above 0
+    std::mutex mMutex;                 // held by public operations, so that one runs at a time; guards mFaderThread
     std::unique_ptr<std::thread> mFaderThread;
-    std::atomic<bool> mFaderSet{false};  // cleared to stop the running fade
-    std::mutex mSyncMutex;               // guards the two below, which other threads read
+    std::atomic<bool> mFaderSet{false};  // false stops the running fade
+    std::mutex mSyncMutex;               // guards the two fields below
     std::vector<VolumeController*> mSyncList;
     std::unique_ptr<DecreaseCallback> mDecreaseCallback;
-    std::atomic<bool> mFading{false};  // from the start of any fade until a restore ends
+    std::atomic<bool> mFading{false};  // from the start of a fade until the end of a restore
     MediaType mMediaType;
 };
 

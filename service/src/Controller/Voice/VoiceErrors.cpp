@@ -41,17 +41,17 @@ void logIfFailed(const char* call, int result, const Util::Caller& caller) {
 }
 
 ErrorType errorTypeOf(const std::string& message) {
-    namespace RecogniserError = Constants::RecogniserError;
+    namespace RecognizerError = Constants::RecognizerError;
     static constexpr struct {
         const char* message;
         ErrorType error;
-    } ERRORS[] = {{RecogniserError::SERVER_TIMED_OUT, ErrorType::ProcessingTimeout},
-                  {RecogniserError::NETWORK_TIMEOUT, ErrorType::ProcessingTimeout},
-                  {RecogniserError::CONNECTION_FAIL, ErrorType::ProcessingTimeout},
-                  {RecogniserError::ASR_TIMED_OUT, ErrorType::ProcessingTimeout},
-                  {RecogniserError::NLU_EXCEPTION, ErrorType::ServerCrashed},
-                  {RecogniserError::UNKNOWN_ERROR, ErrorType::ServerCrashed},
-                  {RecogniserError::SERVER_SIDE_PREPARE, ErrorType::ServerCrashed}};
+    } ERRORS[] = {{RecognizerError::SERVER_TIMED_OUT, ErrorType::ProcessingTimeout},
+                  {RecognizerError::NETWORK_TIMEOUT, ErrorType::ProcessingTimeout},
+                  {RecognizerError::CONNECTION_FAIL, ErrorType::ProcessingTimeout},
+                  {RecognizerError::ASR_TIMED_OUT, ErrorType::ProcessingTimeout},
+                  {RecognizerError::NLU_EXCEPTION, ErrorType::ServerCrashed},
+                  {RecognizerError::UNKNOWN_ERROR, ErrorType::ServerCrashed},
+                  {RecognizerError::SERVER_SIDE_PREPARE, ErrorType::ServerCrashed}};
     for (const auto& row : ERRORS) {
         if (message == row.message) {
             return row.error;

@@ -15,7 +15,7 @@
 
 using Texts = std::vector<std::string>;
 
-// Starts from a platform that knows nothing and ends without the product's singletons.
+// Each test starts with a reset platform and without the product's singletons.
 class PlatformTest : public testing::Test {
 protected:
     void SetUp() override { fake::platform().reset(); }
@@ -26,7 +26,7 @@ protected:
     static Util::SystemConfig& config() { return Util::systemConfig(); }
 };
 
-// For tests that send requests: nothing that is still queued reaches the next test.
+// For tests that send requests. Waits at the end, so that no request reaches the next test.
 class SendingTest : public PlatformTest {
 protected:
     void TearDown() override {
@@ -34,9 +34,9 @@ protected:
         PlatformTest::TearDown();
     }
 
-    // Waits until the worker has sent everything queued so far.
+    // Waits until the worker has sent all queued requests.
     static void drain() {
-        // No scripted failure may stop the marker.
+        // The marker must not fail.
         for (const char* call :
              {"app_control_create", "app_control_set_app_id", "app_control_set_operation", "app_control_set_uri",
               "app_control_add_extra_data", "app_control_add_extra_data_array", "app_control_send_launch_request",
@@ -54,7 +54,7 @@ protected:
         }));
     }
 
-    // What was sent so far, without the drain's own.
+    // The requests that were sent, without markers.
     static Texts sent() {
         drain();
         Texts texts = fake::launchTexts();

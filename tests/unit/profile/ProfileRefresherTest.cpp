@@ -20,7 +20,7 @@ protected:
         fake::setFamilies({{"f1", {{"u1", "Ann"}, {"u2", "Bob"}}, 0}, {"f2", {}, 0}, {"f3", {{"u3", "Cy"}}, 0}});
     }
     void TearDown() override {
-        // Workers are not joined; the session's end is the last that they do.
+        // Workers are detached; the last owner of the session closes hub and database.
         EXPECT_TRUE(fake::platform().waitFor("ks_server_destroy"));
         EXPECT_TRUE(fake::platform().waitFor("vrd_manager_destroy"));
         EXPECT_EQ(fake::openRecords(), 0);
@@ -38,21 +38,21 @@ protected:
                  {"quorbit_account_server_uri", "https://hub"}},
                 {}};
     }
-    // Answers the last account request again and again, until a worker's wait has ended.
+    // Replies to the last account request until a worker's wait has ended.
     static bool answer(app_control_s reply, app_control_result_e result = APP_CONTROL_RESULT_SUCCEEDED) {
         if (!fake::platform().waitUntil([] { return !fake::launches().empty(); })) {
             return false;
         }
         const fake::Launch launch = fake::launches().back();
         const size_t before = fake::platform().count("vrd_manager_private_update");
-        // A worker that does not wait yet misses the answer, as with the real one.
+        // A worker that does not wait yet misses the reply.
         return fake::platform().waitUntil([&] {
             launch.callback(nullptr, &reply, result, launch.userData);
             return fake::platform().count("vrd_manager_private_update") > before;
         });
     }
-    // The refresher goes while its worker is in that call, which the test lets end only then.
-    static void goDuring(const char* call) {
+    // Destroys the refresher while its worker is in that call, which ends only afterwards.
+    static void destroyDuring(const char* call) {
         std::atomic<bool> gone{false};
         fake::platform().onCall(
             call, [&](const fake::Call&) { EXPECT_TRUE(fake::platform().waitUntil([&] { return gone.load(); })); });
@@ -87,7 +87,7 @@ TEST_F(ProfileRefresherTest, TheHouseholdsUsersAreFetchedAndStored) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "result_e:[0]"));
 }
 
-TEST_F(ProfileRefresherTest, AFamilyWithoutUsersAddsNothingAndTheNextIsAskedFor) {
+TEST_F(ProfileRefresherTest, AFamilyWithoutUsersAddsNothingAndTheNextIsFetched) {
     fake::setFamilies({{"f1", {}, 0}, {"f2", {{"u2", "Bob"}}, 0}});
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account()));
@@ -95,7 +95,7 @@ TEST_F(ProfileRefresherTest, AFamilyWithoutUsersAddsNothingAndTheNextIsAskedFor)
     EXPECT_EQ(fake::storedRecords(), Texts{"userId=u2 userName=Bob"});
 }
 
-TEST_F(ProfileRefresherTest, ARecordIsMadeOfTheUsersIdAndName) {
+TEST_F(ProfileRefresherTest, ARecordHasTheUsersIdAndName) {
     fake::setFamilies({{"f1", {{"u1", "Ann"}}, 0}});
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account()));
@@ -104,14 +104,14 @@ TEST_F(ProfileRefresherTest, ARecordIsMadeOfTheUsersIdAndName) {
                      "vrd_manager_private_update(1)"}));
 }
 
-TEST_F(ProfileRefresherTest, TheAccountServicesReplyComesBackToTheRefresher) {
+TEST_F(ProfileRefresherTest, TheAccountRequestNamesTheRefreshersReplyCallback) {
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account()));
     EXPECT_EQ(fake::launches().at(0).callback, &ProfileRefresher::appControlReplyCB);
     EXPECT_EQ(fake::launches().at(0).userData, &refresher);
 }
 
-TEST_F(ProfileRefresherTest, TheLastRecordsAreFreedBetweenHubAndDatabase) {
+TEST_F(ProfileRefresherTest, DestructionFreesTheRecordsAfterTheHubAndBeforeTheDatabase) {
     auto refresher = std::make_unique<ProfileRefresher>();
     ASSERT_TRUE(answer(account()));
     fake::platform().forgetCalls();
@@ -133,17 +133,17 @@ TEST_F(ProfileRefresherTest, ConstructionAndDestructionHaveTheirOrder) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "~ProfileRefresher"));
 }
 
-TEST_F(ProfileRefresherTest, WithoutANetworkNothingIsAsked) {
+TEST_F(ProfileRefresherTest, WithoutANetworkNothingIsRequested) {
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
     auto refresher = std::make_unique<ProfileRefresher>();
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "No network connection."));
     EXPECT_EQ(fake::platform().countLogged("No network connection."), 1u);
     refresher.reset();
-    EXPECT_EQ(fake::platform().count("ks_server_destroy"), 1u) << "there was no worker to wait for";
+    EXPECT_EQ(fake::platform().count("ks_server_destroy"), 1u) << "there is no worker to wait for";
     EXPECT_TRUE(sent().empty());
 }
 
-TEST_F(ProfileRefresherTest, AnEventThatCannotBeWatchedIsLoggedAndNothingIsRemoved) {
+TEST_F(ProfileRefresherTest, AFailedEventHandlerIsLoggedAndNotRemoved) {
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
     fake::platform().answer("event_add_event_handler", -401);
     { ProfileRefresher refresher; }
@@ -151,7 +151,7 @@ TEST_F(ProfileRefresherTest, AnEventThatCannotBeWatchedIsLoggedAndNothingIsRemov
     EXPECT_EQ(fake::platform().count("event_remove_event_handler"), 0u);
 }
 
-TEST_F(ProfileRefresherTest, APushRefreshesAgain) {
+TEST_F(ProfileRefresherTest, APushNotificationRefreshesAgain) {
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
     ProfileRefresher refresher;
     fake::setConnection(CONNECTION_TYPE_ETHERNET);
@@ -161,7 +161,7 @@ TEST_F(ProfileRefresherTest, APushRefreshesAgain) {
     EXPECT_EQ(fake::storedRecords().size(), 3u);
 }
 
-TEST_F(ProfileRefresherTest, AnAccountServiceThatIsSilentForFiveSecondsLeavesNoUsers) {
+TEST_F(ProfileRefresherTest, WithoutAReplyForFiveSecondsNoUsersAreStored) {
     const auto start = std::chrono::steady_clock::now();
     ProfileRefresher refresher;
     ASSERT_TRUE(fake::platform().waitFor("vrd_manager_private_update"));
@@ -170,14 +170,14 @@ TEST_F(ProfileRefresherTest, AnAccountServiceThatIsSilentForFiveSecondsLeavesNoU
     EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
 }
 
-TEST_F(ProfileRefresherTest, ASignedOutAccountLeavesNoUsers) {
+TEST_F(ProfileRefresherTest, ForASignedOutAccountNoUsersAreStored) {
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account("false")));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Failed to get quorbit account"));
     EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
 }
 
-TEST_F(ProfileRefresherTest, AnAccountWithoutATokenLeavesNoUsers) {
+TEST_F(ProfileRefresherTest, ForAnAccountWithoutATokenNoUsersAreStored) {
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account("true", "")));
     EXPECT_EQ(hub(), Texts{"vrd_manager_private_update(0)"});
@@ -213,7 +213,7 @@ TEST_F(ProfileRefresherTest, EveryReplyEndsTheWait) {
     ASSERT_TRUE(answer(account("false")));
 }
 
-TEST_F(ProfileRefresherTest, RefreshesTakeTurnsAndAnAnswerBeforeTheWaitIsUsedAtItsEnd) {
+TEST_F(ProfileRefresherTest, OneRefreshAtATimeUsesTheHubAndAnEarlyReplyIsUsedAfterTheFullWait) {
     std::atomic<bool> held{true};
     fake::platform().onCall("ks_server_sa_account_set",
                             [&](const fake::Call&) { EXPECT_TRUE(fake::platform().waitUntil([&] { return !held; })); });
@@ -238,7 +238,7 @@ TEST_F(ProfileRefresherTest, RefreshesTakeTurnsAndAnAnswerBeforeTheWaitIsUsedAtI
                      "ks_server_sa_account_set(guid, token, client, https://hub)", "vrd_manager_private_update(3)"}));
 }
 
-TEST_F(ProfileRefresherTest, ARefreshThatFailsTakesTheStoredUsersAway) {
+TEST_F(ProfileRefresherTest, AFailedRefreshRemovesTheStoredUsers) {
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account()));
     ASSERT_EQ(fake::storedRecords().size(), 3u);
@@ -258,7 +258,7 @@ TEST_F(ProfileRefresherTest, CredentialsAreNotKeptForTheNextRefresh) {
     EXPECT_EQ(fake::platform().count("ks_server_sa_account_set"), 1u);
 }
 
-TEST_F(ProfileRefresherTest, AHubThatRefusesTheAccountLeavesNoUsers) {
+TEST_F(ProfileRefresherTest, IfTheHubRefusesTheAccountNoUsersAreStored) {
     fake::platform().answer("ks_server_sa_account_set", 401);
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account()));
@@ -267,7 +267,7 @@ TEST_F(ProfileRefresherTest, AHubThatRefusesTheAccountLeavesNoUsers) {
               (Texts{"ks_server_sa_account_set(guid, token, client, https://hub)", "vrd_manager_private_update(0)"}));
 }
 
-TEST_F(ProfileRefresherTest, AHubThatGivesNoFamiliesLeavesNoUsers) {
+TEST_F(ProfileRefresherTest, IfTheHubReturnsNoFamiliesNoUsersAreStored) {
     fake::platform().answer("ks_server_profile_families_get", 500);
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account()));
@@ -275,7 +275,7 @@ TEST_F(ProfileRefresherTest, AHubThatGivesNoFamiliesLeavesNoUsers) {
     EXPECT_EQ(fake::platform().count("ks_server_profile_families_family_users_get"), 0u);
 }
 
-TEST_F(ProfileRefresherTest, AFailureAtTheSecondFamilyKeepsTheFirstOnesUsersAndAsksNoFurther) {
+TEST_F(ProfileRefresherTest, AFailureAtTheSecondFamilyKeepsTheFirstFamilysUsersAndEndsTheRefresh) {
     fake::setFamilies({{"f1", {{"u1", "Ann"}}, 0}, {"f2", {{"u2", "Bob"}}, 503}, {"f3", {{"u3", "Cy"}}, 0}});
     ProfileRefresher refresher;
     ASSERT_TRUE(answer(account()));
@@ -293,7 +293,7 @@ TEST_F(ProfileRefresherTest, ASecondRefreshReplacesTheUsersOfTheFirst) {
     ASSERT_TRUE(fake::platform().waitUntil([] { return fake::storedRecords() == Texts{"userId=u9 userName=Zoe"}; }));
 }
 
-TEST_F(ProfileRefresherTest, ARefresherThatGoesWhileAWorkerWaitsClosesOnceTheWorkerHasEnded) {
+TEST_F(ProfileRefresherTest, DestroyedDuringAWaitItClosesTheHubWhenTheWorkerEnds) {
     auto refresher = std::make_unique<ProfileRefresher>();
     ASSERT_TRUE(fake::platform().waitUntil([] { return !fake::launches().empty(); }));
     const fake::Launch launch = fake::launches().at(0);
@@ -304,31 +304,31 @@ TEST_F(ProfileRefresherTest, ARefresherThatGoesWhileAWorkerWaitsClosesOnceTheWor
     EXPECT_EQ(fake::platform().count("vrd_manager_private_update"), 0u) << "the stored users stay";
 }
 
-TEST_F(ProfileRefresherTest, ARefresherThatGoesDuringASignInIsTheLastOfTheRefresh) {
-    goDuring("ks_server_sa_account_set");
+TEST_F(ProfileRefresherTest, DestroyedDuringASignInItFetchesNothing) {
+    destroyDuring("ks_server_sa_account_set");
     EXPECT_EQ(hub(), Texts{"ks_server_sa_account_set(guid, token, client, https://hub)"});
 }
 
-TEST_F(ProfileRefresherTest, ARefresherThatGoesWhileAFamilyIsAskedForAsksForNoOther) {
-    goDuring("ks_server_profile_families_family_users_get");
+TEST_F(ProfileRefresherTest, DestroyedDuringAFamilysRequestItFetchesNoOtherFamily) {
+    destroyDuring("ks_server_profile_families_family_users_get");
     EXPECT_EQ(hub(), (Texts{"ks_server_sa_account_set(guid, token, client, https://hub)",
                             "ks_server_profile_families_get()", "ks_server_profile_families_family_users_get(f1)"}));
 }
 
-TEST_F(ProfileRefresherTest, ARefresherThatGoesWhileTheLastFamilyIsAskedForStoresNothing) {
+TEST_F(ProfileRefresherTest, DestroyedDuringTheLastFamilysRequestItStoresNothing) {
     fake::setFamilies({{"f1", {{"u1", "Ann"}}, 0}});
-    goDuring("ks_server_profile_families_family_users_get");
+    destroyDuring("ks_server_profile_families_family_users_get");
     EXPECT_EQ(fake::platform().count("vrd_manager_private_update"), 0u) << "the stored users stay";
 }
 
-TEST_F(ProfileRefresherTest, AWorkerThatBeginsAfterTheRefresherWentSendsNothing) {
+TEST_F(ProfileRefresherTest, AWorkerThatStartsAfterTheDestructionSendsNothing) {
     OrvaneDA::ProfileSession session;
     session.close();
-    session.refresh([] { ADD_FAILURE() << "whatever sends it may be gone"; });
+    session.refresh([] { ADD_FAILURE() << "app control may be gone"; });
     EXPECT_EQ(hub(), Texts{});
 }
 
-TEST_F(ProfileRefresherTest, ARefreshThatCannotBeStartedIsOneLineAndLeavesNothingBehind) {
+TEST_F(ProfileRefresherTest, ARefreshThatCannotStartIsLoggedOnceAndLeavesNothingBehind) {
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
     auto refresher = std::make_unique<ProfileRefresher>();
     fake::setConnection(CONNECTION_TYPE_ETHERNET);

@@ -4,7 +4,7 @@
 
 class LanguageTest : public ServiceTest {
 protected:
-    // The language that the service stores at its start.
+    // The language that the service stores when it starts.
     int stored(const std::vector<std::string>& supported, const char* menu, const char* region) {
         fake::setSupportedLanguages(supported);
         fake::setSetting("db/menu_widget/language", std::string(menu));
@@ -14,7 +14,7 @@ protected:
     }
 };
 
-TEST_F(LanguageTest, ASupportedMenuLanguageIsTakenWhateverTheRegion) {
+TEST_F(LanguageTest, ASupportedMenuLanguageIsUsedInAnyRegion) {
     EXPECT_EQ(stored({"fr_FR"}, "fr_FR.UTF-8", "US"), 6);
 }
 
@@ -26,27 +26,27 @@ TEST_F(LanguageTest, EveryLanguageHasItsNumber) {
     }
 }
 
-TEST_F(LanguageTest, KoreanIsTakenInAmerica) {
+TEST_F(LanguageTest, KoreanIsUsedInAmerica) {
     EXPECT_EQ(stored({"ko_KR"}, "ko_KR.UTF-8", "US"), 0);
 }
 
-TEST_F(LanguageTest, FrenchThatIsNotSupportedBecomesBritishInEurope) {
+TEST_F(LanguageTest, UnsupportedFrenchBecomesBritishEnglishInEurope) {
     EXPECT_EQ(stored({"en_US"}, "fr_FR.UTF-8", "EU"), 2);
 }
 
-TEST_F(LanguageTest, AnUnsupportedLanguageIsBritishInAustralia) {
+TEST_F(LanguageTest, AnUnsupportedLanguageBecomesBritishEnglishInAustralia) {
     EXPECT_EQ(stored({}, "xx_XX", "AU"), 2);
 }
 
-TEST_F(LanguageTest, AnUnsupportedLanguageIsKoreanInKorea) {
+TEST_F(LanguageTest, AnUnsupportedLanguageBecomesKoreanInKorea) {
     EXPECT_EQ(stored({}, "xx_XX", "KR"), 0);
 }
 
-TEST_F(LanguageTest, AnUnsupportedLanguageInAnUnknownRegionIsAmerican) {
+TEST_F(LanguageTest, AnUnsupportedLanguageBecomesAmericanEnglishInAnUnknownRegion) {
     EXPECT_EQ(stored({}, "xx_XX", "ZZ"), 1);
 }
 
-TEST_F(LanguageTest, ASupportedLanguageOutsideTheListIsAmerican) {
+TEST_F(LanguageTest, AnUnlistedSupportedLanguageBecomesAmericanEnglish) {
     EXPECT_EQ(stored({"es_ES"}, "es_ES", "EU"), 1);
 }
 
@@ -58,15 +58,15 @@ TEST_F(LanguageTest, AMenuLanguageThatMapsToTheStoredOneRebuildsNothing) {
     EXPECT_EQ(fake::platform().count("IWakeupCtx::Create"), 0u);
 }
 
-TEST_F(LanguageTest, AMenuLanguageThatChangesIsStored) {
+TEST_F(LanguageTest, AChangedMenuLanguageIsStored) {
     fake::setSupportedLanguages({"en_US", "it_IT"});
     create();
     fake::changeSetting("db/menu_widget/language", std::string("it_IT.UTF-8"));
     EXPECT_EQ(fake::platform().textsOf({"vconf_set"}), Texts{"vconf_set_int(db/orvane/setting/lang, 5)"});
 }
 
-// The service hears of its own write as of any other's.
-TEST_F(LanguageTest, AMenuLanguageThatChangesMovesTriggerAndRecogniserToo) {
+// The service's own write notifies its listener too.
+TEST_F(LanguageTest, AChangedMenuLanguageRebuildsTheTriggerAndSetsTheRecognizersLanguage) {
     fake::setSupportedLanguages({"en_US", "it_IT"});
     create();
     fake::changeSetting("db/menu_widget/language", std::string("it_IT.UTF-8"));
@@ -76,7 +76,7 @@ TEST_F(LanguageTest, AMenuLanguageThatChangesMovesTriggerAndRecogniserToo) {
                      "vc_setting_set_language(it_IT)"}));
 }
 
-TEST_F(LanguageTest, AnotherLanguageRebuildsTheTriggerAndThenMovesTheRecogniser) {
+TEST_F(LanguageTest, AnotherLanguageRebuildsTheTriggerAndThenSetsTheRecognizersLanguage) {
     create();
     fake::changeSetting("db/orvane/setting/lang", 4);
     EXPECT_EQ(fake::platform().textsOf({"IWakeupCtx", "vc_setting"}),
@@ -87,7 +87,7 @@ TEST_F(LanguageTest, AnotherLanguageRebuildsTheTriggerAndThenMovesTheRecogniser)
     EXPECT_TRUE(fake::engineListens());
 }
 
-TEST_F(LanguageTest, AnotherWakeUpWordRebuildsTheTriggerOnly) {
+TEST_F(LanguageTest, AnotherWakeWordRebuildsTheTriggerOnly) {
     create();
     fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1);
     EXPECT_EQ(fake::platform().textsOf({"IWakeupCtx::Initialize"}),
@@ -96,7 +96,7 @@ TEST_F(LanguageTest, AnotherWakeUpWordRebuildsTheTriggerOnly) {
     EXPECT_TRUE(fake::engineListens());
 }
 
-TEST_F(LanguageTest, TheNewTriggerIsFedByTheRecorder) {
+TEST_F(LanguageTest, TheRecorderFeedsTheNewTrigger) {
     create();
     fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1);
     EXPECT_TRUE(fake::platform().waitUntil([] {
@@ -106,11 +106,11 @@ TEST_F(LanguageTest, TheNewTriggerIsFedByTheRecorder) {
     }));
 }
 
-TEST_F(LanguageTest, ATriggerThatWasReplacedIsNotFedAnyMore) {
+TEST_F(LanguageTest, TheRecorderDoesNotFeedAReplacedTrigger) {
     create();
     bool replaced = false;
     bool fed = false;
-    // The old trigger's feed still stands when its engine goes.
+    // The old trigger's feed still exists when its engine is destroyed.
     fake::platform().onCall("IWakeupCtx::Destroy", [&](const fake::Call&) {
         auto& feed = dynamic_cast<OrvaneDA::WakeupAudioIn&>(*fake::engineAudioIn());
         feed.setEnabled(true);

@@ -33,14 +33,14 @@ protected:
         "org.tizen.orvane-da http://orvane.example/appcontrol/operation/trigger_shot/voice -";
 };
 
-TEST_F(LifecycleTest, TheEntryPointHandsTheLoopThreeCallbacksAndReturnsItsAnswer) {
+TEST_F(LifecycleTest, TheEntryPointPassesThreeCallbacksAndReturnsTheLoopsResult) {
     fake::platform().answer("service_app_main", 42);
     EXPECT_EQ(orvane_main(1, nullptr), 42);
     Texts lines;
     for (const auto& line : fake::platform().logs()) {
         lines.push_back(line.message);
     }
-    // The service's port to the UI logs its making with an empty line.
+    // The constructor of the service's port logs an empty line.
     EXPECT_EQ(lines, (Texts{"main", "Orvane DA Version: 0.0.1-7.1", "", "main----2"}));
     for (const char* line : {"main", "Orvane DA Version: 0.0.1-7.1", "main----2"}) {
         EXPECT_TRUE(fake::platform().logged(DLOG_INFO, line));
@@ -57,10 +57,10 @@ TEST_F(LifecycleTest, TheEntryPointHandsTheLoopThreeCallbacksAndReturnsItsAnswer
     fake::lifecycle()->terminate(nullptr);
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "_terminate"));
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Service::onTerminate"));
-    EXPECT_EQ(loggers().back(), "~MessagePort") << "the service goes with its port";
+    EXPECT_EQ(loggers().back(), "~MessagePort") << "the service destroys its port";
 }
 
-TEST_F(LifecycleTest, ModulesAreBuiltInTheirOrder) {
+TEST_F(LifecycleTest, ModulesAreCreatedInTheirOrder) {
     fake::setSupportedLanguages({"de_DE"});
     fake::setSetting("db/menu_widget/language", std::string("de_DE.UTF-8"));
     service = std::make_unique<OrvaneDA::Service>();
@@ -81,7 +81,7 @@ TEST_F(LifecycleTest, ModulesAreBuiltInTheirOrder) {
     EXPECT_TRUE(fake::platform().waitFor("sse_read"));
 }
 
-TEST_F(LifecycleTest, TheRecorderRunsBeforeTheTriggerListens) {
+TEST_F(LifecycleTest, TheRecorderStartsBeforeTheTrigger) {
     service = std::make_unique<OrvaneDA::Service>();
     service->onCreate();
     const Texts lines = loggers();
@@ -112,13 +112,13 @@ TEST_F(LifecycleTest, TerminationDestroysTheModulesInTheirOrder) {
     EXPECT_EQ(Util::Singleton<Util::SoundStreamWatcher>::mInstance, nullptr);
 }
 
-TEST_F(LifecycleTest, TerminationWithoutALevelTimerDeletesNone) {
+TEST_F(LifecycleTest, TerminationWithoutAVolumeTimerDeletesNone) {
     create();
     service->onTerminate();
     EXPECT_EQ(fake::platform().count("ecore_timer_del"), 0u);
 }
 
-TEST_F(LifecycleTest, TerminationWhileRecordingDeletesTheLevelTimerBeforeTheModules) {
+TEST_F(LifecycleTest, TerminationWhileRecordingDeletesTheVolumeTimerBeforeTheModules) {
     create();
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     service->onTerminate();
@@ -135,7 +135,7 @@ TEST_F(LifecycleTest, TerminationWithoutModulesSkipsThem) {
     EXPECT_TRUE(fake::platform().texts().empty());
 }
 
-TEST_F(LifecycleTest, AWakeUpWordLaunchesTheUiAndListensAgain) {
+TEST_F(LifecycleTest, AWakeWordLaunchesTheUiAndRestartsTheTrigger) {
     create();
     wakeUp();
     ASSERT_TRUE(fake::platform().waitFor("IWakeupCtx::StartListening"));
@@ -149,7 +149,7 @@ TEST_F(LifecycleTest, AWakeUpWordLaunchesTheUiAndListensAgain) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Trigger Shot!"));
 }
 
-TEST_F(LifecycleTest, AWakeUpIsHandledOnAThreadThatIsNeitherTheMainLoopsNorTheEngines) {
+TEST_F(LifecycleTest, AWakeWordDetectionIsHandledNeitherOnTheMainLoopNorOnTheEnginesThread) {
     create();
     fake::platform().onCall("sse_trigger_wakeup_word_recording", [](const fake::Call& call) {
         EXPECT_FALSE(fake::mainLoop().onMainThread());
@@ -166,27 +166,27 @@ TEST_F(LifecycleTest, AWakeUpIsHandledOnAThreadThatIsNeitherTheMainLoopsNorTheEn
     EXPECT_EQ(fake::platform().count("sse_trigger_wakeup_word_recording"), 1u);
 }
 
-TEST_F(LifecycleTest, AWakeUpWordWithTheMicrophoneOffLaunchesNothingButListensAgain) {
+TEST_F(LifecycleTest, WithTheMicrophoneOffAWakeWordOnlyRestartsTheTrigger) {
     create();
     fake::setSetting("db/mic_key/status", 0);
     wakeUp();
     ASSERT_TRUE(fake::platform().waitFor("IWakeupCtx::StartListening"));
     EXPECT_TRUE(sent().empty());
-    EXPECT_TRUE(fake::platform().textsOf({"vconf_set", "display"}).empty()) << "the display stays as it is";
+    EXPECT_TRUE(fake::platform().textsOf({"vconf_set", "display"}).empty()) << "the display is unchanged";
     EXPECT_EQ(fake::platform().count("sse_trigger_wakeup_word_recording"), 1u);
 }
 
-TEST_F(LifecycleTest, AWakeUpWordInTheBoxLaunchesNothingButListensAgain) {
+TEST_F(LifecycleTest, BeforeTheFirstSetupAWakeWordOnlyRestartsTheTrigger) {
     create();
     fake::setSetting("db/demo_mode", 1);
     wakeUp();
     ASSERT_TRUE(fake::platform().waitFor("IWakeupCtx::StartListening"));
     EXPECT_TRUE(sent().empty());
-    EXPECT_TRUE(fake::platform().textsOf({"vconf_set", "display"}).empty()) << "the display stays as it is";
+    EXPECT_TRUE(fake::platform().textsOf({"vconf_set", "display"}).empty()) << "the display is unchanged";
 }
 
-// The trigger, or the recorder, goes only when the wake-up that uses it has been handled.
-TEST_F(LifecycleTest, WhateverEndsAModuleWaitsForAWakeUpThatIsBeingHandled) {
+// The trigger and the recorder are destroyed only after the wake-word detection that uses them has been handled.
+TEST_F(LifecycleTest, DestroyingAModuleWaitsForTheHandlingOfAWakeWordDetection) {
     const std::function<void()> ends[] = {[&] { fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1); },
                                           [&] { service->onTerminate(); }};
     for (const auto& end : ends) {
@@ -210,7 +210,7 @@ TEST_F(LifecycleTest, WhateverEndsAModuleWaitsForAWakeUpThatIsBeingHandled) {
     }
 }
 
-TEST_F(LifecycleTest, AWakeUpWordRightBeforeTerminationIsSafe) {
+TEST_F(LifecycleTest, AWakeWordRightBeforeTerminationIsSafe) {
     for (int i = 0; i < 5; ++i) {
         create();
         wakeUp();

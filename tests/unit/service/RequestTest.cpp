@@ -18,7 +18,7 @@ Texts started(const std::string& volume, int mode) {
 
 }  // namespace
 
-TEST_F(RequestTest, AStartPassesModeAndVolumeOn) {
+TEST_F(RequestTest, AStartPassesModeAndVolumeToTheSession) {
     create();
     request("start_voice_engine", {{"key_start_mode", "PTT"}, {"current_volume", "7"}});
     EXPECT_EQ(session(), started("7", 3));
@@ -26,14 +26,14 @@ TEST_F(RequestTest, AStartPassesModeAndVolumeOn) {
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Service::onAppControl"));
 }
 
-TEST_F(RequestTest, AModeThatDiffersInCaseIsNoMode) {
+TEST_F(RequestTest, AModeThatDiffersInCaseIsUnknown) {
     create();
     request("start_voice_engine", {{"key_start_mode", "ptt"}});
     EXPECT_EQ(session(), started("", 0));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: UNKNOWN"));
 }
 
-TEST_F(RequestTest, ModesAreTakenByTheirExactNames) {
+TEST_F(RequestTest, ModesAreComparedExactly) {
     using OrvaneDA::startModeOf;
     EXPECT_EQ(static_cast<int>(startModeOf("Default")), 0);
     EXPECT_EQ(static_cast<int>(startModeOf("PTT")), 1);
@@ -42,13 +42,13 @@ TEST_F(RequestTest, ModesAreTakenByTheirExactNames) {
     EXPECT_EQ(static_cast<int>(startModeOf("UNKNOWN")), 3);
 }
 
-TEST_F(RequestTest, AStartWithoutExtrasStartsWithoutModeAndVolume) {
+TEST_F(RequestTest, AStartWithoutExtrasHasNoModeAndNoVolume) {
     create();
     request("start_voice_engine");
     EXPECT_EQ(session(), started("", 0));
 }
 
-TEST_F(RequestTest, AStartWithTheMicrophoneOffReportsItEvenWithoutANetwork) {
+TEST_F(RequestTest, AStartWithoutMicrophoneAndNetworkReportsTheMicrophone) {
     create();
     fake::setSetting("db/mic_key/status", 0);
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
@@ -65,14 +65,14 @@ TEST_F(RequestTest, AStartWithoutANetworkReportsIt) {
     EXPECT_EQ(sent(), Texts{state("Error", "WifiOff")});
 }
 
-TEST_F(RequestTest, AStartThatTheSessionRefusesReportsThatTheServiceIsNotReady) {
+TEST_F(RequestTest, AStartThatTheSessionRefusesReportsServiceNotReady) {
     create();
     fake::platform().answer("vc_mgr_start", VC_ERROR_INVALID_STATE);
     request("start_voice_engine");
     EXPECT_EQ(sent(), Texts{state("Error", "ServiceNotReady")});
 }
 
-TEST_F(RequestTest, AStopIsPassedOnEvenWhenNothingRuns) {
+TEST_F(RequestTest, AStopIsPassedToAnIdleSession) {
     create();
     request("stop_voice_engine");
     EXPECT_EQ(session(), Texts{"vc_mgr_stop()"});
@@ -86,7 +86,7 @@ TEST_F(RequestTest, ACloseCancelsAndSendsNoState) {
     EXPECT_TRUE(sent().empty());
 }
 
-TEST_F(RequestTest, ACloseOfASessionThatRunsSendsNoStateEither) {
+TEST_F(RequestTest, ACloseOfARunningSessionSendsNoState) {
     create();
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     request("close_voice_engine");
@@ -94,7 +94,7 @@ TEST_F(RequestTest, ACloseOfASessionThatRunsSendsNoStateEither) {
     EXPECT_EQ(sent(), Texts{state("Recording", "None")});
 }
 
-TEST_F(RequestTest, ACancelSendsStandByEvenWhenNothingRunsAndThenCancels) {
+TEST_F(RequestTest, ACancelOfAnIdleSessionSendsStandByAndThenCancels) {
     create();
     fake::platform().onCall("vc_mgr_cancel",
                             [&](const fake::Call&) { EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "StandBy")); });
@@ -103,7 +103,7 @@ TEST_F(RequestTest, ACancelSendsStandByEvenWhenNothingRunsAndThenCancels) {
     EXPECT_EQ(sent(), Texts{state("StandBy", "None")});
 }
 
-TEST_F(RequestTest, EachIsLoggedUnderItsFunction) {
+TEST_F(RequestTest, EachRequestIsLoggedWithItsFunction) {
     create();
     const std::pair<const char*, const char*> functions[] = {{"start_voice_engine", ": startRecognition("},
                                                              {"stop_voice_engine", ": stopRecognition("},
@@ -121,11 +121,11 @@ TEST_F(RequestTest, EachIsLoggedUnderItsFunction) {
     }
 }
 
-TEST_F(RequestTest, AnyOtherOperationIsIgnoredInSilence) {
+TEST_F(RequestTest, AnyOtherOperationIsIgnoredWithoutALogLine) {
     create();
     for (const char* operation : {"Start_voice_engine", "state_change", "", "start_voice_engine/"}) {
         request(operation);
     }
     EXPECT_TRUE(session().empty());
-    EXPECT_EQ(fake::platform().logs().size(), 4u) << "only the entries";
+    EXPECT_EQ(fake::platform().logs().size(), 4u) << "one line for each function";
 }

@@ -10,7 +10,7 @@
 #include "fake/FakeWakeupEngine.h"
 #include "unit/Fixture.h"
 
-// A service on an appliance that is set up: microphone and network on, the box left behind.
+// A service on an appliance that is set up and has a microphone and a network.
 class ServiceTest : public SendingTest {
 protected:
     void SetUp() override {
@@ -23,7 +23,7 @@ protected:
         fake::setSetting("db/orvane/setting/lang", 1);
         fake::setSetting("db/setting/lcd_backlight_normal", 30);
         fake::setSetting("db/menu_widget/language", std::string("en_US.UTF-8"));
-        // No account service is asked in these tests.
+        // Without a network, no account request is sent.
         fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
     }
 
@@ -43,7 +43,7 @@ protected:
         fake::platform().forgetCalls();
     }
 
-    // Back to the moment before create(), on the appliance of SetUp().
+    // Returns to the state before create().
     void restart() {
         service->onTerminate();
         service.reset();
@@ -60,7 +60,7 @@ protected:
         return "org.tizen.orvane-da http://orvane.example/appcontrol/operation/state_change - key_error_type=" + error +
                " key_state_change=" + name;
     }
-    // The UI shows Ready at once, so that the service need not wait.
+    // The UI shows Ready at once, so that the service does not wait.
     static void acknowledge() {
         fake::platform().onCall("vconf_get_bool", [](const fake::Call& call) {
             if (call.args.at(0) == "db/orvane/manager/response") {

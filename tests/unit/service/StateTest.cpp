@@ -16,7 +16,7 @@ void theErrorIsSentBeforeTheCancel() {
 
 }  // namespace
 
-TEST_F(StateTest, ValuesTravelByTheirNames) {
+TEST_F(StateTest, StatesAndErrorsAreSentByName) {
     const char* states[] = {"Idle",  "Init",    "Recording", "Ready",  "Processing",
                             "Error", "StandBy", "UNKNOWN",   "UNKNOWN"};
     for (int value = 0; value < 9; ++value) {
@@ -45,26 +45,26 @@ TEST_F(StateTest, AStateIsSentToTheUiWithItsError) {
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Recording"));
 }
 
-TEST_F(StateTest, AStateCarriesNothingOfTheOneBefore) {
+TEST_F(StateTest, AStateHasNoExtrasOfThePreviousOne) {
     create();
     OrvaneDA::UiRequests::get().stateChange.addExtraData("left", "over");
     service->sendStateToUI(ClientState::Recording, ErrorType::None);
     EXPECT_EQ(sent(), Texts{state("Recording", "None")});
 }
 
-TEST_F(StateTest, AServiceThatStartsWhileTheUiRunsSaysOnceThatItCrashed) {
+TEST_F(StateTest, AServiceThatStartsWhileTheUiRunsReportsServerCrashedOnce) {
     fake::setRunning("org.tizen.orvane-da");
     create();
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     EXPECT_EQ(sent(), (Texts{state("Error", "ServerCrashed"), state("Recording", "None")}));
 }
 
-TEST_F(StateTest, AServiceThatStartsWithoutTheUiSaysNothing) {
+TEST_F(StateTest, AServiceThatStartsWithoutTheUiReportsNothing) {
     create();
     EXPECT_TRUE(sent().empty());
 }
 
-TEST_F(StateTest, ReadyWaitsUntilTheUiHasShownIt) {
+TEST_F(StateTest, ReadyWaitsUntilTheUiShowsIt) {
     create();
     int polls = 0;
     fake::platform().onCall("usleep", [&](const fake::Call& call) {
@@ -81,7 +81,7 @@ TEST_F(StateTest, ReadyWaitsUntilTheUiHasShownIt) {
     EXPECT_EQ(sent(), Texts{state("Ready", "NoResultJson")});
 }
 
-TEST_F(StateTest, AUiThatShowsReadyAtOnceIsNotWaitedFor) {
+TEST_F(StateTest, ReadyDoesNotWaitIfTheUiShowsItAtOnce) {
     create();
     acknowledge();
     vc_cmd_list_s list;
@@ -90,7 +90,7 @@ TEST_F(StateTest, AUiThatShowsReadyAtOnceIsNotWaitedFor) {
               Texts{"vconf_get_bool(db/orvane/manager/response)"});
 }
 
-TEST_F(StateTest, TheUisAnswerIsTakenBackBeforeAStateIsSent) {
+TEST_F(StateTest, TheUisFlagIsClearedBeforeAStateIsSent) {
     create();
     fake::platform().onCall("vconf_set_bool", [](const fake::Call& call) {
         EXPECT_EQ(call.text(), "vconf_set_bool(db/orvane/manager/response, 0)");
@@ -101,7 +101,7 @@ TEST_F(StateTest, TheUisAnswerIsTakenBackBeforeAStateIsSent) {
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "Recording"));
 }
 
-TEST_F(StateTest, ASendThatFailsIsNotRepeatedAndItsStateCountsAllTheSame) {
+TEST_F(StateTest, AFailedSendIsNotRepeatedAndItsStateCounts) {
     create();
     fake::platform().answer("app_control_send_launch_request", APP_CONTROL_ERROR_LAUNCH_FAILED);
     service->sendStateToUI(ClientState::Recording, ErrorType::None);
@@ -112,7 +112,7 @@ TEST_F(StateTest, ASendThatFailsIsNotRepeatedAndItsStateCountsAllTheSame) {
     EXPECT_EQ(cancels(), 1u);
 }
 
-TEST_F(StateTest, AUiThatNeverShowsReadyIsGivenUpAfterTenPolls) {
+TEST_F(StateTest, WaitingForReadyEndsAfterTenPolls) {
     create();
     vc_cmd_list_s list;
     fake::allResult(VC_RESULT_EVENT_RESULT_SUCCESS, list, nullptr);
@@ -130,7 +130,7 @@ TEST_F(StateTest, OtherStatesDoNotWait) {
     EXPECT_EQ(sent(), Texts{state("Recording", "None")});
 }
 
-TEST_F(StateTest, TheMicrophoneGoingOffEndsWhatIsGoingOn) {
+TEST_F(StateTest, TurningTheMicrophoneOffCancelsRecognition) {
     for (auto going : {VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_PROCESSING}) {
         create();
         fake::serviceState(VC_SERVICE_STATE_READY, going);
@@ -142,7 +142,7 @@ TEST_F(StateTest, TheMicrophoneGoingOffEndsWhatIsGoingOn) {
     }
 }
 
-TEST_F(StateTest, TheNetworkGoingAwayEndsWhatIsGoingOn) {
+TEST_F(StateTest, LosingTheNetworkCancelsRecognition) {
     for (auto going : {VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_PROCESSING}) {
         create();
         fake::serviceState(VC_SERVICE_STATE_READY, going);
@@ -155,7 +155,7 @@ TEST_F(StateTest, TheNetworkGoingAwayEndsWhatIsGoingOn) {
     }
 }
 
-TEST_F(StateTest, MicrophoneAndNetworkGoingAwayInAnyOtherStateChangeNothing) {
+TEST_F(StateTest, LosingMicrophoneOrNetworkInAnyOtherStateChangesNothing) {
     create();
     for (auto idle :
          {ClientState::Idle, ClientState::Ready, ClientState::Init, ClientState::Error, ClientState::StandBy}) {
@@ -170,7 +170,7 @@ TEST_F(StateTest, MicrophoneAndNetworkGoingAwayInAnyOtherStateChangeNothing) {
     EXPECT_EQ(cancels(), 0u);
 }
 
-TEST_F(StateTest, TheMicrophoneComingOnEndsNothing) {
+TEST_F(StateTest, TurningTheMicrophoneOnCancelsNothing) {
     create();
     fake::changeSetting("db/mic_key/status", 0);
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
@@ -178,7 +178,7 @@ TEST_F(StateTest, TheMicrophoneComingOnEndsNothing) {
     EXPECT_EQ(cancels(), 0u);
 }
 
-TEST_F(StateTest, PartialTextGoesToTheUisPort) {
+TEST_F(StateTest, PartialResultsGoToTheUisPort) {
     create();
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "open");
     fake::preResult(VC_PRE_RESULT_EVENT_FINAL, "open music");
@@ -190,7 +190,7 @@ TEST_F(StateTest, PartialTextGoesToTheUisPort) {
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "open music"));
 }
 
-TEST_F(StateTest, ARecordingReportStartsTheLevelTimerAndThenStopsTheTrigger) {
+TEST_F(StateTest, RecordingStartsTheVolumeTimerAndThenStopsTheTrigger) {
     create();
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     EXPECT_EQ(fake::platform().textsOf({"ecore_timer_add", "IWakeupCtx", "vconf_set_bool"}),
@@ -198,7 +198,7 @@ TEST_F(StateTest, ARecordingReportStartsTheLevelTimerAndThenStopsTheTrigger) {
                      "vconf_set_bool(db/orvane/manager/response, 0)", "ecore_timer_add(7.000000)"}));
 }
 
-TEST_F(StateTest, TheWakeUpWordIsNotListenedForWhileTheUserIsRecognised) {
+TEST_F(StateTest, TheTriggerListensExceptDuringRecordingAndProcessing) {
     create();
     EXPECT_TRUE(fake::engineListens());
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
@@ -213,5 +213,5 @@ TEST_F(StateTest, TheWakeUpWordIsNotListenedForWhileTheUserIsRecognised) {
     fake::serviceState(VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_READY);
     EXPECT_TRUE(fake::engineListens());
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_PROCESSING);
-    EXPECT_FALSE(fake::engineListens()) << "also when no recording came before";
+    EXPECT_FALSE(fake::engineListens()) << "also without recording before";
 }

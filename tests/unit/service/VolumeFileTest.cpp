@@ -21,7 +21,7 @@ std::optional<int> writtenLevel() {
     return level;
 }
 
-// Every block from now on is this loud, in the unit of the samples; the device's own blocks are silent.
+// From now on, each block has samples of this value; otherwise blocks are silent.
 void soundAt(short amplitude) {
     fake::platform().onCall("sse_read",
                             [=](const fake::Call&) { fake::queueSamples(std::vector<short>(256, amplitude)); });
@@ -47,8 +47,8 @@ protected:
     }
 };
 
-// The last level is the process's own, so this takes a fresh one.
-TEST_F(VolumeFileTest, TheFirstLevelIsWrittenAfterTheListenersEvenWhenItIsZero) {
+// The last level belongs to the process, so this needs a new process.
+TEST_F(VolumeFileTest, TheFirstLevelIsWrittenAfterTheListenersEvenIfItIsZero) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_EXIT(
         {
@@ -77,12 +77,12 @@ TEST_F(VolumeFileTest, AnUnchangedLevelIsNotWrittenAgain) {
     EXPECT_FALSE(writtenLevel().has_value());
 }
 
-TEST_F(VolumeFileTest, SilenceIsWrittenAsTheLowestNumber) {
+TEST_F(VolumeFileTest, SilenceIsWrittenAsTheLowestInteger) {
     create();
     EXPECT_TRUE(refreshesTo(std::numeric_limits<int>::min()));
 }
 
-TEST_F(VolumeFileTest, ALevelIsCutTowardsZero) {
+TEST_F(VolumeFileTest, ALevelIsTruncatedTowardZero) {
     EXPECT_EQ(OrvaneDA::wholeLevel(12.9f), 12);
     EXPECT_EQ(OrvaneDA::wholeLevel(-0.5f), 0);
     create();
@@ -90,7 +90,7 @@ TEST_F(VolumeFileTest, ALevelIsCutTowardsZero) {
     EXPECT_TRUE(refreshesTo(-6));
 }
 
-TEST_F(VolumeFileTest, TwoRecordingReportsStartTheTimerOnce) {
+TEST_F(VolumeFileTest, TwoRecordingStatesStartTheTimerOnce) {
     create();
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     fake::serviceState(VC_SERVICE_STATE_RECORDING, VC_SERVICE_STATE_RECORDING);
@@ -99,7 +99,7 @@ TEST_F(VolumeFileTest, TwoRecordingReportsStartTheTimerOnce) {
     EXPECT_EQ(fake::mainLoop().timers(), 2u);
 }
 
-TEST_F(VolumeFileTest, AnyOtherReportEndsTheTimer) {
+TEST_F(VolumeFileTest, AnyOtherStateEndsTheTimer) {
     create();
     for (auto other : {VC_SERVICE_STATE_PROCESSING, VC_SERVICE_STATE_READY, VC_SERVICE_STATE_NONE}) {
         fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
@@ -109,7 +109,7 @@ TEST_F(VolumeFileTest, AnyOtherReportEndsTheTimer) {
     }
 }
 
-TEST_F(VolumeFileTest, TheTimerGoesOnWritingFiftyTimesASecond) {
+TEST_F(VolumeFileTest, TheTimerWritesFiftyTimesPerSecond) {
     create();
     service->startTimerVolumeSender();
     EXPECT_EQ(fake::mainLoop().interval(0), 0.02);
@@ -122,7 +122,7 @@ TEST_F(VolumeFileTest, TheTimerGoesOnWritingFiftyTimesASecond) {
     }
 }
 
-TEST_F(VolumeFileTest, ASecondStartKeepsTheTimer) {
+TEST_F(VolumeFileTest, ASecondStartKeepsTheRunningTimer) {
     create();
     service->startTimerVolumeSender();
     service->startTimerVolumeSender();
@@ -130,13 +130,13 @@ TEST_F(VolumeFileTest, ASecondStartKeepsTheTimer) {
     EXPECT_EQ(fake::platform().count("ecore_timer_del"), 0u);
 }
 
-TEST_F(VolumeFileTest, StoppingATimerThatDoesNotRunDeletesNothing) {
+TEST_F(VolumeFileTest, StoppingWithoutATimerDeletesNothing) {
     create();
     service->stopTimerVolumeSender();
     EXPECT_EQ(fake::platform().count("ecore_timer_del"), 0u);
 }
 
-TEST_F(VolumeFileTest, AStartAfterAStopMakesANewTimer) {
+TEST_F(VolumeFileTest, AStartAfterAStopCreatesANewTimer) {
     create();
     service->startTimerVolumeSender();
     service->stopTimerVolumeSender();

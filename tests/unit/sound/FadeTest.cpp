@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Fades drawn over time. The fader thread's sleeps move a virtual clock, so that each drawing is exact.
+// The level during a fade, on a virtual clock that the fader thread's sleeps advance.
 #include <stdlib.h>
 
 #include <atomic>
@@ -59,13 +59,13 @@ protected:
         clock = 0;
         drawing.clear();
         const bool restores = fade.target > fade.start;
-        // A new controller takes the level that it finds for the user's.
+        // For a new controller, the device's level is the user's.
         fake::setVolumeLevel(SOUND_TYPE_MEDIA, restores ? fade.target : fade.start);
         VolumeController controller(MediaType::MEDIA);
         fake::setVolumeLevel(SOUND_TYPE_MEDIA, fade.start);
         controller.setDecreaseCallback([this](void*) { ended = clock; }, nullptr);
         EXPECT_EQ(restores ? controller.restoreVolume(fade.seconds) : controller.decreaseVolume(fade.seconds), 1);
-        return drawing;  // the controller waits for the fade before it goes
+        return drawing;  // the controller's destructor waits for the fade
     }
     std::atomic<int> clock{0};  // virtual, ms
     Drawing drawing;
@@ -77,12 +77,12 @@ TEST_F(FadeTest, ADecreaseStepsDownEvenlyInTicksOf50Milliseconds) {
     EXPECT_EQ(ended, 700);
 }
 
-TEST_F(FadeTest, ARestoreStepsUpLikewise) {
+TEST_F(FadeTest, ARestoreStepsUpEvenlyInTicksOf50Milliseconds) {
     EXPECT_EQ(draw({DUCKED, 8, 1.0}), (Drawing{{0, 3}, {200, 4}, {350, 5}, {500, 6}, {600, 7}, {700, 8}}));
     EXPECT_EQ(ended, -1) << "only a decrease calls back";
 }
 
-// Each wait is a share of the time that remains, so a fade starts with a step at once and hurries towards its end.
+// Each wait is a fraction of the remaining time, so a fade starts with a step and becomes faster toward its end.
 TEST_F(FadeTest, AFadeStaysNearTheIdealLine) {
     for (const Fade& fade : {Fade{4, DUCKED, 1.0}, Fade{5, DUCKED, 0.5}, Fade{8, DUCKED, 0.5}, Fade{8, DUCKED, 1.0},
                              Fade{10, DUCKED, 3.0}, Fade{15, DUCKED, 2.0}, Fade{15, DUCKED, 5.0}, Fade{DUCKED, 4, 1.0},
@@ -95,7 +95,7 @@ TEST_F(FadeTest, AFadeStaysNearTheIdealLine) {
         double behind = 0;
         for (int ms = 0; ms <= fade.seconds * 1000; ++ms) {
             for (; next < drawn.size() && drawn[next].ms <= ms; ++next) {
-                EXPECT_EQ(abs(drawn[next].level - level), 1) << "one level a step, at " << ms << " ms";
+                EXPECT_EQ(abs(drawn[next].level - level), 1) << "one level per step, at " << ms << " ms";
                 level = drawn[next].level;
             }
             ahead = std::max(ahead, fade.lead(ms, level));
@@ -107,34 +107,34 @@ TEST_F(FadeTest, AFadeStaysNearTheIdealLine) {
     }
 }
 
-TEST_F(FadeTest, AFadeThatHasLessThanATickForEachLevelStepsAtEachTick) {
+TEST_F(FadeTest, AFadeWithLessThanATickPerLevelStepsAtEachTick) {
     EXPECT_EQ(draw({6, DUCKED, 0.001}), (Drawing{{0, 5}, {50, 4}, {100, 3}, {150, 2}}));
 }
 
-TEST_F(FadeTest, AFadeWithoutTimeSetsItsTargetAtOnce) {
+TEST_F(FadeTest, AFadeOfZeroSecondsSetsItsTargetAtOnce) {
     EXPECT_EQ(draw({8, DUCKED, 0.0}), (Drawing{{0, 2}}));
     EXPECT_EQ(draw({8, DUCKED, -1.0}), (Drawing{{0, 2}}));
     EXPECT_EQ(draw({DUCKED, 8, 0.0}), (Drawing{{0, 8}}));
 }
 
-TEST_F(FadeTest, FromThreeTheFirstStepIsTheTargetAndTheFadeEndsAtOnce) {
+TEST_F(FadeTest, ADecreaseFromLevelThreeSetsItsTargetAtOnce) {
     EXPECT_EQ(draw({3, DUCKED, 1.0}), (Drawing{{0, 2}}));
     EXPECT_EQ(ended, 0);
 }
 
-TEST_F(FadeTest, AFadeWithNothingToStepSetsItsTargetAtOnce) {
+TEST_F(FadeTest, AFadeToTheCurrentLevelSetsItAtOnce) {
     fake::setVolumeLevel(SOUND_TYPE_MEDIA, 8);
     { EXPECT_EQ(VolumeController(MediaType::MEDIA).restoreVolume(30), 1); }
     EXPECT_EQ(drawing, (Drawing{{0, 8}}));
 }
 
-TEST_F(FadeTest, AFadeWithNothingToStepSurvivesALevelThatSomebodyMovesMeanwhile) {
+TEST_F(FadeTest, AFadeToTheCurrentLevelSurvivesAnotherApplicationsChange) {
     fake::setVolumeLevel(SOUND_TYPE_MEDIA, 8);
-    int questions = 0;  // by the fade
+    int reads = 0;  // of the level, by the fade
     {
         VolumeController controller(MediaType::MEDIA);
         fake::platform().onCall("sound_manager_get_volume", [&](const fake::Call&) {
-            if (++questions == 2) {
+            if (++reads == 2) {
                 fake::setVolumeLevel(SOUND_TYPE_MEDIA, 5);
             }
         });
@@ -144,7 +144,7 @@ TEST_F(FadeTest, AFadeWithNothingToStepSurvivesALevelThatSomebodyMovesMeanwhile)
     EXPECT_EQ(drawing, (Drawing{{0, 8}}));
 }
 
-TEST_F(FadeTest, ALevelThatSomebodyPutsOnTheTargetEndsTheFade) {
+TEST_F(FadeTest, AFadeEndsIfAnotherApplicationSetsTheTargetLevel) {
     fake::mainLoop().onSleep([this](unsigned microseconds) {
         clock += static_cast<int>(microseconds) / 1000;
         fake::setVolumeLevel(SOUND_TYPE_MEDIA, DUCKED);
@@ -153,11 +153,11 @@ TEST_F(FadeTest, ALevelThatSomebodyPutsOnTheTargetEndsTheFade) {
     EXPECT_EQ(ended, 200);
 }
 
-TEST_F(FadeTest, AnotherFadeStopsTheOneThatRunsWithinATick) {
+TEST_F(FadeTest, ANewFadeStopsTheRunningOneWithinATick) {
     std::atomic<bool> second{false};
     std::atomic<int> more{0};
-    // The first fade, of a minute, waits in its first tick until the second is asked for. The stop follows right after
-    // the question for the level, so one more tick may begin, which gives it time. The second fade has nothing to step.
+    // The first fade lasts a minute and waits in its first tick until the second one reads the level. The stop comes
+    // right after that, so one more tick may begin; it waits for the stop. The second fade has no steps.
     fake::mainLoop().onSleep([&](unsigned microseconds) {
         clock += static_cast<int>(microseconds) / 1000;
         if (!second) {

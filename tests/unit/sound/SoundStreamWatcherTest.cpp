@@ -30,34 +30,34 @@ protected:
     }
 };
 
-TEST_F(SoundStreamWatcherTest, WithNobodyPlayingTheOutputIsFree) {
+TEST_F(SoundStreamWatcherTest, WithoutAFocusHolderTheOutputIsAvailable) {
     nobodyPlays();
     SoundStreamWatcher watcher;
     EXPECT_TRUE(watcher.isSoundStreamAvailable());
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "No one has media focus for playback!"));
 }
 
-TEST_F(SoundStreamWatcherTest, AMediaPlayerThatHoldsTheFocusAtTheStartTakesIt) {
+TEST_F(SoundStreamWatcherTest, WithAMediaPlayersFocusAtTheStartItIsUnavailable) {
     fake::setPlaybackFocus(BY_MEDIA);
     SoundStreamWatcher watcher;
     EXPECT_FALSE(watcher.isSoundStreamAvailable());
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Some media has focus for playback: 3"));
 }
 
-TEST_F(SoundStreamWatcherTest, AFocusThatIsNotMediasLeavesItFree) {
+TEST_F(SoundStreamWatcherTest, WithAnotherFocusAtTheStartItIsAvailable) {
     fake::setPlaybackFocus(BY_ALARM);
     SoundStreamWatcher watcher;
     EXPECT_TRUE(watcher.isSoundStreamAvailable());
 }
 
-TEST_F(SoundStreamWatcherTest, AFailedQuestionCountsAsTaken) {
+TEST_F(SoundStreamWatcherTest, AfterAFailedQueryItIsUnavailable) {
     fake::platform().answer("sound_manager_get_current_playback_focus", -703);
     SoundStreamWatcher watcher;
     EXPECT_FALSE(watcher.isSoundStreamAvailable());
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to get current playback focus : -703"));
 }
 
-TEST_F(SoundStreamWatcherTest, MediaThatTakesAndReleasesTheFocusChangesTheAnswer) {
+TEST_F(SoundStreamWatcherTest, MediaThatAcquiresAndReleasesTheFocusChangesTheResult) {
     nobodyPlays();
     SoundStreamWatcher watcher;
     fake::changePlaybackFocus(PLAYBACK, ACQUIRED, BY_MEDIA);
@@ -70,7 +70,7 @@ TEST_F(SoundStreamWatcherTest, MediaThatTakesAndReleasesTheFocusChangesTheAnswer
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "State Released"));
 }
 
-TEST_F(SoundStreamWatcherTest, AnotherReasonOrAnotherFocusLeavesTheAnswer) {
+TEST_F(SoundStreamWatcherTest, AnotherReasonOrAnotherFocusDoesNotChangeTheResult) {
     nobodyPlays();
     SoundStreamWatcher watcher;
     fake::changePlaybackFocus(PLAYBACK, ACQUIRED, BY_ALARM);
@@ -80,7 +80,7 @@ TEST_F(SoundStreamWatcherTest, AnotherReasonOrAnotherFocusLeavesTheAnswer) {
     EXPECT_EQ(fake::platform().countLogged("For Playback By media!"), 0u);
 }
 
-TEST_F(SoundStreamWatcherTest, AStateThatIsNeitherTakenNorReleasedLeavesTheAnswer) {
+TEST_F(SoundStreamWatcherTest, AnUnknownFocusStateDoesNotChangeTheResult) {
     nobodyPlays();
     SoundStreamWatcher watcher;
     const auto other = static_cast<sound_stream_focus_state_e>(2);
@@ -94,14 +94,14 @@ TEST_F(SoundStreamWatcherTest, AStateThatIsNeitherTakenNorReleasedLeavesTheAnswe
     }
 }
 
-TEST_F(SoundStreamWatcherTest, AReleaseThatIsNotMediasLeavesItTaken) {
+TEST_F(SoundStreamWatcherTest, AReleaseByAnotherReasonDoesNotChangeTheResult) {
     fake::setPlaybackFocus(BY_MEDIA);
     SoundStreamWatcher watcher;
     fake::changePlaybackFocus(PLAYBACK, RELEASED, BY_ALARM);
     EXPECT_FALSE(watcher.isSoundStreamAvailable());
 }
 
-TEST_F(SoundStreamWatcherTest, AMorningBriefingThatPlaysTakesTheOutputWhateverTheFocus) {
+TEST_F(SoundStreamWatcherTest, DuringAMorningBriefingItIsUnavailableWhateverTheFocus) {
     nobodyPlays();
     SoundStreamWatcher watcher;
     briefing("isMorningBriefPlaying", 1, "Play");
@@ -112,7 +112,7 @@ TEST_F(SoundStreamWatcherTest, AMorningBriefingThatPlaysTakesTheOutputWhateverTh
     EXPECT_TRUE(watcher.isSoundStreamAvailable());
 }
 
-TEST_F(SoundStreamWatcherTest, ThreadsThatAskAtOnceWalkTheDatabaseOneAfterTheOther) {
+TEST_F(SoundStreamWatcherTest, OneThreadAtATimeReadsTheDatabase) {
     nobodyPlays();
     SoundStreamWatcher watcher;
     std::atomic<int> walking{0};
@@ -131,7 +131,7 @@ TEST_F(SoundStreamWatcherTest, ThreadsThatAskAtOnceWalkTheDatabaseOneAfterTheOth
     EXPECT_EQ(fake::platform().count("vrd_manager_foreach_table"), 2u);
 }
 
-TEST_F(SoundStreamWatcherTest, WithoutTheDatabaseTheBriefingIsNotAsked) {
+TEST_F(SoundStreamWatcherTest, WithoutADatabaseTheBriefingIsIgnored) {
     nobodyPlays();
     fake::platform().answer("vrd_manager_create", -1102);
     SoundStreamWatcher watcher;
@@ -139,7 +139,7 @@ TEST_F(SoundStreamWatcherTest, WithoutTheDatabaseTheBriefingIsNotAsked) {
     EXPECT_EQ(fake::platform().count("vrd_manager_foreach_table"), 0u);
 }
 
-TEST_F(SoundStreamWatcherTest, AFailedWatchIsLoggedAndLeavesTheFirstAnswer) {
+TEST_F(SoundStreamWatcherTest, AFailedRegistrationIsLoggedAndKeepsTheFirstResult) {
     fake::platform().answer("sound_manager_add_focus_state_watch_cb", -22);
     nobodyPlays();
     SoundStreamWatcher watcher;
@@ -147,7 +147,7 @@ TEST_F(SoundStreamWatcherTest, AFailedWatchIsLoggedAndLeavesTheFirstAnswer) {
     EXPECT_TRUE(watcher.isSoundStreamAvailable());
 }
 
-TEST_F(SoundStreamWatcherTest, ItsCallsHaveTheirOrder) {
+TEST_F(SoundStreamWatcherTest, PlatformCallsHaveTheirOrder) {
     { SoundStreamWatcher watcher; }
     EXPECT_EQ(fake::platform().texts(),
               (Texts{"sound_manager_get_current_playback_focus()", "sound_manager_add_focus_state_watch_cb(1)",

@@ -13,14 +13,14 @@ class VolumeControllerTest : public PlatformTest {
 protected:
     void SetUp() override {
         PlatformTest::SetUp();
-        // A player holds the output, so that there is something to duck.
+        // A media player has the focus, so that decreases fade.
         fake::setPlaybackFocus(SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA);
         fake::setVolumeLevel(SOUND_TYPE_MEDIA, 8);
     }
     static bool levelBecomes(int level) {
         return fake::platform().waitUntil([=] { return fake::volumeLevel(SOUND_TYPE_MEDIA) == level; });
     }
-    // Level 8 down to 2; the callback tells the end.
+    // From level 8 to 2; the callback reports the end.
     void duck(VolumeController& controller) {
         controller.setDecreaseCallback([this](void*) { ++ended; }, nullptr);
         ASSERT_EQ(controller.decreaseVolume(0.01), 1);
@@ -30,7 +30,7 @@ protected:
     std::atomic<int> ended{0};
 };
 
-TEST_F(VolumeControllerTest, ANewControllerWatchesFirstAndThenReads) {
+TEST_F(VolumeControllerTest, ANewControllerRegistersItsCallbackAndThenReadsTheVolume) {
     { VolumeController controller(MediaType::MEDIA); }
     EXPECT_EQ(fake::platform().story(),
               (Texts{"sound_manager_set_volume_changed_cb()", "sound_manager_get_volume(4)",
@@ -67,7 +67,7 @@ TEST_F(VolumeControllerTest, FailuresOfTheDeviceAreLogged) {
     EXPECT_EQ(controller.VolumeDown(), -1);
 }
 
-TEST_F(VolumeControllerTest, StepsMoveTheLevelByOne) {
+TEST_F(VolumeControllerTest, UpAndDownChangeTheLevelByOne) {
     VolumeController controller(MediaType::MEDIA);
     EXPECT_EQ(controller.VolumeUp(), 0);
     EXPECT_EQ(controller.getVolume(), 9);
@@ -78,7 +78,7 @@ TEST_F(VolumeControllerTest, StepsMoveTheLevelByOne) {
     EXPECT_EQ(controller.setVolume(-1), -1);
 }
 
-TEST_F(VolumeControllerTest, UnmutingBringsTheLastAudibleLevelBack) {
+TEST_F(VolumeControllerTest, UnmutingSetsTheLastLevelAboveZero) {
     VolumeController controller(MediaType::MEDIA);
     EXPECT_EQ(controller.unmute(), -1);
     fake::changeVolume(SOUND_TYPE_MEDIA, 5);
@@ -88,7 +88,7 @@ TEST_F(VolumeControllerTest, UnmutingBringsTheLastAudibleLevelBack) {
     EXPECT_EQ(fake::volumeLevel(SOUND_TYPE_MEDIA), 5);
 }
 
-TEST_F(VolumeControllerTest, UnmutingWithoutALastLevelSetsSeven) {
+TEST_F(VolumeControllerTest, UnmutingWithoutALastLevelSetsLevelSeven) {
     fake::platform().answerNext("sound_manager_get_volume", -703);
     VolumeController controller(MediaType::MEDIA);
     fake::setVolumeLevel(SOUND_TYPE_MEDIA, 0);
@@ -96,7 +96,7 @@ TEST_F(VolumeControllerTest, UnmutingWithoutALastLevelSetsSeven) {
     EXPECT_EQ(fake::volumeLevel(SOUND_TYPE_MEDIA), 7);
 }
 
-TEST_F(VolumeControllerTest, AChangeOfAnotherTypeReachesNoController) {
+TEST_F(VolumeControllerTest, AChangeOfAnotherSoundTypeIsIgnored) {
     VolumeController controller(MediaType::ALARM);
     VolumeController follower(MediaType::MEDIA);
     controller.addSync(&follower);
@@ -106,7 +106,7 @@ TEST_F(VolumeControllerTest, AChangeOfAnotherTypeReachesNoController) {
     EXPECT_TRUE(fake::platform().logs().empty());
 }
 
-TEST_F(VolumeControllerTest, AFollowerIsSetAtOnceAndAtEachChange) {
+TEST_F(VolumeControllerTest, AFollowerGetsTheLevelAtOnceAndAtEachChange) {
     fake::setVolumeLevel(SOUND_TYPE_ALARM, 6);
     VolumeController controller(MediaType::ALARM);
     VolumeController follower(MediaType::MEDIA);
@@ -127,20 +127,20 @@ TEST_F(VolumeControllerTest, ADeviceLevelOfTwoOrLessIsNeverDucked) {
     EXPECT_TRUE(fake::volumesSet().empty());
 }
 
-TEST_F(VolumeControllerTest, AFreeOutputIsNotDucked) {
+TEST_F(VolumeControllerTest, AnAvailableOutputIsNotDucked) {
     fake::setPlaybackFocus(SOUND_STREAM_FOCUS_CHANGED_BY_ALARM);
     VolumeController controller(MediaType::MEDIA);
     EXPECT_EQ(controller.decreaseVolume(0.1), 0);
 }
 
-TEST_F(VolumeControllerTest, OtherTypesAreDuckedWithoutAskingWhoPlays) {
+TEST_F(VolumeControllerTest, OtherTypesAreDuckedWhateverPlays) {
     fake::setVolumeLevel(SOUND_TYPE_ALARM, 8);
     VolumeController controller(MediaType::ALARM);
     EXPECT_EQ(controller.decreaseVolume(0.01), 1);
     EXPECT_EQ(fake::platform().count("sound_manager_get_current_playback_focus"), 0u);
 }
 
-TEST_F(VolumeControllerTest, ADecreaseCallsBackWithItsDatumBeforeItSetsTheTarget) {
+TEST_F(VolumeControllerTest, ADecreaseCallsBackBeforeItSetsTheTarget) {
     fake::setVolumeLevel(SOUND_TYPE_MEDIA, 3);
     int datum = 0;
     {
@@ -162,7 +162,7 @@ TEST_F(VolumeControllerTest, ADecreaseWithoutACallbackSetsItsTarget) {
     EXPECT_EQ(fake::volumesSet(), std::vector<int>{2});
 }
 
-TEST_F(VolumeControllerTest, AChangeByTheUserWhileDuckedIsAppliedByTheRestore) {
+TEST_F(VolumeControllerTest, ALevelSetWhileDuckedIsAppliedByTheRestore) {
     {
         VolumeController controller(MediaType::MEDIA);
         duck(controller);
@@ -174,7 +174,7 @@ TEST_F(VolumeControllerTest, AChangeByTheUserWhileDuckedIsAppliedByTheRestore) {
     EXPECT_EQ(fake::volumeLevel(SOUND_TYPE_MEDIA), 9);
 }
 
-TEST_F(VolumeControllerTest, WhileDuckedTheDevicesOwnChangesAreNotTheUsers) {
+TEST_F(VolumeControllerTest, WhileDuckedThePlatformsChangesAreIgnored) {
     {
         VolumeController controller(MediaType::MEDIA);
         duck(controller);
@@ -185,8 +185,8 @@ TEST_F(VolumeControllerTest, WhileDuckedTheDevicesOwnChangesAreNotTheUsers) {
     EXPECT_EQ(fake::volumeLevel(SOUND_TYPE_MEDIA), 8);
 }
 
-TEST_F(VolumeControllerTest, ARestoreTellsFollowersOfItsLastLevelOnly) {
-    // As the sound manager does, each level that is set is told.
+TEST_F(VolumeControllerTest, FollowersGetOnlyTheLastLevelOfARestore) {
+    // Reports each level that is set, as the sound manager does.
     fake::platform().onCall("sound_manager_set_volume", [](const fake::Call& call) {
         if (call.args[0] == std::to_string(SOUND_TYPE_MEDIA)) {
             fake::changeVolume(SOUND_TYPE_MEDIA, std::stoi(call.args[1]));
@@ -210,7 +210,7 @@ TEST_F(VolumeControllerTest, ARestoreTellsFollowersOfItsLastLevelOnly) {
     EXPECT_EQ(told, Texts{"sound_manager_set_volume(2, 5)"});
 }
 
-TEST_F(VolumeControllerTest, ARestoreLeavesTheUsersLevelInTheDevicesHandsAgain) {
+TEST_F(VolumeControllerTest, AfterARestoreTheVolumeIsTheDevicesAgain) {
     VolumeController controller(MediaType::MEDIA);
     duck(controller);
     controller.restoreVolume(0);
@@ -220,7 +220,7 @@ TEST_F(VolumeControllerTest, ARestoreLeavesTheUsersLevelInTheDevicesHandsAgain) 
     EXPECT_EQ(controller.getVolume(), 4);
 }
 
-TEST_F(VolumeControllerTest, MutingSetsTheLevelToZeroAndALastLevelOfZeroUnmutesToSeven) {
+TEST_F(VolumeControllerTest, MutingSetsLevelZeroAndALastLevelOfZeroUnmutesToSeven) {
     fake::setVolumeLevel(SOUND_TYPE_MEDIA, 0);
     VolumeController controller(MediaType::MEDIA);
     EXPECT_EQ(controller.unmute(), 0);

@@ -38,7 +38,7 @@ TEST_F(AppControlTest, ANewRequestHasTheDefaults) {
     EXPECT_FALSE(data.getTerminateRequest());
 }
 
-TEST_F(AppControlTest, ClearingBringsEveryFieldBackAndTheResultCodeToOne) {
+TEST_F(AppControlTest, ClearingResetsEveryFieldToItsDefault) {
     AppControlData data = full();
     app_control_s request;
     data.setRequestedAppControl(&request);
@@ -56,7 +56,7 @@ TEST_F(AppControlTest, ClearingBringsEveryFieldBackAndTheResultCodeToOne) {
     EXPECT_EQ(data.getRequestedAppControl(), nullptr);
 }
 
-TEST_F(AppControlTest, ExtrasAreReplacedAndClearedEachKindAlone) {
+TEST_F(AppControlTest, EachKindOfExtraIsReplacedAndClearedSeparately) {
     AppControlData data = full();
     data.addExtraData("a", "9");
     data.addExtraVectorData("v", {"z"});
@@ -69,7 +69,7 @@ TEST_F(AppControlTest, ExtrasAreReplacedAndClearedEachKindAlone) {
     EXPECT_TRUE(data.getExtraVectorDataMap().empty());
 }
 
-TEST_F(AppControlTest, ReadingAMissingExtraInsertsAnEmptyOne) {
+TEST_F(AppControlTest, ReadingAnAbsentExtraInsertsAnEmptyOne) {
     AppControlData data;
     EXPECT_EQ(data.getExtraData("k"), "");
     EXPECT_TRUE(data.getExtraVectorData("v").empty());
@@ -101,7 +101,7 @@ TEST_F(AppControlTest, ANullHandleGivesTheDefaultsWithoutACall) {
     EXPECT_TRUE(callsOfSend().empty());
 }
 
-TEST_F(AppControlTest, AnExtraWhoseKindCannotBeToldIsLoggedAndTheNextOneStillRead) {
+TEST_F(AppControlTest, AnExtraOfUnknownKindIsLoggedAndTheNextOneIsStillRead) {
     app_control_s request{{}, {}, {}, {{"a", "1"}, {"b", "2"}}, {}};
     app_control_h handle = &request;
     fake::platform().answerNext("app_control_is_extra_data_array", -1);
@@ -144,7 +144,7 @@ struct FailingStep {
     const char* message;
     bool ofAReply = false;
 };
-// The name that the test list shows.
+// The name in the list of tests.
 void PrintTo(const FailingStep& row, std::ostream* out) {
     *out << row.call;
 }
@@ -161,7 +161,8 @@ TEST_P(AFailingStepOfASend, IsLoggedReturnsItsCodeAndAbandonsTheHandle) {
     EXPECT_EQ(AppControl::performAppControlSync(data), -77);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, GetParam().message));
     EXPECT_EQ(fake::platform().calls().back().name, GetParam().call);
-    EXPECT_EQ(fake::platform().logs().size(), 1u);
+    ASSERT_EQ(fake::platform().logs().size(), 1u);
+    EXPECT_NE(fake::platform().logs()[0].text.find(" AppControl.cpp: performAppControlSync("), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -188,7 +189,7 @@ TEST_F(AppControlTest, AnAsynchronousSendRunsOnTheWorkerWithACopyOfTheRequest) {
     EXPECT_NE(fake::platform().calls("app_control_send_launch_request").at(0).thread, gettid());
 }
 
-TEST_F(AppControlTest, TheReplyCallbackTravelsWithTheLaunch) {
+TEST_F(AppControlTest, TheReplyCallbackIsPassedToThePlatform) {
     AppControlData data;
     int datum = 0;
     auto callback = [](app_control_h, app_control_h, app_control_result_e, void*) {};
@@ -199,7 +200,7 @@ TEST_F(AppControlTest, TheReplyCallbackTravelsWithTheLaunch) {
     EXPECT_EQ(fake::launches().at(0).userData, &datum);
 }
 
-TEST_F(AppControlTest, TheRequestMayBeRefilledWhileEarlierCopiesAreStillBeingSent) {
+TEST_F(AppControlTest, TheRequestMayBeChangedWhileEarlierCopiesAreSent) {
     AppControlData data;
     data.setPackageName("ui");
     for (const char* state : {"Recording", "Processing", "Ready"}) {
@@ -210,7 +211,7 @@ TEST_F(AppControlTest, TheRequestMayBeRefilledWhileEarlierCopiesAreStillBeingSen
     EXPECT_EQ(sent(), (Texts{"ui - - state=Recording", "ui - - state=Processing", "ui - - state=Ready"}));
 }
 
-TEST_F(AppControlTest, AFailedSendDoesNotHoldUpTheNext) {
+TEST_F(AppControlTest, AFailedSendDoesNotStopTheNext) {
     AppControlData data;
     data.setPackageName("ui");
     fake::platform().answerNext("app_control_send_launch_request", -5);
@@ -232,7 +233,7 @@ TEST_F(AppControlTest, AReplyIsSentToTheRequestWithItsResultCode) {
     EXPECT_TRUE(fake::launches().empty());
 }
 
-TEST_F(AppControlTest, AReplyByTheWorkerIsRefusedAndNeverReachesThePlatform) {
+TEST_F(AppControlTest, AnAsynchronousReplyIsRefused) {
     app_control_s request;
     AppControlData data;
     data.setRequestedAppControl(&request);
@@ -264,7 +265,7 @@ TEST_F(ClosingAnApplication, ThatDoesNotRunSucceedsAndLogsNothing) {
     EXPECT_TRUE(fake::platform().logs().empty());
 }
 
-TEST_F(ClosingAnApplication, ReturnsTheCodeOfAFailedQuestionWhetherItRuns) {
+TEST_F(ClosingAnApplication, ReturnsTheErrorIfThePlatformCannotSayWhetherItRuns) {
     fake::platform().answer("app_manager_is_running", -9);
     EXPECT_EQ(close(), -9);
 }

@@ -33,7 +33,7 @@ protected:
     static bool posted() { return fake::platform().count("ecore_main_loop_thread_safe_call_async") > 0; }
 };
 
-TEST_F(AsyncThreadTest, JobsQueuedAtOnceRunOnTheWorkerInOrderAFiftyMillisecondCycleApart) {
+TEST_F(AsyncThreadTest, QueuedJobsRunOnTheWorkerInOrderAtLeastFiftyMillisecondsApart) {
     Util::AsyncThread worker;
     std::vector<std::pair<int, Clock::time_point>> ran;
     std::vector<pid_t> threads;
@@ -54,7 +54,6 @@ TEST_F(AsyncThreadTest, JobsQueuedAtOnceRunOnTheWorkerInOrderAFiftyMillisecondCy
     }
     for (int i = 1; i < 3; ++i) {
         EXPECT_GE(ran[i].second - ran[i - 1].second, std::chrono::milliseconds(50));
-        EXPECT_LT(ran[i].second - ran[i - 1].second, std::chrono::seconds(1)) << "a cycle and a busy machine";
     }
 }
 
@@ -94,7 +93,7 @@ TEST_F(AsyncThreadTest, ATrueConditionWithoutAnActionCausesOneCallbackThatDoesNo
     EXPECT_EQ(fake::platform().count("ecore_main_loop_thread_safe_call_async"), 1u);
 }
 
-TEST_F(AsyncThreadTest, DestroyingItWithJobsQueuedRunsNoneOfThemAndLeaksNothing) {
+TEST_F(AsyncThreadTest, DestroyingItFreesQueuedJobsWithoutRunningThem) {
     auto token = std::make_shared<int>(0);
     std::atomic<int> ran{0};
     std::atomic<bool> ending{false};
@@ -128,7 +127,7 @@ TEST_F(AsyncThreadTest, AnActionAlreadyPostedOutlivesTheWorkerAndFreesItself) {
     EXPECT_EQ(token.use_count(), 1);
 }
 
-TEST_F(AsyncThreadTest, AJobWhoseConditionIsFalseIsFreedBeforeTheCycleEnds) {
+TEST_F(AsyncThreadTest, AJobWhoseConditionIsFalseIsFreedAtOnce) {
     auto token = std::make_shared<int>(0);
     Util::AsyncThread worker;
     std::atomic<bool> second{false};
@@ -159,7 +158,7 @@ TEST_F(AsyncThreadTest, ASynchronousCallReturnsWhenTheMainLoopHasRunIt) {
     caller.join();
 }
 
-TEST_F(AsyncThreadTest, ASynchronousCallOfNothingReturnsOnceTheMainLoopHasTakenIt) {
+TEST_F(AsyncThreadTest, ASynchronousCallWithoutAnActionReturnsOnceTheMainLoopHasRunIt) {
     Util::AsyncThread worker;
     std::atomic<bool> returned{false};
     std::thread caller([&] {

@@ -20,14 +20,14 @@
 using Util::FileContent;
 using Util::FileHelper;
 
-// The system calls whose failure a file cannot bring about, and the one that a file does not show.
+// System calls whose failure no file causes, and one whose effect no file shows.
 namespace {
 
-std::optional<long> toldPosition;  // by ftell
-int goodSeeks = -1;                // before one that fails
+std::optional<long> position;  // that ftell returns
+int goodSeeks = -1;            // before one that fails
 bool lackOfMemory = false;
 std::function<void()> onSync;
-std::vector<int> accessModes;  // asked for
+std::vector<int> accessModes;  // that were checked
 
 }  // namespace
 
@@ -35,7 +35,7 @@ extern "C" {
 
 long ftell(FILE* file) {
     static const auto real = reinterpret_cast<long (*)(FILE*)>(dlsym(RTLD_NEXT, "ftell"));
-    return toldPosition ? *toldPosition : real(file);
+    return position ? *position : real(file);
 }
 
 int fseek(FILE* file, long offset, int origin) {
@@ -65,7 +65,7 @@ class FileHelperTest : public PlatformTest {
 protected:
     void SetUp() override {
         PlatformTest::SetUp();
-        toldPosition.reset();
+        position.reset();
         goodSeeks = -1;
         lackOfMemory = false;
         onSync = nullptr;
@@ -111,14 +111,14 @@ TEST_F(FileHelperTest, ATerminatedFileIsOneByteLongerAndEndsWithZero) {
     EXPECT_EQ(bytes(), std::string("abc\0", 4));
 }
 
-TEST_F(FileHelperTest, WritingWhereNoFileCanBeFails) {
+TEST_F(FileHelperTest, WritingToAnImpossiblePathFails) {
     FileContent content((folder + "/no/file").c_str());
     content.setCopiedData("abc", 3);
     EXPECT_FALSE(FileHelper::write(content));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "file open error"));
 }
 
-TEST_F(FileHelperTest, ReadingGivesTheWholeFile) {
+TEST_F(FileHelperTest, ReadingReturnsTheWholeFile) {
     std::ofstream(path) << "hello";
     FileContent content(path.c_str());
     EXPECT_TRUE(FileHelper::read(content));
@@ -141,7 +141,7 @@ TEST_F(FileHelperTest, ReadingAnEmptyFileSucceedsAndLeavesTheContentAsItWas) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Data set fail , filepath : " + path));
 }
 
-TEST_F(FileHelperTest, ReadingAPipeThatCannotBeSoughtFails) {
+TEST_F(FileHelperTest, ReadingAPipeFails) {
     mkfifo(path.c_str(), 0600);
     const int keeper = open(path.c_str(), O_RDWR);
     FileContent content(path.c_str());
@@ -150,7 +150,7 @@ TEST_F(FileHelperTest, ReadingAPipeThatCannotBeSoughtFails) {
     close(keeper);
 }
 
-TEST_F(FileHelperTest, ReadingAFileThatCannotBeRewoundFails) {
+TEST_F(FileHelperTest, ReadingFailsIfTheFileCannotBeRewound) {
     std::ofstream(path) << "hello";
     FileContent content(path.c_str());
     goodSeeks = 1;
@@ -159,10 +159,10 @@ TEST_F(FileHelperTest, ReadingAFileThatCannotBeRewoundFails) {
     EXPECT_EQ(content.data, nullptr);
 }
 
-TEST_F(FileHelperTest, ReadingAFileWithoutASizeFails) {
+TEST_F(FileHelperTest, ReadingFailsIfTheSizeIsUnknown) {
     std::ofstream(path) << "hello";
     FileContent content(path.c_str());
-    toldPosition = -1;
+    position = -1;
     EXPECT_FALSE(FileHelper::read(content));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid size"));
 }
@@ -176,24 +176,24 @@ TEST_F(FileHelperTest, ReadingAFileOfMoreThanTwoGigabytesFails) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid size"));
 }
 
-TEST_F(FileHelperTest, ReadingAFolderFails) {
+TEST_F(FileHelperTest, ReadingADirectoryFails) {
     FileContent content(folder.c_str());
     EXPECT_FALSE(FileHelper::read(content));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid size"));
     EXPECT_EQ(content.data, nullptr);
 }
 
-TEST_F(FileHelperTest, ReadingLessThanTheFilesSizeFails) {
+TEST_F(FileHelperTest, ReadingFailsIfTheFileEndsEarly) {
     std::ofstream(path) << "hello";
     FileContent content(path.c_str());
     content.setCopiedData("old", 3);
-    toldPosition = 6;
+    position = 6;
     EXPECT_FALSE(FileHelper::read(content));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "file read fail , path = " + path));
     EXPECT_EQ(std::string(content.data.get(), content.size), "old");
 }
 
-TEST_F(FileHelperTest, AWrittenFileIsWholeWhenItIsSynced) {
+TEST_F(FileHelperTest, AFileIsCompleteBeforeItIsSynced) {
     FileContent content(path.c_str());
     content.setCopiedData("abc", 3);
     std::string synced;
@@ -202,14 +202,14 @@ TEST_F(FileHelperTest, AWrittenFileIsWholeWhenItIsSynced) {
     EXPECT_EQ(synced, "abc");
 }
 
-TEST_F(FileHelperTest, AfterRefusedDataTheOldContentIsWritten) {
+TEST_F(FileHelperTest, WritingAfterRefusedDataWritesTheOldContent) {
     FileContent content(path.c_str());
     content.setCopiedData("abc", 3).setCopiedData(nullptr, 4);
     EXPECT_TRUE(FileHelper::write(content));
     EXPECT_EQ(bytes(), "abc");
 }
 
-TEST_F(FileHelperTest, ALackOfMemoryRefusesTheDataAndThrowsNothing) {
+TEST_F(FileHelperTest, ALackOfMemoryIsRefusedWithoutAnException) {
     FileContent content(path.c_str());
     content.setCopiedData("abc", 3);
     lackOfMemory = true;
@@ -234,7 +234,7 @@ TEST_F(FileHelperTest, SettingDataTwiceKeepsTheSecondCopyOnly) {
     EXPECT_EQ(content.data[0], '2');
 }
 
-TEST_F(FileHelperTest, RemovingDeletesTheFileOnceAndThenFails) {
+TEST_F(FileHelperTest, RemovingAFileTwiceFailsTheSecondTime) {
     std::ofstream(path) << "x";
     FileContent content(path.c_str());
     EXPECT_TRUE(FileHelper::remove(content));
@@ -243,7 +243,7 @@ TEST_F(FileHelperTest, RemovingDeletesTheFileOnceAndThenFails) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "failed to delete file : " + path));
 }
 
-TEST_F(FileHelperTest, ProbesTellOfAFileThatIsThereAndAskForTheirOwnRight) {
+TEST_F(FileHelperTest, EachProbeChecksItsOwnPermission) {
     std::ofstream(path) << "x";
     FileContent content(path.c_str());
     accessModes.clear();
@@ -254,7 +254,7 @@ TEST_F(FileHelperTest, ProbesTellOfAFileThatIsThereAndAskForTheirOwnRight) {
     EXPECT_TRUE(fake::platform().logs().empty());
 }
 
-TEST_F(FileHelperTest, ProbesOfAMissingFileLogOneDebugLineEach) {
+TEST_F(FileHelperTest, EachProbeOfAMissingFileLogsOneDebugLine) {
     FileContent content(path.c_str());
     EXPECT_FALSE(FileHelper::isExist(content));
     EXPECT_FALSE(FileHelper::isReadable(content));

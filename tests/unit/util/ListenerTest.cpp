@@ -14,7 +14,7 @@ protected:
     Texts heard;
 };
 
-TEST_F(ListenerTest, TwoRegistrationsShareOneSubscriptionAndRunInTheirOrder) {
+TEST_F(ListenerTest, TwoCallbacksShareOneSubscriptionAndRunInOrderOfRegistration) {
     config().addLangStateChangedListener(note("first"), this);
     config().addLangStateChangedListener(note("second"), nullptr);
     EXPECT_EQ(fake::platform().count("vconf_notify_key_changed"), 1u);
@@ -22,7 +22,7 @@ TEST_F(ListenerTest, TwoRegistrationsShareOneSubscriptionAndRunInTheirOrder) {
     EXPECT_EQ(heard, (Texts{"first!", "second"}));
 }
 
-TEST_F(ListenerTest, WritingTheSameValueAgainCallsNobody) {
+TEST_F(ListenerTest, WritingTheSameValueAgainCallsNoCallback) {
     fake::setSetting("db/mic_key/status", 1);
     config().addMicStateChangedListener(note("mic"), nullptr);
     fake::changeSetting("db/mic_key/status", 1);
@@ -35,7 +35,7 @@ TEST_F(ListenerTest, WritingTheSameValueAgainCallsNobody) {
 TEST_F(ListenerTest, ATextIsComparedByContent) {
     fake::setSetting("db/menu_widget/language", std::string("en_US.UTF-8"));
     config().addWidgetLangStateChangedListener(note("menu"), nullptr);
-    // The initial value is the locale without its encoding, so the first whole text is news.
+    // The initial value is the locale without its encoding, so the first complete text is a change.
     fake::changeSetting("db/menu_widget/language", std::string("en_US.UTF-8"));
     EXPECT_EQ(heard.size(), 1u);
     fake::changeSetting("db/menu_widget/language", std::string("en_US.UTF-8"));
@@ -44,7 +44,7 @@ TEST_F(ListenerTest, ATextIsComparedByContent) {
     EXPECT_EQ(heard.size(), 2u);
 }
 
-TEST_F(ListenerTest, ATextIsFirstComparedWithTheOneThatItWasMadeWith) {
+TEST_F(ListenerTest, ATextIsFirstComparedWithTheInitialOne) {
     Util::VConfStateListener listener("key", std::string("de_DE"));
     listener.addCallback(note("text"), nullptr);
     fake::changeSetting("key", std::string("de_DE"));
@@ -64,7 +64,7 @@ TEST_F(ListenerTest, ASwitchWatchedThroughTheIntConstructorIsFirstComparedWithFa
     EXPECT_EQ(heard.size(), 1u);
 }
 
-TEST_F(ListenerTest, ADoubleIsComparedAsOne) {
+TEST_F(ListenerTest, ADoubleIsComparedAsADouble) {
     Util::VConfStateListener listener("key", 1.5);
     listener.addCallback(note("double"), nullptr);
     fake::changeSetting("key", 1.5);
@@ -79,7 +79,7 @@ TEST_F(ListenerTest, AValueOfAnUnknownTypeIsIgnored) {
     EXPECT_TRUE(heard.empty());
 }
 
-TEST_F(ListenerTest, EachItemHasItsKey) {
+TEST_F(ListenerTest, EachRegistrationWatchesItsKey) {
     auto any = [](void*) {};
     config().addWidgetLangStateChangedListener(any, nullptr);
     config().addMicStateChangedListener(any, nullptr);
@@ -104,8 +104,9 @@ TEST_F(ListenerTest, TheFirstRegistrationReadsTheValueAndThenSubscribes) {
               (Texts{"vconf_get_int(db/orvane/setting/lang)", "vconf_notify_key_changed(db/orvane/setting/lang)"}));
 }
 
-TEST_F(ListenerTest, NumbersAreFirstComparedWithWhatTheConfigurationReads) {
-    // A language or word outside its list reads as the first choice, an unreadable microphone switch as on.
+TEST_F(ListenerTest, NumbersAreFirstComparedWithTheConvertedValue) {
+    // An unlisted language is American English, an unlisted wake word is the first one, and an unreadable microphone is
+    // on.
     fake::setSetting("db/orvane/setting/lang", 9);
     fake::setSetting("db/orvane/setting/voice_wakeup_word", 5);
     config().addLangStateChangedListener(note("lang"), nullptr);
@@ -121,7 +122,7 @@ TEST_F(ListenerTest, NumbersAreFirstComparedWithWhatTheConfigurationReads) {
     EXPECT_EQ(heard, (Texts{"lang", "word", "mic"}));
 }
 
-TEST_F(ListenerTest, TheCountryIsFirstComparedWithNoText) {
+TEST_F(ListenerTest, TheCountryIsFirstComparedWithAnEmptyText) {
     fake::setSetting("db/setting/country_code", std::string("KR"));
     config().addCountryStateChangedListener(note("country"), nullptr);
     fake::changeSetting("db/setting/country_code", std::string(""));
@@ -174,7 +175,7 @@ TEST_F(ListenerTest, DestroyingTheConfigurationEndsEverySubscription) {
     EXPECT_TRUE(heard.empty());
 }
 
-TEST_F(ListenerTest, OnlyARealChangeOfTheConnectionCallsBack) {
+TEST_F(ListenerTest, OnlyAnotherConnectionTypeCallsBack) {
     config().addConnectionStateChangedListener(note("net"), this);
     EXPECT_EQ(fake::platform().count("connection_set_type_changed_cb"), 1u);
     fake::changeConnection(CONNECTION_TYPE_ETHERNET);
@@ -184,7 +185,7 @@ TEST_F(ListenerTest, OnlyARealChangeOfTheConnectionCallsBack) {
     EXPECT_EQ(heard, Texts{"net!"});
 }
 
-// The connection of a program whose start could not open one.
+// As in a program that could not open a connection at its start.
 class WithoutAConnection : public ListenerTest {
 protected:
     using Initializer = Util::ConnectionStateListener::ConnectionInitializer;
@@ -205,12 +206,12 @@ protected:
     }
 };
 
-TEST_F(WithoutAConnection, ItsTypeIsNoneAndThePlatformIsNotAsked) {
+TEST_F(WithoutAConnection, TheTypeIsDisconnectedAndThePlatformIsNotCalled) {
     EXPECT_EQ(config().getConnectionState(), CONNECTION_TYPE_DISCONNECTED);
     EXPECT_TRUE(fake::platform().story().empty());
 }
 
-TEST_F(WithoutAConnection, AListenerIsKeptAndNeverCalled) {
+TEST_F(WithoutAConnection, ACallbackIsKeptAndNeverCalled) {
     const auto token = std::make_shared<int>(0);
     for (int i = 0; i < 2; ++i) {
         config().addConnectionStateChangedListener([this, token](void*) { heard.push_back("called"); }, nullptr);
@@ -223,7 +224,7 @@ TEST_F(WithoutAConnection, AListenerIsKeptAndNeverCalled) {
     EXPECT_TRUE(fake::platform().story().empty()) << "neither set nor unset";
 }
 
-TEST_F(ListenerTest, TheConnectionIsClosedWithItsHolder) {
+TEST_F(ListenerTest, TheInitializerClosesItsConnection) {
     { Util::ConnectionStateListener::ConnectionInitializer another; }
     EXPECT_EQ(fake::platform().names(), (Texts{"connection_create", "connection_destroy"}));
 }

@@ -36,7 +36,7 @@ std::string self() {
 
 }  // namespace
 
-TEST_F(LogTest, ALineGoesToTheSystemLogWithColourThreadFileFunctionAndLine) {
+TEST_F(LogTest, TheSystemLogGetsColorThreadFileFunctionAndLine) {
     report(7);
     const fake::LogLine logged = fake::platform().logs().at(0);
     EXPECT_EQ(logged.priority, DLOG_WARN);
@@ -46,14 +46,14 @@ TEST_F(LogTest, ALineGoesToTheSystemLogWithColourThreadFileFunctionAndLine) {
     EXPECT_EQ(logged.text.substr(logged.text.size() - 4), "\033[0m");
 }
 
-TEST_F(LogTest, TheCopyOnStandardOutputCarriesFunctionAndLineOnly) {
+TEST_F(LogTest, StandardOutputGetsFunctionAndLineOnly) {
     report(7);
     const std::string text = fake::output().at(0).text;
     EXPECT_EQ(text.find("[report:"), 0u);
     EXPECT_EQ(text.substr(text.find(']')), "] value 7 of x\n");
 }
 
-TEST_F(LogTest, TheSystemLogComesFirstAndTheCopyIsPrintedChecked) {
+TEST_F(LogTest, TheSystemLogComesBeforeStandardOutput) {
     report(7);
     report(8);
     const auto lines = fake::output();
@@ -64,7 +64,7 @@ TEST_F(LogTest, TheSystemLogComesFirstAndTheCopyIsPrintedChecked) {
     }
 }
 
-TEST_F(LogTest, EachLevelHasItsPriorityAndColour) {
+TEST_F(LogTest, EachLevelHasItsPriorityAndColor) {
     LOGD("m");
     LOGI("m");
     LOGW("m");
@@ -76,20 +76,20 @@ TEST_F(LogTest, EachLevelHasItsPriorityAndColour) {
     }
 }
 
-TEST_F(LogTest, AMessageFromALambdaNamesOperatorCallInBothLines) {
+TEST_F(LogTest, ALambdasLineNamesOperatorCall) {
     [] { LOGD("inside"); }();
     EXPECT_NE(fake::platform().logs().at(0).text.find(": operator()("), std::string::npos);
     EXPECT_EQ(fake::output().at(0).text.find("[operator():"), 0u);
 }
 
-TEST_F(LogTest, AMessageWithoutTextLeavesThePrefixDirectlyBeforeTheReset) {
+TEST_F(LogTest, AMessageWithoutTextIsPrefixAndColorReset) {
     silent();
     const std::string at = std::to_string(line);
     EXPECT_EQ(fake::platform().logs().at(0).text, "\033[34m[" + self() + "] LogTest.cpp: silent(" + at + ") > \033[0m");
     EXPECT_EQ(fake::output().at(0).text, "[silent:" + at + "] \n");
 }
 
-TEST_F(LogTest, EachThreadShowsItsOwnKernelThreadId) {
+TEST_F(LogTest, EachThreadLogsItsOwnKernelThreadId) {
     std::string ids[2];
     std::atomic<int> ready{0};
     auto logOften = [&](int number) {
@@ -138,7 +138,7 @@ TEST_F(LogTest, ASuccessLogsNothing) {
     EXPECT_TRUE(fake::platform().logs().empty());
 }
 
-TEST_F(LogTest, TheVersionIsLoggedFromTheHeaderItself) {
+TEST_F(LogTest, TheVersionLineNamesTheLogHeader) {
     Util::printVersion();
     const fake::LogLine logged = fake::platform().logs().at(0);
     EXPECT_EQ(logged.priority, DLOG_INFO);

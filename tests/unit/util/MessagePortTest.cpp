@@ -28,7 +28,7 @@ TEST_F(MessagePortTest, AMessageGoesToTheTargetInKeyOrderAndItsBundleIsFreed) {
     EXPECT_EQ(fake::openBundles(), 0);
 }
 
-TEST_F(MessagePortTest, ATargetWithoutThatPortGetsNothing) {
+TEST_F(MessagePortTest, NothingIsSentToATargetWithoutThePort) {
     MessagePort port;
     port.setTarget("app", "port");
     fake::setPortExists(false);
@@ -37,7 +37,7 @@ TEST_F(MessagePortTest, ATargetWithoutThatPortGetsNothing) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "0"));
 }
 
-TEST_F(MessagePortTest, AnyTargetCanBeAskedWhetherItLives) {
+TEST_F(MessagePortTest, AnyTargetCanBeChecked) {
     MessagePort port;
     EXPECT_TRUE(port.isTargetAlive("some.app", "some port"));
     EXPECT_EQ(portCalls(), Texts{"message_port_check_trusted_remote_port(some.app, some port)"});
@@ -52,14 +52,14 @@ TEST_F(MessagePortTest, AFailedCheckOfTheTargetIsLoggedAndSendsNothing) {
     EXPECT_EQ(portCalls().size(), 1u);
 }
 
-TEST_F(MessagePortTest, AMessageWithNoEntriesIsStillSent) {
+TEST_F(MessagePortTest, AMessageWithoutEntriesIsSent) {
     MessagePort port;
     port.setTarget("app", "port");
     EXPECT_TRUE(port.sendMessage({}));
     EXPECT_EQ(portCalls().at(2), "message_port_send_trusted_message(app, port, )");
 }
 
-TEST_F(MessagePortTest, AMessageThatThePlatformRefusesStillCountsAsSent) {
+TEST_F(MessagePortTest, AMessageThatThePlatformRefusesCountsAsSent) {
     MessagePort port;
     fake::platform().answer("message_port_send_trusted_message", -5);
     EXPECT_TRUE(port.sendMessage({}));
@@ -72,7 +72,7 @@ TEST_F(MessagePortTest, WithoutMemoryForABundleNothingIsSent) {
     EXPECT_EQ(fake::platform().count("message_port_send_trusted_message"), 0u);
 }
 
-TEST_F(MessagePortTest, WithALocalPortTheReceiverCanAnswer) {
+TEST_F(MessagePortTest, WithALocalPortTheReceiverCanReply) {
     MessagePort port;
     port.setTarget("app", "port");
     ASSERT_TRUE(port.setCallBack(
@@ -131,7 +131,7 @@ TEST_F(MessagePortTest, AReceivedMessageReachesTheCallbackWithItsSender) {
     EXPECT_EQ(seen, &datum);
 }
 
-TEST_F(MessagePortTest, ConstructionAndDestructionEachLogAnEmptyDebugLineAndAnUnregisteredPortStaysSo) {
+TEST_F(MessagePortTest, ConstructionAndDestructionEachLogAnEmptyDebugLine) {
     { MessagePort port; }
     const auto lines = fake::platform().logs();
     ASSERT_EQ(lines.size(), 2u);
@@ -142,7 +142,7 @@ TEST_F(MessagePortTest, ConstructionAndDestructionEachLogAnEmptyDebugLineAndAnUn
     EXPECT_TRUE(portCalls().empty());
 }
 
-TEST_F(MessagePortTest, ARegisteredPortIsUnregisteredAtTheEnd) {
+TEST_F(MessagePortTest, DestructionUnregistersTheLocalPort) {
     {
         MessagePort port;
         port.setCallBack(

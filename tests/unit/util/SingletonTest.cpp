@@ -13,7 +13,7 @@ namespace {
 std::atomic<int> made{0};
 std::atomic<bool> asked{false};  // by the second thread
 
-// Takes its time, so that a second thread asks while the first is still making it.
+// Its constructor waits until a second thread asks for the instance.
 struct Slow {
     Slow() {
         ++made;
@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(SingletonTest, IsMadeOnceAlsoWhenTwoThreadsAskForItAtOnce) {
+TEST_F(SingletonTest, TwoThreadsThatUseItAtOnceGetOneInstance) {
     Slow* seen = nullptr;
     std::thread second([&] {
         fake::platform().waitUntil([] { return made == 1; });
@@ -51,7 +51,7 @@ TEST_F(SingletonTest, IsMadeOnceAlsoWhenTwoThreadsAskForItAtOnce) {
     Singleton<Slow>::destroy();
 }
 
-TEST_F(SingletonTest, IsMadeAgainWhenItIsUsedAfterItsEnd) {
+TEST_F(SingletonTest, AUseAfterItsDestructionCreatesANewInstance) {
     EXPECT_EQ(Singleton<Counted>::mInstance, nullptr);
     EXPECT_EQ(Singleton<Counted>::getInstance(), Singleton<Counted>::getInstance());
     EXPECT_EQ(made, 1);

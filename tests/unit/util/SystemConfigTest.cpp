@@ -25,14 +25,14 @@ protected:
     }
 };
 
-TEST_F(SystemConfigTest, OneAndSevenBothReadBackAsAmericanEnglish) {
+TEST_F(SystemConfigTest, StoredOneAndSevenAreAmericanEnglish) {
     for (const int stored : {1, 7}) {
         fake::setSetting("db/orvane/setting/lang", stored);
         EXPECT_EQ(config().getLangStr(), "en_US") << stored;
     }
 }
 
-TEST_F(SystemConfigTest, AStoredLanguageIsReadAndAnyOtherValueIsAmericanEnglish) {
+TEST_F(SystemConfigTest, AnyUnlistedStoredLanguageIsAmericanEnglish) {
     const std::pair<int, int> rows[] = {{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 4},
                                         {5, 5}, {6, 6}, {7, 7}, {8, 1}, {-2, 1}};
     for (const auto& [stored, read] : rows) {
@@ -41,7 +41,7 @@ TEST_F(SystemConfigTest, AStoredLanguageIsReadAndAnyOtherValueIsAmericanEnglish)
     }
 }
 
-TEST_F(SystemConfigTest, AMissingLanguageReadsAsAmericanEnglishWithOneErrorOfItsOwn) {
+TEST_F(SystemConfigTest, AMissingLanguageIsAmericanEnglishAndLogsItsOwnError) {
     EXPECT_EQ(config().getOrvaneLang(), OrvaneLang::EN_US);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "VConf Read Fail : db/orvane/setting/lang"));
     EXPECT_EQ(errors(), 1u);
@@ -60,14 +60,14 @@ TEST_F(SystemConfigTest, TheHubsLocaleHasADash) {
     EXPECT_EQ(config().getSHLLangStr(), "de-DE");
 }
 
-TEST_F(SystemConfigTest, StoringALanguageOutsideTheListStoresAmericanEnglish) {
+TEST_F(SystemConfigTest, AnUnlistedLanguageIsStoredAsAmericanEnglish) {
     config().setOrvaneLang(static_cast<OrvaneLang>(9));
     EXPECT_EQ(fake::setting("db/orvane/setting/lang"), 1);
     config().setOrvaneLang(static_cast<OrvaneLang>(7));
     EXPECT_EQ(fake::setting("db/orvane/setting/lang"), 7);
 }
 
-TEST_F(SystemConfigTest, TheMenuLocaleLosesItsEncoding) {
+TEST_F(SystemConfigTest, TheMenuLocaleHasNoEncoding) {
     EXPECT_EQ(config().getWidgetLangStr(), "en_US");
     fake::setSetting("db/menu_widget/language", std::string("de_DE.UTF-8"));
     EXPECT_EQ(config().getWidgetLangStr(), "de_DE");
@@ -94,7 +94,7 @@ TEST_F(SystemConfigTest, RegionsHaveTheirCodes) {
     }
 }
 
-TEST_F(SystemConfigTest, MissingSwitchesReadAsTheirDefaultsAndAreLogged) {
+TEST_F(SystemConfigTest, AMissingSwitchHasItsDefaultAndIsLogged) {
     EXPECT_EQ(config().getMicState(), 1);
     EXPECT_TRUE(config().getVoiceFeedbackState());
     EXPECT_TRUE(config().getVoiceWakeupState());
@@ -108,7 +108,7 @@ TEST_F(SystemConfigTest, MissingSwitchesReadAsTheirDefaultsAndAreLogged) {
     }
 }
 
-TEST_F(SystemConfigTest, AValueCountsWhateverTheStoreReturnsWithIt) {
+TEST_F(SystemConfigTest, AValueCountsWhateverTheStoreReturns) {
     fake::platform().answer("vconf_get_int", -1);
     fake::platform().answer("vconf_get_bool", -1);
     leaveTheBox();
@@ -126,7 +126,7 @@ TEST_F(SystemConfigTest, AValueCountsWhateverTheStoreReturnsWithIt) {
     EXPECT_EQ(errors(), 0u);
 }
 
-TEST_F(SystemConfigTest, AStoredMinusOneReadsAsAMissingValue) {
+TEST_F(SystemConfigTest, AStoredMinusOneIsAMissingValue) {
     leaveTheBox();
     for (const char* key : {"db/mic_key/status", "db/orvane/setting/lang", "db/orvane/setting/voice_wakeup_word",
                             "db/orvane/setting/voice_feedback", "db/demo_mode"}) {
@@ -140,7 +140,18 @@ TEST_F(SystemConfigTest, AStoredMinusOneReadsAsAMissingValue) {
     EXPECT_EQ(errors(), 5u);
 }
 
-TEST_F(SystemConfigTest, MissingTextsReadAsTheirDefaultsAndAreLogged) {
+TEST_F(SystemConfigTest, AFailedReadIsLoggedForItsGetter) {
+    config().getMicState();
+    config().getVoiceFeedbackState();
+    config().getSystemCountry();
+    const auto logs = fake::platform().logs();
+    ASSERT_EQ(logs.size(), 3u);
+    EXPECT_NE(logs[0].text.find(" SystemConfig.cpp: getMicState("), std::string::npos);
+    EXPECT_NE(logs[1].text.find(" SystemConfig.cpp: getVoiceFeedbackState("), std::string::npos);
+    EXPECT_NE(logs[2].text.find(" SystemConfig.cpp: getSystemCountry("), std::string::npos);
+}
+
+TEST_F(SystemConfigTest, AMissingTextHasItsDefaultAndIsLogged) {
     EXPECT_EQ(config().getWidgetLangStr(), "en_US");
     EXPECT_EQ(config().getSystemCountry(), Util::Country::US);
     EXPECT_EQ(config().getSystemRegion(), Util::Region::US);
@@ -150,7 +161,7 @@ TEST_F(SystemConfigTest, MissingTextsReadAsTheirDefaultsAndAreLogged) {
     EXPECT_EQ(errors(), 3u);
 }
 
-TEST_F(SystemConfigTest, MissingTimeOutsReadAsMinusOneInSilence) {
+TEST_F(SystemConfigTest, AMissingTimeoutIsMinusOneAndIsNotLogged) {
     EXPECT_EQ(config().getScreenSaverTimeout(), -1);
     EXPECT_EQ(config().getLcdTimeout(), -1);
     EXPECT_TRUE(fake::platform().logs().empty());
@@ -171,7 +182,7 @@ TEST_F(SystemConfigTest, SwitchesAreLoggedAndThenStored) {
     }
 }
 
-TEST_F(SystemConfigTest, SwitchesAreReadAsTheyAreStored) {
+TEST_F(SystemConfigTest, SwitchesAreReadAsStored) {
     fake::setSetting("db/mic_key/status", 0);
     EXPECT_EQ(config().getMicState(), 0);
     for (const bool on : {false, true}) {
@@ -187,7 +198,7 @@ TEST_F(SystemConfigTest, SwitchesAreReadAsTheyAreStored) {
     EXPECT_EQ(errors(), 0u);
 }
 
-TEST_F(SystemConfigTest, TimeOutsAreReadAsTheyAreStored) {
+TEST_F(SystemConfigTest, TimeoutsAreReadAsStored) {
     fake::setSetting("db/pm/event-ss-wait-time", 0);
     fake::setSetting("db/setting/lcd_backlight_normal", 30);
     EXPECT_EQ(config().getScreenSaverTimeout(), 0);
@@ -202,7 +213,7 @@ TEST_F(SystemConfigTest, TheMicrophoneSwitchIsStoredBeforeItsLightChanges) {
                      "vconf_set_int(db/mic_key/status, 0)", "device_touchkey_set_mic_led(0)"}));
 }
 
-TEST_F(SystemConfigTest, TheWakeUpWordIsOneOfTwo) {
+TEST_F(SystemConfigTest, TheWakeWordIsOneOfTwo) {
     fake::setSetting("db/orvane/setting/voice_wakeup_word", 1);
     EXPECT_EQ(config().getVoiceWakeupWord(), OrvaneWUW::VEXAL);
     fake::setSetting("db/orvane/setting/voice_wakeup_word", 2);
@@ -213,7 +224,7 @@ TEST_F(SystemConfigTest, TheWakeUpWordIsOneOfTwo) {
     EXPECT_EQ(fake::setting("db/orvane/setting/voice_wakeup_word"), 0);
 }
 
-TEST_F(SystemConfigTest, ALcdTimeOutBelowOneChangesNothing) {
+TEST_F(SystemConfigTest, AnLcdTimeoutBelowOneIsIgnored) {
     config().setLcdTimeout(0);
     config().setLcdTimeout(-1);
     EXPECT_TRUE(fake::platform().texts().empty());
@@ -221,7 +232,7 @@ TEST_F(SystemConfigTest, ALcdTimeOutBelowOneChangesNothing) {
     EXPECT_EQ(fake::setting("db/setting/lcd_backlight_normal"), 1);
 }
 
-TEST_F(SystemConfigTest, ResettingTheScreenSaverTellsPowerManagementAndThenTheDisplay) {
+TEST_F(SystemConfigTest, ResettingTheScreenSaverNotifiesPowerManagementThenTheDisplay) {
     config().setScreenSaverReset();
     const auto calls = fake::platform().calls();
     ASSERT_EQ(calls.size(), 2u);
@@ -257,7 +268,7 @@ TEST_F(SystemConfigTest, TheDeviceIsInTheBoxWhenAnyOfTheFourStatesCannotBeRead) 
         fake::platform().forgetCalls();
         EXPECT_FALSE(config().isOutOfBoxing()) << key;
         asked.push_back(std::string("vconf_get_int(") + key + ")");
-        EXPECT_EQ(reads(), asked) << "no later one is asked";
+        EXPECT_EQ(reads(), asked) << "no later one is read";
         EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, std::string("Vconf Read Fail : ") + key));
         EXPECT_EQ(errors(), 1u);
         fake::setSetting(key, 0);
@@ -265,13 +276,13 @@ TEST_F(SystemConfigTest, TheDeviceIsInTheBoxWhenAnyOfTheFourStatesCannotBeRead) 
     EXPECT_TRUE(config().isOutOfBoxing());
 }
 
-TEST_F(SystemConfigTest, TheConnectionTypeIsAskedAndLogged) {
+TEST_F(SystemConfigTest, TheConnectionTypeIsReadAndLogged) {
     fake::setConnection(CONNECTION_TYPE_WIFI);
     EXPECT_EQ(config().getConnectionState(), CONNECTION_TYPE_WIFI);
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "net connection state: 1"));
 }
 
-TEST_F(SystemConfigTest, AConnectionThatCannotBeAskedCountsAsNone) {
+TEST_F(SystemConfigTest, AConnectionThatCannotBeReadIsDisconnected) {
     fake::platform().answer("connection_get_type", -5);
     EXPECT_EQ(config().getConnectionState(), CONNECTION_TYPE_DISCONNECTED);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Could not get net connection state: -5"));

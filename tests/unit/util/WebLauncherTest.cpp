@@ -29,29 +29,29 @@ protected:
     }
 };
 
-TEST_F(WebLauncherTest, TheSearchTermGoesBehindTheSearchPageUnescaped) {
+TEST_F(WebLauncherTest, TheSearchTermFollowsTheSearchPageUnescaped) {
     EXPECT_EQ(launch(search("google", " red wine & cheese ", "u")),
               Texts{view("https://www.google.com/search?q=red wine & cheese")});
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "action name : Web Search"));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "https://www.google.com/search?q=red wine & cheese"));
 }
 
-TEST_F(WebLauncherTest, TheProviderMayBeginWithACapital) {
+TEST_F(WebLauncherTest, TheProviderMayBeCapitalized) {
     EXPECT_EQ(launch(search("Google", "x", "u")), Texts{view("https://www.google.com/search?q=x")});
 }
 
-TEST_F(WebLauncherTest, AnyOtherProviderUsesTheResultsOwnAddress) {
+TEST_F(WebLauncherTest, AnyOtherProviderUsesTheResultsUrl) {
     for (const char* provider : {"GOOGLE", "gOOGLE", "google.com", "other", ""}) {
         fake::platform().reset();
         EXPECT_EQ(launch(search(provider, "x", "https://own.example/")), Texts{view("https://own.example/")});
     }
 }
 
-TEST_F(WebLauncherTest, AnEmptyAddressStillReachesTheViewer) {
+TEST_F(WebLauncherTest, AnEmptyUrlStillOpensTheBrowser) {
     EXPECT_EQ(launch(search("other", "x", "")), Texts{view("-")});
 }
 
-TEST_F(WebLauncherTest, AResultWithoutSearchDataReachesTheViewerWithAnEmptyAddress) {
+TEST_F(WebLauncherTest, AResultWithoutSearchDataOpensTheBrowserWithAnEmptyUrl) {
     auto result = search("google", "x", "u");
     result.webSearch.reset();
     EXPECT_EQ(launch(result), Texts{view("-")});
@@ -65,14 +65,14 @@ TEST_F(WebLauncherTest, AResultWithoutActionDataOpensNothing) {
     EXPECT_EQ(fake::platform().logs().size(), 1u) << "only the action name";
 }
 
-TEST_F(WebLauncherTest, AResultWithoutAnActionNameDoesNothing) {
+TEST_F(WebLauncherTest, AResultWithoutAnActionNameOpensNothing) {
     auto result = search("google", "x", "u");
     result.actionName = " \t";
     EXPECT_TRUE(launch(result).empty());
     EXPECT_TRUE(fake::platform().logs().empty());
 }
 
-TEST_F(WebLauncherTest, AnswersThatOnlyTheUiShowsOpenNothing) {
+TEST_F(WebLauncherTest, ActionsThatOnlyTheUiAnswersOpenNothing) {
     for (const char* name : {"Websearch Disabled", "News Engine Unavailable", "Search Engine Unavailable",
                              "Website Unavailable", "Pseudo Escalating Error Drive Mode", "Unsupported Feature"}) {
         auto result = search("google", "x", "u");

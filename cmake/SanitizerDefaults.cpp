@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What every program says to its sanitizers. Only libraries that are not ours are named, each with the reason; what
-// they call back is watched as everything of ours is.
+// The defaults of the sanitizers for every program. They suppress reports only in foreign libraries, each for a stated
+// reason; callbacks from such a library into our code are still checked.
 
 extern "C" {
 
@@ -9,23 +9,23 @@ const char* __tsan_default_suppressions();
 
 const char* __lsan_default_suppressions() {
     return
-        // The classes of EFL, in a program that ends without shutting Ecore down.
+        // A program that ends without shutting Ecore down leaks the classes of EFL.
         "leak:efl_class_new\n";
 }
 
 const char* __tsan_default_suppressions() {
     return
-        // GLib locks with futexes of its own, and is not built for ThreadSanitizer, which therefore takes everything
-        // that its threads hand to one another for a race.
+        // GLib locks with its own futexes and is not built for ThreadSanitizer, which therefore reports everything that
+        // GLib passes between threads as a race.
         "called_from_lib:libglib-2.0.so\n"
         "called_from_lib:libgobject-2.0.so\n"
         "called_from_lib:libgio-2.0.so\n"
-        // Locks with GLib's.
+        // It uses GLib's locks.
         "called_from_lib:libdconf.so.1\n"
-        // Shares memory with the server and counts with atomics that ThreadSanitizer does not see. It never calls us:
-        // libpulse does.
+        // It shares memory with the sound server and uses atomics that ThreadSanitizer does not see. It never calls our
+        // code; libpulse does.
         "race:libpulsecommon-\n"
-        // Its handlers of SIGCHLD and the like write to a pipe without putting errno back.
+        // Its signal handlers write to a pipe without restoring errno.
         "signal:libecore.so.1\n";
 }
 

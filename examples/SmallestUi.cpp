@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The smallest UI application: answers the wake-up word, prints what the service tells it, and acknowledges Ready.
-// docs/ui-protocol.md says what all of it means. By itself it is built with
+// The smallest UI application: it reacts to the wake word, prints what the service reports, and acknowledges Ready.
+// docs/ui-protocol.md explains the protocol. To build it alone:
 //   g++ -std=c++17 SmallestUi.cpp -o smallest-ui $(pkg-config --cflags --libs gio-2.0 dconf)
 #include <dconf.h>
 #include <gio/gio.h>
@@ -32,7 +32,7 @@ Texts extrasOf(GVariantIter* list) {
     const char** values = nullptr;
     gboolean isArray = FALSE;
     while (g_variant_iter_next(list, "(^&ayb^a&ay)", &key, &isArray, &values) != FALSE) {
-        g_autofree const char** owned = values;  // the texts themselves are the list's
+        g_autofree const char** owned = values;  // the list owns the texts
         extras[key] = owned[0] != nullptr ? owned[0] : "";
     }
     return extras;
@@ -48,7 +48,7 @@ Texts entriesOf(GVariantIter* list) {
     return entries;
 }
 
-// Waits for nothing: a fault comes back as a state.
+// Does not wait for the reply: the service reports an error as a state.
 void startVoiceEngine(GDBusConnection* bus) {
     const std::string operation = kBase + "start_voice_engine";
     GVariant* request = g_variant_new_parsed(
@@ -58,13 +58,13 @@ void startVoiceEngine(GDBusConnection* bus) {
                            request, nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, nullptr, nullptr);
 }
 
-// The service goes on when it finds this; until then, for up to a second, it does nothing else.
+// The service waits for this value for up to a second before it continues.
 void acknowledgeReady() {
     g_autoptr(GObject) client = G_OBJECT(dconf_client_new());
     g_autoptr(GError) error = nullptr;
     if (dconf_client_write_sync(reinterpret_cast<DConfClient*>(client), "/db/orvane/manager/response",
                                 g_variant_new_boolean(TRUE), nullptr, nullptr, &error) == FALSE) {
-        fprintf(stderr, "Ready cannot be acknowledged: %s\n", error->message);
+        fprintf(stderr, "cannot acknowledge Ready: %s\n", error->message);
     }
 }
 
@@ -109,7 +109,7 @@ bool isPartial(GVariant* arguments) {
     return g_variant_get_string(port, nullptr) == std::string("partial");
 }
 
-// The port is a trusted one.
+// The port is trusted: it accepts only processes of the same user.
 bool isOurUser(GDBusConnection* bus, const char* sender) {
     g_autoptr(GVariant) answer = g_dbus_connection_call_sync(
         bus, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetConnectionUnixUser",
@@ -121,7 +121,7 @@ bool isOurUser(GDBusConnection* bus, const char* sender) {
     return answer != nullptr && user == getuid();
 }
 
-// Answers before it acts, because the service waits for the answer.
+// Replies before it acts, because the service waits for the reply.
 void onCall(GDBusConnection* bus, const char* sender, const char*, const char*, const char* name, GVariant* arguments,
             GDBusMethodInvocation* call, void* loop) noexcept {
     const std::string method = name;
@@ -131,7 +131,7 @@ void onCall(GDBusConnection* bus, const char* sender, const char*, const char*, 
     } else if (method == "HasPort") {
         g_dbus_method_invocation_return_value(call, g_variant_new("(b)", isPartial(kept)));
     } else if (method == "Send" && !isPartial(kept)) {
-        g_dbus_method_invocation_return_dbus_error(call, "org.orvane.Error.PortNotFound", "there is only partial");
+        g_dbus_method_invocation_return_dbus_error(call, "org.orvane.Error.PortNotFound", "the only port is partial");
     } else {
         g_dbus_method_invocation_return_value(call, nullptr);
         if (method == "Send") {
@@ -145,7 +145,7 @@ void onCall(GDBusConnection* bus, const char* sender, const char*, const char*, 
 }
 
 void onNameLost(GDBusConnection*, const char* name, void*) noexcept {
-    fprintf(stderr, "somebody else is %s\n", name);
+    fprintf(stderr, "another process owns %s\n", name);
     exit(EXIT_FAILURE);
 }
 
@@ -172,7 +172,7 @@ int main() {
     if (!serve(bus, interfaces, loop)) {
         return EXIT_FAILURE;
     }
-    // Last: who sees the name may call at once.
+    // Last: other processes may call as soon as the name has an owner.
     g_bus_own_name_on_connection(bus, "org.tizen.orvane-da", G_BUS_NAME_OWNER_FLAGS_DO_NOT_QUEUE, nullptr, onNameLost,
                                  nullptr, nullptr);
     g_main_loop_run(loop);

@@ -17,8 +17,12 @@ Mainloop::Mainloop(const char* threadName) : mLoop(pa_threaded_mainloop_new()) {
 }
 
 Mainloop::~Mainloop() {
-    pa_threaded_mainloop_stop(mLoop);
+    stop();
     pa_threaded_mainloop_free(mLoop);
+}
+
+void Mainloop::stop() noexcept {
+    pa_threaded_mainloop_stop(mLoop);
 }
 
 Mainloop::Lock::Lock(const Mainloop& loop)

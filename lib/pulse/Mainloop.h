@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owns PulseAudio's event loop and the thread that runs it. Everything of the library's that belongs to a loop is used
-// under a Lock of that loop; the loop's own callbacks run with it held.
 #pragma once
 
 #include <pulse/pulseaudio.h>
 
 namespace pulse {
 
+// Owns PulseAudio's event loop and the thread that runs it. Everything that belongs to a loop is used under a Lock of
+// that loop. The loop calls back with the lock held.
 class Mainloop {
 public:
     // Starts the thread. Throws std::runtime_error.
@@ -15,9 +15,12 @@ public:
     Mainloop(const Mainloop&) = delete;
     Mainloop& operator=(const Mainloop&) = delete;
 
+    // Joins the thread: nothing calls back any more. Without the lock.
+    void stop() noexcept;
+
     pa_mainloop_api* api() const { return pa_threaded_mainloop_get_api(mLoop); }
 
-    // May be taken on the loop's own thread, where it does nothing, and by one thread several times.
+    // A thread may take it several times. On the loop's own thread it does nothing.
     class Lock {
     public:
         explicit Lock(const Mainloop& loop);

@@ -48,10 +48,7 @@ bool finish(const Mainloop& loop, Operation operation, std::chrono::milliseconds
     const bool done = waiter.wait(limit);
     const Mainloop::Lock lock(loop);
     pa_operation_set_state_callback(operation.get(), nullptr, nullptr);
-    if (!done) {
-        pa_operation_cancel(operation.get());
-    }
-    operation.reset();
+    const Operation ended = std::move(operation);  // destroyed under the lock
     return done;
 }
 

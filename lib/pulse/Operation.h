@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owns a request to the sound server that is under way.
 #pragma once
 
 #include <chrono>
@@ -9,13 +8,32 @@
 
 namespace pulse {
 
-struct OperationUnref {
-    void operator()(pa_operation* operation) const noexcept { pa_operation_unref(operation); }
-};
-using Operation = std::unique_ptr<pa_operation, OperationUnref>;
+// Owns a request to the sound server with its callback. When it is destroyed, the request is still carried out, but the
+// callback is not called any more. Created and destroyed under the loop's lock.
+class Operation {
+public:
+    Operation() = default;
+    // Null when the request could not be sent.
+    explicit Operation(pa_operation* owned, std::shared_ptr<void> callback = nullptr)
+        : mCallback(std::move(callback)), mOperation(owned) {}
 
-// Waits for the answer, without the loop's lock; never on the loop's thread. When the connection breaks or the time is
-// up it gives up and answers false: from then on the operation's callback is not called any more.
+    explicit operator bool() const { return mOperation != nullptr; }
+    pa_operation* get() const { return mOperation.get(); }
+
+private:
+    struct Cancel {
+        void operator()(pa_operation* operation) const noexcept {
+            pa_operation_cancel(operation);
+            pa_operation_unref(operation);
+        }
+    };
+
+    std::shared_ptr<void> mCallback;
+    std::unique_ptr<pa_operation, Cancel> mOperation;
+};
+
+// Waits for the answer, without the loop's lock and never on the loop's thread. False when the connection breaks or the
+// time is up.
 bool finish(const Mainloop& loop, Operation operation, std::chrono::milliseconds limit);
 
 }  // namespace pulse

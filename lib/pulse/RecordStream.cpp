@@ -5,21 +5,30 @@
 
 namespace pulse {
 
-RecordStream::RecordStream(pa_context* context, const char* name, const pa_sample_spec& spec, std::size_t fragment,
+namespace {
+
+pa_stream* create(const Context& context, const char* name, int rate, int channels) {
+    const pa_sample_spec spec{PA_SAMPLE_S16LE, static_cast<uint32_t>(rate), static_cast<uint8_t>(channels)};
+    return pa_stream_new(context.get(), name, &spec, nullptr);
+}
+
+}  // namespace
+
+RecordStream::RecordStream(const Context& context, const char* name, int rate, int channels, std::size_t fragment,
                            Events events)
-    : mStream(pa_stream_new(context, name, &spec, nullptr)), mEvents(std::move(events)) {
+    : mStream(create(context, name, rate, channels)), mEvents(std::move(events)) {
     if (!mStream) {
-        throw std::runtime_error(pa_strerror(pa_context_errno(context)));
+        throw std::runtime_error(context.error());
     }
     pa_stream_set_state_callback(mStream, stateChanged, this);
     pa_stream_set_read_callback(mStream, readable, this);
     pa_buffer_attr buffer{};
     buffer.maxlength = static_cast<uint32_t>(-1);
     buffer.fragsize = static_cast<uint32_t>(fragment);
-    // Without it the source keeps a latency of its own, which may be seconds.
+    // Otherwise the source chooses the latency, which may be seconds.
     if (pa_stream_connect_record(mStream, nullptr, &buffer, PA_STREAM_ADJUST_LATENCY) < 0) {
         pa_stream_unref(mStream);
-        throw std::runtime_error(pa_strerror(pa_context_errno(context)));
+        throw std::runtime_error(context.error());
     }
 }
 

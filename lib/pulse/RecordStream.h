@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owns one stream of captured sound. Made, used and destroyed under the loop's lock.
 #pragma once
 
 #include <cstddef>
@@ -9,20 +8,20 @@
 
 namespace pulse {
 
+// Owns one stream of captured 16-bit samples. Created, used, and destroyed under the loop's lock.
 class RecordStream {
 public:
     struct Events {
         std::function<void()> ready;
         // Captured bytes; null data stands for a hole of that many bytes.
         std::function<void(const void* data, std::size_t bytes)> data;
-        // The stream could not be opened or has ended; why.
+        // The stream could not be opened or has ended, for this reason.
         std::function<void(const char* why)> failed;
     };
 
-    // Captures from the server's default source (or the one that PULSE_SOURCE names) in pieces of `fragment` bytes. The
-    // events come on the loop and must not destroy the stream. Throws std::runtime_error.
-    RecordStream(pa_context* context, const char* name, const pa_sample_spec& spec, std::size_t fragment,
-                 Events events);
+    // Captures from the server's default source, or from the one that PULSE_SOURCE names, in pieces of `fragment`
+    // bytes. The events come on the loop and must not destroy the stream. Throws std::runtime_error.
+    RecordStream(const Context& context, const char* name, int rate, int channels, std::size_t fragment, Events events);
     ~RecordStream();
     RecordStream(const RecordStream&) = delete;
     RecordStream& operator=(const RecordStream&) = delete;

@@ -54,7 +54,7 @@ inline bool isOurs() {
 inline void settle() {
     isFree();
     std::promise<void> done;
-    gio::IoThread::get().run([&] { audio::SoundThread::get().post([&] { done.set_value(); }); });
+    gio::IoThread::get().run([&] { process::shared<audio::SoundThread>().post([&] { done.set_value(); }); });
     done.get_future().wait();
 }
 

@@ -1,26 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
-// A player of the sound server's that can be paused.
 #pragma once
 
 #include <memory>
 
 #include "pulse/Context.h"
-#include "pulse/Operation.h"
+#include "pulse/Mainloop.h"
+#include "pulse/PlaybackStream.h"
 
+// A program "jukebox" that plays on the sound server and can be paused.
 class PausablePlayer {
 public:
     PausablePlayer() {
         const pulse::Mainloop::Lock lock(mLoop);
-        mContext =
-            std::make_unique<pulse::Context>(mLoop, "jukebox", [this](pa_context_state_t state) { start(state); });
+        mContext = std::make_unique<pulse::Context>(mLoop.api(), "jukebox",
+                                                    [this](pulse::Context::State state) { start(state); });
         mContext->connect();
     }
     ~PausablePlayer() {
         const pulse::Mainloop::Lock lock(mLoop);
-        if (mStream) {
-            pa_stream_disconnect(mStream);
-            pa_stream_unref(mStream);
-        }
+        mStream.reset();
         mContext.reset();
     }
     PausablePlayer(const PausablePlayer&) = delete;
@@ -31,21 +29,20 @@ public:
         pulse::Operation operation;
         {
             const pulse::Mainloop::Lock lock(mLoop);
-            operation.reset(pa_stream_cork(mStream, paused, nullptr, nullptr));
+            operation = mStream->pause(paused, [](bool) {});
         }
         pulse::finish(mLoop, std::move(operation), std::chrono::seconds(5));
     }
 
 private:
-    void start(pa_context_state_t state) {
-        if (state == PA_CONTEXT_READY) {
-            const pa_sample_spec spec{PA_SAMPLE_S16LE, 16000, 1};
-            mStream = pa_stream_new(mContext->get(), "song", &spec, nullptr);
-            pa_stream_connect_playback(mStream, nullptr, nullptr, PA_STREAM_NOFLAGS, nullptr, nullptr);
+    void start(pulse::Context::State state) {
+        if (state == pulse::Context::State::Ready) {
+            const pulse::PlaybackStream::Settings settings{"song", "", 16000, 100};
+            mStream = std::make_unique<pulse::PlaybackStream>(*mContext, settings, pulse::PlaybackStream::Events());
         }
     }
 
     pulse::Mainloop mLoop{"player"};
     std::unique_ptr<pulse::Context> mContext;
-    pa_stream* mStream = nullptr;
+    std::unique_ptr<pulse::PlaybackStream> mStream;
 };

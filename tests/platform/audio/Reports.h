@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "audio/SoundThread.h"
+#include "process/Owner.h"
 
 template <typename Report>
 class Reports {
@@ -16,7 +17,7 @@ public:
     void add(const Report& report) {
         std::lock_guard lock(mMutex);
         mAll.push_back(report);
-        mStray = mStray || !audio::SoundThread::get().isCurrent();
+        mStray = mStray || !process::shared<audio::SoundThread>().isCurrent();
         mChanged.notify_all();
     }
     // False when it does not come within ten seconds.

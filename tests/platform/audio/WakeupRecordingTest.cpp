@@ -11,6 +11,7 @@
 
 #include "Listener.h"
 #include "audio/SoundThread.h"
+#include "process/Owner.h"
 #include "sndfile/SoundFile.h"
 #include "speech_capture.h"
 
@@ -21,7 +22,7 @@ namespace {
 // All that was posted to the sound thread before has been done.
 void settle() {
     std::promise<void> done;
-    audio::SoundThread::get().post([&] { done.set_value(); });
+    process::shared<audio::SoundThread>().post([&] { done.set_value(); });
     done.get_future().get();
 }
 

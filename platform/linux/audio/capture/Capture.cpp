@@ -2,28 +2,22 @@
 #include "Capture.h"
 
 #include "audio_io.h"
-#include "dlog.h"
 
 namespace audio {
 
 int Capture::prepare() {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     if (mSource) {
         return AUDIO_IO_ERROR_INVALID_STATE;
     }
-    try {
-        mSource = openCaptureSource(mFormat);
-        return AUDIO_IO_ERROR_NONE;
-    } catch (const std::exception& fault) {
-        dlog_print(DLOG_ERROR, "orvane-audio", "%s", fault.what());
-        return AUDIO_IO_ERROR_DEVICE_NOT_OPENED;
-    }
+    mSource = openCaptureSource(mFormat);
+    return AUDIO_IO_ERROR_NONE;
 }
 
 int Capture::unprepare() {
     std::shared_ptr<CaptureSource> source;
     {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         source = std::move(mSource);
     }
     if (!source) {
@@ -36,7 +30,7 @@ int Capture::unprepare() {
 int Capture::read(int16_t* samples, std::size_t frames) {
     std::shared_ptr<CaptureSource> source;
     {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         source = mSource;
     }
     if (!source) {

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// What both capture interfaces share: a source that is there while capture is prepared. Any thread may prepare and
-// unprepare while another one reads.
 #pragma once
 
 #include <memory>
@@ -10,17 +8,20 @@
 
 namespace audio {
 
-// All return audio_io_error_e.
+// A capture stream as both capture interfaces use it, with a source from prepare() to unprepare(). Any thread may call
+// these while another one reads.
 class Capture {
 public:
     explicit Capture(const Format& format) : mFormat(format) {}
 
     const Format& format() const { return mFormat; }
-    // Does not wait for the sound server; what fails later fails the reads.
+    // These return audio_io_error_e.
+    // Does not wait for the sound server: without it, the reads fail. Throws std::runtime_error when the source cannot
+    // be opened.
     int prepare();
     // Ends a read in progress.
     int unprepare();
-    // Blocks until all the frames have come.
+    // Blocks until all frames are read.
     int read(int16_t* samples, std::size_t frames);
 
 private:
@@ -29,7 +30,7 @@ private:
     std::shared_ptr<CaptureSource> mSource;
 };
 
-// AUDIO_IO_ERROR_NONE when the platform captures such sound. `channel` and `type` are audio_channel_e and
+// AUDIO_IO_ERROR_NONE when the platform captures this format. `channel` and `type` are audio_channel_e and
 // audio_sample_type_e.
 int checkFormat(int rate, int channel, int type);
 

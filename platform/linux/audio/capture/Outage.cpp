@@ -5,13 +5,8 @@
 
 namespace audio {
 
-Outage& Outage::capture() {
-    static Outage outage;
-    return outage;
-}
-
 void Outage::began(const std::string& why) {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     if (!mOut.exchange(true)) {
         mSince = std::chrono::steady_clock::now();
         dlog_print(DLOG_WARN, "orvane-audio", "no sound to capture: %s", why.c_str());
@@ -19,7 +14,7 @@ void Outage::began(const std::string& why) {
 }
 
 void Outage::end() {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     if (mOut.exchange(false)) {
         dlog_print(DLOG_INFO, "orvane-audio", "sound is captured again");
     }
@@ -27,7 +22,7 @@ void Outage::end() {
 
 std::chrono::milliseconds Outage::patience() const {
     using namespace std::chrono_literals;
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     return mOut && std::chrono::steady_clock::now() - mSince > 2s ? 500ms : 100ms;
 }
 

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// Remembers, for the whole process, that capture has failed, so that it is said once when it begins and once when it
-// ends, however often readers try in between.
 #pragma once
 
 #include <atomic>
@@ -10,18 +8,18 @@
 
 namespace audio {
 
+// The state of capture in the whole process: logs once when it begins to fail and once when it works again, however
+// often readers try in between. Any thread.
 class Outage {
 public:
-    static Outage& capture();
-
     void began(const std::string& why);
     void ended() {
         if (mOut) {
             end();
         }
     }
-    // How long a read may wait for sound to come back: short at first, longer when the outage lasts, so that a reader
-    // that tries again and again costs nothing.
+    // How long a read waits for frames: short at first, longer when the outage lasts, so that a reader that tries again
+    // and again costs little.
     std::chrono::milliseconds patience() const;
 
 private:

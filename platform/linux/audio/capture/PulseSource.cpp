@@ -2,66 +2,71 @@
 #include "PulseSource.h"
 
 #include <chrono>
-#include <stdexcept>
 
 #include "Outage.h"
+#include "process/Guard.h"
 
 namespace audio {
 
 namespace {
 
-// One block of the recorder's, 16 ms. Larger ones cost less (two blocks a fragment: 0.25 % of a core instead of 0.4 %),
-// but the level, which the UI shows every 20 ms, would move only with every fragment.
+// The recorder's block, 16 ms. Larger fragments cost less (two blocks: 0.25 % of a core instead of 0.4 %), but the
+// level, which the UI shows every 20 ms, would move only with every fragment.
 constexpr std::size_t kFragmentFrames = 256;
-// A source without a sound card may have rendered two seconds ahead before it is listened to.
+// A source without a sound card may have rendered two seconds ahead before capture begins.
 constexpr std::chrono::milliseconds kStalled{3000};
 
-pa_sample_spec specOf(const Format& format) {
-    return {PA_SAMPLE_S16LE, static_cast<uint32_t>(format.rate), static_cast<uint8_t>(format.channels)};
+std::size_t frameSize(const Format& format) {
+    return sizeof(int16_t) * static_cast<std::size_t>(format.channels);
 }
 
 }  // namespace
 
-PulseSource::PulseSource(const Format& format) : mSpec(specOf(format)), mQueue(pa_bytes_per_second(&mSpec)) {
-    SoundServer::get().add(*this);
+PulseSource::PulseSource(const Format& format)
+    : mFormat(format), mQueue(frameSize(format) * static_cast<std::size_t>(format.rate)) {
+    process::shared<SoundServer>().add(*this);
 }
 
+// At the end of the process the server is gone already, and so is the stream.
 PulseSource::~PulseSource() {
-    SoundServer& server = SoundServer::get();
-    const pulse::Mainloop::Lock lock(server.loop());
-    server.remove(*this);
-    mStream.reset();
+    process::contained("end of capture", [this] {
+        auto& server = process::shared<SoundServer>();
+        const pulse::Mainloop::Lock lock(server.loop());
+        server.remove(*this);
+        mStream.reset();
+    });
 }
 
 bool PulseSource::read(int16_t* samples, std::size_t frames) {
+    auto& outage = process::shared<Outage>();
     char* out = reinterpret_cast<char*>(samples);
-    const std::size_t bytes = frames * pa_frame_size(&mSpec);
+    const std::size_t bytes = frames * frameSize(mFormat);
     const bool wasFlowing = mFlowing;
-    SampleQueue::Taken taken = mQueue.take(out, bytes, wasFlowing ? kStalled : Outage::capture().patience());
+    SampleQueue::Taken taken = mQueue.take(out, bytes, wasFlowing ? kStalled : outage.patience());
     if (taken == SampleQueue::Taken::TimedOut && !wasFlowing && mFlowing) {
         taken = mQueue.take(out, bytes, kStalled);
     }
     if (taken == SampleQueue::Taken::All) {
-        Outage::capture().ended();
+        outage.ended();
         return true;
     }
-    return fail();
+    if (!mInterrupted) {
+        logFailure();
+    }
+    return false;
 }
 
-bool PulseSource::fail() {
-    if (mInterrupted) {
-        return false;
-    }
+void PulseSource::logFailure() {
+    auto& server = process::shared<SoundServer>();
     std::string why;
     {
-        const pulse::Mainloop::Lock lock(SoundServer::get().loop());
+        const pulse::Mainloop::Lock lock(server.loop());
         why = mWhy;
     }
     if (why.empty()) {
-        why = SoundServer::get().connected() ? "the sound source gives nothing" : SoundServer::get().error();
+        why = server.connected() ? "the sound source gives nothing" : server.error();
     }
-    Outage::capture().began("sound server: " + why);
-    return false;
+    process::shared<Outage>().began("sound server: " + why);
 }
 
 void PulseSource::interrupt() noexcept {
@@ -69,27 +74,30 @@ void PulseSource::interrupt() noexcept {
     mQueue.end();
 }
 
-void PulseSource::connected(pa_context* context) noexcept {
+void PulseSource::connected(pulse::Context& context) noexcept {
     try {
         mWhy.clear();
-        pulse::RecordStream::Events events;
-        events.ready = [this] { mFlowing = true; };
-        events.data = [this](const void* data, std::size_t bytes) {
-            mQueue.push(static_cast<const char*>(data), bytes);
-        };
-        events.failed = [this](const char* why) { streamFailed(why); };
-        mStream = std::make_unique<pulse::RecordStream>(context, "microphone", mSpec,
-                                                        kFragmentFrames * pa_frame_size(&mSpec), std::move(events));
+        open(context);
     } catch (const std::exception& fault) {
         mWhy = fault.what();
     }
 }
 
+void PulseSource::open(const pulse::Context& context) {
+    pulse::RecordStream::Events events;
+    events.ready = [this] { mFlowing = true; };
+    events.data = [this](const void* data, std::size_t bytes) { mQueue.push(static_cast<const char*>(data), bytes); };
+    events.failed = [this](const char* why) { streamFailed(why); };
+    mStream = std::make_unique<pulse::RecordStream>(context, "microphone", mFormat.rate, mFormat.channels,
+                                                    kFragmentFrames * frameSize(mFormat), std::move(events));
+}
+
 void PulseSource::lost() noexcept {
+    mStream.reset();
     streamFailed("the sound server has gone");
 }
 
-// A stream that never gave sound leaves the reader waiting: the server may come within its patience.
+// A stream that never carried frames leaves the reader waiting: the server may return within its patience.
 void PulseSource::streamFailed(const char* why) {
     mWhy = why;
     if (mFlowing.exchange(false)) {

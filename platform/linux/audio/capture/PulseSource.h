@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// Captures from the sound server. The server's thread fills the queue, the reader empties it. Opening never waits for
-// the server: while there is none, a read waits a little for one to come and then fails, and when the server goes a
-// read in progress fails at once. The source finds the server again by itself, and so does a new one.
 #pragma once
 
 #include <atomic>
@@ -15,6 +12,9 @@
 
 namespace audio {
 
+// Captures from the sound server. The server's thread fills the queue, and the reader empties it. Opening never waits
+// for the server: without one, a read waits a little for it and then fails. When the connection breaks, a read in
+// progress fails at once. The source opens a new stream when the connection is back.
 class PulseSource : public CaptureSource, private SoundServer::Client {
 public:
     explicit PulseSource(const Format& format);
@@ -24,12 +24,13 @@ public:
     void interrupt() noexcept override;
 
 private:
-    void connected(pa_context* context) noexcept override;
+    void connected(pulse::Context& context) noexcept override;
     void lost() noexcept override;
+    void open(const pulse::Context& context);
     void streamFailed(const char* why);
-    bool fail();
+    void logFailure();
 
-    const pa_sample_spec mSpec;
+    const Format mFormat;
     SampleQueue mQueue;
     std::unique_ptr<pulse::RecordStream> mStream;  // under the loop's lock
     std::string mWhy;                              // under the loop's lock

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// A sound file heard as 16-bit frames of the wanted rate and number of channels. Reads piece by piece, whatever the
-// length of the file. One thread.
 #pragma once
 
 #include <string>
@@ -11,14 +9,15 @@
 
 namespace audio {
 
+// Reads a sound file as 16-bit frames of the wanted rate and number of channels, a piece at a time. One thread.
 class Recording {
 public:
     // Throws std::runtime_error with the reason.
     Recording(const std::string& path, const Format& format);
 
-    // Behind the end there is nothing to read.
+    // After the end there is nothing to read.
     void seek(double seconds);
-    // How many frames were read; fewer than asked only at the end.
+    // The number of frames read; fewer than `frames` only at the end.
     std::size_t read(int16_t* out, std::size_t frames);
 
 private:
@@ -30,7 +29,7 @@ private:
 
     sndfile::Reader mFile;
     const Format mFormat;
-    const double mStep;          // frames of the file for one frame of ours
+    const double mStep;          // frames of the file for one frame read
     const double mCutoff;        // of the low-pass filter: 1 is half the file's rate
     std::vector<float> mWindow;  // mixed frames from mFirst on
     int64_t mFirst = 0;

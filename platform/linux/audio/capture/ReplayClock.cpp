@@ -4,13 +4,23 @@
 #include <algorithm>
 #include <map>
 
+#include "process/Owner.h"
+
 namespace audio {
 
+namespace {
+
+struct Clocks {
+    std::mutex mutex;
+    std::map<std::string, std::shared_ptr<ReplayClock>> byPath;
+};
+
+}  // namespace
+
 std::shared_ptr<ReplayClock> ReplayClock::of(const std::string& path) {
-    static std::mutex mutex;
-    static std::map<std::string, std::shared_ptr<ReplayClock>> clocks;
-    std::lock_guard lock(mutex);
-    auto& clock = clocks[path];
+    auto& clocks = process::shared<Clocks>();
+    const std::lock_guard lock(clocks.mutex);
+    auto& clock = clocks.byPath[path];
     if (!clock) {
         clock = std::make_shared<ReplayClock>();
     }
@@ -19,7 +29,7 @@ std::shared_ptr<ReplayClock> ReplayClock::of(const std::string& path) {
 
 double ReplayClock::elapsed() {
     const auto now = std::chrono::steady_clock::now();
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     if (!mStart) {
         mStart = now;
     }
@@ -27,12 +37,12 @@ double ReplayClock::elapsed() {
 }
 
 double ReplayClock::furthest() {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     return mFurthest;
 }
 
 void ReplayClock::reached(double seconds) {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     mFurthest = std::max(mFurthest, seconds);
 }
 

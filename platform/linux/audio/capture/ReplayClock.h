@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// How far the replayed recording has been heard in this process. All who listen hear one and the same room: who opens
-// the microphone later, or again, does not hear the recording from its start.
 #pragma once
 
 #include <chrono>
@@ -11,14 +9,16 @@
 
 namespace audio {
 
+// How far the replay of a recording has come in this process. All captures share it, as they would share a microphone:
+// one that opens later, or again, does not start at the recording's beginning. Any thread.
 class ReplayClock {
 public:
-    // The recording's own; it runs on while nobody listens. Any thread.
+    // The clock of this recording. It runs on without captures.
     static std::shared_ptr<ReplayClock> of(const std::string& path);
 
-    // Seconds since the first call of all: where a listener in real time stands.
+    // Seconds since the first call: the position of a capture in real time.
     double elapsed();
-    // How far the foremost of those who listen as fast as they can has come.
+    // The position of the foremost capture that reads as fast as it can.
     double furthest();
     void reached(double seconds);
 

@@ -9,7 +9,7 @@ namespace audio {
 
 namespace {
 
-// A reader that comes later than this has missed what was said, as at a real microphone.
+// A reader that is later than this misses frames, as with a real microphone.
 constexpr std::chrono::seconds kBacklog{1};
 
 std::string text(const char* variable) {
@@ -45,27 +45,27 @@ ReplaySource::ReplaySource(const Format& format) : mFormat(format), mFast(isFast
 }
 
 bool ReplaySource::read(int16_t* samples, std::size_t frames) {
-    std::size_t heard = mRecording ? mRecording->read(samples, frames) : 0;
-    if (heard < frames) {
+    std::size_t count = mRecording ? mRecording->read(samples, frames) : 0;
+    if (count < frames) {
         if (mRecording && mFast) {
             mStart = Clock::now() -
                      std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds(mRead)));
         }
         mRecording.reset();
-        addQuiet(samples + heard * mFormat.channels, frames - heard);
+        addQuiet(samples + count * mFormat.channels, frames - count);
     }
     mRead += static_cast<int64_t>(frames);
     if (mFast) {
         mClock->reached(mBegan + seconds(mRead));
     }
     if (mFast && mRecording) {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         return !mInterrupted;
     }
-    return waitUntilHeard();
+    return waitUntilDue();
 }
 
-// Not digital silence, which no microphone gives and which upsets recognizers.
+// A microphone never gives digital silence.
 void ReplaySource::addQuiet(int16_t* samples, std::size_t frames) {
     for (std::size_t i = 0; i < frames * mFormat.channels; ++i) {
         mNoise = mNoise * 1664525 + 1013904223;
@@ -73,7 +73,7 @@ void ReplaySource::addQuiet(int16_t* samples, std::size_t frames) {
     }
 }
 
-bool ReplaySource::waitUntilHeard() {
+bool ReplaySource::waitUntilDue() {
     const auto due =
         mStart + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds(mRead)));
     const auto late = Clock::now() - due;
@@ -90,7 +90,7 @@ bool ReplaySource::waitUntilHeard() {
 }
 
 void ReplaySource::interrupt() noexcept {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     mInterrupted = true;
     mChanged.notify_all();
 }

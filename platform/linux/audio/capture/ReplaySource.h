@@ -1,8 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// Plays a recording in the microphone's place. Works on the reader's thread alone.
-//
-// ORVANE_AUDIO_REPLAY names the file: any rate and any number of channels. ORVANE_AUDIO_REPLAY_PACE is "realtime" (the
-// default) or "fast", as fast as the reader reads. After its end there is a quiet room's noise, in real time, for ever.
 #pragma once
 
 #include <chrono>
@@ -16,9 +12,14 @@
 
 namespace audio {
 
+// Replaces the microphone with a recording. All work is done on the reader's thread.
+//
+// ORVANE_AUDIO_REPLAY names the file: any rate and any number of channels. ORVANE_AUDIO_REPLAY_PACE is "realtime" (the
+// default) or "fast", as fast as the reader reads. After the end of the file comes the noise of a quiet room, in real
+// time, without end.
 class ReplaySource : public CaptureSource {
 public:
-    // Throws std::runtime_error with one line that says what is wrong.
+    // Throws std::runtime_error with one line that names the reason.
     explicit ReplaySource(const Format& format);
 
     bool read(int16_t* samples, std::size_t frames) override;
@@ -28,16 +29,16 @@ private:
     using Clock = std::chrono::steady_clock;
 
     void addQuiet(int16_t* samples, std::size_t frames);
-    bool waitUntilHeard();
+    bool waitUntilDue();
     double seconds(int64_t frames) const { return static_cast<double>(frames) / mFormat.rate; }
 
     const Format mFormat;
     const bool mFast;
-    std::unique_ptr<Recording> mRecording;  // null after its end
+    std::unique_ptr<Recording> mRecording;  // null after the end
     std::shared_ptr<ReplayClock> mClock;
-    double mBegan = 0;         // where in the recording this listener began, in seconds
+    double mBegan = 0;         // where in the recording this capture began, in seconds
     int64_t mRead = 0;         // frames since then
-    Clock::time_point mStart;  // when the first of them was heard
+    Clock::time_point mStart;  // when the first of them was due
     uint32_t mNoise = 0x2545F491;
 
     std::mutex mMutex;

@@ -12,14 +12,14 @@ void SampleQueue::push(const char* data, std::size_t bytes) {
         data = data ? data + (bytes - mRing.size()) : nullptr;
         bytes = mRing.size();
     }
-    const std::size_t room = mRing.size() - mCount;
-    if (bytes > room) {
-        mFirst = (mFirst + bytes - room) % mRing.size();
-        mCount -= bytes - room;
+    const std::size_t space = mRing.size() - mCount;
+    if (bytes > space) {
+        mFirst = (mFirst + bytes - space) % mRing.size();
+        mCount -= bytes - space;
     }
     write(data, bytes);
     if (mWanted != 0 && mCount >= mWanted) {
-        // The reader, woken, finds the lock free.
+        // Unlocked first, so that the reader does not wait for the lock when it wakes up.
         lock.unlock();
         mEnough.notify_one();
     }
@@ -59,14 +59,14 @@ SampleQueue::Taken SampleQueue::take(char* out, std::size_t bytes, std::chrono::
 }
 
 void SampleQueue::breakOff() {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     mCount = 0;
     mBroken = true;
     mEnough.notify_all();
 }
 
 void SampleQueue::end() {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     mEnded = true;
     mEnough.notify_all();
 }

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// Captured bytes on their way from the sound server's thread to the reader. The reader is woken once, when all that it
-// waits for is there. What is not read in time is dropped, the oldest first.
 #pragma once
 
 #include <chrono>
@@ -11,6 +9,8 @@
 
 namespace audio {
 
+// Passes captured bytes from the sound server's thread to the reader, which wakes up once, when all the bytes that it
+// waits for have come. What is not read in time is dropped, the oldest bytes first.
 class SampleQueue {
 public:
     enum class Taken { All, TimedOut, Ended };
@@ -21,10 +21,9 @@ public:
     void push(const char* data, std::size_t bytes);
     // Waits for `bytes` (at most the capacity) and takes them; nothing is taken otherwise.
     Taken take(char* out, std::size_t bytes, std::chrono::milliseconds limit);
-    // Forgets what is queued; the take() in progress, else the next one, answers Ended. Those after it wait for new
-    // sound.
+    // Drops what is queued. The take() in progress, or else the next one, returns Ended. Later ones wait for new bytes.
     void breakOff();
-    // Every take() in progress and later answers Ended.
+    // Every take() in progress and every later one returns Ended.
     void end();
 
 private:

@@ -6,6 +6,7 @@
 #include "WakeupRecordings.h"
 #include "audio/SoundThread.h"
 #include "audio_io.h"
+#include "process/Owner.h"
 
 namespace audio {
 
@@ -39,7 +40,7 @@ void SpeechCapture::remember(const int16_t* samples, std::size_t count) {
     if (mLast.empty()) {
         return;
     }
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     for (std::size_t i = 0; i < count; ++i) {
         mLast[mNext] = samples[i];
         mNext = (mNext + 1) % mLast.size();
@@ -52,11 +53,11 @@ void SpeechCapture::keepWakeup(int level) {
     }
     std::vector<int16_t> samples;
     {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         samples = mLast;
         std::rotate(samples.begin(), samples.begin() + static_cast<std::ptrdiff_t>(mNext), samples.end());
     }
-    SoundThread::get().post([samples = std::move(samples), rate = mCapture.format().rate, level] {
+    process::shared<SoundThread>().post([samples = std::move(samples), rate = mCapture.format().rate, level] {
         writeWakeupRecording(samples, rate, level);
     });
 }

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// The process's one speech capture. It folds the source's channels into one and, when ORVANE_WAKEUP_RECORDINGS names a
-// folder, keeps the last two seconds to be looked at after a wake-up.
 #pragma once
 
 #include <vector>
@@ -9,6 +7,8 @@
 
 namespace audio {
 
+// Captures speech: mixes the source's channels into one and, when ORVANE_WAKEUP_RECORDINGS names a folder, keeps the
+// last two seconds for a file after a wake-word detection.
 class SpeechCapture {
 public:
     SpeechCapture(const Format& format, int frames);
@@ -16,7 +16,7 @@ public:
     Capture& device() { return mCapture; }
     // Fills `frames` samples. One reader at a time. Returns audio_io_error_e.
     int read(int16_t* out, int frames);
-    // Any thread; the file is written on the sound thread.
+    // Any thread. Writes the file on the sound thread.
     void keepWakeup(int level);
 
 private:
@@ -26,7 +26,7 @@ private:
     const int mMost;
     std::vector<int16_t> mBlock;
     std::mutex mMutex;
-    std::vector<int16_t> mLast;  // a ring; empty when nothing is to be kept
+    std::vector<int16_t> mLast;  // a ring; empty without a folder
     std::size_t mNext = 0;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sound that led to each wake-up, for those who tune the wake-up word: WAV files in the folder that
-// ORVANE_WAKEUP_RECORDINGS names, called by time and confidence level. The newest fifty are kept.
+// WAV files of what was captured before each wake-word detection, for tuning. They lie in the folder that
+// ORVANE_WAKEUP_RECORDINGS names, and their names contain the time and the confidence level. The newest fifty are kept.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace audio {
 
-// Empty when nothing is to be kept.
+// Empty when the variable is not set.
 std::string wakeupRecordingsFolder();
 // Blocks on the disk. A failure is one line in the log and leaves no file.
 void writeWakeupRecording(const std::vector<int16_t>& samples, int rate, int level);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Capture.h"
 #include "audio_io.h"
+#include "process/Guard.h"
+
+using process::guarded;
 
 struct audio_in_s {
     audio::Capture capture;
@@ -9,32 +12,43 @@ struct audio_in_s {
 
 int audio_in_create(int sample_rate, audio_channel_e channel, audio_sample_type_e type, audio_in_h* input) {
     const int fault = input ? audio::checkFormat(sample_rate, channel, type) : AUDIO_IO_ERROR_INVALID_PARAMETER;
-    if (fault == AUDIO_IO_ERROR_NONE) {
-        *input = std::make_unique<audio_in_s>(audio::Format{sample_rate, channel}).release();
+    if (fault != AUDIO_IO_ERROR_NONE) {
+        return fault;
     }
-    return fault;
+    return guarded(AUDIO_IO_ERROR_OUT_OF_MEMORY, __func__, [&] {
+        *input = std::make_unique<audio_in_s>(audio::Format{sample_rate, channel}).release();
+        return AUDIO_IO_ERROR_NONE;
+    });
 }
 
 int audio_in_destroy(audio_in_h input) {
     if (!input) {
         return AUDIO_IO_ERROR_INVALID_PARAMETER;
     }
-    const std::unique_ptr<audio_in_s> owner(input);
-    owner->capture.unprepare();
-    return AUDIO_IO_ERROR_NONE;
+    return guarded(AUDIO_IO_ERROR_INVALID_STATE, __func__, [&] {
+        const std::unique_ptr<audio_in_s> owner(input);
+        owner->capture.unprepare();
+        return AUDIO_IO_ERROR_NONE;
+    });
 }
 
-// The focus belongs to the stream information, not to the device: there is nothing to tell the sound server.
+// Nothing to do: the focus belongs to the stream information, not to the device.
 int audio_in_set_sound_stream_info(audio_in_h input, sound_stream_info_h stream_info) {
     return input && stream_info ? AUDIO_IO_ERROR_NONE : AUDIO_IO_ERROR_INVALID_PARAMETER;
 }
 
 int audio_in_prepare(audio_in_h input) {
-    return input ? input->capture.prepare() : AUDIO_IO_ERROR_INVALID_PARAMETER;
+    if (!input) {
+        return AUDIO_IO_ERROR_INVALID_PARAMETER;
+    }
+    return guarded(AUDIO_IO_ERROR_DEVICE_NOT_OPENED, __func__, [&] { return input->capture.prepare(); });
 }
 
 int audio_in_unprepare(audio_in_h input) {
-    return input ? input->capture.unprepare() : AUDIO_IO_ERROR_INVALID_PARAMETER;
+    if (!input) {
+        return AUDIO_IO_ERROR_INVALID_PARAMETER;
+    }
+    return guarded(AUDIO_IO_ERROR_INVALID_STATE, __func__, [&] { return input->capture.unprepare(); });
 }
 
 int audio_in_read(audio_in_h input, void* buffer, unsigned int length) {
@@ -44,7 +58,9 @@ int audio_in_read(audio_in_h input, void* buffer, unsigned int length) {
         length / frame > static_cast<unsigned>(input->capture.format().rate) / 2) {
         return AUDIO_IO_ERROR_INVALID_PARAMETER;
     }
-    const unsigned int frames = length / frame;
-    const int fault = input->capture.read(static_cast<int16_t*>(buffer), frames);
-    return fault == AUDIO_IO_ERROR_NONE ? static_cast<int>(frames * frame) : fault;
+    return guarded(AUDIO_IO_ERROR_DEVICE_NOT_OPENED, __func__, [&]() -> int {
+        const unsigned int frames = length / frame;
+        const int fault = input->capture.read(static_cast<int16_t*>(buffer), frames);
+        return fault == AUDIO_IO_ERROR_NONE ? static_cast<int>(frames * frame) : fault;
+    });
 }

@@ -1,41 +1,68 @@
 // SPDX-License-Identifier: Apache-2.0
-// The speech capture interface: one instance a process. The lock guards the instance's coming and going only; a read
-// runs outside it, so that another thread can end it.
+// The speech capture interface, which has one instance in a process.
 #include <memory>
 #include <mutex>
 
 #include "SpeechCapture.h"
+#include "process/Guard.h"
 #include "speech_capture.h"
 
 namespace {
 
-std::mutex mutex;
-std::shared_ptr<audio::SpeechCapture> instance;
+using audio::SpeechCapture;
+using process::guarded;
 
-std::shared_ptr<audio::SpeechCapture> current() {
-    std::lock_guard lock(mutex);
-    return instance;
+// The lock guards only the pointer. A read runs without it, so that another thread can end the read.
+class Instance {
+public:
+    std::shared_ptr<SpeechCapture> get() {
+        const std::lock_guard lock(mMutex);
+        return mCapture;
+    }
+    int create(const audio::Format& format, int frames) {
+        const std::lock_guard lock(mMutex);
+        if (mCapture) {
+            return AUDIO_IO_ERROR_INVALID_STATE;
+        }
+        mCapture = std::make_shared<SpeechCapture>(format, frames);
+        return AUDIO_IO_ERROR_NONE;
+    }
+    std::shared_ptr<SpeechCapture> release() {
+        const std::lock_guard lock(mMutex);
+        return std::move(mCapture);
+    }
+
+private:
+    std::mutex mMutex;
+    std::shared_ptr<SpeechCapture> mCapture;
+};
+
+// Runs the action on the instance; without one, or after an exception, the call fails.
+template <typename Action>
+int withCapture(int failure, const char* function, const Action& action) {
+    return guarded(failure, function, [&]() -> int {
+        const auto capture = process::shared<Instance>().get();
+        return capture ? action(*capture) : AUDIO_IO_ERROR_INVALID_STATE;
+    });
 }
 
 }  // namespace
 
 int sse_create(int rate, audio_channel_e channel, audio_sample_type_e type, int frames) {
-    int fault = audio::checkFormat(rate, channel, type);
+    const int fault = audio::checkFormat(rate, channel, type);
     if (frames < 1 || frames > rate / 2) {
-        fault = AUDIO_IO_ERROR_INVALID_PARAMETER;
+        return AUDIO_IO_ERROR_INVALID_PARAMETER;
     }
-    std::lock_guard lock(mutex);
-    if (fault == AUDIO_IO_ERROR_NONE && instance) {
-        fault = AUDIO_IO_ERROR_INVALID_STATE;
+    if (fault != AUDIO_IO_ERROR_NONE) {
+        return fault;
     }
-    if (fault == AUDIO_IO_ERROR_NONE) {
-        instance = std::make_shared<audio::SpeechCapture>(audio::Format{rate, channel}, frames);
-    }
-    return fault;
+    return guarded(AUDIO_IO_ERROR_OUT_OF_MEMORY, __func__, [&] {
+        return process::shared<Instance>().create({rate, channel}, frames);
+    });
 }
 
 int sse_init(void) {
-    return current() ? AUDIO_IO_ERROR_NONE : AUDIO_IO_ERROR_INVALID_STATE;
+    return withCapture(AUDIO_IO_ERROR_INVALID_STATE, __func__, [](SpeechCapture&) { return AUDIO_IO_ERROR_NONE; });
 }
 
 int sse_set_stream_info(sound_stream_info_h stream_info) {
@@ -43,46 +70,42 @@ int sse_set_stream_info(sound_stream_info_h stream_info) {
 }
 
 int sse_prepare(void) {
-    const auto capture = current();
-    return capture ? capture->device().prepare() : AUDIO_IO_ERROR_INVALID_STATE;
+    return withCapture(AUDIO_IO_ERROR_DEVICE_NOT_OPENED, __func__,
+                       [](SpeechCapture& capture) { return capture.device().prepare(); });
 }
 
 int sse_unprepare(void) {
-    const auto capture = current();
-    return capture ? capture->device().unprepare() : AUDIO_IO_ERROR_INVALID_STATE;
+    return withCapture(AUDIO_IO_ERROR_INVALID_STATE, __func__,
+                       [](SpeechCapture& capture) { return capture.device().unprepare(); });
 }
 
-// Nothing of its own to undo: comes before or after sse_destroy().
+// Undoes nothing, before or after sse_destroy().
 int sse_deinit(void) {
     return AUDIO_IO_ERROR_NONE;
 }
 
 int sse_destroy(void) {
-    std::shared_ptr<audio::SpeechCapture> capture;
-    {
-        std::lock_guard lock(mutex);
-        capture = std::move(instance);
-    }
-    if (!capture) {
-        return AUDIO_IO_ERROR_INVALID_STATE;
-    }
-    capture->device().unprepare();
-    return AUDIO_IO_ERROR_NONE;
+    return guarded(AUDIO_IO_ERROR_INVALID_STATE, __func__, [] {
+        const auto capture = process::shared<Instance>().release();
+        if (!capture) {
+            return AUDIO_IO_ERROR_INVALID_STATE;
+        }
+        capture->device().unprepare();
+        return AUDIO_IO_ERROR_NONE;
+    });
 }
 
 int sse_read(void* buffer, int frames) {
-    const auto capture = current();
     if (!buffer) {
         return AUDIO_IO_ERROR_INVALID_PARAMETER;
     }
-    return capture ? capture->read(static_cast<int16_t*>(buffer), frames) : AUDIO_IO_ERROR_INVALID_STATE;
+    return withCapture(AUDIO_IO_ERROR_DEVICE_NOT_OPENED, __func__,
+                       [&](SpeechCapture& capture) { return capture.read(static_cast<int16_t*>(buffer), frames); });
 }
 
 int sse_trigger_wakeup_word_recording(int level) {
-    const auto capture = current();
-    if (!capture) {
-        return AUDIO_IO_ERROR_INVALID_STATE;
-    }
-    capture->keepWakeup(level);
-    return AUDIO_IO_ERROR_NONE;
+    return withCapture(AUDIO_IO_ERROR_OUT_OF_MEMORY, __func__, [&](SpeechCapture& capture) {
+        capture.keepWakeup(level);
+        return AUDIO_IO_ERROR_NONE;
+    });
 }

@@ -7,9 +7,9 @@
 
 #include "FocusReason.h"
 #include "StreamInfo.h"
-#include "audio/SoundThread.h"
 #include "dlog.h"
 #include "gio/IoThread.h"
+#include "process/Guard.h"
 
 namespace audio {
 namespace {
@@ -25,25 +25,36 @@ using Then = std::function<void(int)>;
 
 int onIoThread(const std::function<void(Then)>& work) {
     std::promise<int> code;
-    gio::IoThread::get().post([&] { work([&code](int value) { code.set_value(value); }); });
+    gio::IoThread::get().post([&] {
+        try {
+            work([&code](int value) { code.set_value(value); });
+        } catch (...) {
+            code.set_exception(std::current_exception());
+        }
+    });
     return code.get_future().get();
 }
+
+struct Focuses {
+    Focus playback{SOUND_STREAM_FOCUS_FOR_PLAYBACK};
+    Focus recording{SOUND_STREAM_FOCUS_FOR_RECORDING};
+};
 
 }  // namespace
 
 Focus& Focus::of(sound_stream_focus_mask_e mask) {
-    // Never destroyed: the bus may still signal while the process ends.
-    static Focus* playback = new Focus(SOUND_STREAM_FOCUS_FOR_PLAYBACK);
-    static Focus* recording = new Focus(SOUND_STREAM_FOCUS_FOR_RECORDING);
-    return mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? *recording : *playback;
+    auto& focuses = process::shared<Focuses>();
+    return mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? focuses.recording : focuses.playback;
 }
 
 Focus::Focus(sound_stream_focus_mask_e mask)
     : mBus(gio::Bus::session()),
+      mThread(process::shared<SoundThread>()),
       mMask(mask),
       mName(mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? "org.orvane.Focus.Recording" : "org.orvane.Focus.Playback") {
-    mBus.hear("NameAcquired", mName, [this](GVariant*) { nameAcquired(); });
-    mBus.hear("NameLost", mName, [this](GVariant*) { nameLost(); });
+    mBus.hear("NameAcquired", mName,
+              [this](GVariant*) { process::contained("gain of a focus", [this] { nameAcquired(); }); });
+    mBus.hear("NameLost", mName, [this](GVariant*) { process::contained("loss of a focus", [this] { nameLost(); }); });
 }
 
 int Focus::acquire(sound_stream_info_h stream) {
@@ -61,13 +72,13 @@ void Focus::request(sound_stream_info_h stream, Then then) {
         return then(SOUND_MANAGER_ERROR_INVALID_STATE);
     }
     if (!mBus.isOpen()) {
-        if (!std::exchange(mToldOfNoBus, true)) {
-            dlog_print(DLOG_ERROR, "orvane-sound", "no session bus, so nobody can have the focus");
+        if (!std::exchange(mNoBusLogged, true)) {
+            dlog_print(DLOG_ERROR, "orvane-sound", "no session bus, so that no application can have the focus");
         }
         return then(SOUND_MANAGER_ERROR_INTERNAL);
     }
     mRequesting = true;
-    showFocusReason(stream->type);  // who loses the focus asks at once
+    showFocusReason(stream->type);  // whoever loses the focus asks at once
     ask("RequestName", g_variant_new("(su)", mName.c_str(), kAllowReplacement | kReplace),
         [this, stream, then = std::move(then)](unsigned answer) { then(answered(stream, answer)); });
 }
@@ -140,13 +151,13 @@ void Focus::nameLost() {
     }
 }
 
-// The stream whose turn it is gets the focus, unless one that asks for it now comes before it.
+// Gives the focus to the next stream, unless a request in progress comes first.
 void Focus::handOver(Reason reason) {
     if (mOwned && !mRequesting && mHolder == nullptr && !mStreams.empty()) {
         const auto next = mStreams.back();
         mHolder = next;
         showFocusReason(next->type);
-        tell(next, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason);
+        report(next, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason);
     }
 }
 
@@ -155,16 +166,16 @@ void Focus::interrupt(Reason reason) {
     if (!stream->reacquires) {
         forget(stream);
     }
-    tell(stream, SOUND_STREAM_FOCUS_STATE_RELEASED, reason);
+    report(stream, SOUND_STREAM_FOCUS_STATE_RELEASED, reason);
 }
 
 void Focus::forget(sound_stream_info_h stream) {
     mStreams.erase(std::remove(mStreams.begin(), mStreams.end(), stream), mStreams.end());
 }
 
-// The stream itself is kept, which is not called once it is destroyed: another may get its handle then.
-void Focus::tell(sound_stream_info_h handle, sound_stream_focus_state_e state, Reason reason) {
-    SoundThread::get().post([this, stream = streamOf(handle), handle, state, reason] {
+// Keeps the stream and not only its handle, which another stream may get later.
+void Focus::report(sound_stream_info_h handle, sound_stream_focus_state_e state, Reason reason) {
+    mThread.post([this, stream = streamOf(handle), handle, state, reason] {
         if (!reason && state == SOUND_STREAM_FOCUS_STATE_RELEASED) {
             mLostTo = focusReasonOf(mName);
         }

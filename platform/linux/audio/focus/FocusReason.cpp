@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "gio/Bus.h"
+#include "process/Owner.h"
 
 namespace audio {
 namespace {
@@ -13,15 +14,21 @@ constexpr const char* kDescription =
     "<node><interface name='org.orvane.Focus1'><property name='Reason' type='i' access='read'/></interface></node>";
 constexpr int kAnswerMs = 250;
 
-std::atomic<int> shown{SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM};
+class ShownReason {
+public:
+    ShownReason() {
+        gio::Bus::session().show(kPath, kDescription, [this](const char*) { return g_variant_new_int32(mReason); });
+    }
+    void set(int reason) { mReason = reason; }
+
+private:
+    std::atomic<int> mReason{SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM};
+};
 
 }  // namespace
 
 void showFocusReason(int reason) {
-    shown = reason;
-    static const bool served =
-        gio::Bus::session().show(kPath, kDescription, [](const char*) { return g_variant_new_int32(shown); });
-    static_cast<void>(served);
+    process::shared<ShownReason>().set(reason);
 }
 
 sound_stream_focus_change_reason_e focusReasonOf(const std::string& owner) {

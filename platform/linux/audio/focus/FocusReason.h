@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Why the owner of a focus took it: a property that owners show on the bus, so that who loses the focus can be told.
+// The reason why the owner of a focus took it: a property of an object on the bus, for the application that loses the
+// focus.
 #pragma once
 
 #include <string>
@@ -8,11 +9,11 @@
 
 namespace audio {
 
-// Shows this as our own reason from now on. On the IO thread.
+// Exports this reason as ours from now on. On the IO thread. Throws std::runtime_error when that fails.
 void showFocusReason(int reason);
 
-// Asks the owner of the name and waits a quarter of a second at most. What an owner does not tell, or tells wrongly, is
-// put down to the system. Not on the IO thread.
+// Asks the owner of the name and waits at most a quarter of a second. Without a valid answer the reason is the system.
+// Not on the IO thread.
 sound_stream_focus_change_reason_e focusReasonOf(const std::string& owner);
 
 }  // namespace audio

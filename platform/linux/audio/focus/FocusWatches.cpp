@@ -6,17 +6,12 @@
 
 #include "RecordingFocusWatch.h"
 #include "audio/SoundEvents.h"
+#include "process/Owner.h"
 
 namespace audio {
 
-FocusWatches& FocusWatches::get() {
-    // Never destroyed: the sound thread may still look while the process ends.
-    static FocusWatches* instance = new FocusWatches;
-    return *instance;
-}
-
 FocusWatches::FocusWatches() {
-    SoundEvents::get().playback([this] { return look(); });
+    process::shared<SoundEvents>().onPlayback([this] { return check(); });
 }
 
 int FocusWatches::add(sound_stream_focus_mask_e mask, sound_stream_focus_state_watch_cb callback, void* data) {
@@ -24,13 +19,13 @@ int FocusWatches::add(sound_stream_focus_mask_e mask, sound_stream_focus_state_w
         learn();
     }
     if ((mask & SOUND_STREAM_FOCUS_FOR_RECORDING) != 0) {
-        watchRecordingFocus();
+        process::shared<RecordingFocusWatch>();
     }
     auto watch = std::make_shared<Watch>();
     watch->mask = mask;
     watch->callback = callback;
     watch->data = data;
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     mWatches.emplace(++mLastId, std::move(watch));
     return mLastId;
 }
@@ -38,7 +33,7 @@ int FocusWatches::add(sound_stream_focus_mask_e mask, sound_stream_focus_state_w
 bool FocusWatches::remove(int id) {
     std::shared_ptr<Watch> watch;
     {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         const auto found = mWatches.find(id);
         if (found == mWatches.end()) {
             return false;
@@ -50,18 +45,18 @@ bool FocusWatches::remove(int id) {
     return true;
 }
 
-// What plays before anybody watches is not a change.
+// What plays before the first watch is not a change.
 void FocusWatches::learn() {
     bool late = false;
     const auto now = whatPlays(&late);
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     if (!mPlaying && !late) {
         mPlaying = now.value_or(Playing());
     }
 }
 
-// Without a server nothing plays; one that is only slow is asked again.
-bool FocusWatches::look() {
+// Without a server nothing plays. A server that is only slow is asked again.
+bool FocusWatches::check() {
     bool late = false;
     const Playing now = whatPlays(&late).value_or(Playing());
     if (late) {
@@ -69,33 +64,33 @@ bool FocusWatches::look() {
     }
     std::optional<Playing> before;
     {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         before = std::exchange(mPlaying, now);
     }
     if (before) {
-        tellChanges(*before, now);
+        reportChanges(*before, now);
     }
     return true;
 }
 
-void FocusWatches::tellChanges(const Playing& before, const Playing& now) {
+void FocusWatches::reportChanges(const Playing& before, const Playing& now) {
     for (const auto& [reason, name] : before) {
         if (now.count(reason) == 0) {
-            tell(SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_RELEASED, reason, name);
+            report(SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_RELEASED, reason, name);
         }
     }
     for (const auto& [reason, name] : now) {
         if (before.count(reason) == 0) {
-            tell(SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason, name);
+            report(SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason, name);
         }
     }
 }
 
-void FocusWatches::tell(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
-                        sound_stream_focus_change_reason_e reason, const std::string& info) {
+void FocusWatches::report(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+                          sound_stream_focus_change_reason_e reason, const std::string& info) {
     std::vector<std::pair<int, std::shared_ptr<Watch>>> watches;
     {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         watches.assign(mWatches.begin(), mWatches.end());
     }
     for (const auto& entry : watches) {

@@ -1,10 +1,28 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <string>
+
+#include "audio/SoundThread.h"
+#include "sound_manager.h"
+
 namespace audio {
 
-// Has the focus watches told, on the sound thread, whenever somebody takes the recording focus or the last gives it up.
-// The first call counts; without a session bus there is nothing to watch.
-void watchRecordingFocus();
+class FocusWatches;
+
+// Reports to the focus watches, on the sound thread, that an application takes the recording focus or that the last one
+// gives it up. Without a session bus there is nothing to watch. Shared by the process.
+class RecordingFocusWatch {
+public:
+    RecordingFocusWatch();
+
+private:
+    void ownerChanged(const std::string& owner);
+
+    FocusWatches& mWatches;
+    SoundThread& mThread;
+    // On the sound thread: of the application that holds the focus, or held it last.
+    sound_stream_focus_change_reason_e mReason = SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM;
+};
 
 }  // namespace audio

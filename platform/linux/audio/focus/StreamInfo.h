@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// A sound stream as the sound manager's callers hold it.
 #pragma once
 
 #include <atomic>
@@ -8,6 +7,7 @@
 #include "audio/Registration.h"
 #include "sound_manager.h"
 
+// A sound stream of a caller of the sound manager.
 struct sound_stream_info_s {
     sound_stream_type_e type;
     sound_stream_focus_state_changed_cb callback;  // may be null
@@ -18,7 +18,7 @@ struct sound_stream_info_s {
 
 namespace audio {
 
-// Null when there is no such stream, or no more. Any thread.
+// Null when there is no such stream, or it was destroyed. Any thread.
 std::shared_ptr<sound_stream_info_s> streamOf(sound_stream_info_h handle);
 
 }  // namespace audio

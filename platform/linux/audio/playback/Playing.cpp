@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "audio/Playing.h"
 
-#include <cstring>
-
 #include "audio/SoundServer.h"
+#include "process/Owner.h"
+#include "pulse/Requests.h"
 
 namespace audio {
 
@@ -14,7 +14,7 @@ struct Role {
     sound_stream_focus_change_reason_e reason;
 };
 
-// Music, video, games and streams that do not say what they are: media.
+// All others are media: music, video, games, and streams without a role.
 constexpr Role kRoles[] = {
     {"system", SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM},
     {"alarm", SOUND_STREAM_FOCUS_CHANGED_BY_ALARM},
@@ -26,41 +26,31 @@ constexpr Role kRoles[] = {
     {"phone", SOUND_STREAM_FOCUS_CHANGED_BY_CALL},
 };
 
-sound_stream_focus_change_reason_e reasonOf(const char* role) {
+sound_stream_focus_change_reason_e reasonOf(const std::string& role) {
     for (const Role& known : kRoles) {
-        if (role && std::strcmp(known.name, role) == 0) {
+        if (role == known.name) {
             return known.reason;
         }
     }
     return SOUND_STREAM_FOCUS_CHANGED_BY_MEDIA;
 }
 
-struct Question {
-    Playing playing;
-    bool answered;
-};
-
-void add(pa_context*, const pa_sink_input_info* stream, int end, void* data) noexcept {
-    auto* question = static_cast<Question*>(data);
-    if (!stream) {
-        question->answered = end > 0;
-        return;
-    }
-    // A stream without a client is the server's own plumbing between devices.
-    if (!stream->corked && stream->client != PA_INVALID_INDEX) {
-        const char* name = pa_proplist_gets(stream->proplist, PA_PROP_APPLICATION_NAME);
-        const char* role = pa_proplist_gets(stream->proplist, PA_PROP_MEDIA_ROLE);
-        question->playing.emplace(reasonOf(role), name ? name : "");
-    }
-}
-
 }  // namespace
 
 std::optional<Playing> whatPlays(bool* late) {
-    Question question{{}, false};
-    SoundServer::get().ask(
-        [&](pa_context* context) { return pa_context_get_sink_input_info_list(context, add, &question); }, late);
-    return question.answered ? std::optional<Playing>(std::move(question.playing)) : std::nullopt;
+    Playing playing;
+    bool answered = false;
+    const auto add = [&](const pulse::PlaybackInfo& stream) {
+        if (!stream.isPaused && !stream.belongsToServer) {
+            playing.emplace(reasonOf(stream.role), stream.application);
+        }
+    };
+    process::shared<SoundServer>().ask(
+        [&](const pulse::Context& context) {
+            return pulse::listPlayback(context, add, [&](bool succeeded) { answered = succeeded; });
+        },
+        late);
+    return answered ? std::optional(std::move(playing)) : std::nullopt;
 }
 
 }  // namespace audio

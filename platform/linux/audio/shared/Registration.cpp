@@ -2,27 +2,29 @@
 #include "audio/Registration.h"
 
 #include "audio/SoundThread.h"
+#include "process/Guard.h"
 
 namespace audio {
 
 void Registration::call(const std::function<void()>& callback) {
     {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         if (mEnded) {
             return;
         }
         mRunning = true;
     }
-    callback();
-    std::lock_guard lock(mMutex);
+    process::contained("callback of the sound manager", callback);
+    const std::lock_guard lock(mMutex);
     mRunning = false;
     mChanged.notify_all();
 }
 
 void Registration::end() {
+    const bool fromACall = process::shared<SoundThread>().isCurrent();
     std::unique_lock lock(mMutex);
     mEnded = true;
-    if (!SoundThread::get().isCurrent()) {
+    if (!fromACall) {
         mChanged.wait(lock, [this] { return !mRunning; });
     }
 }

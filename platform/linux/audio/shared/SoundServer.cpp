@@ -4,8 +4,9 @@
 #include <errno.h>
 
 #include <algorithm>
+#include <exception>
 
-#include "pulse/Operation.h"
+#include "process/Guard.h"
 
 namespace audio {
 
@@ -14,23 +15,17 @@ namespace {
 constexpr std::chrono::milliseconds kFirstAttempt{500};
 constexpr std::chrono::milliseconds kAnswer{1000};
 constexpr int kQuickAttempts = 20;
-constexpr pa_usec_t kQuick = 100 * PA_USEC_PER_MSEC;
-constexpr pa_usec_t kSlow = 500 * PA_USEC_PER_MSEC;
+constexpr std::chrono::milliseconds kQuick{100};
+constexpr std::chrono::milliseconds kSlow{500};
 
 }  // namespace
-
-SoundServer& SoundServer::get() {
-    // Never destroyed: static objects of the product still call in while the process ends.
-    static SoundServer* instance = new SoundServer;
-    return *instance;
-}
 
 void SoundServer::add(Client& client) {
     const pulse::Mainloop::Lock lock(mLoop);
     mClients.push_back(&client);
     if (connected()) {
-        client.connected(mContext->get());
-    } else if (!mRetrying) {
+        client.connected(*mContext);
+    } else if (!mRetry) {
         connect();
     }
 }
@@ -40,7 +35,7 @@ void SoundServer::remove(Client& client) {
     mClients.erase(std::remove(mClients.begin(), mClients.end(), &client), mClients.end());
 }
 
-bool SoundServer::ask(const std::function<pa_operation*(pa_context*)>& start, bool* late) {
+bool SoundServer::ask(const Start& start, bool* late) {
     if (!waitForFirstAttempt()) {
         return false;
     }
@@ -48,7 +43,7 @@ bool SoundServer::ask(const std::function<pa_operation*(pa_context*)>& start, bo
     {
         const pulse::Mainloop::Lock lock(mLoop);
         if (connected()) {
-            operation.reset(start(mContext->get()));
+            operation = start(*mContext);
         }
     }
     if (!operation) {
@@ -62,19 +57,19 @@ bool SoundServer::ask(const std::function<pa_operation*(pa_context*)>& start, bo
 }
 
 bool SoundServer::connected() const {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     return mState == State::Connected;
 }
 
 std::string SoundServer::error() const {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     return mError;
 }
 
 bool SoundServer::waitForFirstAttempt() {
     {
         const pulse::Mainloop::Lock lock(mLoop);
-        if (!mContext && !mRetrying) {
+        if (!mContext && !mRetry) {
             connect();
         }
     }
@@ -84,45 +79,57 @@ bool SoundServer::waitForFirstAttempt() {
 }
 
 void SoundServer::set(State state, const std::string& error) {
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     mState = state;
     mError = error;
     mChanged.notify_all();
 }
 
-// Under the loop's lock. While the server is missing the state stays Gone, so that nobody waits for each attempt.
+// Under the loop's lock. While the server is missing the state stays Gone, so that only the first attempt is waited
+// for.
 void SoundServer::connect() {
-    if (mContext && PA_CONTEXT_IS_GOOD(pa_context_get_state(mContext->get()))) {
+    if (mContext && mContext->isGood()) {
         return;
     }
-    mContext = std::make_unique<pulse::Context>(mLoop, program_invocation_short_name,
-                                                [this](pa_context_state_t state) { stateChanged(state); });
     if (mAttempts++ == 0) {
         set(State::Connecting, "");
     }
-    if (!mContext->connect()) {
-        contextEnded();
+    try {
+        open();
+    } catch (const std::exception& fault) {
+        contextEnded(fault.what());
     }
 }
 
-void SoundServer::stateChanged(pa_context_state_t state) {
-    if (state == PA_CONTEXT_READY) {
+void SoundServer::open() {
+    mContext.reset();
+    mContext = std::make_unique<pulse::Context>(
+        mLoop.api(), program_invocation_short_name, [this](pulse::Context::State state) {
+            process::contained("connection to the sound server", [&] { stateChanged(state); });
+        });
+    if (!mContext->connect()) {
+        contextEnded(mContext->error());
+    }
+}
+
+void SoundServer::stateChanged(pulse::Context::State state) {
+    if (state == pulse::Context::State::Ready) {
         mAttempts = 0;
         set(State::Connected, "");
         for (Client* client : mClients) {
-            client->connected(mContext->get());
+            client->connected(*mContext);
         }
-    } else if (!PA_CONTEXT_IS_GOOD(state)) {
-        contextEnded();
+    } else if (state == pulse::Context::State::Ended) {
+        contextEnded(mContext->error());
     }
 }
 
-void SoundServer::contextEnded() {
+void SoundServer::contextEnded(const std::string& why) {
     const bool was = connected();
     if (was) {
         mAttempts = 1;
     }
-    set(State::Gone, mContext->error());
+    set(State::Gone, why);
     if (was) {
         for (Client* client : mClients) {
             client->lost();
@@ -132,26 +139,35 @@ void SoundServer::contextEnded() {
 }
 
 void SoundServer::retryLater() {
-    if (mRetrying) {
-        return;
+    if (!mRetry) {
+        mRetry = std::make_unique<pulse::Timer>(mLoop.api(), mAttempts <= kQuickAttempts ? kQuick : kSlow, [this] {
+            process::contained("connection to the sound server", [this] { retry(); });
+        });
     }
-    mRetrying = true;
-    const pa_usec_t pause = mAttempts <= kQuickAttempts ? kQuick : kSlow;
-    timeval when{};
-    pa_timeval_add(pa_gettimeofday(&when), pause);
-    mLoop.api()->time_new(mLoop.api(), &when, retry, this);
 }
 
-void SoundServer::retry(pa_mainloop_api* api, pa_time_event* event, const timeval*, void* self) noexcept {
-    api->time_free(event);
-    SoundServer& server = *static_cast<SoundServer*>(self);
-    server.mRetrying = false;
-    if (server.mClients.empty()) {
-        server.mContext.reset();
-        server.mAttempts = 0;
+void SoundServer::retry() {
+    mRetry.reset();
+    if (mClients.empty()) {
+        mContext.reset();
+        mAttempts = 0;
     } else {
-        server.connect();
+        connect();
     }
+}
+
+void SoundServer::stop() noexcept {
+    {
+        const pulse::Mainloop::Lock lock(mLoop);
+        for (Client* client : mClients) {
+            client->lost();
+        }
+        mClients.clear();
+        mRetry.reset();
+        mContext.reset();
+        set(State::Gone, "the process ends");
+    }
+    mLoop.stop();
 }
 
 }  // namespace audio

@@ -3,33 +3,50 @@
 
 #include <pthread.h>
 
+#include "audio/SoundServer.h"
+#include "process/Guard.h"
+
 namespace audio {
 
-SoundThread& SoundThread::get() {
-    // Never destroyed: static objects of the product still call in while the process ends.
-    static SoundThread* instance = new SoundThread;
-    return *instance;
+SoundThread::SoundThread() {
+    process::shared<SoundServer>();  // stops after this thread, whose work asks it
+    mThread = std::thread([this] { run(); });
 }
-
-SoundThread::SoundThread() : mThread([this] { run(); }) {}
 
 void SoundThread::post(std::function<void()> work) {
-    std::lock_guard lock(mMutex);
-    mWork.push_back(std::move(work));
-    mChanged.notify_one();
+    const std::lock_guard lock(mMutex);
+    if (!mStopping) {
+        mWork.push_back(std::move(work));
+        mChanged.notify_one();
+    }
 }
 
-void SoundThread::run() {
+void SoundThread::stop() noexcept {
+    {
+        const std::lock_guard lock(mMutex);
+        mStopping = true;
+        mChanged.notify_one();
+    }
+    if (mThread.joinable()) {
+        mThread.join();
+    }
+}
+
+std::function<void()> SoundThread::next() {
+    std::unique_lock lock(mMutex);
+    mChanged.wait(lock, [this] { return mStopping || !mWork.empty(); });
+    if (mStopping) {
+        return nullptr;
+    }
+    std::function<void()> work = std::move(mWork.front());
+    mWork.pop_front();
+    return work;
+}
+
+void SoundThread::run() noexcept {
     pthread_setname_np(pthread_self(), "orvane-sound");
-    for (;;) {
-        std::function<void()> work;
-        {
-            std::unique_lock lock(mMutex);
-            mChanged.wait(lock, [this] { return !mWork.empty(); });
-            work = std::move(mWork.front());
-            mWork.pop_front();
-        }
-        work();
+    while (const auto work = next()) {
+        process::contained("sound thread", work);
     }
 }
 

@@ -1,133 +1,108 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Levels.h"
 
-#include <pulse/ext-stream-restore.h>
-
 #include <algorithm>
 #include <cmath>
 #include <string>
 
 #include "audio/SoundServer.h"
-#include "pulse/Operation.h"
+#include "process/Owner.h"
+#include "pulse/Requests.h"
 
 namespace audio {
 
 namespace {
 
-constexpr const char* kLoudspeaker = "@DEFAULT_SINK@";
+using pulse::Context;
+using pulse::RoleVolume;
+using pulse::Volume;
 
-struct Setting {
-    pa_cvolume volume;
-    bool muted;
-    pa_channel_map channels;
-    std::string device;  // a role's; empty: any
-};
-
-const char* entryOf(sound_type_e type) {
+// Null for media, which has the loudspeaker's volume.
+const char* roleOf(sound_type_e type) {
     switch (type) {
         case SOUND_TYPE_SYSTEM:
-            return "sink-input-by-media-role:system";
+            return "system";
         case SOUND_TYPE_NOTIFICATION:
-            return "sink-input-by-media-role:event";
+            return "event";
         case SOUND_TYPE_ALARM:
-            return "sink-input-by-media-role:alarm";
+            return "alarm";
         default:
             return nullptr;
     }
 }
 
-int levelOf(const Setting& setting) {
-    const double share = static_cast<double>(pa_cvolume_max(&setting.volume)) / PA_VOLUME_NORM;
-    return setting.muted ? 0 : static_cast<int>(std::min<long>(std::lround(share * kHighestLevel), kHighestLevel));
+int levelOf(const Volume& volume) {
+    const long level = std::lround(volume.share() * kHighestLevel);
+    return volume.isMuted() ? 0 : static_cast<int>(std::min<long>(level, kHighestLevel));
 }
 
-// What is muted keeps its volume, and so its balance, which a volume of nothing would lose.
-void scale(Setting& setting, int level) {
-    setting.muted = level == 0;
-    if (setting.muted) {
-        return;
+void setLevel(Volume& volume, int level) {
+    if (level == 0) {
+        volume.mute();
+    } else {
+        volume.set(static_cast<double>(level) / kHighestLevel);
     }
-    const auto volume =
-        static_cast<pa_volume_t>(std::lround(static_cast<double>(level) / kHighestLevel * PA_VOLUME_NORM));
-    pa_cvolume_scale(&setting.volume, volume);
 }
 
-std::optional<Setting> readLoudspeaker(bool* late) {
-    std::optional<Setting> found;
-    SoundServer::get().ask(
-        [&found](pa_context* context) {
-            return pa_context_get_sink_info_by_name(
-                context, kLoudspeaker,
-                [](pa_context*, const pa_sink_info* info, int, void* result) noexcept {
-                    if (info) {
-                        *static_cast<std::optional<Setting>*>(result) =
-                            Setting{info->volume, info->mute != 0, info->channel_map, ""};
-                    }
-                },
-                &found);
+std::optional<Volume> readLoudspeaker(bool* late) {
+    std::optional<Volume> found;
+    process::shared<SoundServer>().ask(
+        [&](const Context& context) {
+            return pulse::readLoudspeaker(context, [&](const Volume& volume) { found = volume; });
         },
         late);
     return found;
 }
 
-struct RoleQuestion {
-    std::string entry;
-    Setting setting;
-    bool answered;
-};
+std::optional<RoleVolume> readRole(const char* role, bool* late) {
+    RoleVolume found{role, {}, ""};
+    bool answered = false;
+    const auto keep = [&](const RoleVolume& each) {
+        if (each.role == role) {
+            found = each;
+        }
+    };
+    process::shared<SoundServer>().ask(
+        [&](const Context& context) {
+            return pulse::readRoleVolumes(context, keep, [&](bool succeeded) { answered = succeeded; });
+        },
+        late);
+    return answered ? std::optional(found) : std::nullopt;
+}
 
-void roleRead(pa_context*, const pa_ext_stream_restore_info* info, int end, void* data) noexcept {
-    auto* question = static_cast<RoleQuestion*>(data);
-    if (!info) {
-        question->answered = end > 0;
-    } else if (question->entry == info->name && pa_cvolume_valid(&info->volume)) {
-        question->setting = Setting{info->volume, info->mute != 0, info->channel_map, info->device ? info->device : ""};
+// Sends the request and waits until it has succeeded or failed.
+template <typename Request>
+bool succeeds(const Request& request) {
+    bool done = false;
+    process::shared<SoundServer>().ask(
+        [&](const Context& context) { return request(context, [&](bool succeeded) { done = succeeded; }); });
+    return done;
+}
+
+bool writeLoudspeaker(int level) {
+    auto volume = readLoudspeaker(nullptr);
+    if (!volume) {
+        return false;
     }
-}
-
-std::optional<Setting> readRole(const char* entry, bool* late) {
-    RoleQuestion question{entry, {}, false};
-    pa_cvolume_set(&question.setting.volume, 1, PA_VOLUME_NORM);
-    pa_channel_map_init_mono(&question.setting.channels);
-    SoundServer::get().ask(
-        [&](pa_context* context) { return pa_ext_stream_restore_read(context, roleRead, &question); }, late);
-    return question.answered ? std::optional<Setting>(question.setting) : std::nullopt;
-}
-
-void succeeded(pa_context*, int success, void* result) noexcept {
-    *static_cast<bool*>(result) = success != 0;
-}
-
-bool writeLoudspeaker(const Setting& setting) {
-    bool set = false;
-    bool unmuted = false;
-    SoundServer& server = SoundServer::get();
-    server.ask([&](pa_context* context) {
-        return pa_context_set_sink_volume_by_name(context, kLoudspeaker, &setting.volume, succeeded, &set);
+    setLevel(*volume, level);
+    const bool set = succeeds([&](const Context& context, pulse::Done done) {
+        return pulse::writeLoudspeakerVolume(context, *volume, std::move(done));
     });
-    server.ask([&](pa_context* context) {
-        return pa_context_set_sink_mute_by_name(context, kLoudspeaker, setting.muted, succeeded, &unmuted);
+    const bool muted = succeeds([&](const Context& context, pulse::Done done) {
+        return pulse::writeLoudspeakerMute(context, volume->isMuted(), std::move(done));
     });
-    return set && unmuted;
+    return set && muted;
 }
 
-bool writeRole(const char* entry, const Setting& setting) {
-    pa_ext_stream_restore_info info{};
-    info.name = entry;
-    info.channel_map = setting.channels;
-    info.volume = setting.volume;
-    info.device = setting.device.empty() ? nullptr : setting.device.c_str();
-    info.mute = setting.muted;
-    bool set = false;
-    SoundServer::get().ask([&](pa_context* context) {
-        return pa_ext_stream_restore_write(context, PA_UPDATE_REPLACE, &info, 1, 1, succeeded, &set);
+bool writeRole(const char* name, int level) {
+    auto role = readRole(name, nullptr);
+    if (!role) {
+        return false;
+    }
+    setLevel(role->volume, level);
+    return succeeds([&](const Context& context, pulse::Done done) {
+        return pulse::writeRoleVolume(context, *role, std::move(done));
     });
-    return set;
-}
-
-std::optional<Setting> read(sound_type_e type, bool* late) {
-    const char* entry = entryOf(type);
-    return entry ? readRole(entry, late) : readLoudspeaker(late);
 }
 
 }  // namespace
@@ -137,18 +112,18 @@ bool isSoundType(sound_type_e type) {
 }
 
 std::optional<int> readLevel(sound_type_e type, bool* late) {
-    const auto setting = read(type, late);
-    return setting ? std::optional<int>(levelOf(*setting)) : std::nullopt;
+    const char* name = roleOf(type);
+    if (!name) {
+        const auto volume = readLoudspeaker(late);
+        return volume ? std::optional(levelOf(*volume)) : std::nullopt;
+    }
+    const auto role = readRole(name, late);
+    return role ? std::optional(levelOf(role->volume)) : std::nullopt;
 }
 
 bool writeLevel(sound_type_e type, int level) {
-    auto setting = read(type, nullptr);
-    if (!setting) {
-        return false;
-    }
-    scale(*setting, level);
-    const char* entry = entryOf(type);
-    return entry ? writeRole(entry, *setting) : writeLoudspeaker(*setting);
+    const char* role = roleOf(type);
+    return role ? writeRole(role, level) : writeLoudspeaker(level);
 }
 
 }  // namespace audio

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The volumes of the sound types as the sound server keeps them. Media is the default loudspeaker's own volume, which
-// volume keys and mixers move; the other types are the volumes that the server gives to all streams of a role, present
-// and future: notification is the role "event" (a desktop's "system sounds"), alarm "alarm", system "system".
+// The volumes of the sound types as the sound server keeps them. Media is the default loudspeaker's volume, which
+// volume keys and mixers move. The other types are the volumes that the server gives to all streams of a media role,
+// present and future: notification is the role "event" (a desktop's "system sounds"), alarm "alarm", system "system".
 #pragma once
 
 #include <optional>
@@ -16,10 +16,10 @@ constexpr sound_type_e kSoundTypes[] = {SOUND_TYPE_SYSTEM, SOUND_TYPE_NOTIFICATI
 
 bool isSoundType(sound_type_e type);
 
-// Both wait for the server. What is muted has level 0; a role that nobody has set has the highest. Nothing, or false,
-// when the server cannot be asked or does not keep volumes of roles; `late` tells that it is there, but slow.
+// Both wait for the server. A muted type has level 0, and a role without a volume has the highest. Empty, or false,
+// when there is no answer or the server keeps no volumes of roles; `late` is set when it is connected all the same.
 std::optional<int> readLevel(sound_type_e type, bool* late = nullptr);
-// Keeps the balance of the channels: level 0 is a mute, which the others end.
+// Keeps the balance of the channels. Level 0 is a mute; every other level ends it.
 bool writeLevel(sound_type_e type, int level);
 
 }  // namespace audio

@@ -5,17 +5,12 @@
 
 #include "Levels.h"
 #include "audio/SoundEvents.h"
+#include "process/Owner.h"
 
 namespace audio {
 
-VolumeListeners& VolumeListeners::get() {
-    // Never destroyed: the sound thread may still look while the process ends.
-    static VolumeListeners* instance = new VolumeListeners;
-    return *instance;
-}
-
 VolumeListeners::VolumeListeners() {
-    SoundEvents::get().volumes([this] { return look(); });
+    process::shared<SoundEvents>().onVolume([this] { return check(); });
 }
 
 VolumeListeners::Listeners::iterator VolumeListeners::find(sound_manager_volume_changed_cb callback, void* data) {
@@ -25,7 +20,7 @@ VolumeListeners::Listeners::iterator VolumeListeners::find(sound_manager_volume_
 
 void VolumeListeners::add(sound_manager_volume_changed_cb callback, void* data) {
     learn();
-    std::lock_guard lock(mMutex);
+    const std::lock_guard lock(mMutex);
     if (find(callback, data) == mListeners.end()) {
         auto listener = std::make_shared<Listener>();
         listener->callback = callback;
@@ -37,7 +32,7 @@ void VolumeListeners::add(sound_manager_volume_changed_cb callback, void* data) 
 bool VolumeListeners::remove(sound_manager_volume_changed_cb callback, void* data) {
     std::shared_ptr<Listener> listener;
     {
-        std::lock_guard lock(mMutex);
+        const std::lock_guard lock(mMutex);
         const auto found = find(callback, data);
         if (found == mListeners.end()) {
             return false;
@@ -49,32 +44,32 @@ bool VolumeListeners::remove(sound_manager_volume_changed_cb callback, void* dat
     return true;
 }
 
-// What is known already is left to look(), which tells of changes.
+// check() updates what is known and reports its changes.
 void VolumeListeners::learn() {
     for (const sound_type_e type : kSoundTypes) {
         {
-            std::lock_guard lock(mMutex);
+            const std::lock_guard lock(mMutex);
             if (mKnown.count(type) != 0) {
                 continue;
             }
         }
         if (const auto level = readLevel(type)) {
-            std::lock_guard lock(mMutex);
+            const std::lock_guard lock(mMutex);
             mKnown.emplace(type, *level);
         }
     }
 }
 
-// What becomes known is a change too, for those who have registered without a server.
-VolumeListeners::Listeners VolumeListeners::toldOf(sound_type_e type, int level) {
-    std::lock_guard lock(mMutex);
+// The listeners to call. The first known level is a change too, for listeners that were added without a server.
+VolumeListeners::Listeners VolumeListeners::update(sound_type_e type, int level) {
+    const std::lock_guard lock(mMutex);
     const auto known = mKnown.find(type);
     const bool same = known != mKnown.end() && known->second == level;
     mKnown[type] = level;
     return same ? Listeners() : mListeners;
 }
 
-bool VolumeListeners::look() {
+bool VolumeListeners::check() {
     for (const sound_type_e type : kSoundTypes) {
         bool late = false;
         const auto level = readLevel(type, &late);
@@ -84,7 +79,7 @@ bool VolumeListeners::look() {
         if (!level) {
             continue;
         }
-        for (const auto& each : toldOf(type, *level)) {
+        for (const auto& each : update(type, *level)) {
             each->registration.call([&] { each->callback(type, static_cast<unsigned>(*level), each->data); });
         }
     }

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// Who wants to know of volume changes, and the levels that they know.
 #pragma once
 
 #include <map>
@@ -12,12 +11,13 @@
 
 namespace audio {
 
+// The callbacks for volume changes, and the levels that they know. Shared by the process.
 class VolumeListeners {
 public:
-    // Lives until the process ends.
-    static VolumeListeners& get();
+    VolumeListeners();
 
-    // Any thread. Waits for the server, so that no change after it is missed. A pair that is there already stays once.
+    // Any thread. Waits for the server, so that no later change is missed. A pair that is registered stays registered
+    // once.
     void add(sound_manager_volume_changed_cb callback, void* data);
     // False when there is no such pair.
     bool remove(sound_manager_volume_changed_cb callback, void* data);
@@ -30,11 +30,10 @@ private:
     };
     using Listeners = std::vector<std::shared_ptr<Listener>>;
 
-    VolumeListeners();
     Listeners::iterator find(sound_manager_volume_changed_cb callback, void* data);
     void learn();
-    bool look();
-    Listeners toldOf(sound_type_e type, int level);
+    bool check();
+    Listeners update(sound_type_e type, int level);
 
     std::mutex mMutex;
     Listeners mListeners;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// What really plays: the sound server's streams that are not paused, by the reason that their media role stands for.
 #pragma once
 
 #include <map>
@@ -10,10 +9,11 @@
 
 namespace audio {
 
-// For each reason the name of one of the applications that play for it.
+// What plays: the sound server's streams that are not paused, by the reason that their media role stands for. The value
+// is the name of one of the applications that play for this reason.
 using Playing = std::map<sound_stream_focus_change_reason_e, std::string>;
 
-// Asks the server and waits. Nothing when it cannot be asked; `late` tells that it is there, but slow.
+// Asks the server and waits. Empty when there is no answer; `late` is set when the server is connected all the same.
 std::optional<Playing> whatPlays(bool* late = nullptr);
 
 }  // namespace audio

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// One callback that somebody has registered. It is called on the sound thread only, and never again once end() has
-// returned.
 #pragma once
 
 #include <condition_variable>
@@ -9,9 +7,11 @@
 
 namespace audio {
 
+// A callback that a caller of the sound manager has registered. It runs on the sound thread only, and never after end()
+// has returned.
 class Registration {
 public:
-    // On the sound thread; does nothing after the end.
+    // On the sound thread. Does nothing after the end. An exception becomes one line in the log.
     void call(const std::function<void()>& callback);
     // Waits for a call that is running, unless that call itself ends the registration.
     void end();

@@ -1,47 +1,54 @@
 // SPDX-License-Identifier: Apache-2.0
-// Hears from the sound server that something has changed, by whomever, and has it looked at on the sound thread.
-// However many changes come at once, they are looked at together.
 #pragma once
 
 #include <atomic>
 #include <functional>
+#include <mutex>
 
 #include "audio/SoundServer.h"
+#include "audio/SoundThread.h"
 
 namespace audio {
 
+// Watches the sound server for changes by any program and runs a check of the new state on the sound thread. Changes
+// that come together are checked together. Shared by the process.
 class SoundEvents final : private SoundServer::Client {
 public:
-    // Lives until the process ends: nothing is heard before the first call.
-    static SoundEvents& get();
+    // Runs soon after each change, and after the server came or went. When it returns false, because the server was too
+    // slow, it runs again later.
+    using Check = std::function<bool()>;
 
-    // `look` runs on the sound thread soon and after each change, also when the server has come or gone. When it
-    // returns false, because the server was too slow, it runs again a little later. Once each, before any change is to
-    // be heard.
-    using Looking = std::function<bool()>;
-    void volumes(Looking look) { mVolumes.set(std::move(look)); }
-    void playback(Looking look) { mPlayback.set(std::move(look)); }
+    SoundEvents();
+    ~SoundEvents();
+    SoundEvents(const SoundEvents&) = delete;
+    SoundEvents& operator=(const SoundEvents&) = delete;
+
+    // Once each.
+    void onVolume(Check check) { mVolume.set(std::move(check)); }
+    void onPlayback(Check check) { mPlayback.set(std::move(check)); }
 
 private:
-    class Look {
+    class Watch {
     public:
-        void set(Looking look);
+        explicit Watch(SoundThread& thread) : mThread(thread) {}
+        void set(Check check);
         void soon();
 
     private:
+        void run();
+
+        SoundThread& mThread;
         std::mutex mMutex;
-        Looking mLook;
+        Check mCheck;
         std::atomic<bool> mPending{false};
     };
 
-    SoundEvents() { SoundServer::get().add(*this); }
-    void connected(pa_context* context) noexcept override;
+    void connected(pulse::Context& context) noexcept override;
     void lost() noexcept override;
-    static void changed(pa_context* context, pa_subscription_event_type_t what, uint32_t index, void* self) noexcept;
-    static void levelsChanged(pa_context* context, void* self) noexcept;
 
-    Look mVolumes;
-    Look mPlayback;
+    SoundServer& mServer;
+    Watch mVolume;
+    Watch mPlayback;
 };
 
 }  // namespace audio

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sound room's own thread: every callback of the sound manager runs here, and so does slow work that must not hold
-// up who asks for it. Callbacks may take as long as they like and may call the sound manager.
 #pragma once
 
 #include <condition_variable>
@@ -11,22 +9,32 @@
 
 namespace audio {
 
+// The thread "orvane-sound", which the process shares. Every callback of the sound manager runs here, and so does slow
+// work that its caller does not wait for. Callbacks may block and may call the sound manager.
 class SoundThread {
 public:
-    // Started on first use; lives until the process ends.
-    static SoundThread& get();
+    SoundThread();
+    ~SoundThread() { stop(); }
+    SoundThread(const SoundThread&) = delete;
+    SoundThread& operator=(const SoundThread&) = delete;
 
-    // Runs `work` on the thread, later, in the order of the calls. Any thread.
+    // Runs `work` on the thread, later, in the order of the calls. Any thread. An exception becomes one line in the
+    // log.
     void post(std::function<void()> work);
     bool isCurrent() const { return std::this_thread::get_id() == mThread.get_id(); }
 
+    // Waits for the work that is running. What waits is dropped.
+    void stop() noexcept;
+
 private:
-    SoundThread();
-    [[noreturn]] void run();
+    void run() noexcept;
+    // Empty when the thread stops.
+    std::function<void()> next();
 
     std::mutex mMutex;
     std::condition_variable mChanged;
     std::deque<std::function<void()>> mWork;
+    bool mStopping = false;
     std::thread mThread;
 };
 

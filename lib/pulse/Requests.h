@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: Apache-2.0
+// Requests to a ready context. Each calls back on the loop while its Operation exists.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "pulse/Context.h"
+#include "pulse/Operation.h"
+#include "pulse/Volume.h"
+
+namespace pulse {
+
+// Called last, once.
+using Done = std::function<void(bool succeeded)>;
+
+// Of the default loudspeaker; not called when there is none.
+Operation readLoudspeaker(const Context& context, std::function<void(const Volume&)> result);
+Operation writeLoudspeakerVolume(const Context& context, const Volume& volume, Done done);
+Operation writeLoudspeakerMute(const Context& context, bool muted, Done done);
+
+// The volume that the server gives to all streams of a media role.
+struct RoleVolume {
+    std::string role;
+    Volume volume;
+    std::string device;  // empty: any
+};
+Operation readRoleVolumes(const Context& context, std::function<void(const RoleVolume&)> each, Done done);
+Operation writeRoleVolume(const Context& context, const RoleVolume& role, Done done);
+
+struct PlaybackInfo {
+    std::string application;
+    std::string role;  // empty: none
+    bool isPaused;
+    bool belongsToServer;  // connects two devices
+};
+Operation listPlayback(const Context& context, std::function<void(const PlaybackInfo&)> each, Done done);
+
+}  // namespace pulse

@@ -13,6 +13,7 @@
 
 #include "appliance/Interrupt.h"
 #include "appliance/Speech.h"
+#include "appliance/Tree.h"
 #include "lib/Application.h"
 #include "lib/Control.h"
 
@@ -102,7 +103,7 @@ void Appliance::writeSettings() {
 }
 
 void Appliance::startService(const std::string& chosen) {
-    const std::string program = chosen.empty() ? ORVANE_SERVICE_PROGRAM : chosen;
+    const std::string program = chosen.empty() ? builtProgram("service/orvane-da-service") : chosen;
     if (access(program.c_str(), X_OK) != 0) {
         throw std::runtime_error("there is no program " + program + "; build it first");
     }
@@ -219,7 +220,7 @@ void Appliance::stopNetworkManager() {
 }
 
 void Appliance::startNetworkManager() {
-    mNetwork = std::make_unique<Process>(std::vector<std::string>{ORVANE_SIM_APP, "network", kNetwork},
+    mNetwork = std::make_unique<Process>(std::vector<std::string>{builtProgram(kSimulatedApp), "network", kNetwork},
                                          mFolder / "network.log");
     until("the network manager stands", [this] { return mSystem->hasOwner(kNetwork); });
 }

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "appliance/Tree.h"
+
 namespace sim {
 
 namespace {
@@ -30,7 +32,8 @@ std::string portIn(const std::string& log) {
 Hub::Hub(const Folder& folder) : mFolder(folder), mHousehold(nlohmann::json::parse(kHousehold)) {
     write();
     const std::string log = folder / "hub.log";
-    mServer = std::make_unique<Process>(std::vector<std::string>{ORVANE_SIM_HUB, folder / "household.json"}, log);
+    mServer = std::make_unique<Process>(
+        std::vector<std::string>{builtProgram("simulator/hub-server/orvane-sim-hub"), folder / "household.json"}, log);
     std::string port;
     for (int polls = 0; (port = portIn(log)).empty(); ++polls) {
         if (!mServer->runs() || polls > kPolls) {

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "appliance/Tree.h"
+
 namespace sim {
 
 namespace {
@@ -71,8 +73,8 @@ bool enterPrivateTmp(const std::vector<std::string>& shown) {
     }
     // Only now: a folder that was opened in the namespace before cannot be mounted in this one.
     std::vector<Kept> kept;
-    keep(kept, ORVANE_SOURCE);
-    keep(kept, ORVANE_BUILD);
+    keep(kept, sourceFolder());
+    keep(kept, buildFolder());
     keep(kept, std::filesystem::current_path());
     for (const std::string& path : shown) {
         keep(kept, path);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The data root: ORVANE_DATA_ROOT, else share/orvane-da beside the program's own folder, else the source tree's.
+// The data root: ORVANE_DATA_ROOT, else the nearest share/orvane-da above the program: the installed one, or the
+// build tree's, which is a link to the data of the source tree.
 #include <stdlib.h>
 #include <tzplatform_config.h>
 
@@ -17,7 +18,13 @@ std::string findDataRoot() {
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error);
     const fs::path installed = program.parent_path().parent_path() / "share" / "orvane-da";
-    return fs::is_directory(installed, error) ? installed.string() : ORVANE_SOURCE_DATA_ROOT;
+    for (fs::path folder = program.parent_path(); folder.has_relative_path();) {
+        folder = folder.parent_path();
+        if (fs::is_directory(folder / "share" / "orvane-da", error)) {
+            return folder / "share" / "orvane-da";
+        }
+    }
+    return installed;
 }
 
 const std::string& dataRoot() {

@@ -73,8 +73,8 @@ TEST(TheDisplay, OfAMachineWithoutAScreenSaverIsNotSupported) {
     EXPECT_EQ(display_change_state(DISPLAY_STATE_SCREEN_OFF), DEVICE_ERROR_NOT_SUPPORTED);
 }
 
-TEST(TheDataRoot, IsTheSourceTreesWhereNothingIsInstalledAndIsKnownBeforeMain) {
-    EXPECT_EQ(beforeMain, SOURCE_DATA_ROOT "/voice/data");
+TEST(TheDataRoot, IsTheBuildTreesWhereNothingIsInstalledAndIsKnownBeforeMain) {
+    EXPECT_EQ(beforeMain, BUILD_DATA_ROOT "/voice/data");
 }
 
 TEST(TheDataRoot, IsTheOnlyFolderThatIsKnown) {
@@ -85,7 +85,7 @@ TEST(TheDataRoot, IsTheOnlyFolderThatIsKnown) {
 TEST(TheDataRoot, GivesEachThreadATextOfItsOwn) {
     const char* ours = tzplatform_mkpath(TZPLATFORM_DATA_ROOT, "a");
     std::thread([] { tzplatform_mkpath(TZPLATFORM_DATA_ROOT, "another"); }).join();
-    EXPECT_STREQ(ours, SOURCE_DATA_ROOT "/a");
+    EXPECT_STREQ(ours, BUILD_DATA_ROOT "/a");
 }
 
 // Programs of their own, because the root is found once.

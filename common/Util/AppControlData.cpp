@@ -30,12 +30,7 @@ std::vector<std::string> arrayOf(app_control_h handle, const char* key) {
 
 }  // namespace
 
-AppControlData::AppControlData() {
-    clearData();
-}
-
 AppControlData::AppControlData(app_control_h& handle) {
-    clearData();
     if (handle == nullptr) {
         return;
     }

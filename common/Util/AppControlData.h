@@ -12,7 +12,7 @@ namespace Util {
 // A request to an application, or a reply to one. A plain value; only AppControl makes a platform handle of it.
 class AppControlData {
 public:
-    AppControlData();
+    AppControlData() = default;
     // Reads application id, operation, URI, and all extras of a received request. A null handle gives the defaults.
     explicit AppControlData(app_control_h& handle);
     AppControlData(const AppControlData&) = default;
@@ -57,13 +57,13 @@ private:
     std::string mPackageName;
     std::string mOperation;
     std::string mUri;
-    app_control_reply_cb mReplyCallback;
-    void* mReplyCallbackUserData;
-    app_control_h mRequestedAppControl;
-    app_control_result_e mResultCode;
+    app_control_reply_cb mReplyCallback = nullptr;
+    void* mReplyCallbackUserData = nullptr;
+    app_control_h mRequestedAppControl = nullptr;
+    app_control_result_e mResultCode = APP_CONTROL_RESULT_APP_STARTED;
     std::map<std::string, std::string> mExtraData;
     std::map<std::string, std::vector<std::string>> mExtraVectorData;
-    bool mTerminateRequest;
+    bool mTerminateRequest = false;
 };
 
 }  // namespace Util

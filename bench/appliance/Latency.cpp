@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the user waits for: from the engine's call until the UI has its launch request, and from the UI's start request
-// until it is told that recording has begun. Both as the UI sees them.
+// The delays that a person notices: from the wake engine's call until the UI receives its launch request, and from the
+// UI's start request until it receives Recording.
 #include <fcntl.h>
 #include <stdlib.h>
 #include <sys/stat.h>
@@ -9,7 +9,6 @@
 #include <random>
 
 #include "appliance/Measures.h"
-#include "appliance/Ready.h"
 
 namespace bench {
 
@@ -18,23 +17,24 @@ namespace {
 constexpr int kRounds = 100;
 constexpr unsigned kPacingMs = 50;
 
-class Shots {
+// Triggers wake-word detections in the scripted engine.
+class Detections {
 public:
-    explicit Shots(const std::string& path) {
+    explicit Detections(const std::string& path) {
         mkfifo(path.c_str(), 0600);
         mPipe = open(path.c_str(), O_RDWR | O_CLOEXEC);
-        setenv("BENCH_ENGINE_SHOTS", path.c_str(), 1);
+        setenv("BENCH_ENGINE_DETECTIONS", path.c_str(), 1);
     }
-    ~Shots() {
-        unsetenv("BENCH_ENGINE_SHOTS");
+    ~Detections() {
+        unsetenv("BENCH_ENGINE_DETECTIONS");
         close(mPipe);
     }
-    Shots(const Shots&) = delete;
-    Shots& operator=(const Shots&) = delete;
+    Detections(const Detections&) = delete;
+    Detections& operator=(const Detections&) = delete;
 
-    void fire() const {
+    void trigger() const {
         if (write(mPipe, "!", 1) != 1) {
-            throw std::runtime_error("the scripted engine cannot be told");
+            throw std::runtime_error("cannot write to the scripted engine");
         }
     }
 
@@ -50,34 +50,35 @@ struct Round {
     double toLaunch, toRecording;  // ms
 };
 
-Round wakeUpAndCancel(sim::Appliance& appliance, const Shots& shots) {
+Round wakeUpAndCancel(sim::Appliance& appliance, const Detections& detections) {
     appliance.turnPage();
-    shots.fire();
-    const double called = timeOf(appliance.await("engine", {{"event", "wake-up call"}}), "called");
-    const double launched = timeOf(appliance.await(sim::kUi, {{"event", "wake-up"}}));
-    const double asked = timeOf(appliance.await(sim::kUi, {{"event", "asked"}}));
+    detections.trigger();
+    const double called = timeOf(appliance.await("engine", {{"event", "detection"}}), "called");
+    const double launched = timeOf(appliance.await(sim::kUi, {{"event", "wake word detected"}}));
+    const double requested = timeOf(appliance.await(sim::kUi, {{"event", "sent"}}));
     const double recording = timeOf(appliance.awaitState("Recording"));
-    appliance.order(sim::kUi, "cancel");
+    appliance.control(sim::kUi, "cancel");
     appliance.awaitState("StandBy");
-    return {1000 * (launched - called), 1000 * (recording - asked)};
+    return {1000 * (launched - called), 1000 * (recording - requested)};
 }
 
 }  // namespace
 
 void measureLatency(sim::Appliance& appliance, Figures& figures) {
-    const Shots shots(appliance.folder() / "shots");
+    const Detections detections(appliance.folder() / "detections");
     setenv("BENCH_ENGINE_TAKES_AUDIO", "yes", 1);
     appliance.launch(sim::kUi);
-    startReadyService(appliance, BENCH_PROGRAM_WITHOUT_ENGINE);
-    wakeUpAndCancel(appliance, shots);  // reads in what the first one needs
+    appliance.service().start(BENCH_PROGRAM_WITHOUT_ENGINE);
+    appliance.service().awaitRecognizer();
+    wakeUpAndCancel(appliance, detections);  // not counted: the first round loads more
     std::mt19937 random(1);
     for (int round = 0; round < kRounds; ++round) {
-        usleep(random() % (4 * kPacingMs * 1000));  // so that no round keeps step with the service's pacing
-        const Round times = wakeUpAndCancel(appliance, shots);
-        figures.add("wake-up to launch ms", times.toLaunch);
+        usleep(random() % (4 * kPacingMs * 1000));  // so that the rounds do not coincide with the service's cycles
+        const Round times = wakeUpAndCancel(appliance, detections);
+        figures.add("wake word to launch ms", times.toLaunch);
         figures.add("start to recording ms", times.toRecording);
     }
-    appliance.stopService();
+    appliance.service().stop();
 }
 
 }  // namespace bench

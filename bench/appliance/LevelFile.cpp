@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// How regularly the level file is written while the user speaks.
-#include <appliance/Speech.h>
+// The periods between writes of the level file while a person speaks.
+#include <appliance/sound/Speech.h>
 #include <poll.h>
 #include <sys/inotify.h>
 #include <unistd.h>
 
 #include "appliance/Measures.h"
-#include "appliance/Ready.h"
 
 namespace bench {
 
@@ -26,7 +25,7 @@ public:
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
 
-    // Waits for a write, until `end`; its time, or 0.
+    // Waits for a write until `end`. Returns its time, or 0.
     double next(double end) {
         pollfd ready{mHandle, POLLIN, 0};
         const double left = end - sim::monotonicNow();
@@ -46,10 +45,11 @@ private:
 
 void measureLevelFile(sim::Appliance& appliance, Figures& figures) {
     const std::string wav = sim::stairs(appliance.folder(), kSeconds);
-    startReadyService(appliance);
+    appliance.service().start();
+    appliance.service().awaitRecognizer();
     appliance.turnPage();
     appliance.launch(sim::kUi);
-    appliance.order(sim::kUi, "start", "PTT");
+    appliance.control(sim::kUi, "start", "PTT");
     appliance.awaitState("Recording");
     Watch watch;
     const sim::Process player({"paplay", "--device=room", wav}, appliance.folder() / "player.log");
@@ -59,9 +59,9 @@ void measureLevelFile(sim::Appliance& appliance, Figures& figures) {
         figures.add("level file period ms", 1000 * (now - last));
         last = now;
     }
-    appliance.order(sim::kUi, "cancel");
+    appliance.control(sim::kUi, "cancel");
     appliance.awaitState("StandBy");
-    appliance.stopService();
+    appliance.service().stop();
 }
 
 }  // namespace bench

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// What listening costs, in real time: with the wake-up engine in a silent room and while people talk; without it; and
-// what is resident after that.
-#include <appliance/Speech.h>
+// The processor share of listening, with the wake engine in a silent room and during talk, and without the engine, and
+// the resident memory.
+#include <appliance/sound/Speech.h>
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -32,37 +32,37 @@ void letTimePass() {
 }
 
 void measureInSilence(sim::Appliance& appliance, Figures& figures, const char* name) {
-    letTimePass();  // what a start leaves to do
+    letTimePass();  // the work after the start does not count
     for (int window = 0; window < kWindows; ++window) {
-        figures.add(name, share(appliance.serviceProcess(), letTimePass));
+        figures.add(name, share(appliance.service().process(), letTimePass));
     }
 }
 
 void measureInTalk(sim::Appliance& appliance, Figures& figures) {
     const std::string wav = sim::speak(appliance.folder(), kTalk, "awb");
     for (int window = 0; window < kWindows; ++window) {
-        figures.add("listening talk %", share(appliance.serviceProcess(), [&] { appliance.play(wav); }));
+        figures.add("listening talk %", share(appliance.service().process(), [&] { appliance.play(wav); }));
     }
 }
 
-// The same program, whose engine takes the audio and throws it away, or does not even take it.
+// The same program with an engine that discards the audio, or does not fetch it.
 void measureWithoutEngine(sim::Appliance& appliance, Figures& figures, const char* takes, const char* name) {
     setenv("BENCH_ENGINE_TAKES_AUDIO", takes, 1);
-    appliance.startService(BENCH_PROGRAM_WITHOUT_ENGINE);
+    appliance.service().start(BENCH_PROGRAM_WITHOUT_ENGINE);
     measureInSilence(appliance, figures, name);
-    appliance.stopService();
+    appliance.service().stop();
 }
 
 }  // namespace
 
 void measureListening(sim::Appliance& appliance, Figures& figures) {
-    appliance.startService();
+    appliance.service().start();
     measureInSilence(appliance, figures, "listening silence %");
     appliance.turnPage();
     measureInTalk(appliance, figures);
-    figures.add("false wake-ups in talk", appliance.count(sim::kUi, {{"event", "wake-up"}}));
-    figures.add("resident MB", static_cast<double>(usageOf(appliance.serviceProcess()).residentKb) / 1024);
-    appliance.stopService();
+    figures.add("false detections in talk", appliance.count(sim::kUi, {{"event", "wake word detected"}}));
+    figures.add("resident MB", static_cast<double>(usageOf(appliance.service().process()).residentKb) / 1024);
+    appliance.service().stop();
     measureWithoutEngine(appliance, figures, "yes", "listening audio discarded %");
     measureWithoutEngine(appliance, figures, "no", "listening without engine %");
 }

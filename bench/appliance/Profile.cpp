@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// From the account service's notification until the local database has the household's users, fetched from a hub server
-// over HTTP: 20 families with 10 users each.
+// The profile refresh: from the account service's notification until the local database has the users of 20 families with
+// 10 users each. The hub is reached over HTTP.
 #include <unistd.h>
 
 #include "appliance/Measures.h"
@@ -21,7 +21,7 @@ std::string nameOf(int family, int user, int round) {
     return "Person " + std::to_string(family) + "-" + std::to_string(user) + " " + std::to_string(round);
 }
 
-// The users' names tell the round.
+// The names of the users contain the round.
 json families(int round) {
     json list = json::array();
     for (int family = 0; family < kFamilies; ++family) {
@@ -47,23 +47,23 @@ double awaitUsers(const sim::Appliance& appliance, int round) {
             return sim::monotonicNow();
         }
     }
-    throw std::runtime_error("the users of the household never came");
+    throw std::runtime_error("the users of the household are not stored");
 }
 
 }  // namespace
 
 void measureProfile(sim::Appliance& appliance, Figures& figures) {
     appliance.hub().families(families(0));
-    appliance.startService();
+    appliance.service().start();
     awaitUsers(appliance, 0);
     for (int round = 1; round <= kRounds; ++round) {
         appliance.hub().families(families(round));
         appliance.turnPage();
         appliance.announceProfile();
-        const double notified = appliance.await(sim::kAccount, {{"event", "notified"}}).at("at").get<double>();
+        const double notified = appliance.await(sim::kAccount, {{"event", "notification sent"}}).at("at").get<double>();
         figures.add("profile refresh ms", 1000 * (awaitUsers(appliance, round) - notified));
     }
-    appliance.stopService();
+    appliance.service().stop();
 }
 
 }  // namespace bench

@@ -25,7 +25,7 @@ namespace bench {
 
 namespace {
 
-constexpr int kLookMs = 200;  // for the end, while no shot comes
+constexpr int kPollMs = 200;  // for the end
 constexpr useconds_t kPauseMicroseconds = 1000;
 
 std::string setting(const char* name) {
@@ -39,14 +39,14 @@ ScriptedEngine::ScriptedEngine() {
     if (setting("BENCH_ENGINE_TAKES_AUDIO") == "yes") {
         mAudio = std::thread([this] { takeAudio(); });
     }
-    if (const std::string pipe = setting("BENCH_ENGINE_SHOTS"); !pipe.empty()) {
-        mShots = std::thread([this, pipe] { takeShots(pipe); });
+    if (const std::string pipe = setting("BENCH_ENGINE_DETECTIONS"); !pipe.empty()) {
+        mDetections = std::thread([this, pipe] { takeDetections(pipe); });
     }
 }
 
 ScriptedEngine::~ScriptedEngine() {
     mQuit = true;
-    for (std::thread* thread : {&mAudio, &mShots}) {
+    for (std::thread* thread : {&mAudio, &mDetections}) {
         if (thread->joinable()) {
             thread->join();
         }
@@ -68,17 +68,17 @@ void ScriptedEngine::takeAudio() {
     }
 }
 
-// Opened for writing too, so that it does not end while nobody else has it open.
-void ScriptedEngine::takeShots(const std::string& pipe) {
-    const int shots = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
-    pollfd ready{shots, POLLIN, 0};
+// Open for writing as well, so that the pipe does not end without another writer.
+void ScriptedEngine::takeDetections(const std::string& pipe) {
+    const int detections = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
+    pollfd ready{detections, POLLIN, 0};
     while (!mQuit) {
-        char shot = 0;
-        if (poll(&ready, 1, kLookMs) == 1 && read(shots, &shot, 1) == 1) {
+        char byte = 0;
+        if (poll(&ready, 1, kPollMs) == 1 && read(detections, &byte, 1) == 1) {
             callOnce();
         }
     }
-    close(shots);
+    close(detections);
 }
 
 void ScriptedEngine::callOnce() {
@@ -91,7 +91,7 @@ void ScriptedEngine::callOnce() {
     mListening = false;
     const double called = sim::monotonicNow();
     mListener.load()->OnWakeup("scripted", 100);
-    sim::Record("engine").write("wake-up call", {{"called", called}});
+    sim::Record("engine").write("detection", {{"called", called}});
 }
 
 }  // namespace bench

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// A wake-up engine that hears nothing: it calls when the benchmark tells it to, so that the moment is known.
-//   $BENCH_ENGINE_TAKES_AUDIO yes  its thread takes every block and throws it away
-//   $BENCH_ENGINE_SHOTS            a pipe; each byte is a wake-up, once listening has begun. Recorded as "wake-up call"
-//                                  with the time of the call under "called".
+// A wake engine that the benchmark commands, so that the moment of each detection is known.
+//   $BENCH_ENGINE_TAKES_AUDIO yes  its thread fetches every block and discards it
+//   $BENCH_ENGINE_DETECTIONS       a pipe; each byte is a wake-word detection while the engine listens. It is recorded as
+//                                  the event "detection" with the time of the call as "called".
 #pragma once
 
 #include <wakeup_engine.h>
@@ -26,7 +26,7 @@ public:
 
 private:
     void takeAudio();
-    void takeShots(const std::string& pipe);
+    void takeDetections(const std::string& pipe);
     void callOnce();
 
     std::atomic<nuance::IWakeupListener*> mListener{nullptr};
@@ -34,7 +34,7 @@ private:
     std::atomic<bool> mListening{false};
     std::atomic<bool> mQuit{false};
     std::thread mAudio;
-    std::thread mShots;
+    std::thread mDetections;
 };
 
 }  // namespace bench

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// From the start of the program until it listens: the trigger has begun and the microphone is being recorded.
+// From the start of the program until it listens for the wake word and records the microphone.
 #include <unistd.h>
 
 #include "appliance/Measures.h"
@@ -11,14 +11,14 @@ namespace {
 constexpr int kStarts = 7;
 constexpr useconds_t kPollMicroseconds = 1000;
 constexpr double kWatchdogSeconds = 20;
-// The last that the service does when it starts.
+// The last step of the service's start.
 constexpr char kListens[] = "__startListening";
 
 void awaitLine(sim::Appliance& appliance, std::size_t from) {
     for (const double end = sim::monotonicNow() + kWatchdogSeconds;
-         appliance.serviceLog().find(kListens, from) == std::string::npos; usleep(kPollMicroseconds)) {
+         appliance.service().log().find(kListens, from) == std::string::npos; usleep(kPollMicroseconds)) {
         if (sim::monotonicNow() > end) {
-            throw std::runtime_error("the service never listened");
+            throw std::runtime_error("the service does not listen");
         }
     }
 }
@@ -27,14 +27,14 @@ void awaitLine(sim::Appliance& appliance, std::size_t from) {
 
 void measureStartUp(sim::Appliance& appliance, Figures& figures) {
     for (int start = 0; start < kStarts; ++start) {
-        const std::size_t logged = appliance.serviceLog().size();
+        const std::size_t logged = appliance.service().log().size();
         const double begun = sim::monotonicNow();
         const sim::Process service({BENCH_PROGRAM}, appliance.folder() / "service.log");
         awaitLine(appliance, logged);
         const double listens = sim::monotonicNow();
-        // Asked only now: the question costs as much as the answer is worth.
-        const bool recorded = appliance.isHeard();
-        appliance.until("the microphone is recorded", [&] { return appliance.isHeard(); });
+        // Checked only now, because the check takes as long as the start.
+        const bool recorded = appliance.isRecorded();
+        sim::until("the microphone is recorded", [&] { return appliance.isRecorded(); });
         figures.add("start-up s", (recorded ? listens : sim::monotonicNow()) - begun);
     }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Samples under the name of what was measured; the report reads the file.
+// The samples of each measurement, in a file for the report.
 #pragma once
 
 #include <map>

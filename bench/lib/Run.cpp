@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "lib/Run.h"
 
-#include <appliance/PrivateTmp.h>
+#include <appliance/environment/PrivateTmp.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -25,8 +25,8 @@ bool runOne(const Measure& measure, sim::Appliance& appliance, Figures& figures)
         return true;
     } catch (const std::exception& fault) {
         fprintf(stderr, "bench: %s: %s\n", measure.name, fault.what());
-        appliance.showLastWords();
-        appliance.stopService();
+        appliance.service().printEndOfLog();
+        appliance.service().stop();
         return false;
     }
 }
@@ -39,7 +39,7 @@ int runMeasures(int count, char** words, const std::vector<Measure>& measures) {
         return 2;
     }
     const std::vector<std::string> names(words + 2, words + count);
-    std::ofstream file(words[1]);  // before its folder may be hidden
+    std::ofstream file(words[1]);  // before the private /tmp may hide its folder
     sim::enterPrivateTmp();
     try {
         Figures figures;

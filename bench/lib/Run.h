@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The frame of a program that measures on a simulated appliance: PROGRAM FILE [NAME...].
+// The main function of a program that measures on a simulated appliance: PROGRAM FILE [NAME...].
 #pragma once
 
 #include <appliance/Appliance.h>
@@ -15,8 +15,8 @@ struct Measure {
     void (*run)(sim::Appliance& appliance, Figures& figures);  // throws std::exception when it cannot measure
 };
 
-// Runs the named ones, or all, and writes the samples to FILE. One that fails does not end the run. Returns
-// the program's exit code.
+// Runs the named measures, or all, and writes the samples to FILE. After a failure the others still run. Returns the
+// program's exit code.
 int runMeasures(int count, char** words, const std::vector<Measure>& measures);
 
 }  // namespace bench

@@ -33,7 +33,7 @@ double cpuSeconds(pid_t process) {
     clockid_t clock{};
     timespec time{};
     if (clock_getcpuclockid(process, &clock) != 0 || clock_gettime(clock, &time) != 0) {
-        throw std::runtime_error("no processor time of process " + std::to_string(process));
+        throw std::runtime_error("cannot read the processor time of process " + std::to_string(process));
     }
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }

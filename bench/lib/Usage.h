@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What another process uses and holds. All throw std::runtime_error when there is no such process.
+// The resources of another process. All functions throw std::runtime_error when the process does not exist.
 #pragma once
 
 #include <sys/types.h>
@@ -13,7 +13,7 @@ struct Usage {
 };
 
 Usage usageOf(pid_t process);
-// Processor time of all its threads, those that have ended too, in seconds.
+// Processor time of all its threads, including ended ones, in seconds.
 double cpuSeconds(pid_t process);
 
 }  // namespace bench

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// How far a fade keeps from the straight line between its levels: the mean distance over the time that it may take.
+// The mean distance of a fade to the straight line between its levels, over the duration of the fade.
 #include <sound_manager.h>
 #include <unistd.h>
 
@@ -18,7 +18,7 @@ constexpr int kDucked = 2;
 constexpr double kFadeSeconds = 1;
 constexpr double kWatchdogSeconds = 5;
 constexpr int kFades = 5;
-constexpr useconds_t kLookMicroseconds = 5000;
+constexpr useconds_t kPollMicroseconds = 5000;
 
 int level() {
     int now = -1;
@@ -28,25 +28,25 @@ int level() {
 
 void follow(Figures& figures, const char* name, int from, int to) {
     double distance = 0;
-    int looks = 0;
+    int polls = 0;
     const double begun = sim::monotonicNow();
     for (double past = 0; past < kFadeSeconds; past = sim::monotonicNow() - begun) {
         distance += std::abs(level() - (from + (to - from) * past / kFadeSeconds));
-        ++looks;
-        usleep(kLookMicroseconds);
+        ++polls;
+        usleep(kPollMicroseconds);
     }
     while (level() != to) {
         if (sim::monotonicNow() - begun > kWatchdogSeconds) {
             throw std::runtime_error("a fade does not end");
         }
-        usleep(kLookMicroseconds);
+        usleep(kPollMicroseconds);
     }
-    figures.add(name, distance / looks);
+    figures.add(name, distance / polls);
 }
 
 }  // namespace
 
-// Only music that plays is faded.
+// The controller fades only while media plays.
 void measureFades(sim::Appliance& appliance, Figures& figures) {
     appliance.launch(sim::kMusic);
     appliance.await(sim::kMusic, {{"event", "playing"}});
@@ -54,7 +54,7 @@ void measureFades(sim::Appliance& appliance, Figures& figures) {
     controller.setVolume(kLoud);
     for (int fade = 0; fade < kFades; ++fade) {
         if (controller.decreaseVolume(kFadeSeconds) != 1) {
-            throw std::runtime_error("no fade was started");
+            throw std::runtime_error("no fade starts");
         }
         follow(figures, "fade down error levels", kLoud, kDucked);
         controller.restoreVolume(kFadeSeconds);

@@ -35,7 +35,7 @@ void MainLoop::run(const char* what) {
     ecore_main_loop_begin();
     ecore_timer_del(watchdog);
     if (late) {
-        throw std::runtime_error(std::string("this did not happen: ") + what);
+        throw std::runtime_error(std::string("timed out waiting until ") + what);
     }
 }
 

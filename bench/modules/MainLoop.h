@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The main loop, while a benchmark lives.
+// Ecore's main loop, for the duration of a measurement.
 #pragma once
 
 namespace bench {
@@ -11,7 +11,7 @@ public:
     MainLoop(const MainLoop&) = delete;
     MainLoop& operator=(const MainLoop&) = delete;
 
-    // Runs until quit(). Throws std::runtime_error, which names what was waited for, when that takes half a minute.
+    // Runs until quit(). Throws std::runtime_error that names `what`, a clause, after half a minute.
     void run(const char* what);
     static void quit();
 };

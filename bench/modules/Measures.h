@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What is measured of the rooms by themselves, in the benchmark's own process beside the appliance's buses, settings
-// and sound server. Each throws std::runtime_error when something does not happen.
+// The measurements of platform modules. The modules run in the benchmark's process and use the appliance's buses,
+// settings, and sound server. Each function throws std::runtime_error when it cannot measure.
 #pragma once
 
 #include <appliance/Appliance.h>
@@ -14,7 +14,7 @@ void measureMessages(sim::Appliance& appliance, Figures& figures);
 void measureFades(sim::Appliance& appliance, Figures& figures);
 void measureRecognition(sim::Appliance& appliance, Figures& figures);
 
-// What this program does as another process: changes a setting again and again; sends every message back.
+// This program as the second process of a measurement: changes a setting repeatedly, or returns every message.
 inline constexpr char kChangeSettings[] = "--change-settings";
 inline constexpr char kSendBack[] = "--send-back";
 int changeSettings();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A message to another process's port until its answer is on the main loop here.
+// The round trip of a message between the ports of two processes, from main loop to main loop.
 #include <message_port.h>
 
 #include <functional>
@@ -18,7 +18,7 @@ constexpr char kHere[] = "org.orvane.bench.here";
 constexpr char kThere[] = "org.orvane.bench.there";
 constexpr char kPort[] = "bench";
 constexpr int kMessages = 1000;
-constexpr int kFirstMessages = 50;  // not counted: connections and caches are new
+constexpr int kWarmUpMessages = 50;  // not counted: these open connections and fill caches
 
 using Message = std::unique_ptr<bundle, std::function<void(bundle*)>>;
 
@@ -30,7 +30,7 @@ Message makeMessage() {
     return message;
 }
 
-// To whoever listens at `to`; the answer is wanted at the port of the same name here.
+// Sends to the port of the application `to`; the answer is to come to this process's port of the same name.
 void send(const char* to, bundle* message, int port) {
     if (message_port_send_trusted_message_with_local_port(to, kPort, message, port) != MESSAGE_PORT_ERROR_NONE) {
         throw std::runtime_error("a message cannot be sent");
@@ -85,16 +85,16 @@ void onMessage(int port, const char*, const char*, bool, bundle* message, void*)
 int sendBack() {
     MainLoop loop;
     openPort(kThere, onMessage, nullptr);
-    loop.run("the end");
+    loop.run("the benchmark ends this process");
     return 0;
 }
 
 void measureMessages(sim::Appliance& appliance, Figures& figures) {
     MainLoop loop;
-    Rounds rounds{figures, makeMessage(), 0, kMessages + kFirstMessages, false};
+    Rounds rounds{figures, makeMessage(), 0, kMessages + kWarmUpMessages, false};
     const int port = openPort(kHere, onAnswer, &rounds);
     const sim::Process other({"/proc/self/exe", kSendBack}, appliance.folder() / "bench.log");
-    appliance.until("the other process has its port", [&] { return appliance.runs(kThere); });
+    sim::until("the other process has its port", [&] { return appliance.runs(kThere); });
     go(rounds, port);
     loop.run("every message is answered");
     message_port_unregister_trusted_local_port(port);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// How many seconds of spoken commands a second of processor time recognises.
-#include <appliance/Speech.h>
+// How many seconds of spoken commands are recognized per second of processor time.
+#include <appliance/sound/Speech.h>
 #include <time.h>
 #include <tzplatform_config.h>
 
@@ -18,7 +18,7 @@ namespace {
 constexpr const char* kVoices[] = {"slt", "awb", "rms", "kal16"};
 constexpr const char* kSentences[] = {"open the music player", "go to home screen", "show me the recipe for apple pie",
                                       "search for apple pie", "what is the weather today"};
-constexpr std::size_t kPiece = 1024;  // samples given at once
+constexpr std::size_t kPiece = 1024;  // samples passed at once
 constexpr double kRate = 16000;
 
 std::string dataPath(const char* path) {
@@ -53,8 +53,8 @@ double threadSeconds() {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-// As the dialogue does it: with the words until now after every piece.
-std::string recognise(voice::Recognizer& recognizer, const std::vector<int16_t>& samples) {
+// Fetches the partial result after every piece, as the voice manager does.
+std::string recognize(voice::Recognizer& recognizer, const std::vector<int16_t>& samples) {
     recognizer.begin();
     for (std::size_t at = 0; at < samples.size(); at += kPiece) {
         recognizer.accept(samples.data() + at, std::min(kPiece, samples.size() - at));
@@ -71,10 +71,10 @@ void measureRecognition(sim::Appliance& appliance, Figures& figures) {
         for (const char* sentence : kSentences) {
             const auto samples = samplesOf(sim::speak(appliance.folder(), sentence, voice));
             const double begun = threadSeconds();
-            const std::string heard = recognise(*engine->recognizer, samples);
+            const std::string text = recognize(*engine->recognizer, samples);
             const double used = threadSeconds() - begun;
-            figures.add("speech recognised s/s", static_cast<double>(samples.size()) / kRate / used);
-            figures.add("sentences recognised", heard.empty() ? 0 : 1);
+            figures.add("speech recognized s/s", static_cast<double>(samples.size()) / kRate / used);
+            figures.add("sentences recognized", text.empty() ? 0 : 1);
         }
     }
 }

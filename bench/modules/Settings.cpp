@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A settings read, and the way of a change that another process makes until the listener has it on the main loop.
+// The duration of a read, and the time from another process's change until the listener receives it on the main loop.
 #include <lib/Settings.h>
 #include <stdlib.h>
 #include <unistd.h>
@@ -27,7 +27,7 @@ struct Free {
     void operator()(char* text) const noexcept { free(text); }
 };
 
-// Microseconds of the machine's clock, as many as a setting's number holds.
+// Microseconds of the monotonic clock, reduced to the range of a setting's number.
 int stamp() {
     return static_cast<int>(static_cast<long long>(sim::monotonicNow() * 1e6) & 0x3fffffff);
 }
@@ -86,7 +86,7 @@ void measureSettings(sim::Appliance& appliance, Figures& figures) {
     Changes changes{figures, 0};
     vconf_notify_key_changed(kStamp, onChange, &changes);
     const sim::Process other({"/proc/self/exe", kChangeSettings}, appliance.folder() / "bench.log");
-    loop.run("all changes of the other process are heard");
+    loop.run("all changes of the other process arrive");
     vconf_ignore_key_changed(kStamp, onChange);
 }
 

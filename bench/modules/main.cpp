@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// bench_rooms FILE [NAME...]: measures the rooms of the platform by themselves.
+// bench_modules FILE [NAME...]: measures modules of the platform.
 #include <string>
 
 #include "lib/Run.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What one audio block costs from the recorder to the engine, beside the least that its work could cost.
+// The cost of one block on its way from the recorder to the wake engine, and the lower bound of that work.
 #include <benchmark/benchmark.h>
 #include <string.h>
 
@@ -13,7 +13,7 @@ namespace {
 
 constexpr int BLOCK = 512;  // bytes, 256 samples
 
-// The recorder without a device: blocks come from the benchmark.
+// A recorder without a device, whose blocks come from the benchmark.
 class BenchRecorder : public OrvaneDA::SRecorder {
 public:
     using SRecorder::deliver;
@@ -49,7 +49,7 @@ void BlockFromRecorderToEngine(benchmark::State& state) {
 }
 BENCHMARK(BlockFromRecorderToEngine);
 
-// One allocation, copy and free of the block, and one lock that nobody else holds.
+// One allocation, copy, and release of the block, and one uncontended lock.
 void BlockFloor(benchmark::State& state) {
     char* block = noise();
     std::mutex mutex;

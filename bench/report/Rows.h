@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the report shows, in its order, and how high each figure may be.
+// The rows of the report, in order, and the upper limit of each figure.
 #pragma once
 
 #include <string>
@@ -16,15 +16,15 @@ struct Row {
     const char* samples;
     const char* unit;
     Shown shown = Shown::Median;
-    double aim = 0;                 // the highest that is aimed at; 0: no aim
-    const char* floor = nullptr;    // the aim is this many times that median instead
-    const char* without = nullptr;  // that median is taken off
+    double aim = 0;                 // the upper limit; 0 without one
+    const char* floor = nullptr;    // with it, the aim is a multiple of this median
+    const char* without = nullptr;  // this median is subtracted
 };
 
 const std::vector<Row>& rows();
 
 bool isMeasured(const Row& row, const Samples& samples);
-// Of a row that has been measured.
+// These need a measured row.
 double valueOf(const Row& row, const Samples& samples);
 double aimOf(const Row& row, const Samples& samples);
 

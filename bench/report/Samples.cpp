@@ -12,7 +12,7 @@ namespace bench {
 void readSamples(const std::string& path, Samples& samples) {
     std::ifstream file(path);
     if (!file) {
-        throw std::runtime_error("no samples in " + path);
+        throw std::runtime_error("cannot read " + path);
     }
     const auto content = nlohmann::json::parse(file);
     if (!content.contains("benchmarks")) {

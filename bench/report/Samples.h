@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// All samples of one run, by the name of what they measure.
+// The samples of one run by the name of their measurement.
 #pragma once
 
 #include <map>
@@ -10,10 +10,11 @@ namespace bench {
 
 using Samples = std::map<std::string, std::vector<double>>;
 
-// Adds a file's: one of ours, or Google Benchmark's with repetitions (processor time in ns). Throws std::exception.
+// Adds the samples of a file by Figures or by Google Benchmark with repetitions (processor time in ns). Throws
+// std::exception.
 void readSamples(const std::string& path, Samples& samples);
 
-// `share` of the samples are not above it; they must not be empty.
+// The value that this share of the samples does not exceed. `samples` must not be empty.
 double quantile(std::vector<double> samples, double share);
 
 }  // namespace bench

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// bench_report JSON FILE...: prints the figures of the samples in the files, beside their aims, and writes figures and
-// samples to JSON. A figure above its aim is no failure, one that is missing is.
+// bench_report JSON FILE...: prints figures and aims for the samples in the files, and writes figures and samples to the
+// file JSON. A missing figure is a failure; one above its aim is not.
 #include <sys/utsname.h>
 #include <unistd.h>
 
@@ -41,7 +41,7 @@ const char* nameOf(bench::Shown shown) {
     return "median";
 }
 
-// One line of the table; the same for the file.
+// Prints a line of the table and returns it for the file.
 json show(const bench::Row& row, const bench::Samples& samples) {
     json figure{{"figure", row.title}, {"samples", row.samples}, {"unit", row.unit}, {"statistic", nameOf(row.shown)}};
     if (!bench::isMeasured(row, samples)) {
@@ -62,14 +62,14 @@ json show(const bench::Row& row, const bench::Samples& samples) {
     return figure;
 }
 
-// Whether every figure is there.
+// Returns whether all figures were measured.
 bool report(const char* path, int count, char** files) {
     bench::Samples samples;
     for (int i = 0; i < count; ++i) {
         bench::readSamples(files[i], samples);
     }
     json figures = json::array();
-    printf("%-40s %10s  %-11s  %s\n", "figure (median unless told)", "value", "unit", "aim");
+    printf("%-40s %10s  %-11s  %s\n", "figure (median by default)", "value", "unit", "aim");
     bool complete = true;
     for (const bench::Row& row : bench::rows()) {
         figures.push_back(show(row, samples));

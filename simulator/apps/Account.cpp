@@ -16,21 +16,21 @@ constexpr int kSucceeded = 0;
 constexpr int kFailed = -1;
 constexpr int kNoReply = 1;
 
-constexpr Account::Behaviour kBehaviours[] = {
+constexpr Account::Behavior kBehaviors[] = {
     {"signed in", true, false, kSucceeded}, {"signed out", false, false, kSucceeded}, {"slow", true, true, kSucceeded},
     {"silent", false, false, kNoReply},     {"failing", false, false, kFailed},
 };
 
-const Account::Behaviour& behaviour(const std::string& name) {
-    for (const Account::Behaviour& known : kBehaviours) {
+const Account::Behavior& behavior(const std::string& name) {
+    for (const Account::Behavior& known : kBehaviors) {
         if (name == known.name) {
             return known;
         }
     }
-    throw std::runtime_error("an account service is not " + name);
+    throw std::runtime_error("unknown behavior " + name);
 }
 
-// Without a file nobody has signed in.
+// Without the file, nobody is signed in.
 Extras status(bool signedIn) {
     const char* file = getenv("ORVANE_SIM_ACCOUNT");
     std::ifstream stream(file != nullptr ? file : "");
@@ -47,34 +47,34 @@ Extras status(bool signedIn) {
 
 }  // namespace
 
-Account::Account(const std::string& id) : Application(id), mBehaviour(&kBehaviours[0]) {}
+Account::Account(const std::string& id) : Application(id), mBehavior(&kBehaviors[0]) {}
 
-// Never before the request itself has returned.
+// Replies only after the call that brought the request has returned.
 void Account::onLaunch(const Request& request) {
     if (request.operation == "get_service_status") {
-        later(mBehaviour->late ? mDelayMs : 0, [this, request, &chosen = *mBehaviour] { answer(request, chosen); });
+        later(mBehavior->late ? mDelayMs : 0, [this, request, &chosen = *mBehavior] { answer(request, chosen); });
     }
 }
 
-void Account::answer(const Request& request, const Behaviour& behaviour) {
-    record().write("status asked", {{"behaviour", behaviour.name}});
-    if (behaviour.result == kFailed) {
+void Account::answer(const Request& request, const Behavior& behavior) {
+    record().write("status request", {{"behavior", behavior.name}});
+    if (behavior.result == kFailed) {
         reply(request, kFailed, {{"errorMessage", {"the account server cannot be reached"}}});
-    } else if (behaviour.result == kSucceeded) {
-        reply(request, kSucceeded, status(behaviour.signedIn));
+    } else if (behavior.result == kSucceeded) {
+        reply(request, kSucceeded, status(behavior.signedIn));
     }
 }
 
-void Account::onOrder(const std::string& order, const std::string& argument) {
-    if (order == "behave") {
-        mBehaviour = &behaviour(argument);
-    } else if (order == "delay") {
+void Account::onControl(const std::string& action, const std::string& argument) {
+    if (action == "behavior") {
+        mBehavior = &behavior(argument);
+    } else if (action == "delay") {
         mDelayMs = static_cast<unsigned>(std::stoul(argument));
-    } else if (order == "notify") {
-        record().write("notified");
+    } else if (action == "notify") {
+        record().write("notification sent");
         sendEvent("event." + id() + ".notification", {});
     } else {
-        Application::onOrder(order, argument);
+        Application::onControl(action, argument);
     }
 }
 

@@ -7,36 +7,36 @@ namespace sim {
 
 namespace {
 
-constexpr char kPlays[] = "Play";
-constexpr char kStands[] = "Stop";
+constexpr char kPlaying[] = "Play";
+constexpr char kStopped[] = "Stop";
 
 }  // namespace
 
 Briefing::Briefing(const std::string& id) : Application(id) {
-    write(kStands);
+    write(kStopped);
 }
 
 Briefing::~Briefing() {
     try {
-        write(kStands);
+        write(kStopped);
     } catch (const std::exception& fault) {
         fprintf(stderr, "%s: %s\n", id().c_str(), fault.what());
     }
 }
 
 void Briefing::onLaunch(const Request&) {
-    write(kPlays);
+    write(kPlaying);
 }
 
-void Briefing::onOrder(const std::string& order, const std::string& argument) {
-    if (order == "play") {
-        write(kPlays);
-    } else if (order == "stop") {
-        write(kStands);
-    } else if (order == "write") {
+void Briefing::onControl(const std::string& action, const std::string& argument) {
+    if (action == "play") {
+        write(kPlaying);
+    } else if (action == "stop") {
+        write(kStopped);
+    } else if (action == "write") {
         write(argument);
     } else {
-        Application::onOrder(order, argument);
+        Application::onControl(action, argument);
     }
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The morning briefing: writes into the database "Morning Brief" whether it plays. Launched it plays, closed or ordered
-// to it stops. Orders: play, stop, write TEXT (as the state, whatever it means).
+// The morning briefing. It writes to the database "Morning Brief" whether it plays. It plays when it is launched.
+// Actions: play, stop, write TEXT (as the state).
 #pragma once
 
 #include "lib/Application.h"
@@ -15,7 +15,7 @@ public:
 
 private:
     void onLaunch(const Request& request) override;
-    void onOrder(const std::string& order, const std::string& argument) override;
+    void onControl(const std::string& action, const std::string& argument) override;
     void write(const std::string& state);
 
     Database mDatabase{"Morning Brief"};

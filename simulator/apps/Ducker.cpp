@@ -23,20 +23,20 @@ Ducker::Ducker(Record& record) : mRecord(record) {
     const auto flags = static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDIN_PIPE | G_SUBPROCESS_FLAGS_STDOUT_PIPE);
     mProgram.reset(g_subprocess_new(flags, fault.out(), program, nullptr));
     if (!mProgram) {
-        fprintf(stderr, "no ducking: %s\n", fault.text().c_str());
+        fprintf(stderr, "cannot start the volume program: %s\n", fault.text().c_str());
         return;
     }
-    mWords.reset(g_data_input_stream_new(g_subprocess_get_stdout_pipe(mProgram.get())));
+    mOutput.reset(g_data_input_stream_new(g_subprocess_get_stdout_pipe(mProgram.get())));
     listen();
 }
 
 void Ducker::listen() {
-    g_data_input_stream_read_line_async(mWords.get(), G_PRIORITY_DEFAULT, nullptr, onLine, this);
+    g_data_input_stream_read_line_async(mOutput.get(), G_PRIORITY_DEFAULT, nullptr, onLine, this);
 }
 
 void Ducker::onLine(GObject*, GAsyncResult* result, gpointer data) noexcept {
     auto& self = *static_cast<Ducker*>(data);
-    const Pointer<char> line(g_data_input_stream_read_line_finish(self.mWords.get(), result, nullptr, nullptr));
+    const Pointer<char> line(g_data_input_stream_read_line_finish(self.mOutput.get(), result, nullptr, nullptr));
     if (line) {
         self.mRecord.write("fade", {{"line", line.get()}});
         self.listen();
@@ -46,15 +46,15 @@ void Ducker::onLine(GObject*, GAsyncResult* result, gpointer data) noexcept {
 void Ducker::duck(bool down) {
     if (mProgram && mDown != down) {
         mDown = down;
-        order(down ? kDown : kUp);
+        write(down ? kDown : kUp);
     }
 }
 
-void Ducker::order(const char* line) {
+void Ducker::write(const char* line) {
     Fault fault;
     GOutputStream* input = g_subprocess_get_stdin_pipe(mProgram.get());
     if (g_output_stream_write_all(input, line, strlen(line), nullptr, nullptr, fault.out()) == FALSE) {
-        fprintf(stderr, "the ducker has gone: %s\n", fault.text().c_str());
+        fprintf(stderr, "the volume program has ended: %s\n", fault.text().c_str());
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Turns the music down while the assistant listens, by the program $ORVANE_SIM_DUCKER that reads orders line by line;
-// without one the music plays on. What it says is recorded (fade). It ends with its input, however this process ends.
+// Turns the media volume down and up through the program $ORVANE_SIM_DUCKER (orvane-volume-fade), whose output it records
+// (event "fade"). Without the variable it does nothing. The program ends when its input closes, thus also when this
+// process is killed.
 #pragma once
 
 #include "lib/Pointer.h"
@@ -17,13 +18,13 @@ public:
     void duck(bool down);
 
 private:
-    void order(const char* line);
+    void write(const char* line);
     void listen();
     static void onLine(GObject* stream, GAsyncResult* result, gpointer self) noexcept;
 
     Record& mRecord;
     Pointer<GSubprocess> mProgram;
-    Pointer<GDataInputStream> mWords;
+    Pointer<GDataInputStream> mOutput;
     bool mDown = false;
 };
 

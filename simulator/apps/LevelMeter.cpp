@@ -28,7 +28,7 @@ void LevelMeter::recording(bool on) {
     }
 }
 
-// A file that is being written anew at this moment is short; its own notice follows.
+// A file that is just being written again is too short. Its own event follows.
 void LevelMeter::onWritten() {
     std::ifstream file(std::string(kFolder) + "/" + kFile, std::ios::binary);
     int32_t level = 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The level of what the assistant hears, from its file: each change as it comes (level), and after a recording how many
-// there were and how far apart (levels: changes, period and longest gap in milliseconds).
+// Records the level file: each change (event "level"), and after each recording the number of changes, their mean period,
+// and the longest gap in milliseconds (event "levels").
 #pragma once
 
 #include "lib/FileWatch.h"

@@ -26,13 +26,13 @@ void MusicPlayer::onLaunch(const Request&) {
     mPlayer.play();
 }
 
-void MusicPlayer::onOrder(const std::string& order, const std::string& argument) {
-    if (order == "play") {
+void MusicPlayer::onControl(const std::string& action, const std::string& argument) {
+    if (action == "play") {
         mPlayer.play();
-    } else if (order == "pause") {
+    } else if (action == "pause") {
         mPlayer.pause();
     } else {
-        Application::onOrder(order, argument);
+        Application::onControl(action, argument);
     }
 }
 

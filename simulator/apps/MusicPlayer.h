@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Plays a tune on the loudspeaker from its launch until it is closed, as a sound of the role "music", and records when
-// it plays (playing, paused) and how loud the loudspeaker is (volume: percent). Orders: play, pause.
+// Plays a tune on the loudspeaker from its launch until it closes, with the media role "music". It records when it plays
+// (events "playing" and "paused") and the volume of the loudspeaker (event "volume" with "percent").
+// Actions: play, pause.
 #pragma once
 
 #include "lib/Application.h"
@@ -14,7 +15,7 @@ public:
 
 private:
     void onLaunch(const Request& request) override;
-    void onOrder(const std::string& order, const std::string& argument) override;
+    void onControl(const std::string& action, const std::string& argument) override;
     void fill(int16_t* samples, std::size_t count);
 
     std::size_t mPosition = 0;  // in the tune

@@ -27,9 +27,9 @@ NetworkManager::NetworkManager(const std::string& name) : mName(name), mBus(G_BU
     mBus.serve(
         kPath, kXml, [](const std::string&, const std::string&, GVariant*) -> GVariant* { return nullptr; }, false,
         [this](const std::string& wanted) { return property(wanted); });
-    serveOrders(mBus, [this](const std::string& order, const std::string& kind) {
-        if (order != "network") {
-            throw std::runtime_error("a network manager does not know the order " + order);
+    serveControl(mBus, [this](const std::string& action, const std::string& kind) {
+        if (action != "network") {
+            throw std::runtime_error(mName + " does not know the action " + action);
         }
         change(kind);
     });
@@ -43,7 +43,7 @@ void NetworkManager::run() {
 
 void NetworkManager::change(const std::string& kind) {
     if (kind != "ethernet" && kind != "wifi" && kind != "none") {
-        throw std::runtime_error("no network of the kind " + kind);
+        throw std::runtime_error("unknown kind of network: " + kind);
     }
     mKind = kind;
     GVariantBuilder changed;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Stands for NetworkManager on the system bus, with one connection that can be pulled: Do("network", "ethernet" |
-// "wifi" | "none").
+// A stand-in for NetworkManager on the system bus, with at most one connection.
+// Action: network ethernet|wifi|none.
 #pragma once
 
 #include "lib/Bus.h"

@@ -35,7 +35,7 @@ void RecipeApp::onVoiceControlThere(GDBusConnection*, const gchar*, const gchar*
                         g_variant_new("(^as)", domains));
         self.record().write("registered");
     } catch (const std::exception& fault) {
-        fprintf(stderr, "%s: cannot register for recipes: %s\n", self.id().c_str(), fault.what());
+        fprintf(stderr, "%s: cannot register for recipe commands: %s\n", self.id().c_str(), fault.what());
     }
 }
 

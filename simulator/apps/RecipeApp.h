@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A recipe application: takes the service's recipe results and records them.
+// A recipe application. It registers for recipe commands and records them.
 #pragma once
 
 #include "lib/Application.h"
@@ -11,7 +11,7 @@ public:
     explicit RecipeApp(const std::string& id);
 
 private:
-    // The service may come, go and come back; each time it comes, the application registers anew.
+    // Registers again each time that the service appears on the bus.
     static void onVoiceControlThere(GDBusConnection*, const gchar*, const gchar* owner, gpointer self) noexcept;
 };
 

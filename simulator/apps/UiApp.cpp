@@ -27,7 +27,7 @@ std::string valueOf(const Extras& extras, const std::string& key) {
 
 bool yes(const std::string& argument) {
     if (argument != "yes" && argument != "no") {
-        throw std::runtime_error("yes or no, not " + argument);
+        throw std::runtime_error("the argument is yes or no, not " + argument);
     }
     return argument == "yes";
 }
@@ -39,7 +39,7 @@ UiApp::UiApp(const std::string& id) : Application(id), mMeter(record()), mDucker
 void UiApp::onLaunch(const Request& request) {
     const std::string base = kOperationBase;
     if (request.operation == base + "trigger_shot/voice") {
-        record().write("wake-up");
+        record().write("wake word detected");
         start("Default");
     } else if (request.operation == base + "state_change") {
         showState(request.extras);
@@ -48,7 +48,7 @@ void UiApp::onLaunch(const Request& request) {
     }
 }
 
-// A screen shows Ready and then says so, which lets the service go on.
+// A UI shows the result and then acknowledges Ready, which the service waits for.
 void UiApp::showState(const Extras& extras) {
     const std::string state = valueOf(extras, "key_state_change");
     record().write("state", {{"state", state}, {"error", valueOf(extras, "key_error_type")}});
@@ -73,29 +73,29 @@ void UiApp::onMessage(const std::string&, const Entries& data) {
                                {"final", final != data.end() && final->second == "True"}});
 }
 
-void UiApp::onOrder(const std::string& order, const std::string& argument) {
-    if (order == "start") {
+void UiApp::onControl(const std::string& action, const std::string& argument) {
+    if (action == "start") {
         start(argument);
-    } else if (order == "stop" || order == "cancel" || order == "close") {
-        tell(order + "_voice_engine");
-    } else if (order == "acknowledge") {
+    } else if (action == "stop" || action == "cancel" || action == "close") {
+        send(action + "_voice_engine");
+    } else if (action == "acknowledge") {
         mAcknowledges = yes(argument);
     } else {
-        Application::onOrder(order, argument);
+        Application::onControl(action, argument);
     }
 }
 
 void UiApp::start(const std::string& mode) {
-    tell("start_voice_engine", {{"key_start_mode", {mode}}, {"current_volume", {"5"}}});
+    send("start_voice_engine", {{"key_start_mode", {mode}}, {"current_volume", {"5"}}});
 }
 
-// The service may be starting, or gone: the bus then says so, and a screen can only wait.
-void UiApp::tell(const std::string& operation, const Extras& extras) {
+// Ignores the reply: without a service there is nothing that a UI can do.
+void UiApp::send(const std::string& operation, const Extras& extras) {
     GVariant* request =
         g_variant_new("(ss@a(aybaay)s)", (kOperationBase + operation).c_str(), "", packExtras(extras), "");
     g_dbus_connection_call(bus().get(), kServiceId, "/org/orvane/Application", "org.orvane.Application1", "Launch",
                            request, nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, 5000, nullptr, nullptr, nullptr);
-    record().write("asked", {{"operation", operation}});
+    record().write("sent", {{"operation", operation}});
 }
 
 }  // namespace sim

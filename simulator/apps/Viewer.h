@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The browser: takes addresses as a desktop application does and records them.
+// A web browser that records the addresses that it opens (org.freedesktop.Application).
 #pragma once
 
 #include "lib/Application.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// One program for all simulated applications: orvane-sim-app ROLE ID. The bus starts it.
+// orvane-sim-app ROLE ID: all simulated applications in one program, which the bus starts.
 #include <cstdio>
 #include <exception>
 #include <map>
@@ -43,7 +43,7 @@ int main(int count, char** arguments) {
         }
         const auto role = kRoles.find(arguments[1]);
         if (role == kRoles.end()) {
-            fprintf(stderr, "orvane-sim-app: no role %s\n", arguments[1]);
+            fprintf(stderr, "orvane-sim-app: unknown role %s\n", arguments[1]);
             return 2;
         }
         role->second(arguments[2])->run();

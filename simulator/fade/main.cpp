@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// orvane-volume-fade: fades the media volume as standard input says, a line each, and draws the level as it moves:
-//   decrease SECONDS    down, when something plays
-//   restore SECONDS     back to the user's level
-//   volume LEVEL        the user's level, 0 to 15; while it is turned down, what restore goes back to
-// At the end of the input the level goes back. The product's own log stays silent, or the drawing would drown in it.
-// The main thread reads; the sound manager's thread draws; each fade runs on the controller's fader thread.
+// orvane-volume-fade: fades the media volume and draws every change of its level. Lines of standard input:
+//   decrease SECONDS    turns it down when something plays
+//   restore SECONDS     returns to the user's level
+//   volume LEVEL        sets the user's level, 0 to 15, to which a later restore returns
+// At the end of the input the user's level returns. The product's log is not shown, so that the drawing stays readable.
+// The main thread reads, the sound manager's thread draws, and each fade runs on the controller's fader thread.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -21,8 +21,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Standard output of before, the only one that still shows.
-int quiet() {
+// Discards standard output and standard error, and returns a handle to the original standard output.
+int silenceLog() {
     const int shown = dup(STDOUT_FILENO);
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     dup2(nowhere, STDOUT_FILENO);
@@ -37,7 +37,7 @@ public:
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
-    void say(const std::string& words) const { dprintf(mHandle, "%s\n", words.c_str()); }
+    void print(const std::string& words) const { dprintf(mHandle, "%s\n", words.c_str()); }
     void draw(unsigned level) const {
         const std::chrono::duration<double> time = Clock::now() - mStart;
         dprintf(mHandle, "%8.2f s  %2u %s\n", time.count(), level, std::string(level, '#').c_str());
@@ -54,33 +54,33 @@ private:
     Clock::time_point mStart = Clock::now();
 };
 
-class Hands {
+class Fader {
 public:
-    explicit Hands(const Screen& screen) : mScreen(screen) { mScreen.draw(mMedia.getVolume()); }
-    // Also stops a fade that is under way: without a sound server it would never arrive.
-    ~Hands() {
+    explicit Fader(const Screen& screen) : mScreen(screen) { mScreen.draw(mMedia.getVolume()); }
+    // Also stops a running fade, which does not end without a sound server.
+    ~Fader() {
         if (mFaded) {
             mMedia.restoreVolume(0);
         }
     }
-    Hands(const Hands&) = delete;
-    Hands& operator=(const Hands&) = delete;
+    Fader(const Fader&) = delete;
+    Fader& operator=(const Fader&) = delete;
 
-    void obey(const std::string& line) {
+    void execute(const std::string& line) {
         std::istringstream words(line);
-        std::string order;
+        std::string command;
         double value = 0;
-        words >> order >> value;
+        words >> command >> value;
         if (words.fail() || value < 0) {
-            mScreen.say("decrease SECONDS, restore SECONDS or volume LEVEL, not: " + line);
-        } else if (order == "decrease") {
+            mScreen.print("expected decrease SECONDS, restore SECONDS, or volume LEVEL, not: " + line);
+        } else if (command == "decrease") {
             decrease(value);
-        } else if (order == "restore") {
+        } else if (command == "restore") {
             restore(value);
-        } else if (order == "volume") {
+        } else if (command == "volume") {
             mMedia.setVolume(static_cast<int>(value));
         } else {
-            mScreen.say("no such order: " + line);
+            mScreen.print("unknown command: " + line);
         }
     }
 
@@ -89,7 +89,7 @@ private:
         if (mMedia.decreaseVolume(seconds) == 1) {
             mDucked = mFaded = true;
         } else {
-            mScreen.say("not turned down: nothing plays, or it is low already");
+            mScreen.print("no fade: nothing plays, or the level is already low");
         }
     }
     void restore(double seconds) {
@@ -108,11 +108,11 @@ private:
 }  // namespace
 
 int main() {
-    const Screen screen(quiet());
+    const Screen screen(silenceLog());
     {
-        Hands hands(screen);
+        Fader fader(screen);
         for (std::string line; std::getline(std::cin, line);) {
-            hands.obey(line);
+            fader.execute(line);
         }
     }
     Util::Singleton<Util::SoundStreamWatcher>::destroy();

@@ -13,7 +13,6 @@ namespace sim {
 namespace {
 
 constexpr char kPath[] = "/org/orvane/Application";
-constexpr char kInterface[] = "org.orvane.Application1";
 constexpr char kApplicationXml[] =
     "<interface name='org.orvane.Application1'>"
     "<method name='Launch'><arg type='s' direction='in'/><arg type='s' direction='in'/>"
@@ -52,7 +51,7 @@ Application::Application(const std::string& id)
                [this](const std::string& method, const std::string&, GVariant* arguments) {
                    return onPortCall(method, arguments);
                });
-    serveOrders(mBus, [this](const std::string& order, const std::string& argument) { onOrder(order, argument); });
+    serveControl(mBus, [this](const std::string& action, const std::string& argument) { onControl(action, argument); });
 }
 
 void Application::run() {
@@ -62,29 +61,23 @@ void Application::run() {
     mRecord.write("started");
     g_main_loop_run(mLoop.get());
     mRecord.write("ended");
-    // The answer to Close may still wait to be sent.
+    // The reply to Close may still be in the queue.
     g_dbus_connection_flush_sync(mBus.get(), nullptr, nullptr);
 }
 
 void Application::reply(const Request& request, int result, const Extras& extras) {
     if (!request.token.empty()) {
-        mBus.call(request.sender, kPath, kInterface, "Reply",
-                  g_variant_new("(si@a(aybaay))", request.token.c_str(), result, packExtras(extras)));
+        sendReply(mBus, request, result, extras);
     }
 }
 
 void Application::sendEvent(const std::string& event, const Entries& data) {
-    GVariantBuilder entries;
-    g_variant_builder_init(&entries, G_VARIANT_TYPE("a(ayay)"));
-    for (const auto& [key, value] : data) {
-        g_variant_builder_add(&entries, "(@ay@ay)", bytes(key), bytes(value));
-    }
     mBus.emit("/org/orvane/Event", "org.orvane.Event1", "Emitted",
-              g_variant_new("(s@a(ayay))", event.c_str(), g_variant_builder_end(&entries)));
+              g_variant_new("(s@a(ayay))", event.c_str(), packEntries(data)));
 }
 
-void Application::onOrder(const std::string& order, const std::string&) {
-    throw std::runtime_error(mId + " does not know the order " + order);
+void Application::onControl(const std::string& action, const std::string&) {
+    throw std::runtime_error(mId + " does not know the action " + action);
 }
 
 GVariant* Application::onApplicationCall(const std::string& method, const std::string& sender, GVariant* arguments) {

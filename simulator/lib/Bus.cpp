@@ -53,6 +53,15 @@ Extras unpackExtras(GVariant* extras) {
     return result;
 }
 
+GVariant* packEntries(const Entries& entries) {
+    GVariantBuilder all;
+    g_variant_builder_init(&all, G_VARIANT_TYPE("a(ayay)"));
+    for (const auto& [key, value] : entries) {
+        g_variant_builder_add(&all, "(@ay@ay)", bytes(key), bytes(value));
+    }
+    return g_variant_builder_end(&all);
+}
+
 Entries unpackEntries(GVariant* entries) {
     Entries result;
     for (gsize i = 0; i < g_variant_n_children(entries); ++i) {

@@ -21,6 +21,7 @@ std::string textOf(GVariant* bytestring);
 
 GVariant* packExtras(const Extras& extras);
 Extras unpackExtras(GVariant* extras);
+GVariant* packEntries(const Entries& entries);
 Entries unpackEntries(GVariant* entries);
 
 class Bus {

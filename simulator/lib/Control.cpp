@@ -13,18 +13,19 @@ constexpr char kXml[] =
 
 }  // namespace
 
-void serveOrders(Bus& bus, const std::function<void(const std::string& order, const std::string& argument)>& handler) {
+void serveControl(Bus& bus,
+                  const std::function<void(const std::string& action, const std::string& argument)>& handler) {
     bus.serve(kPath, kXml, [handler](const std::string&, const std::string&, GVariant* arguments) -> GVariant* {
-        const char* order = nullptr;
+        const char* action = nullptr;
         const char* argument = nullptr;
-        g_variant_get(arguments, "(&s&s)", &order, &argument);
-        handler(order, argument);
+        g_variant_get(arguments, "(&s&s)", &action, &argument);
+        handler(action, argument);
         return nullptr;
     });
 }
 
-void order(Bus& bus, const std::string& application, const std::string& order, const std::string& argument) {
-    bus.call(application, kPath, kInterface, "Do", g_variant_new("(ss)", order.c_str(), argument.c_str()));
+void control(Bus& bus, const std::string& application, const std::string& action, const std::string& argument) {
+    bus.call(application, kPath, kInterface, "Do", g_variant_new("(ss)", action.c_str(), argument.c_str()));
 }
 
 }  // namespace sim

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// org.orvane.sim.Control1: orders to a simulated application itself, as tests give them.
+// org.orvane.sim.Control1: how tests control a simulated application.
 #pragma once
 
 #include <functional>
@@ -9,9 +9,10 @@
 
 namespace sim {
 
-// `handler` may throw std::exception: the caller gets its text.
-void serveOrders(Bus& bus, const std::function<void(const std::string& order, const std::string& argument)>& handler);
-// Throws std::runtime_error with the handler's text, or when there is nobody.
-void order(Bus& bus, const std::string& application, const std::string& order, const std::string& argument);
+// `handler` runs for every call of Do. The caller receives the text of an exception that it throws.
+void serveControl(Bus& bus,
+                  const std::function<void(const std::string& action, const std::string& argument)>& handler);
+// Calls Do. Throws std::runtime_error with the handler's text, or when the application is not on the bus.
+void control(Bus& bus, const std::string& application, const std::string& action, const std::string& argument);
 
 }  // namespace sim

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Tells on the main loop each time that a file has been rewritten, also one that is not there yet.
+// Watches a file, which need not exist yet.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,8 @@ namespace sim {
 
 class FileWatch {
 public:
-    // Throws std::runtime_error when the file's folder cannot be watched. Lives until the process ends.
+    // `onWritten` runs on the main context each time that the file has been written or replaced. Throws
+    // std::runtime_error when the folder cannot be watched. The object must live until the process ends.
     FileWatch(const std::string& folder, std::string name, std::function<void()> onWritten);
     FileWatch(const FileWatch&) = delete;
     FileWatch& operator=(const FileWatch&) = delete;

@@ -42,7 +42,7 @@ Record::~Record() {
     }
 }
 
-// One write a line, so that a reader of the growing file meets half a line only at its end.
+// Writes a line with one call, so that only the last line of the file can be incomplete.
 void Record::write(const std::string& event, nlohmann::json details) {
     details["at"] = monotonicNow();
     details["wall"] = now(CLOCK_REALTIME);

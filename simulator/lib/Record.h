@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// An application's record of what happened to it: one JSON object a line, written at once, in
-// $ORVANE_SIM_RECORDS/<id>.jsonl. Every line has "at" (CLOCK_MONOTONIC, seconds, comparable between processes), "wall"
-// (Unix time), "app" and "event".
+// An application's record of what happens to it: one JSON object per line in $ORVANE_SIM_RECORDS/<id>.jsonl, written at
+// once. Every line has "at" (seconds of CLOCK_MONOTONIC, the same for all processes), "wall" (Unix time), "app", and
+// "event".
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -13,12 +13,13 @@ double monotonicNow();
 
 class Record {
 public:
-    // Without $ORVANE_SIM_RECORDS the lines go to standard output.
+    // Writes to standard output without $ORVANE_SIM_RECORDS. Throws std::runtime_error.
     explicit Record(std::string application);
     ~Record();
     Record(const Record&) = delete;
     Record& operator=(const Record&) = delete;
 
+    // Throws std::runtime_error. Any thread.
     void write(const std::string& event, nlohmann::json details = nlohmann::json::object());
 
 private:

@@ -24,6 +24,15 @@ void write(const std::string& key, GVariant* value) {
     }
 }
 
+Pointer<GVariant> read(const std::string& key, const GVariantType* type) {
+    const std::unique_ptr<DConfClient, ClientRelease> client(dconf_client_new());
+    Pointer<GVariant> value(dconf_client_read(client.get(), ("/" + key).c_str()));
+    if (value == nullptr || g_variant_is_of_type(value.get(), type) == FALSE) {
+        throw std::runtime_error("the setting " + key + " is missing or has another type");
+    }
+    return value;
+}
+
 }  // namespace
 
 void set(const std::string& key, int value) {
@@ -43,12 +52,11 @@ void set(const std::string& key, const char* value) {
 }
 
 int getInt(const std::string& key) {
-    const std::unique_ptr<DConfClient, ClientRelease> client(dconf_client_new());
-    const Pointer<GVariant> value(dconf_client_read(client.get(), ("/" + key).c_str()));
-    if (value == nullptr || g_variant_is_of_type(value.get(), G_VARIANT_TYPE_INT32) == FALSE) {
-        throw std::runtime_error("there is no number " + key);
-    }
-    return g_variant_get_int32(value.get());
+    return g_variant_get_int32(read(key, G_VARIANT_TYPE_INT32).get());
+}
+
+bool getBool(const std::string& key) {
+    return g_variant_get_boolean(read(key, G_VARIANT_TYPE_BOOLEAN).get()) != FALSE;
 }
 
 }  // namespace sim::settings

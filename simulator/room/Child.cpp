@@ -20,7 +20,7 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
     return list;
 }
 
-// Ours, but for those that are set anew.
+// This process's environment with `added`, which replaces variables of the same name.
 std::vector<std::string> environmentWith(const std::vector<std::string>& added) {
     std::vector<std::string> all = added;
     for (char** entry = environ; *entry; ++entry) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owns a child process, which ends with this object and also when this process dies.
+// A child process, which ends with this object and also when this process is killed.
 #pragma once
 
 #include <sys/types.h>
@@ -9,8 +9,8 @@
 
 class Child {
 public:
-    // Runs a program found on the PATH; `environment` (NAME=value) is added to ours; `output` becomes its standard
-    // output and error. Throws std::runtime_error.
+    // Runs a program from the PATH. `environment` (NAME=value) extends this process's. `output`, a file descriptor,
+    // becomes its standard output and error. Throws std::runtime_error.
     explicit Child(const std::vector<std::string>& words, const std::vector<std::string>& environment = {},
                    int output = -1);
     ~Child();
@@ -20,11 +20,11 @@ public:
     pid_t id() const { return mId; }
     bool running();
     void signal(int number) const;
-    // Waits for the program's end; its exit status, -1 when a signal ended it.
+    // Waits for its end. Returns the exit status, or -1 when a signal ended it.
     int wait();
-    // Asks it to end, and waits.
+    // Sends SIGTERM and waits for the end.
     void stop();
-    // Ends it at once, and waits.
+    // Sends SIGKILL and waits for the end.
     void kill();
 
 private:

@@ -16,7 +16,7 @@ namespace {
 std::string makeFolder() {
     char name[] = "/tmp/orvane-sound-XXXXXX";
     if (!mkdtemp(name)) {
-        throw std::runtime_error("no folder for a sound room");
+        throw std::runtime_error("cannot create a folder for the sound room");
     }
     return name;
 }
@@ -51,8 +51,8 @@ void SoundRoom::kill() {
 void SoundRoom::start() {
     const std::string shape = " rate=16000 channels=" + std::to_string(mChannels);
     ::unlink((mFolder + "/native").c_str());
-    // Without rewinding the loudspeaker never plays more than 50 ms ahead of what the microphone hears. The socket
-    // comes last, so that who reaches it finds the whole room.
+    // Without rewinds the loudspeaker never plays more than 50 ms ahead of what the microphone hears. The socket comes
+    // last, so that a client that reaches it finds the complete room.
     mServer.emplace(
         std::vector<std::string>{"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
                                  "--realtime=no", "--high-priority=no", "--log-target=file:" + mFolder + "/log",

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A room with a loudspeaker and a microphone that hears it, made of a private PulseAudio without a sound card. Its
-// files are in a folder of its own under /tmp; nothing of the person's sound server is touched.
+// An acoustic room with a loudspeaker and a microphone that hears it: a private PulseAudio without a sound card. Its
+// files are in a folder of its own in /tmp. The machine's own sound server is not used.
 #pragma once
 
 #include <signal.h>
@@ -13,15 +13,15 @@
 
 class SoundRoom {
 public:
-    // Points this process and its later children to the room (PULSE_SERVER and its like) and starts it. `channels` is
-    // that of loudspeaker and microphone, both the server's defaults, called "room" and "mic". Throws
+    // Starts the room and sets PULSE_SERVER and similar variables, so that this process and its later children use it.
+    // Loudspeaker and microphone are the server's defaults, "room" and "mic", with this number of channels. Throws
     // std::runtime_error.
     explicit SoundRoom(int channels = 1);
     ~SoundRoom();
     SoundRoom(const SoundRoom&) = delete;
     SoundRoom& operator=(const SoundRoom&) = delete;
 
-    // The server's end, politely or not, and its start. start() returns when the room can be used.
+    // stop() and kill() end the server by SIGTERM and SIGKILL. start() returns when the room is usable.
     void stop();
     void kill();
     void start();
@@ -29,7 +29,7 @@ public:
     void thaw() { mServer->signal(SIGCONT); }
 
     const std::string& folder() const { return mFolder; }
-    // Runs pactl with these words in the room; throws when it fails.
+    // Runs pactl with these words in the room. Throws std::runtime_error when it fails.
     void control(const std::vector<std::string>& words) const;
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// To whom a command goes.
+// Which application a command reaches.
 #include <gtest/gtest.h>
 
 #include "Person.h"
@@ -11,7 +11,7 @@ TEST(AWebSearch, OpensTheSearchPageInTheViewer) {
     person.appliance.await(sim::kViewer, {{"event", "opened"}, {"uri", "https://www.google.com/search?q=apple pie"}});
 }
 
-TEST(ARecipeCommand, ReachesOneRecipeApplicationOnly) {
+TEST(ARecipeCommand, ReachesOnlyOneRecipeApplication) {
     Person person;
     const auto reaches = [&person](const char* application, const std::string& command) {
         person.wakes();
@@ -20,8 +20,8 @@ TEST(ARecipeCommand, ReachesOneRecipeApplicationOnly) {
     };
     reaches(sim::kRecipeApps[0], "show me the recipe for pancakes");
     reaches(sim::kRecipeApps[1], "show me the deli cook recipe for pancakes");
-    // Each was told of its own command; what went astray before the second would have come by now.
+    // A misrouted copy of the first command would have arrived before the second.
     for (const char* application : sim::kRecipeApps) {
-        EXPECT_EQ(person.appliance.countEver(application, {{"event", "voice result"}}), 1) << application;
+        EXPECT_EQ(person.appliance.events().countEver(application, {{"event", "voice result"}}), 1) << application;
     }
 }

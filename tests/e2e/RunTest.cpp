@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What script/run hands its options to, as somebody at a terminal meets it.
+// The program behind script/run, as a user at a terminal sees it.
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,10 +15,10 @@
 #include <iterator>
 #include <set>
 
-#include "appliance/Folder.h"
-#include "appliance/Process.h"
-#include "appliance/Speech.h"
-#include "lib/Record.h"
+#include "appliance/environment/Folder.h"
+#include "appliance/processes/Process.h"
+#include "appliance/processes/Until.h"
+#include "appliance/sound/Speech.h"
 
 namespace {
 
@@ -29,16 +29,7 @@ using testing::IsEmpty;
 
 constexpr double kWatchdogSeconds = 30;
 
-template <typename Condition>
-void until(const std::string& what, Condition condition) {
-    for (const double end = sim::monotonicNow() + kWatchdogSeconds; !condition(); usleep(10000)) {
-        if (sim::monotonicNow() > end) {
-            throw std::runtime_error("this did not happen: " + what);
-        }
-    }
-}
-
-// A run of the program. What it leaves behind becomes this process's child.
+// A run of the program. Processes that it leaves behind become children of this process.
 class Program {
 public:
     explicit Program(std::vector<std::string> words) : mBefore(folders("/tmp")) {
@@ -52,21 +43,23 @@ public:
         return {std::istreambuf_iterator<char>(file), {}};
     }
     void untilShown(const std::string& text) {
-        until("it shows " + text, [&] { return output().find(text) != std::string::npos; });
-        // Its /tmp, which ends with it for all who do not hold on to it.
+        sim::until(
+            "the program prints " + text, [&] { return output().find(text) != std::string::npos; }, kWatchdogSeconds);
+        // An open handle keeps its /tmp after its end.
         const std::string tmp = "/proc/" + std::to_string(mProgram->id()) + "/root/tmp";
         mTmp = open(tmp.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     }
     void interrupt(int signal) const { kill(mProgram->id(), signal); }
     int end() { return mProgram->wait(); }
-    void untilAlone() {
-        until("its processes have ended", [] {
+    void untilChildless() {
+        const auto childless = [] {
             while (waitpid(-1, nullptr, WNOHANG) > 0) {
             }
             return waitpid(-1, nullptr, WNOHANG) < 0 && errno == ECHILD;
-        });
+        };
+        sim::until("all processes of the program have ended", childless, kWatchdogSeconds);
     }
-    // The appliances' folders that it made in its /tmp.
+    // The folders of appliances that it created in its /tmp.
     std::set<std::string> folders() const {
         std::set<std::string> made;
         const std::set<std::string> all = folders("/proc/self/fd/" + std::to_string(mTmp));
@@ -92,7 +85,7 @@ private:
     int mTmp = -1;
 };
 
-// A person's own, where PULSE_SERVER says.
+// The user's own sound server, which PULSE_SERVER names.
 std::unique_ptr<sim::Process> startSoundServer(const sim::Folder& folder, const std::vector<std::string>& modules) {
     const std::string socket = folder / "sound";
     setenv("HOME", folder.path().c_str(), 1);
@@ -106,36 +99,36 @@ std::unique_ptr<sim::Process> startSoundServer(const sim::Folder& folder, const 
                                    "module-native-protocol-unix auth-anonymous=1 socket=" + socket};
     words.insert(words.end(), modules.begin(), modules.end());
     auto server = std::make_unique<sim::Process>(words, folder / "pulse.log");
-    until("the sound server stands", [&] { return fs::exists(socket); });
+    sim::until("the sound server is there", [&] { return fs::exists(socket); });
     return server;
 }
 
-// Ends, with everything that it started, before the sound could have ended.
+// Sends the signal at that moment and expects that the program ends with everything that it started.
 void endsAt(Program& run, int signal, const std::string& moment) {
     run.untilShown(moment);
     ASSERT_EQ(run.folders().size(), 1u);
     run.interrupt(signal);
     EXPECT_EQ(run.end(), 128 + signal);
     EXPECT_THAT(run.output(), EndsWith("run: interrupted\n"));
-    EXPECT_THAT(run.output(), Not(HasSubstr("last words")));
-    run.untilAlone();
+    EXPECT_THAT(run.output(), Not(HasSubstr("end of the service's log")));
+    run.untilChildless();
     EXPECT_THAT(run.folders(), IsEmpty());
 }
 
 }  // namespace
 
-TEST(ARunThatIsInterrupted, EndsWhileTheServiceStarts) {
+TEST(AnInterruptedRun, EndsWhileTheServiceStarts) {
     Program run({});
     endsAt(run, SIGINT, "service starts");
 }
 
-TEST(ARunThatIsInterrupted, EndsWhileSomebodySpeaks) {
+TEST(AnInterruptedRun, EndsWhileASoundPlays) {
     const sim::Folder folder;
     Program run({"--wav", sim::silence(folder, 120)});
-    endsAt(run, SIGTERM, "played");
+    endsAt(run, SIGTERM, "room plays");
 }
 
-TEST(ARunOfASoundInTmp, HearsItByItsRelativePath) {
+TEST(ARunWithASoundInTmp, FindsItByItsRelativePath) {
     const sim::Folder folder;
     const std::string wav = sim::speak(folder, "open notes", "slt");
     fs::current_path(folder.path());
@@ -144,7 +137,7 @@ TEST(ARunOfASoundInTmp, HearsItByItsRelativePath) {
     EXPECT_THAT(run.output(), HasSubstr("org.orvane.sim.notes"));
 }
 
-TEST(ARunOfASoundInTmp, HearsItFromAnywhere) {
+TEST(ARunWithASoundInTmp, FindsItThroughASymbolicLink) {
     const sim::Folder folder;
     const std::string wav = folder / "a link.wav";
     fs::create_symlink(sim::speak(folder, "open notes", "slt"), wav);
@@ -154,15 +147,15 @@ TEST(ARunOfASoundInTmp, HearsItFromAnywhere) {
     EXPECT_THAT(run.output(), HasSubstr("org.orvane.sim.notes"));
 }
 
-TEST(ARunOfNoSound, EndsBeforeAnythingStarts) {
+TEST(ARunWithAFileThatIsNotASound, EndsBeforeAnythingStarts) {
     const sim::Folder folder;
-    const std::string text = folder.write("text.wav", "no sound");
+    const std::string text = folder.write("text.wav", "text");
     Program run({"--wav", text});
     EXPECT_EQ(run.end(), 1);
-    EXPECT_THAT(run.output(), testing::MatchesRegex("run: " + text + " is no sound that can be played: [^\n]*\n"));
+    EXPECT_THAT(run.output(), testing::MatchesRegex("run: " + text + " is not a sound file: [^\n]*\n"));
 }
 
-TEST(ARunWithOnesOwnMicrophone, ListensOnASoundServerInTmpUntilCtrlC) {
+TEST(ARunWithTheUsersMicrophone, ListensUntilCtrlC) {
     const sim::Folder folder;
     const auto server = startSoundServer(folder, {"-L", "module-null-source"});
     Program run({"--mic"});
@@ -172,17 +165,17 @@ TEST(ARunWithOnesOwnMicrophone, ListensOnASoundServerInTmpUntilCtrlC) {
     EXPECT_THAT(run.output(), HasSubstr("recognizer ready"));
 }
 
-TEST(ARunWithOnesOwnMicrophone, SaysWhatToDoWhenNoSoundServerAnswers) {
+TEST(ARunWithTheUsersMicrophone, ExplainsThatNoSoundServerAnswers) {
     setenv("PULSE_SERVER", "unix:/nowhere/pulse", 1);
     Program run({"--mic"});
     EXPECT_EQ(run.end(), 1);
     EXPECT_EQ(
         run.output(),
-        "run: no sound server answers at unix:/nowhere/pulse; start PulseAudio or PipeWire, or name one that runs "
-        "in PULSE_SERVER\n");
+        "run: no sound server answers at unix:/nowhere/pulse; start PulseAudio or PipeWire, or set PULSE_SERVER to the "
+        "address of a server that runs\n");
 }
 
-TEST(ARunWithOnesOwnMicrophone, SaysThatThereIsNone) {
+TEST(ARunWithTheUsersMicrophone, ReportsAMissingMicrophone) {
     const sim::Folder folder;
     const auto server = startSoundServer(folder, {"-L", "module-null-sink"});
     Program run({"--mic"});

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// The example of docs/ui-protocol.md in the place of the appliance's own UI.
+// The example of docs/ui-protocol.md in place of the appliance's UI.
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 
 #include "Person.h"
-#include "lib/Application.h"
+#include "Ui.h"
+#include "lib/Settings.h"
 
 namespace {
 
@@ -18,19 +19,17 @@ public:
         : mAppliance(appliance),
           mOutput(appliance.folder() / "smallest-ui.txt"),
           mProcess({ORVANE_SMALLEST_UI}, mOutput) {
-        mAppliance.until("the smallest UI is on the bus", [this] { return mAppliance.runs(sim::kUi); });
+        sim::until("the smallest UI is on the bus", [this] { return mAppliance.runs(sim::kUi); });
     }
 
-    std::string shown() const {
+    std::string output() const {
         std::ifstream file(mOutput);
         return {std::istreambuf_iterator<char>(file), {}};
     }
-    bool shows(const std::string& text) const { return shown().find(text) != std::string::npos; }
-    // When, by the clock of the records; not before it was looked for.
-    double awaits(const std::string& text, double seconds = 20) const {
-        mAppliance.until(
-            "the smallest UI shows " + text, [&] { return shows(text); }, seconds);
-        return sim::monotonicNow();
+    bool prints(const std::string& text) const { return output().find(text) != std::string::npos; }
+    void awaitOutput(const std::string& text, double seconds = 20) const {
+        sim::until(
+            "the smallest UI prints " + text, [&] { return prints(text); }, seconds);
     }
     sim::Process& process() { return mProcess; }
 
@@ -40,12 +39,12 @@ private:
     sim::Process mProcess;
 };
 
-// Says the wake-up word again when it is not answered, as people do.
+// Says the wake word up to three times, as a person would.
 void wake(Person& person, const SmallestUi& ui) {
-    for (int said = 1; !ui.shows("wake-up\n"); ++said) {
+    for (int said = 1; !ui.prints("wake-up\n"); ++said) {
         person.says("hey quorbit");
         try {
-            ui.awaits("wake-up\n", kAnswerSeconds);
+            ui.awaitOutput("wake-up\n", kAnswerSeconds);
         } catch (const std::runtime_error&) {
             if (said == kMostCalls) {
                 throw;
@@ -54,54 +53,46 @@ void wake(Person& person, const SmallestUi& ui) {
     }
 }
 
-void expectInOrder(const std::string& shown, const std::vector<std::string>& lines) {
+void expectInOrder(const std::string& output, const std::vector<std::string>& lines) {
     size_t from = 0;
     for (const std::string& line : lines) {
-        const size_t found = shown.find(line, from);
-        ASSERT_NE(found, std::string::npos) << line << " in\n" << shown;
+        const size_t found = output.find(line, from);
+        ASSERT_NE(found, std::string::npos) << line << " in\n" << output;
         from = found + line.size();
     }
 }
 
 }  // namespace
 
-TEST(TheSmallestUi, IsToldAWholeRequestWhichIsCarriedOutAsSoonAsItAcknowledges) {
+TEST(TheSmallestUi, ReceivesAWholeRecognitionSessionAndAcknowledgesReady) {
     Person person;
     SmallestUi ui(person.appliance);
     wake(person, ui);
-    ui.awaits("state Recording None\n");
+    ui.awaitOutput("state Recording None\n");
     person.says("open music");
-    const double ready = ui.awaits("state Ready None\n");
-    const double launched = person.appliance.await(sim::kMusic, {{"event", "launch"}})["at"];
-    EXPECT_LT(launched - ready, 0.9);
-    const std::string shown = ui.shown();
+    ui.awaitOutput("state Ready None\n");
+    sim::until("the smallest UI acknowledges Ready", [] { return sim::settings::getBool(sim::kReadyAcknowledged); });
+    person.appliance.await(sim::kMusic, {{"event", "launch"}});
+    const std::string shown = ui.output();
     expectInOrder(shown, {"wake-up", "state Recording None", "speech detected", "state Processing None",
                           "state Ready None", "result {", "}"});
     expectInOrder(shown, {"\" final False", "partial \"open music\" final True"});
-    EXPECT_EQ(person.appliance.countEver(sim::kUi, {}), 0);
+    EXPECT_EQ(person.appliance.events().countEver(sim::kUi, {}), 0);
 }
 
-TEST(TheSmallestUi, IsOnlyOneOnABusAndEndsWhenItIsAskedToClose) {
+TEST(TheSmallestUi, RunsOncePerBusAndEndsWithAClose) {
     sim::Appliance appliance;
     SmallestUi ui(appliance);
     sim::Process second({ORVANE_SMALLEST_UI}, appliance.folder() / "second.txt");
     EXPECT_EQ(second.wait(), EXIT_FAILURE);
-    sim::Bus bus(getenv("DBUS_SESSION_BUS_ADDRESS"));
-    bus.call(sim::kUi, "/org/orvane/Application", "org.orvane.Application1", "Close", nullptr);
+    sim::sendClose(appliance.session(), sim::kUi);
     EXPECT_EQ(ui.process().wait(), EXIT_SUCCESS);
 }
 
-TEST(TheSmallestUi, TakesMessagesOnItsPortOnly) {
+TEST(TheSmallestUi, AcceptsPartialResultsOnItsPortOnly) {
     sim::Appliance appliance;
     SmallestUi ui(appliance);
-    sim::Bus bus(getenv("DBUS_SESSION_BUS_ADDRESS"));
-    const auto send = [&bus](const char* port) {
-        bus.call(sim::kUi, "/org/orvane/MessagePort", "org.orvane.MessagePort1", "Send",
-                 g_variant_new_parsed("(%s, [(b'key_partial_result', b'open'), (b'key_is_final_result', b'False')],"
-                                      " 'org.orvane.da-service', '')",
-                                      port));
-    };
-    EXPECT_THROW(send("elsewhere"), std::runtime_error);
-    send("partial");
-    ui.awaits("partial \"open\" final False\n");
+    EXPECT_THROW(sendPartialResult(appliance, "elsewhere", "open"), std::runtime_error);
+    sendPartialResult(appliance, "partial", "open");
+    ui.awaitOutput("partial \"open\" final False\n");
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
-#include "appliance/PrivateTmp.h"
+#include "appliance/environment/PrivateTmp.h"
 
-// One test a process: an appliance's environment is its process's.
+// ctest runs every test in a process of its own, because an appliance changes the environment of its process.
 int main(int count, char** words) {
     testing::InitGoogleTest(&count, words);
     if (!testing::GTEST_FLAG(list_tests)) {

@@ -7,8 +7,8 @@
 
 namespace soak {
 
-// How much larger the mean of the memory in the last quarter of the run is than that in the third, as a share of it; 0
-// of fewer than four samples.
+// The growth of the mean resident memory from the third to the last quarter of the samples, as a share of the former. 0
+// for fewer than four samples.
 double growth(const std::vector<bench::Usage>& samples);
 
 }  // namespace soak

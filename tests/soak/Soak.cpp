@@ -12,7 +12,6 @@ namespace soak {
 
 namespace {
 
-constexpr char kMicrophone[] = "db/mic_key/status";
 constexpr const char* kCommands[] = {"open music",
                                      "close music",
                                      "open notes",
@@ -22,28 +21,10 @@ constexpr const char* kCommands[] = {"open music",
                                      "show me the recipe for pancakes",
                                      "search for apple pie",
                                      "open the weather in springfield"};
-constexpr const char* kHubFaults[] = {"error", "garbage", "half"};
-// The longest that a request may last: 7 s without speech, 10 s of speech, 30 s of waiting, and room for a busy
-// machine.
-constexpr double kLongest = 60;
-constexpr useconds_t kBreath = 50000;
-constexpr int kTries = 200;
 constexpr int kSearches = 5;
 
-// The request ended where it began.
-struct Ended {};
-
-// A fault ends with its request, however that ends.
-template <typename Request, typename Undo>
-void thenAlways(Request request, Undo undo) {
-    try {
-        request();
-    } catch (...) {
-        undo();
-        throw;
-    }
-    undo();
-}
+// Thrown when the service refuses a request.
+struct Refused {};
 
 }  // namespace
 
@@ -55,7 +36,7 @@ struct Soak::Kind {
 
 const Soak::Kind Soak::kinds[] = {
     {"push to talk", 350, &Soak::pushedToTalk},
-    {"cancelled", 350, &Soak::cancelled},
+    {"canceled", 350, &Soak::canceled},
     {"spoken", 60, &Soak::spoken},
     {"woken", 30, &Soak::woken},
     {"closed", 40, &Soak::closed},
@@ -84,16 +65,16 @@ void Soak::request() {
     mEnd = "no state";
     try {
         (this->*kind->perform)();
-    } catch (const Ended&) {
+    } catch (const Refused&) {
     } catch (const std::exception& fault) {
-        if (mAppliance.soundRuns()) {
+        if (mAppliance.room().runs()) {
             throw std::runtime_error(std::string(kind->name) + ": " + fault.what());
         }
     }
-    if (!mAppliance.soundRuns()) {
+    if (!mAppliance.room().runs()) {
         restoreSound();
     }
-    if (!mAppliance.serviceRuns()) {
+    if (!mAppliance.service().runs()) {
         throw std::runtime_error(std::string(kind->name) + ": the service has ended");
     }
     ++mEnds[std::string(kind->name) + ": " + mEnd];
@@ -113,173 +94,46 @@ void Soak::proveAnswered() {
             return;
         }
     }
-    throw std::runtime_error("a search is no longer understood");
+    throw std::runtime_error("a search is not recognized");
 }
 
 void Soak::proveRefreshed() {
     const std::string name = "Person " + std::to_string(++mHouseholds);
     mAppliance.hub().faults(nlohmann::json::array());
     mAppliance.hub().families({{{"id", "f1"}, {"name", "Home"}, {"users", {{{"id", "u1"}, {"name", name}}}}}});
-    mAppliance.order(sim::kAccount, "behave", "signed in");
+    mAppliance.control(sim::kAccount, "behavior", "signed in");
     mAppliance.announceProfile();
-    mAppliance.until(
-        "a changed household is stored", [&] { return mAppliance.users() == std::vector<std::string>{name}; },
-        kLongest);
+    sim::until(
+        "the changed household is stored", [&] { return mAppliance.users() == std::vector<std::string>{name}; },
+        kRequestSeconds);
 }
 
-// --- kinds ---
-
-void Soak::pushedToTalk() {
-    start("PTT");
-    mAppliance.say(command());
-    mAppliance.order(sim::kUi, "stop");
-    awaitEnd();
-}
-
-void Soak::spoken() {
-    start(chance(20) ? "ClearContext" : "Default");
-    sayUntilEnd();
-}
-
-void Soak::woken() {
-    mAppliance.wakeUp("slt", wakeUpWord());
-    sayUntilEnd();
-}
-
-void Soak::cancelled() {
-    start(chance(50) ? "PTT" : "Default");
-    const auto speech = mAppliance.startSaying(command());
-    pause(1.0);
-    mAppliance.order(sim::kUi, "cancel");
-    awaitEnd();
-}
-
-// A UI that closes wants no state; that the request is over shows in the next one, which is recorded.
-void Soak::closed() {
-    start("Default");
-    {
-        const auto speech = mAppliance.startSaying(command());
-        pause(1.0);
-        mAppliance.order(sim::kUi, "close");
-    }
-    start("Default");
-    mAppliance.order(sim::kUi, "cancel");
-    awaitEnd();
-}
-
-void Soak::startedTwice() {
-    start("Default");
-    mAppliance.order(sim::kUi, "start", "Default");
-    mAppliance.order(sim::kUi, "cancel");
-    mEnd = "StandBy/None";
-    mAppliance.awaitState("StandBy");
-}
-
-void Soak::microphoneOff() {
-    start("Default");
-    const auto speech = mAppliance.startSaying(command());
-    pause(0.5);
-    sim::settings::set(kMicrophone, 0);
-    thenAlways([this] { awaitEnd(); }, [] { sim::settings::set(kMicrophone, 1); });
-}
-
-void Soak::networkOff() {
-    start("Default");
-    const auto speech = mAppliance.startSaying(command());
-    pause(0.5);
-    mAppliance.network("none");
-    thenAlways([this] { awaitEnd(); }, [this] { mAppliance.network(chance(50) ? "wifi" : "ethernet"); });
-}
-
-void Soak::languageChanged() {
-    start("PTT");
-    const auto speech = mAppliance.startSaying(command());
-    pause(0.8);
-    mBritish = !mBritish;
-    sim::settings::set(sim::kMenuLanguage, mBritish ? "en_GB.UTF-8" : "en_US.UTF-8");
-    speech->wait();
-    mAppliance.order(sim::kUi, "stop");
-    awaitEnd();
-}
-
-void Soak::wordChanged() {
-    mVexal = !mVexal;
-    sim::settings::set(sim::kWakeupWord, mVexal ? 1 : 0);
-    mAppliance.wakeUp("slt", wakeUpWord());
-    sayUntilEnd();
-}
-
-void Soak::soundRestarted() {
-    start("Default");
-    auto speech = mAppliance.startSaying(command());
-    pause(0.8);
-    mAppliance.restartSound();
-    awaitEnd();
-    mAppliance.until(
-        "the microphone is recorded again", [this] { return mAppliance.isHeard(); }, kLongest);
-}
-
-// Its states start it again.
-void Soak::uiKilled() {
-    start("Default");
-    const auto speech = mAppliance.startSaying(command());
-    pause(0.8);
-    mAppliance.kill(sim::kUi);
-    awaitEnd();
-}
-
-void Soak::uiSilent() {
-    mAppliance.order(sim::kUi, "acknowledge", "no");
-    thenAlways([this] { pushedToTalk(); }, [this] { mAppliance.order(sim::kUi, "acknowledge", "yes"); });
-}
-
-void Soak::nothingSaid() {
-    start("Default");
-    awaitEnd();
-}
-
-void Soak::householdFaulty() {
-    const int request = std::uniform_int_distribution<>(1, 4)(mRandom);
-    const char* kind = kHubFaults[std::uniform_int_distribution<std::size_t>(0, std::size(kHubFaults) - 1)(mRandom)];
-    mAppliance.hub().faults({{{"request", request}, {"kind", kind}, {"status", 503}}});
-    mAppliance.order(sim::kAccount, "behave", chance(70) ? "signed in" : chance(50) ? "failing" : "silent");
-    mAppliance.announceProfile();
-    pushedToTalk();
-}
-
-// --- their parts ---
-
-// Tried again for as long as the engine is still busy with what was before.
+// Repeats the start while the service reports that it is not ready.
 void Soak::start(const std::string& mode) {
-    for (int tries = 0; tries < kTries; ++tries) {
+    const auto recording = [this] {
+        return mAppliance.count(sim::kUi, {{"event", "state"}, {"state", "Recording"}}) != 0;
+    };
+    const auto recordingOrRefused = [&] {
         mAppliance.turnPage();
-        mAppliance.order(sim::kUi, "start", mode);
-        mAppliance.until(
-            "a start is answered",
-            [this] {
-                return ended() || mAppliance.count(sim::kUi, {{"event", "state"}, {"state", "Recording"}}) != 0;
-            },
-            kLongest);
-        if (mAppliance.count(sim::kUi, {{"event", "state"}, {"state", "Recording"}}) != 0) {
-            return;
-        }
-        if (mEnd != "Error/ServiceNotReady") {
-            throw Ended();
-        }
-        usleep(kBreath);
+        mAppliance.control(sim::kUi, "start", mode);
+        sim::until(
+            "the service answers a start", [&] { return ended() || recording(); }, kRequestSeconds);
+        return recording() || mEnd != "Error/ServiceNotReady";
+    };
+    sim::until("the service is ready", recordingOrRefused, kRequestSeconds);
+    if (!recording()) {
+        throw Refused();
     }
-    throw std::runtime_error("the service is never ready");
 }
 
-// It is no part of what is tried here, and now and then it dies of its own.
+// PulseAudio itself aborts now and then. That is not a failure of the service.
 void Soak::restoreSound() {
-    mEnd += ", the sound server died by itself";
+    mEnd += ", the sound server aborted";
     std::ifstream log(mAppliance.folder() / "pulse.log");
-    fprintf(stderr, "the sound server died by itself:\n%s\n",
-            std::string(std::istreambuf_iterator<char>(log), {}).c_str());
+    fprintf(stderr, "the sound server aborted:\n%s\n", std::string(std::istreambuf_iterator<char>(log), {}).c_str());
     mAppliance.restartSound();
-    mAppliance.until(
-        "the microphone is recorded again", [this] { return mAppliance.isHeard(); }, kLongest);
+    sim::until(
+        "the service records the microphone again", [this] { return mAppliance.isRecorded(); }, kRequestSeconds);
 }
 
 void Soak::sayUntilEnd() {
@@ -288,12 +142,12 @@ void Soak::sayUntilEnd() {
 }
 
 void Soak::awaitEnd() {
-    mAppliance.until(
-        "the request ends", [this] { return ended(); }, kLongest);
+    sim::until(
+        "the request ends", [this] { return ended(); }, kRequestSeconds);
 }
 
 bool Soak::ended() {
-    for (const sim::Event& event : mAppliance.page()) {
+    for (const sim::Event& event : mAppliance.events().page()) {
         if (event.value("app", "") == sim::kUi && event.value("event", "") == "state") {
             const std::string state = event.value("state", "");
             if (state == "Ready" || state == "Error" || state == "StandBy") {

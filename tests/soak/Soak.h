@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Requests of every kind, one after the other, with faults at random moments. Each must end as it may, and the service
-// must answer afterwards.
+// A series of requests of random kinds, with faults at random moments. Each request must end with a permitted state,
+// and the service must answer afterwards.
 #pragma once
 
 #include <map>
@@ -11,17 +11,20 @@
 
 namespace soak {
 
+// Watchdog of a request, which may contain 7 s without speech, 10 s of speech, and 30 s of processing.
+inline constexpr double kRequestSeconds = 60;
+
 class Soak {
 public:
     Soak(sim::Appliance& appliance, unsigned seed) : mAppliance(appliance), mRandom(seed) {}
 
-    // One request of a random kind. Throws std::runtime_error when it does not end, or the service does.
+    // Makes one request of a random kind. Throws std::runtime_error when it does not end or when the service ends.
     void request();
-    // The wake-up word is still answered and a changed household fetched: nothing is stuck. Needs a search, so that the
-    // models for it are in memory: a change of the language drops them.
+    // Proves that the service still answers the wake word and refreshes the profile. The search loads its models, which
+    // a change of the language unloads, so that all memory samples include them.
     void proveAlive();
 
-    // How often which kind ended how, as "cancelled: StandBy/None".
+    // The number of requests for each kind and end, such as "canceled: StandBy/None".
     const std::map<std::string, int>& ends() const { return mEnds; }
 
 private:
@@ -31,7 +34,7 @@ private:
     void spoken();
     void pushedToTalk();
     void woken();
-    void cancelled();
+    void canceled();
     void closed();
     void startedTwice();
     void microphoneOff();
@@ -46,7 +49,7 @@ private:
 
     void proveAnswered();
     void proveRefreshed();
-    // Throws Ended when the service refuses.
+    // Returns when the service records. Throws Refused when it refuses the request.
     void start(const std::string& mode);
     void restoreSound();
     void sayUntilEnd();

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "appliance/environment/PrivateTmp.h"
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace sim {
+
+namespace {
+
+// A file or folder in /tmp, open while the new /tmp hides it.
+struct Shown {
+    std::string path;
+    int handle;
+};
+
+void keep(std::vector<Shown>& entries, std::filesystem::path path) {
+    if (path.string().rfind("/tmp/", 0) != 0) {
+        return;
+    }
+    const int handle = open(path.c_str(), O_PATH | O_CLOEXEC);
+    if (handle >= 0) {
+        entries.push_back({path, handle});
+    }
+}
+
+// Creates the target of a bind mount.
+void createTarget(const std::filesystem::path& path, bool folder) {
+    std::error_code ignored;
+    std::filesystem::create_directories(folder ? path : path.parent_path(), ignored);
+    if (!folder) {
+        std::ofstream file(path, std::ios::app);
+    }
+}
+
+void show(const std::vector<Shown>& entries) {
+    for (const auto& [path, handle] : entries) {
+        const std::string here = "/proc/self/fd/" + std::to_string(handle);
+        createTarget(path, std::filesystem::is_directory(here));
+        mount(here.c_str(), path.c_str(), nullptr, MS_BIND | MS_REC, nullptr);
+        close(handle);
+    }
+}
+
+bool write(const char* path, const std::string& text) {
+    std::ofstream file(path);
+    return static_cast<bool>(file << text << std::flush);
+}
+
+bool separate() {
+    if (unshare(CLONE_NEWNS) == 0) {
+        return true;
+    }
+    const std::string user = std::to_string(getuid());
+    const std::string group = std::to_string(getgid());
+    return unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && write("/proc/self/setgroups", "deny") &&
+           write("/proc/self/uid_map", user + " " + user + " 1") &&
+           write("/proc/self/gid_map", group + " " + group + " 1");
+}
+
+}  // namespace
+
+bool enterPrivateTmp(const std::vector<std::string>& shown) {
+    if (!separate() || mount(nullptr, "/", nullptr, MS_REC | MS_SLAVE, nullptr) != 0) {
+        return false;
+    }
+    // A folder that was opened in the previous namespace cannot be mounted in this one.
+    std::vector<Shown> entries;
+    keep(entries, ORVANE_SOURCE);
+    keep(entries, ORVANE_BUILD);
+    keep(entries, std::filesystem::current_path());
+    for (const std::string& path : shown) {
+        keep(entries, path);
+    }
+    if (mount("tmpfs", "/tmp", "tmpfs", MS_NOSUID | MS_NODEV, "mode=1777") != 0) {
+        return false;
+    }
+    show(entries);
+    return true;
+}
+
+}  // namespace sim

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: Apache-2.0
+// The assistant service of the appliance.
+#pragma once
+
+#include <sys/types.h>
+
+#include <memory>
+#include <string>
+
+#include "appliance/environment/Folder.h"
+#include "appliance/processes/Process.h"
+#include "appliance/sound/Room.h"
+#include "lib/Bus.h"
+#include "lib/Record.h"
+
+namespace sim {
+
+class Service {
+public:
+    Service(const Folder& folder, Bus& session, Record& record, Room& room)
+        : mFolder(folder), mSession(session), mRecord(record), mRoom(room) {}
+
+    // Returns when the service listens for the wake word; throws std::runtime_error when it does not. `program` replaces
+    // the built one.
+    void start(const std::string& program = {});
+    // Returns when the recognizer has loaded its models as well. The wake engine starts anew just before that, so the
+    // service can miss a wake word until then.
+    void awaitRecognizer();
+    void stop();
+    // Sends SIGTERM and returns the exit code, or 128 plus the signal that ended the service.
+    int end();
+    void kill();
+
+    bool runs() { return mProcess && mProcess->runs(); }
+    pid_t process() const { return mProcess->id(); }
+    // All that the services of this appliance logged.
+    std::string log() const;
+    // Prints the end of the log to standard error.
+    void printEndOfLog() const;
+
+private:
+    void awaitStart();
+
+    const Folder& mFolder;
+    Bus& mSession;
+    Record& mRecord;
+    Room& mRoom;
+    std::unique_ptr<Process> mProcess;
+    std::size_t mLogBefore = 0;  // length of the log when the service was started
+};
+
+}  // namespace sim

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace sim {
+
+// Waits for a condition. After `seconds` throws std::runtime_error that names `what`, a clause such as "the service
+// listens"; throws Interrupted when a signal arrives (see Interrupt.h).
+void until(const std::string& what, const std::function<bool()>& condition, double seconds = 10);
+
+}  // namespace sim

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The measurements on a complete appliance. Each function starts and stops the service and throws std::runtime_error when
-// it cannot measure.
+// The measurements on a complete appliance. Each function starts and stops the service and throws std::runtime_error
+// when it cannot measure.
 #pragma once
 
 #include <appliance/Appliance.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The profile refresh: from the account service's notification until the local database has the users of 20 families with
-// 10 users each. The hub is reached over HTTP.
+// The profile refresh: from the account service's notification until the local database has the users of 20 families
+// with 10 users each. The hub is reached over HTTP.
 #include <unistd.h>
 
 #include "appliance/Measures.h"

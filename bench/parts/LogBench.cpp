@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The cost of one log line, and of the same two writes without the log. Both outputs go to /dev/null, so that the figures
-// contain no other program.
+// The cost of one log line, and of the same two writes without the log. Both outputs go to /dev/null, so that the
+// figures contain no other program.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <stdio.h>

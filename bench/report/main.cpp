@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// bench_report JSON FILE...: prints figures and aims for the samples in the files, and writes figures and samples to the
-// file JSON. A missing figure is a failure; one above its aim is not.
+// bench_report JSON FILE...: prints figures and aims for the samples in the files, and writes figures and samples to
+// the file JSON. A missing figure is a failure; one above its aim is not.
 #include <sys/utsname.h>
 #include <unistd.h>
 

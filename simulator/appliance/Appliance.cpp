@@ -81,7 +81,7 @@ void Appliance::control(const std::string& application, const std::string& actio
 
 void Appliance::kill(const std::string& application) {
     const auto answer = session().call(kDaemon, "/org/freedesktop/DBus", kDaemon, "GetConnectionUnixProcessID",
-                                              g_variant_new("(s)", application.c_str()));
+                                       g_variant_new("(s)", application.c_str()));
     guint32 process = 0;
     g_variant_get(answer.get(), "(u)", &process);
     ::kill(static_cast<pid_t>(process), SIGKILL);

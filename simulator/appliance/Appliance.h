@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A complete appliance on this machine: buses, settings, a room, the applications, the hub, and the service. Only one per
-// process. Its destructor ends everything that it started. Call all functions on the thread that created it. They throw
-// std::runtime_error, which names what did not happen, and Interrupted.
+// A complete appliance on this machine: buses, settings, a room, the applications, the hub, and the service. Only one
+// per process. Its destructor ends everything that it started. Call all functions on the thread that created it. They
+// throw std::runtime_error, which names what did not happen, and Interrupted.
 #pragma once
 
 #include <memory>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Records the level file: each change (event "level"), and after each recording the number of changes, their mean period,
-// and the longest gap in milliseconds (event "levels").
+// Records the level file: each change (event "level"), and after each recording the number of changes, their mean
+// period, and the longest gap in milliseconds (event "levels").
 #pragma once
 
 #include "lib/FileWatch.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Plays a tune on the loudspeaker from its launch until it closes, with the media role "music". It records when it plays
-// (events "playing" and "paused") and the volume of the loudspeaker (event "volume" with "percent").
-// Actions: play, pause.
+// Plays a tune on the loudspeaker from its launch until it closes, with the media role "music". It records when it
+// plays (events "playing" and "paused") and the volume of the loudspeaker (event "volume" with "percent"). Actions:
+// play, pause.
 #pragma once
 
 #include "lib/Application.h"

@@ -14,9 +14,8 @@ using sim::Appliance;
 namespace {
 
 unsigned networkState(sim::Bus& system) {
-    const auto answer =
-        system.call(sim::kNetwork, "/org/freedesktop/NetworkManager", "org.freedesktop.DBus.Properties", "Get",
-                    g_variant_new("(ss)", "org.freedesktop.NetworkManager", "State"));
+    const auto answer = system.call(sim::kNetwork, "/org/freedesktop/NetworkManager", "org.freedesktop.DBus.Properties",
+                                    "Get", g_variant_new("(ss)", "org.freedesktop.NetworkManager", "State"));
     GVariant* value = nullptr;
     g_variant_get(answer.get(), "(v)", &value);
     return g_variant_get_uint32(sim::Pointer<GVariant>(value).get());

@@ -37,7 +37,7 @@ struct Person {
     void losesNetwork() {
         appliance.setNetwork("none");
         sim::until("the service knows that there is no network",
-                        [&] { return appliance.service().log().find("net connection state: 0") != std::string::npos; });
+                   [&] { return appliance.service().log().find("net connection state: 0") != std::string::npos; });
     }
     void says(const std::string& text) { appliance.say(text, voice); }
 

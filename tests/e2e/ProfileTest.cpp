@@ -72,8 +72,7 @@ TEST(AChangeWithoutANetwork, LeavesTheStoredUsers) {
     household.losesNetwork();
     household.appliance.hub().families(nlohmann::json::array());
     household.appliance.announceProfile();
-    sim::until("the service logs the reason", [&] {
-        return household.appliance.service().log().find("No network connection.") != std::string::npos;
-    });
+    sim::until("the service logs the reason",
+               [&] { return household.appliance.service().log().find("No network connection.") != std::string::npos; });
     EXPECT_EQ(household.appliance.table("Profile", "Profile"), kHousehold);
 }

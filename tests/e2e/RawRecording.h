@@ -23,8 +23,7 @@ public:
     // Waits until at least so many samples have been recorded.
     void await(std::size_t samples) const {
         sim::until("the recorder has recorded", [&] {
-            return std::filesystem::exists(mFile) &&
-                   std::filesystem::file_size(mFile) >= samples * sizeof(int16_t);
+            return std::filesystem::exists(mFile) && std::filesystem::file_size(mFile) >= samples * sizeof(int16_t);
         });
     }
     // How many samples are louder than this.

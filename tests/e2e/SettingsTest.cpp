@@ -29,7 +29,7 @@ TEST(ANewMenuLanguage, ChangesTheAssistantTheRecognizerAndTheWakeWordData) {
     Person person;
     sim::settings::set(sim::kMenuLanguage, "en_GB.UTF-8");
     sim::until("the assistant's language is British English",
-                           [] { return sim::settings::getInt(sim::kAssistantLanguage) == 2; });
+               [] { return sim::settings::getInt(sim::kAssistantLanguage) == 2; });
     untilLogged(person, "recognises en_GB");
     untilLogged(person, "data/ENG/wakeup_quorbit");
     opensMusic(person);
@@ -39,10 +39,12 @@ TEST(AnUnsupportedMenuLanguage, FallsBackToTheLanguageOfTheRegion) {
     Person person;
     sim::settings::set(sim::kRegion, "EU");
     sim::settings::set(sim::kMenuLanguage, "nl_NL.UTF-8");
-    sim::until("the assistant's language is that of Europe, British English", [] { return sim::settings::getInt(sim::kAssistantLanguage) == 2; });
+    sim::until("the assistant's language is that of Europe, British English",
+               [] { return sim::settings::getInt(sim::kAssistantLanguage) == 2; });
     sim::settings::set(sim::kRegion, "US");
     sim::settings::set(sim::kMenuLanguage, "pt_BR.UTF-8");
-    sim::until("the assistant's language is that of the United States, American English", [] { return sim::settings::getInt(sim::kAssistantLanguage) == 1; });
+    sim::until("the assistant's language is that of the United States, American English",
+               [] { return sim::settings::getInt(sim::kAssistantLanguage) == 1; });
     untilLogged(person, "data/ENU/wakeup_quorbit", 2);
     opensMusic(person);
 }

@@ -56,9 +56,8 @@ Event Events::await(const std::string& application, const Event& wanted, double 
         application + " records " + wanted.dump(),
         [&] {
             read();
-            const auto first =
-                std::find_if(mAll.begin() + static_cast<std::ptrdiff_t>(mPage), mAll.end(),
-                             [&](const Event& event) { return matches(event, application, wanted); });
+            const auto first = std::find_if(mAll.begin() + static_cast<std::ptrdiff_t>(mPage), mAll.end(),
+                                            [&](const Event& event) { return matches(event, application, wanted); });
             found = first == mAll.end() ? Event() : *first;
             return first != mAll.end();
         },
@@ -76,9 +75,8 @@ int Events::countEver(const std::string& application, const Event& wanted) {
 
 int Events::countFrom(std::size_t first, const std::string& application, const Event& wanted) {
     read();
-    return static_cast<int>(
-        std::count_if(mAll.begin() + static_cast<std::ptrdiff_t>(first), mAll.end(),
-                      [&](const Event& event) { return matches(event, application, wanted); }));
+    return static_cast<int>(std::count_if(mAll.begin() + static_cast<std::ptrdiff_t>(first), mAll.end(),
+                                          [&](const Event& event) { return matches(event, application, wanted); }));
 }
 
 std::vector<Event> Events::page() {

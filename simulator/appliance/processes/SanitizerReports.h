@@ -9,8 +9,8 @@ namespace sim {
 // The rest of each log from its first report on; empty when no log has one.
 std::string sanitizerReports(const Folder& folder);
 
-// Its destructor ends the program with a failure when a log has a report, and leaves the logs in place. Create it before
-// the processes, so that it is destroyed after them.
+// Its destructor ends the program with a failure when a log has a report, and leaves the logs in place. Create it
+// before the processes, so that it is destroyed after them.
 class SanitizerReports {
 public:
     explicit SanitizerReports(const Folder& folder) : mFolder(folder) {}

@@ -20,8 +20,8 @@ public:
     Service(const Folder& folder, Bus& session, Record& record, Room& room)
         : mFolder(folder), mSession(session), mRecord(record), mRoom(room) {}
 
-    // Returns when the service listens for the wake word; throws std::runtime_error when it does not. `program` replaces
-    // the built one.
+    // Returns when the service listens for the wake word; throws std::runtime_error when it does not. `program`
+    // replaces the built one.
     void start(const std::string& program = {});
     // Returns when the recognizer has loaded its models as well. The wake engine starts anew just before that, so the
     // service can miss a wake word until then.

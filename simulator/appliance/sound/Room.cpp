@@ -59,8 +59,9 @@ void Room::requireMicrophone(const std::string& server) const {
     const std::string list = mFolder / "sources";
     Process pactl({"timeout", "5", "pactl", "--server=" + server, "list", "short", "sources"}, list);
     if (pactl.wait() != 0) {
-        throw std::runtime_error("no sound server answers at " + server +
-                                 "; start PulseAudio or PipeWire, or set PULSE_SERVER to the address of a server that runs");
+        throw std::runtime_error(
+            "no sound server answers at " + server +
+            "; start PulseAudio or PipeWire, or set PULSE_SERVER to the address of a server that runs");
     }
     if (!hasMicrophone(list)) {
         throw std::runtime_error("the sound server at " + server + " has no microphone");

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "appliance/environment/FactorySettings.h"
+#include "appliance/environment/Tree.h"
 #include "appliance/processes/Interrupt.h"
 #include "appliance/sound/Speech.h"
 #include "lib/Control.h"
@@ -101,8 +102,8 @@ void Appliance::stopNetworkManager() {
 }
 
 void Appliance::startNetworkManager() {
-    mNetworkManager = std::make_unique<Process>(std::vector<std::string>{ORVANE_SIM_APP, "network", kNetwork},
-                                                mFolder / "network.log");
+    mNetworkManager = std::make_unique<Process>(
+        std::vector<std::string>{builtProgram(kSimulatedApp), "network", kNetwork}, mFolder / "network.log");
     until("the network manager is on the bus", [this] { return system().hasOwner(kNetwork); });
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "appliance/Names.h"
+#include "appliance/environment/Tree.h"
 
 namespace sim {
 
@@ -48,7 +49,7 @@ void writeService(const Folder& folder, const std::string& name, const std::stri
 }
 
 void writeApplications(const Folder& folder) {
-    const std::string program = ORVANE_SIM_APP;
+    const std::string program = builtProgram(kSimulatedApp);
     for (const App& app : kApps) {
         writeService(folder, app.id, program + " " + app.role + " " + app.id);
     }
@@ -95,10 +96,10 @@ Environment::Environment(const Folder& folder) {
     set("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + (folder / "system.bus"));
     set("PULSE_SERVER", "unix:" + (folder / "pulse.socket"));
     set("ORVANE_LOG", "stderr");  // into the folder's logs, which tests read, and not into the journal
-    set("ORVANE_DATA_ROOT", ORVANE_SOURCE "/data");
+    set("ORVANE_DATA_ROOT", sourceFolder() + "/data");
     set("ORVANE_SIM_ACCOUNT", folder / "account.json");
     set("ORVANE_SIM_RECORDS", folder.make("records"));
-    set("ORVANE_SIM_DUCKER", ORVANE_VOLUME_FADE);
+    set("ORVANE_SIM_DUCKER", builtProgram("simulator/fade/orvane-volume-fade"));
     writeApplications(folder);
     writeBus(folder, "session", "<servicedir>" + (folder / "share/dbus-1/services") + "</servicedir>");
     writeBus(folder, "system", "");

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "appliance/environment/Tree.h"
+
 namespace sim {
 
 namespace {
@@ -71,8 +73,8 @@ bool enterPrivateTmp(const std::vector<std::string>& shown) {
     }
     // A folder that was opened in the previous namespace cannot be mounted in this one.
     std::vector<Shown> entries;
-    keep(entries, ORVANE_SOURCE);
-    keep(entries, ORVANE_BUILD);
+    keep(entries, sourceFolder());
+    keep(entries, buildFolder());
     keep(entries, std::filesystem::current_path());
     for (const std::string& path : shown) {
         keep(entries, path);

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "appliance/environment/Tree.h"
 #include "appliance/processes/Until.h"
 
 namespace sim {
@@ -28,7 +29,8 @@ std::string portIn(const std::string& log) {
 Hub::Hub(const Folder& folder) : mFolder(folder), mHousehold(nlohmann::json::parse(kHousehold)) {
     write();
     const std::string log = folder / "hub.log";
-    mServer = std::make_unique<Process>(std::vector<std::string>{ORVANE_SIM_HUB, folder / "household.json"}, log);
+    mServer = std::make_unique<Process>(
+        std::vector<std::string>{builtProgram("simulator/hub-server/orvane-sim-hub"), folder / "household.json"}, log);
     std::string port;
     until("the hub server reports its port", [&] {
         port = portIn(log);

@@ -12,6 +12,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "appliance/environment/Tree.h"
 #include "appliance/processes/Until.h"
 #include "lib/Application.h"
 
@@ -27,7 +28,7 @@ constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
 }  // namespace
 
 void Service::start(const std::string& chosen) {
-    const std::string program = chosen.empty() ? ORVANE_SERVICE_PROGRAM : chosen;
+    const std::string program = chosen.empty() ? builtProgram("service/orvane-da-service") : chosen;
     if (access(program.c_str(), X_OK) != 0) {
         throw std::runtime_error("the program " + program + " does not exist; build it first");
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "appliance/Tree.h"
+#include "appliance/environment/Tree.h"
 
 #include <filesystem>
 #include <stdexcept>
@@ -14,7 +14,7 @@ fs::path findBuildFolder() {
     fs::path folder = fs::read_symlink("/proc/self/exe").parent_path();
     while (!fs::is_directory(folder / kData)) {
         if (!folder.has_relative_path()) {
-            throw std::runtime_error("this program is not in the build tree any more");
+            throw std::runtime_error("this program is not in its build tree");
         }
         folder = folder.parent_path();
     }

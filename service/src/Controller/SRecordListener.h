@@ -6,10 +6,10 @@
 
 namespace OrvaneDA {
 
-// Receives the recorder's blocks, re-cut into chunks of a size of its own.
+// Receives the recorder's blocks, recut into chunks of the size that the listener chooses.
 class SRecordListener {
 public:
-    // chunkSize in bytes; below 1, every block is passed through whole.
+    // `chunkSize` is in bytes. Below 1, every block is passed through whole.
     explicit SRecordListener(int chunkSize);
     virtual ~SRecordListener() = default;
     SRecordListener(const SRecordListener&) = delete;
@@ -19,18 +19,18 @@ public:
     void setEnabled(bool enabled) { mEnabled = enabled; }
     bool isEnabled() const { return mEnabled; }
 
-    // On the recorder's read thread. `data` is a new[] array of `size` bytes and becomes the listener's.
+    // Called on the recorder's read thread. Takes ownership of `data`, a new[] array of `size` bytes.
     void onDataHandled(char* data, int size);
 
 protected:
-    // `data` is a new[] array of `size` bytes and becomes the implementation's. Must not add or clear listeners.
+    // Takes ownership of `data`, a new[] array of `size` bytes. Must not add or clear listeners.
     virtual void implDataHandled(char* data, int size) = 0;
 
     std::atomic<bool> mEnabled{false};
 
 private:
-    std::unique_ptr<char[]> mChunk;  // fills up to the next whole chunk
-    int mBuffered = 0;               // bytes in it
+    std::unique_ptr<char[]> mChunk;  // the beginning of the next chunk
+    int mBuffered = 0;               // bytes in mChunk
     int mChunkSize;
 };
 

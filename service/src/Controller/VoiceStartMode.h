@@ -5,16 +5,17 @@
 
 namespace OrvaneDA {
 
-// How the UI asked for listening to begin.
+// How the UI starts a recognition session.
 enum class VoiceStartMode : int {
     Default = 0,
-    PTT = 1,           // push to talk: the user ends the utterance
-    ClearContext = 2,  // the dialogue before is forgotten
+    PTT = 1,           // push to talk: the person ends the utterance
+    ClearContext = 2,  // the server forgets the dialogue so far
     Unnamed = 3,
 };
 
-// By exact name; any other text, an empty one too, gives Unnamed.
+// Unnamed for a text that is not exactly a mode's name.
 VoiceStartMode startModeOf(const std::string& name);
-const char* TranslateStartModeToRecognitionMode(VoiceStartMode mode);  // "UNKNOWN" for Unnamed
+// "UNKNOWN" for Unnamed.
+const char* TranslateStartModeToRecognitionMode(VoiceStartMode mode);
 
 }  // namespace OrvaneDA

@@ -16,7 +16,7 @@ constexpr auto RELEASED = SOUND_STREAM_FOCUS_STATE_RELEASED;
 constexpr auto ACQUIRED = SOUND_STREAM_FOCUS_STATE_ACQUIRED;
 constexpr auto BY_CALL = SOUND_STREAM_FOCUS_CHANGED_BY_CALL;
 
-// As the sound manager does it: on a thread of its own.
+// Changes the focus on another thread, as the sound manager does.
 void change(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state, bool rightStream = true) {
     std::thread([=] { fake::changeFocus(mask, state, BY_CALL, rightStream); }).join();
 }
@@ -36,10 +36,10 @@ protected:
     }
 };
 
-TEST_F(FocusTest, LosingItStopsCaptureAndGettingItBackResumesIt) {
-    bool finishedBeforeTheDevice = false;
+TEST_F(FocusTest, ALostFocusStopsTheCaptureAndARegainedOneResumesIt) {
+    bool captureEndedBeforeTheDevice = false;
     fake::platform().onCall("sse_unprepare", [&](const fake::Call&) {
-        finishedBeforeTheDevice = fake::platform().logged(DLOG_INFO, "_audio_record finish");
+        captureEndedBeforeTheDevice = fake::platform().logged(DLOG_INFO, "_audio_record finish");
     });
     SRecorderSSE recorder;
     recorder.startRecord();
@@ -50,7 +50,7 @@ TEST_F(FocusTest, LosingItStopsCaptureAndGettingItBackResumesIt) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG,
                                         "Focus state changed to (0) with reason(SOUND_STREAM_FOCUS_CHANGED_BY_CALL)"));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus released as interrupt"));
-    EXPECT_TRUE(finishedBeforeTheDevice);
+    EXPECT_TRUE(captureEndedBeforeTheDevice);
     EXPECT_EQ(fake::platform().count("sse_unprepare"), 1u);
     EXPECT_EQ(fake::platform().count("sound_manager_release_focus"), 0u);
     EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "_audio_record finish"));
@@ -59,19 +59,19 @@ TEST_F(FocusTest, LosingItStopsCaptureAndGettingItBackResumesIt) {
     fake::platform().onCall("sse_prepare", [&](const fake::Call&) { startsBeforeTheDevice = starts(); });
     change(RECORDING, ACQUIRED);
     fake::platform().onCall("sse_prepare", nullptr);
-    EXPECT_EQ(startsBeforeTheDevice, 1) << "capture starts again after the device";
+    EXPECT_EQ(startsBeforeTheDevice, 1) << "the capture starts after the device";
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus acquired as interrupt completed"));
     EXPECT_EQ(fake::platform().count("sse_prepare"), 2u);
     EXPECT_TRUE(reads(2));
 }
 
-TEST_F(FocusTest, ChangesOfThePlaybackFocusChangeNothing) {
+TEST_F(FocusTest, ThePlaybackFocusDoesNotMatter) {
     SRecorderSSE recorder;
     change(SOUND_STREAM_FOCUS_FOR_PLAYBACK, RELEASED);
     EXPECT_EQ(fake::platform().count("sse_unprepare"), 0u);
 }
 
-TEST_F(FocusTest, GettingItWhilePreparedAndLosingItWhileNotChangeNothing) {
+TEST_F(FocusTest, AnAcquiredFocusWhilePreparedAndALostOneWhileNotChangeNothing) {
     SRecorderSSE recorder;
     change(RECORDING, ACQUIRED);
     EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
@@ -80,7 +80,7 @@ TEST_F(FocusTest, GettingItWhilePreparedAndLosingItWhileNotChangeNothing) {
     EXPECT_EQ(fake::platform().count("sse_unprepare"), 1u);
 }
 
-TEST_F(FocusTest, AChangeOfAnotherStreamIsAnError) {
+TEST_F(FocusTest, AChangeOfAnotherStreamIsAnErrorAndIsIgnored) {
     SRecorderSSE recorder;
     change(RECORDING, RELEASED, false);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid stream info handle"));
@@ -88,7 +88,7 @@ TEST_F(FocusTest, AChangeOfAnotherStreamIsAnError) {
     EXPECT_EQ(fake::platform().count("sse_unprepare"), 0u);
 }
 
-TEST_F(FocusTest, ReasonsHaveTheirNames) {
+TEST_F(FocusTest, EachReasonHasItsName) {
     const char* names[] = {
         "MEDIA",    "SYSTEM", "ALARM", "NOTIFICATION",       "EMERGENCY", "VOICE_INFORMATION", "VOICE_RECOGNITION",
         "RINGTONE", "VOIP",   "CALL",  "MEDIA_EXTERNAL_ONLY"};
@@ -109,12 +109,12 @@ TEST_F(FocusTest, AnUnknownReasonIsLoggedAsUndefined) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Focus state changed to (0) with reason(Undefined reason code)"));
 }
 
-TEST_F(FocusTest, AChangeThatComesWhileTheRecorderIsDestroyedIsSafe) {
+TEST_F(FocusTest, AChangeDuringTheRecordersDestructionIsSafe) {
     for (int i = 0; i < 10; ++i) {
         auto recorder = std::make_unique<SRecorderSSE>();
         recorder->startRecord();
         std::atomic<bool> done{false};
-        // The platform waits for a running callback before the stream information goes.
+        // The platform waits for a running callback before it destroys the stream information.
         std::thread manager([&] {
             fake::changeFocus(RECORDING, RELEASED, BY_CALL);
             done = true;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The level of a block, bit for bit what the plain formula gives.
+// The level of a block equals the result of the plain formula, bit for bit.
 #include <gtest/gtest.h>
 #include <math.h>
 #include <string.h>
@@ -15,7 +15,7 @@ namespace {
 
 using Block = std::vector<char>;
 
-// One sample at a time, as a person would write it down.
+// The formula, one sample at a time.
 float plainLevel(const Block& block) {
     long long sum = 0;
     int samples = 0;
@@ -49,11 +49,16 @@ Block filled(int bytes, short sample) {
     return block;
 }
 
-// A cut after the low byte of a sample too.
+float decibel(std::vector<short> samples) {
+    return OrvaneDA::SRecorder::_get_volume_decibel(reinterpret_cast<char*>(samples.data()),
+                                                    static_cast<int>(samples.size() * 2));
+}
+
+// Some end after the low byte of a sample.
 constexpr int SIZES[] = {1,  2,  3,  4,  5,   6,   7,   8,   9,   12,  13,   16,
                          31, 32, 60, 64, 100, 510, 511, 512, 513, 514, 1023, 1024};
 
-TEST(TheLevelOfABlock, IsThePlainFormulasForSamplesAtTheEndsOfTheirRange) {
+TEST(TheLevelOfABlock, EqualsThePlainFormulaForSamplesAtTheEndsOfTheirRange) {
     for (const int size : SIZES) {
         for (const int sample : {-32768, -32767, -16384, -256, -255, -1, 0, 1, 127, 128, 255, 256, 32766, 32767}) {
             expectPlainLevel(filled(size, static_cast<short>(sample)), std::to_string(sample));
@@ -61,7 +66,7 @@ TEST(TheLevelOfABlock, IsThePlainFormulasForSamplesAtTheEndsOfTheirRange) {
     }
 }
 
-TEST(TheLevelOfABlock, IsThePlainFormulasForOneLoudSampleAnywhere) {
+TEST(TheLevelOfABlock, EqualsThePlainFormulaForOneLoudSampleAnywhere) {
     for (int at = 0; at + 1 < 512; at += 2) {
         Block block(512);
         block[static_cast<size_t>(at) + 1] = static_cast<char>(0x80);
@@ -69,7 +74,7 @@ TEST(TheLevelOfABlock, IsThePlainFormulasForOneLoudSampleAnywhere) {
     }
 }
 
-TEST(TheLevelOfABlock, IsThePlainFormulasForNoise) {
+TEST(TheLevelOfABlock, EqualsThePlainFormulaForNoise) {
     std::mt19937 random(20);
     for (int round = 0; round < 200; ++round) {
         for (const int size : SIZES) {
@@ -82,17 +87,28 @@ TEST(TheLevelOfABlock, IsThePlainFormulasForNoise) {
     }
 }
 
-TEST(TheLevelOfABlock, HoldsForBlocksAtOddAddresses) {
+TEST(TheLevelOfABlock, EqualsThePlainFormulaAtOddAddresses) {
     Block shifted = filled(516, -12345);
     shifted.insert(shifted.begin(), 'x');
     EXPECT_EQ(bitsOf(OrvaneDA::SRecorder::_get_volume_decibel(shifted.data() + 1, 516)),
               bitsOf(plainLevel(filled(516, -12345))));
 }
 
-TEST(TheLevelOfABlock, OfNothingIsMinusInfinity) {
+TEST(TheLevelOfABlock, IsMinusInfinityForAnEmptyBlock) {
     char nothing = 1;
     EXPECT_EQ(OrvaneDA::SRecorder::_get_volume_decibel(&nothing, 0), -INFINITY);
     EXPECT_EQ(OrvaneDA::SRecorder::_get_volume_decibel(&nothing, -3), -INFINITY);
+}
+
+TEST(TheLevelOfABlock, IsInDecibelsOfFullScale) {
+    EXPECT_NEAR(decibel({16384, 0}), -6.02, 0.01);
+    EXPECT_EQ(decibel({0, 0, 0, 0}), -INFINITY);
+}
+
+TEST(TheLevelOfABlock, CountsOnlyEverySecondSample) {
+    EXPECT_EQ(decibel({0, 30000, 0, -30000}), -INFINITY);
+    EXPECT_NEAR(decibel({8192, 0, -8192, 0}), -12.04, 0.01);
+    EXPECT_NEAR(decibel({16384, 0, 0}), 20 * log10(0.5 / sqrt(2)), 0.01);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ std::string numbered(int from, int size) {
     return bytes;
 }
 
-void hand(OrvaneDA::SRecordListener& listener, const std::string& bytes) {
+void deliver(OrvaneDA::SRecordListener& listener, const std::string& bytes) {
     char* block = new char[bytes.size()];
     memcpy(block, bytes.data(), bytes.size());
     listener.onDataHandled(block, static_cast<int>(bytes.size()));
@@ -33,35 +33,35 @@ void hand(OrvaneDA::SRecordListener& listener, const std::string& bytes) {
 
 }  // namespace
 
-TEST(ARecordListenerWithChunksOf3200, ReceivesItsFirstOnTheFourthBlockAndEveryByteInOrder) {
+TEST(ARecordListenerWithChunksOf3200, ReceivesTheFirstChunkWithTheFourthBlockAndAllBytesInOrder) {
     Collector listener(3200);
     for (int i = 0; i < 3; ++i) {
-        hand(listener, numbered(i * 1024, 1024));
+        deliver(listener, numbered(i * 1024, 1024));
     }
     EXPECT_TRUE(listener.chunks.empty());
-    hand(listener, numbered(3 * 1024, 1024));
+    deliver(listener, numbered(3 * 1024, 1024));
     ASSERT_EQ(listener.chunks.size(), 1u);
     EXPECT_EQ(listener.chunks[0], numbered(0, 3200));
-    // 896 bytes wait: 2304 more fill the next chunk.
-    hand(listener, numbered(4096, 2303));
+    // 896 bytes are buffered, so 2304 more fill the next chunk.
+    deliver(listener, numbered(4096, 2303));
     EXPECT_EQ(listener.chunks.size(), 1u);
-    hand(listener, numbered(4096 + 2303, 1));
+    deliver(listener, numbered(4096 + 2303, 1));
     ASSERT_EQ(listener.chunks.size(), 2u);
     EXPECT_EQ(listener.chunks[1], numbered(3200, 3200));
 }
 
 TEST(ARecordListenerWithSmallChunks, CutsOneBlockIntoSeveral) {
     Collector listener(4);
-    hand(listener, "abcdefghij");
+    deliver(listener, "abcdefghij");
     EXPECT_EQ(listener.chunks, (Texts{"abcd", "efgh"}));
-    hand(listener, "kl");
+    deliver(listener, "kl");
     EXPECT_EQ(listener.chunks.back(), "ijkl");
 }
 
 TEST(ARecordListenerWithoutAChunkSize, PassesBlocksThroughWhole) {
     Collector listener(0);
-    hand(listener, "abc");
-    hand(listener, "d");
+    deliver(listener, "abc");
+    deliver(listener, "d");
     EXPECT_EQ(listener.chunks, (Texts{"abc", "d"}));
 }
 

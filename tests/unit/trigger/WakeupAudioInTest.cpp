@@ -11,13 +11,13 @@ using OrvaneDA::WakeupAudioIn;
 
 namespace {
 
-void hand(WakeupAudioIn& feed, int number) {
+void deliver(WakeupAudioIn& feed, int number) {
     char* block = new char[sizeof number];
     memcpy(block, &number, sizeof number);
     feed.onDataHandled(block, sizeof number);
 }
 
-// The number in the next block, -1 where there is none.
+// Returns the number in the next block, or -1 when the feed gives none.
 int fetch(WakeupAudioIn& feed) {
     void* data = &feed;
     unsigned int size = 99;
@@ -41,12 +41,12 @@ bool hasData(WakeupAudioIn& feed) {
 
 }  // namespace
 
-TEST(AWakeupAudioFeed, GivesTheBlocksInTheirOrder) {
+TEST(AWakeupAudioFeed, GivesTheBlocksInTheOrderOfTheirArrival) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     EXPECT_EQ(feed.Start(), 0);
     for (int i = 0; i < 3; ++i) {
-        hand(feed, i);
+        deliver(feed, i);
     }
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(fetch(feed), i);
@@ -54,7 +54,7 @@ TEST(AWakeupAudioFeed, GivesTheBlocksInTheirOrder) {
     EXPECT_EQ(feed.Stop(), 0);
 }
 
-TEST(AWakeupAudioFeed, GivesTheVeryBlockThatTheRecorderAllocated) {
+TEST(AWakeupAudioFeed, GivesTheBlockThatTheRecorderAllocatedAndNoCopy) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     char* block = new char[8];
@@ -66,13 +66,13 @@ TEST(AWakeupAudioFeed, GivesTheVeryBlockThatTheRecorderAllocated) {
     feed.ReturnData(data);
 }
 
-TEST(AWakeupAudioFeedOf501Blocks, DropsTheOldestForOneMore) {
+TEST(AWakeupAudioFeedOf501Blocks, DropsTheOldestWhenAnotherArrives) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     for (int i = 0; i < 501; ++i) {
-        hand(feed, i);
+        deliver(feed, i);
     }
-    hand(feed, 501);
+    deliver(feed, 501);
     EXPECT_EQ(fetch(feed), 1);
     int left = 0;
     while (hasData(feed)) {
@@ -82,9 +82,9 @@ TEST(AWakeupAudioFeedOf501Blocks, DropsTheOldestForOneMore) {
     EXPECT_EQ(left, 500);
 }
 
-TEST(AClosedWakeupAudioFeed, GivesNothingAtOnceEvenWhenBlocksWait) {
+TEST(AClosedWakeupAudioFeed, GivesNothingEvenWhenBlocksAreQueued) {
     WakeupAudioIn feed;
-    hand(feed, 7);
+    deliver(feed, 7);
     EXPECT_EQ(fetch(feed), -1);
     EXPECT_TRUE(hasData(feed));
 }
@@ -108,25 +108,25 @@ protected:
     int pauses = 0;
 };
 
-TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, WaitsForABlockAndGivesIt) {
+TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, MakesTheEngineWaitForTheNextBlock) {
     EXPECT_EQ(fetchWith([&] {
-                  EXPECT_FALSE(hasData(feed)) << "the queue is open to others while the engine waits";
-                  hand(feed, 42);
+                  EXPECT_FALSE(hasData(feed)) << "the queue is not locked while the engine waits";
+                  deliver(feed, 42);
               }),
               42);
     EXPECT_EQ(pauses, 1);
 }
 
-TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, LetsTheEngineGoWithinAMillisecondWhenItIsClosed) {
+TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, ReleasesTheEngineWithinAMillisecondWhenItIsClosed) {
     EXPECT_EQ(fetchWith([&] { feed.setEnabled(false); }), -1);
     EXPECT_EQ(pauses, 1);
 }
 
-TEST(AWakeupAudioFeed, GivesNothingForABlockThatIsNone) {
+TEST(AWakeupAudioFeed, GivesNothingForANullBlock) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     feed.onDataHandled(nullptr, 8);
-    hand(feed, 5);
+    deliver(feed, 5);
     EXPECT_EQ(fetch(feed), -1);
     EXPECT_EQ(fetch(feed), 5);
 }
@@ -138,7 +138,7 @@ TEST(AnEmptyWakeupAudioFeed, HasNoData) {
     EXPECT_FALSE(available);
 }
 
-TEST(AWakeupAudioFeed, LosesNothingBetweenTwoThreads) {
+TEST(AWakeupAudioFeed, LosesNoBlockBetweenTwoThreads) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     std::thread engine([&] {
@@ -147,21 +147,21 @@ TEST(AWakeupAudioFeed, LosesNothingBetweenTwoThreads) {
         }
     });
     for (int i = 0; i < 400; ++i) {
-        hand(feed, i);
+        deliver(feed, i);
     }
     engine.join();
     EXPECT_FALSE(hasData(feed));
 }
 
-TEST(AWakeupAudioFeed, IgnoresTheReturnOfNothing) {
+TEST(AWakeupAudioFeed, IgnoresTheReturnOfANullBlock) {
     WakeupAudioIn feed;
     EXPECT_EQ(feed.ReturnData(nullptr), 0);
 }
 
 TEST(AClearedWakeupAudioFeed, IsEmpty) {
     WakeupAudioIn feed;
-    hand(feed, 1);
-    hand(feed, 2);
+    deliver(feed, 1);
+    deliver(feed, 2);
     feed.clearQueue();
     EXPECT_FALSE(hasData(feed));
 }

@@ -28,17 +28,17 @@ struct OpenTrigger : WuWTrigger {
 
 class WuWTriggerTest : public PlatformTest {
 protected:
-    void listenTo(WuWTrigger& trigger) {
+    void countShotsOf(WuWTrigger& trigger) {
         trigger.setCallback([this](int value) {
             thread = static_cast<pid_t>(syscall(SYS_gettid));
             level = value;
             ++shots;
         });
     }
-    static void wakeUp(int level) {
+    static void detect(int level) {
         fake::onEngineThread([=](nuance::IWakeupListener& listener) { listener.OnWakeup("hey quorbit", level); });
     }
-    // A job behind all others has run, so those before it have too.
+    // Waits until the worker has run every job queued so far.
     static void drainWorker() {
         auto done = std::make_shared<std::atomic<bool>>(false);
         Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([done] { return *done = true, false; });
@@ -58,7 +58,7 @@ protected:
     std::atomic<pid_t> thread{0};
 };
 
-TEST_F(WuWTriggerTest, ConstructionSetsTheEngineUpForLanguageAndWord) {
+TEST_F(WuWTriggerTest, ConstructionInitializesTheEngineForTheLanguageAndTheWakeWord) {
     fake::setSetting("db/orvane/setting/lang", 4);
     fake::setSetting("db/orvane/setting/voice_wakeup_word", 1);
     WuWTrigger trigger;
@@ -73,18 +73,18 @@ TEST_F(WuWTriggerTest, ConstructionSetsTheEngineUpForLanguageAndWord) {
     EXPECT_FALSE(fake::engineListens());
 }
 
-TEST_F(WuWTriggerTest, AnEngineThatCannotBeSetUpLeavesTheTriggerWithoutAudio) {
+TEST_F(WuWTriggerTest, AnEngineThatFailsToInitializeLeavesTheTriggerWithoutAFeed) {
     fake::setEngineUsable(false);
     WuWTrigger trigger;
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Initialize error"));
     EXPECT_EQ(trigger.getSRecordListener(), nullptr);
     trigger.start();
-    wakeUp(50);
+    detect(50);
     trigger.stop();
     EXPECT_EQ(fake::platform().count("IWakeupCtx::AttachAudioIn"), 0u);
 }
 
-TEST_F(WuWTriggerTest, EachLanguageHasItsFolderAndUnlistedOnesTheAmerican) {
+TEST_F(WuWTriggerTest, EachLanguageHasItsFolderAndAnUnlistedOneUsesTheAmericanFolder) {
     const char* folders[] = {"KOK", "ENU", "ENG", "ENU", "GED", "ITI", "FRF", "ENU", "ENU", "ENU"};
     for (int value = 0; value < 10; ++value) {
         EXPECT_EQ(WuWTrigger::getConfigPath(static_cast<Util::OrvaneLang>(value), Util::OrvaneWUW::QUORBIT),
@@ -92,12 +92,12 @@ TEST_F(WuWTriggerTest, EachLanguageHasItsFolderAndUnlistedOnesTheAmerican) {
     }
 }
 
-TEST_F(WuWTriggerTest, AWordThatIsNotListedLeavesItsKeyEmpty) {
+TEST_F(WuWTriggerTest, AnUnlistedWakeWordHasAnEmptyKey) {
     EXPECT_EQ(WuWTrigger::getConfigPath(Util::OrvaneLang::FR_FR, static_cast<Util::OrvaneWUW>(2)),
               "/data/voice/data/FRF//");
 }
 
-TEST_F(WuWTriggerTest, StartingListensAndThenOpensTheFeed) {
+TEST_F(WuWTriggerTest, AStartStartsTheEngineAndThenOpensTheFeed) {
     OpenTrigger trigger;
     bool openBefore = true;
     fake::platform().onCall("IWakeupCtx::StartListening", [&](const fake::Call&) {
@@ -112,7 +112,7 @@ TEST_F(WuWTriggerTest, StartingListensAndThenOpensTheFeed) {
     EXPECT_EQ(fake::platform().count("IWakeupCtx::StartListening"), 1u);
 }
 
-TEST_F(WuWTriggerTest, StoppingClosesTheFeedAndThenCancels) {
+TEST_F(WuWTriggerTest, AStopClosesTheFeedAndThenCancelsListening) {
     OpenTrigger trigger;
     trigger.start();
     bool openBefore = true;
@@ -127,12 +127,12 @@ TEST_F(WuWTriggerTest, StoppingClosesTheFeedAndThenCancels) {
     EXPECT_EQ(fake::platform().count("IWakeupCtx::CancelListening"), 1u);
 }
 
-TEST_F(WuWTriggerTest, AStopDuringAStartOfAnotherThreadLeavesTheFeedClosed) {
+TEST_F(WuWTriggerTest, AStopDuringAStartOnAnotherThreadLeavesTheFeedClosed) {
     WuWTrigger trigger;
     std::future<void> stop;
     fake::platform().onCall("IWakeupCtx::StartListening", [&](const fake::Call&) {
         stop = std::async(std::launch::async, [&] { trigger.stop(); });
-        stop.wait_for(std::chrono::milliseconds(100));  // it would have ended by then if it did not wait for the start
+        stop.wait_for(std::chrono::milliseconds(100));  // long enough for a stop that does not wait for the start
     });
     trigger.start();
     stop.wait();
@@ -141,12 +141,12 @@ TEST_F(WuWTriggerTest, AStopDuringAStartOfAnotherThreadLeavesTheFeedClosed) {
     fake::platform().onCall("IWakeupCtx::StartListening", nullptr);
 }
 
-TEST_F(WuWTriggerTest, AWakeUpClosesTheFeedAndCallsBackOnTheWorker) {
+TEST_F(WuWTriggerTest, ADetectionClosesTheFeedAndCallsBackOnTheWorker) {
     OpenTrigger trigger;
-    listenTo(trigger);
+    countShotsOf(trigger);
     trigger.start();
     fake::platform().forgetCalls();
-    wakeUp(83);
+    detect(83);
     EXPECT_FALSE(trigger.getSRecordListener()->isEnabled());
     EXPECT_EQ(trigger.mEnabled, 0);
     ASSERT_TRUE(fake::platform().waitUntil([&] { return shots == 1; }));
@@ -154,12 +154,12 @@ TEST_F(WuWTriggerTest, AWakeUpClosesTheFeedAndCallsBackOnTheWorker) {
     EXPECT_EQ(thread, workerThread());
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Wakeup! wuw: hey quorbit,  confidential level = 83"));
     EXPECT_EQ(fake::platform().count("ecore_main_loop_thread_safe_call_async"), 0u);
-    // It listens again only when the service says so.
+    // It listens again only after another start.
     EXPECT_FALSE(fake::engineListens());
     EXPECT_TRUE(engineCalls().empty());
 }
 
-TEST_F(WuWTriggerTest, AWakeUpReturnsToTheEngineWithoutWaitingForTheCallback) {
+TEST_F(WuWTriggerTest, ADetectionDoesNotMakeTheEngineWaitForTheCallback) {
     std::atomic<bool> returned{false};
     bool waited = true;
     WuWTrigger trigger;
@@ -168,16 +168,16 @@ TEST_F(WuWTriggerTest, AWakeUpReturnsToTheEngineWithoutWaitingForTheCallback) {
         ++shots;
     });
     trigger.start();
-    wakeUp(70);
+    detect(70);
     returned = true;
     ASSERT_TRUE(fake::platform().waitUntil([&] { return shots == 1; }));
     EXPECT_FALSE(waited);
 }
 
-TEST_F(WuWTriggerTest, AShotLooksAtTheCallbackOnly) {
+TEST_F(WuWTriggerTest, AShotNeedsACallbackButNoEnabledTrigger) {
     WuWTrigger trigger;
     trigger._shot(1);
-    listenTo(trigger);
+    countShotsOf(trigger);
     trigger._shot(2);
     EXPECT_EQ(shots, 1);
     EXPECT_EQ(level, 2);
@@ -185,7 +185,7 @@ TEST_F(WuWTriggerTest, AShotLooksAtTheCallbackOnly) {
 
 TEST_F(WuWTriggerTest, AForcedShotOfAStoppedTriggerStillCallsBackWithMinusOne) {
     WuWTrigger trigger;
-    listenTo(trigger);
+    countShotsOf(trigger);
     trigger.forceShot();
     ASSERT_TRUE(fake::platform().waitUntil([&] { return shots == 1; }));
     EXPECT_EQ(level, -1);
@@ -193,45 +193,45 @@ TEST_F(WuWTriggerTest, AForcedShotOfAStoppedTriggerStillCallsBackWithMinusOne) {
 
 TEST_F(WuWTriggerTest, AForcedShotStopsListeningFirst) {
     WuWTrigger trigger;
-    listenTo(trigger);
+    countShotsOf(trigger);
     trigger.start();
     trigger.forceShot();
     EXPECT_FALSE(fake::engineListens());
     ASSERT_TRUE(fake::platform().waitUntil([&] { return shots == 1; }));
 }
 
-TEST_F(WuWTriggerTest, AWakeUpWithoutACallbackQueuesAJobThatDoesNothing) {
+TEST_F(WuWTriggerTest, ADetectionWithoutACallbackDoesNothing) {
     WuWTrigger trigger;
     trigger.start();
-    wakeUp(50);
+    detect(50);
     trigger.forceShot();
     drainWorker();
     EXPECT_EQ(shots, 0);
 }
 
-TEST_F(WuWTriggerTest, TheJobOfAWakeUpLooksForTheCallbackWhenItRuns) {
+TEST_F(WuWTriggerTest, TheCallbackIsReadWhenTheQueuedJobRuns) {
     std::atomic<bool> set{false};
     WuWTrigger trigger;
     trigger.start();
     Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall(
         [&] { return fake::platform().waitUntil([&] { return set.load(); }), false; });
-    wakeUp(50);
-    listenTo(trigger);
+    detect(50);
+    countShotsOf(trigger);
     set = true;
     drainWorker();
     EXPECT_EQ(shots, 1);
     EXPECT_EQ(level, 50);
 }
 
-TEST_F(WuWTriggerTest, AWakeUpThatIsStillQueuedWhenTheTriggerGoesIsDropped) {
+TEST_F(WuWTriggerTest, AShotThatIsStillQueuedWhenTheTriggerIsDestroyedIsDropped) {
     std::atomic<bool> gone{false};
     {
         WuWTrigger trigger;
-        listenTo(trigger);
+        countShotsOf(trigger);
         trigger.start();
         Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall(
             [&] { return fake::platform().waitUntil([&] { return gone.load(); }), false; });
-        wakeUp(50);
+        detect(50);
         trigger.forceShot();
     }
     gone = true;
@@ -239,7 +239,7 @@ TEST_F(WuWTriggerTest, AWakeUpThatIsStillQueuedWhenTheTriggerGoesIsDropped) {
     EXPECT_EQ(shots, 0);
 }
 
-TEST_F(WuWTriggerTest, DestructionCancelsAndThenDestroysTheEngine) {
+TEST_F(WuWTriggerTest, DestructionCancelsListeningAndThenDestroysTheEngine) {
     {
         WuWTrigger trigger;
         trigger.start();
@@ -249,7 +249,7 @@ TEST_F(WuWTriggerTest, DestructionCancelsAndThenDestroysTheEngine) {
     EXPECT_FALSE(fake::engineExists());
 }
 
-TEST_F(WuWTriggerTest, AStoppedTriggerIsDestroyedWithoutACancel) {
+TEST_F(WuWTriggerTest, DestructionOfAStoppedTriggerCancelsNothing) {
     {
         WuWTrigger trigger;
         fake::platform().forgetCalls();
@@ -257,7 +257,7 @@ TEST_F(WuWTriggerTest, AStoppedTriggerIsDestroyedWithoutACancel) {
     EXPECT_EQ(engineCalls(), Texts{"IWakeupCtx::Destroy()"});
 }
 
-TEST_F(WuWTriggerTest, TheEngineMayStillAskTheEmptiedFeedWhileItIsDestroyed) {
+TEST_F(WuWTriggerTest, TheEngineMayCallTheEmptiedFeedDuringItsDestruction) {
     nuance::IWakeupAudioIn* feed = nullptr;
     fake::platform().onCall("IWakeupCtx::Destroy", [&](const fake::Call&) {
         bool available = true;
@@ -278,7 +278,7 @@ TEST_F(WuWTriggerTest, TheEngineMayStillAskTheEmptiedFeedWhileItIsDestroyed) {
     fake::platform().onCall("IWakeupCtx::Destroy", nullptr);
 }
 
-TEST_F(WuWTriggerTest, ACancelIsLoggedAndNothingElse) {
+TEST_F(WuWTriggerTest, ACancellationIsOnlyLogged) {
     WuWTrigger trigger;
     fake::platform().forgetCalls();
     trigger.OnCanceled();
@@ -286,7 +286,7 @@ TEST_F(WuWTriggerTest, ACancelIsLoggedAndNothingElse) {
     EXPECT_EQ(fake::platform().logs().size(), 1u);
 }
 
-TEST_F(WuWTriggerTest, AnErrorIsLoggedAsABlock) {
+TEST_F(WuWTriggerTest, AnErrorIsSixErrorLinesWithItsNameAndDetail) {
     WuWTrigger trigger;
     fake::platform().forgetCalls();
     trigger.OnError(Error::COULD_NOT_FIND_ACMOD, "/models");
@@ -299,7 +299,7 @@ TEST_F(WuWTriggerTest, AnErrorIsLoggedAsABlock) {
                             "  - code   : (COULD_NOT_FIND_ACMOD)", "  - detail : /models", std::string(36, '=')}));
 }
 
-TEST_F(WuWTriggerTest, AWarningIsLoggedAsABlock) {
+TEST_F(WuWTriggerTest, AWarningIsSixWarningLinesWithItsNameAndDetail) {
     WuWTrigger trigger;
     fake::platform().forgetCalls();
     trigger.OnWarning(Warning::ALREADY_LISTENING, "twice");
@@ -312,7 +312,7 @@ TEST_F(WuWTriggerTest, AWarningIsLoggedAsABlock) {
                             "  - code   : (ALREADY_LISTENING)", "  - detail : twice", std::string(36, '=')}));
 }
 
-TEST_F(WuWTriggerTest, CodesHaveTheirNames) {
+TEST_F(WuWTriggerTest, EachCodeHasItsName) {
     const char* errors[] = {"NOT_ENOUGH_RESOURCE",     "NOT_IN_PROPER_STATE",      "INVALID_ARGUMENT",
                             "WRONG_VOCON_DATA",        "ERROR_FROM_USER_CALLBACK", "NOT_SUPPORTED",
                             "VOCON_INTERNAL_ERROR",    "COULD_NOT_FIND_ACMOD",     "COULD_NOT_FIND_CLC",
@@ -328,15 +328,15 @@ TEST_F(WuWTriggerTest, CodesHaveTheirNames) {
     }
 }
 
-TEST_F(WuWTriggerTest, ACodeWithoutANameThrowsOutOfTheReport) {
+TEST_F(WuWTriggerTest, ACodeWithoutANameThrowsAfterTheFirstLines) {
     WuWTrigger trigger;
     fake::platform().forgetCalls();
     EXPECT_THROW(trigger.OnError(static_cast<Error>(10), "x"), std::out_of_range);
-    EXPECT_EQ(fake::platform().logs().size(), 3u) << "its head only";
+    EXPECT_EQ(fake::platform().logs().size(), 3u) << "only the first lines";
     EXPECT_THROW(trigger.OnWarning(static_cast<Warning>(8), "x"), std::out_of_range);
 }
 
-TEST_F(WuWTriggerTest, TheBaseShootsOnlyWhenEnabledAndSet) {
+TEST_F(WuWTriggerTest, TheBaseClassCallsBackOnlyWhenEnabledAndOnlyItsShotActs) {
     struct Probe : Trigger {
         using Trigger::mEnabled;
     } probe;
@@ -345,7 +345,7 @@ TEST_F(WuWTriggerTest, TheBaseShootsOnlyWhenEnabledAndSet) {
     probe.setCallback([&](int value) { got = value; });
     probe.start();
     probe._shot(2);
-    EXPECT_EQ(got, 0) << "the base's start does nothing";
+    EXPECT_EQ(got, 0) << "start of the base class does nothing";
     probe.mEnabled = 1;
     probe.stop();
     probe.forceShot();

@@ -4,8 +4,8 @@
 
 using CommandListTest = VoiceTest;
 
-TEST_F(CommandListTest, HoldsTheFiveCommandsInTheirOrder) {
-    OrvaneDA::VoiceControl session;
+TEST_F(CommandListTest, TheListHoldsTheFiveCommandsInOrder) {
+    OrvaneDA::VoiceControl control;
     EXPECT_EQ(fake::commandTexts(), (Texts{"#org.tizen.weather", "#org.tizen.clock", "#org.tizen.launch apps",
                                            "#org.tizen.system", "#org.tizen.websearch"}));
     const Texts calls = fake::platform().textsOf({"vc_cmd_"});
@@ -15,20 +15,20 @@ TEST_F(CommandListTest, HoldsTheFiveCommandsInTheirOrder) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "==== Create Command List ===="));
 }
 
-TEST_F(CommandListTest, AFailureToCreateTheFourthLeavesThree) {
+TEST_F(CommandListTest, AFailureToCreateTheFourthCommandLeavesThree) {
     fake::platform().answerNext("vc_cmd_create", 0, 3);
     fake::platform().answerNext("vc_cmd_create", VC_ERROR_OUT_OF_MEMORY);
-    OrvaneDA::VoiceControl session;
+    OrvaneDA::VoiceControl control;
     EXPECT_EQ(fake::commandTexts().size(), 3u);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to cmd create"));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to create command list"));
-    EXPECT_EQ(fake::platform().count("vc_cmd_destroy"), 0u) << "there is no fourth to destroy";
+    EXPECT_EQ(fake::platform().count("vc_cmd_destroy"), 0u) << "no fourth command exists";
 }
 
-TEST_F(CommandListTest, ItsMakingReturnsZeroOrMinusOne) {
+TEST_F(CommandListTest, CreationReturnsZeroOrMinusOne) {
     fake::platform().answerNext("vc_cmd_list_create", VC_ERROR_OUT_OF_MEMORY);
-    OrvaneDA::VoiceControl session;
-    EXPECT_EQ(session.createCommandList(), 0);
+    OrvaneDA::VoiceControl control;
+    EXPECT_EQ(control.createCommandList(), 0);
     EXPECT_EQ(fake::commandTexts().size(), 5u);
 
     fake::platform().answerNext("vc_cmd_list_create", VC_ERROR_OUT_OF_MEMORY);
@@ -39,12 +39,12 @@ TEST_F(CommandListTest, ItsMakingReturnsZeroOrMinusOne) {
     EXPECT_EQ(fake::commandTexts().size(), 3u);
 }
 
-TEST_F(CommandListTest, WithoutAListNothingIsCreated) {
+TEST_F(CommandListTest, WithoutAListNoCommandIsCreated) {
     fake::platform().answer("vc_cmd_list_create", VC_ERROR_OUT_OF_MEMORY);
-    OrvaneDA::VoiceControl session;
+    OrvaneDA::VoiceControl control;
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to cmd list create"));
     EXPECT_EQ(fake::platform().count("vc_cmd_create"), 0u);
-    EXPECT_EQ(session.createCommandList(), -1);
+    EXPECT_EQ(control.createCommandList(), -1);
 }
 
 struct CommandFailure {
@@ -55,12 +55,12 @@ struct CommandFailure {
 void PrintTo(const CommandFailure& row, std::ostream* out) {
     *out << row.call;
 }
-class AFailedStepOfACommand : public CommandListTest, public testing::WithParamInterface<CommandFailure> {};
+class AFailedCallForACommand : public CommandListTest, public testing::WithParamInterface<CommandFailure> {};
 
-TEST_P(AFailedStepOfACommand, IsLoggedAndDestroysTheCommand) {
+TEST_P(AFailedCallForACommand, IsLoggedAndDestroysTheCommand) {
     fake::platform().answerNext(GetParam().call, VC_ERROR_OPERATION_FAILED);
     {
-        OrvaneDA::VoiceControl session;
+        OrvaneDA::VoiceControl control;
         EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, GetParam().message));
         EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to create command list"));
         EXPECT_EQ(fake::platform().textsOf({"vc_cmd_"}).back(), "vc_cmd_destroy()");
@@ -70,7 +70,7 @@ TEST_P(AFailedStepOfACommand, IsLoggedAndDestroysTheCommand) {
     EXPECT_EQ(fake::openCommandLists(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, AFailedStepOfACommand,
+INSTANTIATE_TEST_SUITE_P(Each, AFailedCallForACommand,
                          testing::Values(CommandFailure{"vc_cmd_set_command", "[ERROR] Fail to set command"},
                                          CommandFailure{"vc_cmd_set_type", "[ERROR] Fail to set type"},
                                          CommandFailure{"vc_cmd_set_format", "[ERROR] Fail to set format"},

@@ -19,9 +19,9 @@ protected:
     }
     static Texts launch(const fake::NluResult& result) {
         fake::setNluResult(result);
-        VoiceControl session;
+        VoiceControl control;
         vrp_response_data_s* response = vrp_response_data_parse("{}");
-        session.launchApps(response);
+        control.launchApps(response);
         vrp_response_data_destroy(response);
         return sent();
     }
@@ -29,7 +29,7 @@ protected:
     static constexpr char GENERAL[] = "com.generalrecipe.app";
 };
 
-TEST_F(LaunchTest, TheHomeScreenOpensWhateverThePackageSaysAndWithoutAny) {
+TEST_F(LaunchTest, TheHomeScreenOpensWithAnyPackageAndWithoutOne) {
     EXPECT_EQ(launch("Go to Home Screen", "other"), main("org.tizen.menu-screen"));
     fake::platform().reset();
     EXPECT_EQ(launch("Go to Home Screen", {}), main("org.tizen.menu-screen"));
@@ -55,7 +55,7 @@ TEST_F(LaunchTest, AResultWithoutActionDataIsLoggedWithItsCodeAndLaunchesNothing
     EXPECT_EQ(fake::platform().count("vrp_launch_apps_action_data_get_launch_apps_data"), 0u);
 }
 
-TEST_F(LaunchTest, TheHomeScreenOpensWithoutAnyActionDataToo) {
+TEST_F(LaunchTest, TheHomeScreenOpensWithoutActionData) {
     fake::NluResult result;
     result.actionName = "Go to Home Screen";
     result.actionData = false;
@@ -63,7 +63,7 @@ TEST_F(LaunchTest, TheHomeScreenOpensWithoutAnyActionDataToo) {
     EXPECT_EQ(fake::platform().count("vrp_response_data_get_action_data"), 0u);
 }
 
-TEST_F(LaunchTest, TheGeneralRecipeAppIsChosenByPlace) {
+TEST_F(LaunchTest, TheGeneralRecipeAppDependsOnTheRegion) {
     const struct {
         const char* region;
         const char* country;
@@ -79,7 +79,7 @@ TEST_F(LaunchTest, TheGeneralRecipeAppIsChosenByPlace) {
     }
 }
 
-TEST_F(LaunchTest, TheGeneralRecipeAppIsNotSupportedInSwedenAndNorwayWhateverTheRegion) {
+TEST_F(LaunchTest, TheGeneralRecipeAppIsNotSupportedInSwedenAndNorwayInAnyRegion) {
     for (const char* country : {"SE", "NO"}) {
         for (const char* region : {"EU", "US", "KR", "AU", "ZZ"}) {
             fake::platform().reset();
@@ -89,23 +89,23 @@ TEST_F(LaunchTest, TheGeneralRecipeAppIsNotSupportedInSwedenAndNorwayWhateverThe
     }
 }
 
-TEST_F(LaunchTest, OtherApplicationsOpenInSwedenToo) {
+TEST_F(LaunchTest, OtherApplicationsOpenInSweden) {
     EXPECT_EQ(launch("Open App", "org.music", "EU", "SE"), main("org.music"));
 }
 
-TEST_F(LaunchTest, ThePackageMayItselfSayThatItIsNotSupported) {
+TEST_F(LaunchTest, APackageNamedNotSupportedLaunchesNothing) {
     EXPECT_TRUE(launch("Open App", "RecipeNotSupported").empty());
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Not supported recipe app name"));
 }
 
-TEST_F(LaunchTest, ClosingAnApplicationTerminatesItInsteadOfOpeningIt) {
+TEST_F(LaunchTest, CloseAppTerminatesTheApplication) {
     fake::setRunning("org.music");
     EXPECT_TRUE(launch("Close App", "org.music").empty());
     EXPECT_EQ(fake::platform().textsOf({"app_manager_is", "app_manager_t"}),
               (Texts{"app_manager_is_running(org.music)", "app_manager_terminate_app()"}));
 }
 
-TEST_F(LaunchTest, ClosingTheGeneralRecipeAppClosesTheOneThatServesThePlace) {
+TEST_F(LaunchTest, ClosingTheGeneralRecipeAppClosesTheOneOfTheRegion) {
     fake::setRunning("com.delicook.recipes");
     fake::setRunning(GENERAL);
     EXPECT_TRUE(launch("Close App", GENERAL, "KR", "KR").empty());

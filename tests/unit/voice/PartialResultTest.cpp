@@ -8,22 +8,22 @@ class PartialResultTest : public VoiceTest {
 protected:
     void SetUp() override {
         VoiceTest::SetUp();
-        session = std::make_unique<VoiceControl>();
-        listenTo(*session);
-        session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+        control = std::make_unique<VoiceControl>();
+        collectReportsOf(*control);
+        control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
         fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
         reports.clear();
     }
     void TearDown() override {
-        session.reset();
+        control.reset();
         VoiceTest::TearDown();
     }
     static Texts notifications() { return sent(); }
     const std::string NOTIFICATION = "org.tizen.orvane-da http://orvane.example/appcontrol/operation/speech_detected -";
-    std::unique_ptr<VoiceControl> session;
+    std::unique_ptr<VoiceControl> control;
 };
 
-TEST_F(PartialResultTest, TheFirstSignOfSpeechReplacesTheTimeOutOnceAndTellsTheUiOnce) {
+TEST_F(PartialResultTest, TheFirstSignOfSpeechReplacesTheTimeoutOnceAndNotifiesTheUiOnce) {
     EXPECT_EQ(fake::mainLoop().interval(0), 7.0);
     fake::speechDetected();
     EXPECT_EQ(fake::mainLoop().timers(), 1u);
@@ -36,17 +36,17 @@ TEST_F(PartialResultTest, TheFirstSignOfSpeechReplacesTheTimeOutOnceAndTellsTheU
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "==== Speech detected ===="));
 }
 
-TEST_F(PartialResultTest, APreResultThatComesFirstNotifiesAndALaterDetectionDoesNothing) {
+TEST_F(PartialResultTest, APartialResultBeforeTheDetectionNotifiesAndTheDetectionDoesNothing) {
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "a");
     EXPECT_EQ(fake::mainLoop().interval(0), 10.0);
     fake::mainLoop().advance(5);
     fake::speechDetected();
     fake::mainLoop().advance(5.1);
-    EXPECT_EQ(fake::platform().count("vc_mgr_stop"), 1u) << "the timer was left alone";
+    EXPECT_EQ(fake::platform().count("vc_mgr_stop"), 1u) << "the timer keeps running";
     EXPECT_EQ(notifications(), Texts{NOTIFICATION});
 }
 
-TEST_F(PartialResultTest, TextIsTrimmedAndForwarded) {
+TEST_F(PartialResultTest, TheTextIsTrimmedAndForwarded) {
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "  hello\n");
     fake::preResult(VC_PRE_RESULT_EVENT_FINAL, "\t\v hello there\r\n");
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, " \t ");
@@ -55,12 +55,12 @@ TEST_F(PartialResultTest, TextIsTrimmedAndForwarded) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Result Text -   hello\n"));
 }
 
-TEST_F(PartialResultTest, OnlyTheFiveBlanksAtTheEndsAreTrimmed) {
+TEST_F(PartialResultTest, OnlyFiveKindsOfBlanksAreTrimmedAndOnlyAtTheEnds) {
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "\v\fred \t wine\f\r");
     EXPECT_EQ(reports, Texts{"[\fred \t wine\f]"});
 }
 
-TEST_F(PartialResultTest, AnAllBlankTextCountsAsNothingHeard) {
+TEST_F(PartialResultTest, ABlankTextDoesNotCountAsSpeech) {
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "open");
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, " \r\n");
     fake::mainLoop().advance(10.1);
@@ -76,12 +76,12 @@ TEST_F(PartialResultTest, AnErrorUpdatesTheTextButForwardsNothing) {
     EXPECT_EQ(fake::platform().count("vc_mgr_stop"), 1u) << "the text counts as speech";
 }
 
-TEST_F(PartialResultTest, ANewStartForgetsTheTextAndTheDetection) {
+TEST_F(PartialResultTest, ANewStartClearsTheTextAndTheDetection) {
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "old");
-    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     fake::speechDetected();
     EXPECT_EQ(notifications(), (Texts{NOTIFICATION, NOTIFICATION}));
     fake::mainLoop().advance(10.1);
-    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u) << "nobody spoke in this one";
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u) << "nobody has spoken in this session";
 }

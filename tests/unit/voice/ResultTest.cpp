@@ -32,15 +32,15 @@ protected:
         VoiceTest::SetUp();
         unlink(RESULT_FILE);
         rmdir(RESULT_FILE);
-        session = std::make_unique<VoiceControl>();
-        listenTo(*session);
+        control = std::make_unique<VoiceControl>();
+        collectReportsOf(*control);
         mine.json = "{\"a\":1}";
         mine.pid = 100;
         mine.text = "mine";
         list.commands = {&mine};
     }
     void TearDown() override {
-        session.reset();
+        control.reset();
         rmdir(RESULT_FILE);
         unlink(RESULT_FILE);
         VoiceTest::TearDown();
@@ -61,7 +61,7 @@ protected:
         fake::setNluResult(nluResult);
         return fake::allResult(VC_RESULT_EVENT_RESULT_SUCCESS, list, "text");
     }
-    // Two recipe applications and an application of another kind wait for the result.
+    // Two recipe applications and another application have registered the command.
     void addRecipeApps(const char* first, const char* second) {
         fake::setRunning(first, 1);
         fake::setRunning(second, 2);
@@ -74,12 +74,12 @@ protected:
     }
     static size_t cancels() { return fake::platform().count("vc_mgr_cancel"); }
 
-    std::unique_ptr<VoiceControl> session;
+    std::unique_ptr<VoiceControl> control;
     vc_cmd_s mine, one, two;
     vc_cmd_list_s list;
 };
 
-TEST_F(ResultTest, ARejectionReportsAnErrorCancelsAndWritesNoFile) {
+TEST_F(ResultTest, ARejectionReportsAnErrorAndCancelsAndWritesNoFile) {
     fake::platform().onCall("vc_mgr_cancel", [&](const fake::Call&) { EXPECT_EQ(reports.size(), 1u); });
     EXPECT_FALSE(fake::allResult(VC_RESULT_EVENT_REJECTED, list, "x"));
     EXPECT_EQ(reports, Texts{"Error Default"});
@@ -89,7 +89,7 @@ TEST_F(ResultTest, ARejectionReportsAnErrorCancelsAndWritesNoFile) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Rejected event"));
 }
 
-TEST_F(ResultTest, ASecondResultOfOneRecognitionIsCancelled) {
+TEST_F(ResultTest, ASecondResultOfOneSessionIsCanceled) {
     EXPECT_TRUE(result(nlu("Weather", "Simple", "Show")));
     reports.clear();
     fake::platform().forgetCalls();
@@ -99,11 +99,11 @@ TEST_F(ResultTest, ASecondResultOfOneRecognitionIsCancelled) {
     EXPECT_TRUE(fake::platform().logged(DLOG_WARN, "Invalid result cb!"));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to cancel"));
     EXPECT_EQ(fake::platform().texts(), Texts{"vc_mgr_cancel()"});
-    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
-    EXPECT_TRUE(result(nlu("Weather", "Simple", "Show"))) << "the next recognition has its own";
+    control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    EXPECT_TRUE(result(nlu("Weather", "Simple", "Show"))) << "the next session has its own result";
 }
 
-TEST_F(ResultTest, AResultAfterARejectionIsASecondOne) {
+TEST_F(ResultTest, AResultAfterARejectionIsASecondResult) {
     fake::allResult(VC_RESULT_EVENT_REJECTED, list, "x");
     EXPECT_FALSE(result(nlu("Weather", "Simple", "Show")));
     EXPECT_EQ(reports, Texts{"Error Default"});
@@ -138,7 +138,7 @@ TEST_F(ResultTest, AResultWithoutTextHasNoJson) {
     EXPECT_EQ(fake::platform().count("vc_cmd_get_nlu_json"), 0u);
 }
 
-TEST_F(ResultTest, AFirstCommandWithoutJsonGivesNone) {
+TEST_F(ResultTest, OnlyTheFirstCommandGivesTheJson) {
     one.json = "{\"other\":2}";
     mine.json.reset();
     list.commands = {&mine, &one};
@@ -151,13 +151,13 @@ TEST_F(ResultTest, AFirstCommandWithoutJsonGivesNone) {
 TEST_F(ResultTest, ANewResultReplacesTheWholeFile) {
     mine.json = std::string(5000, 'x');
     result(nlu("Weather", "Simple", "Show"));
-    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
     mine.json = "short";
     result(nlu("Weather", "Simple", "Show"));
     EXPECT_EQ(fileBytes(), std::string("short\0", 6));
 }
 
-TEST_F(ResultTest, AnUnparsableJsonIsWrittenAndReportedAndNothingElseHappens) {
+TEST_F(ResultTest, UnparsableJsonIsOnlyWrittenAndReported) {
     fake::setNluUnparsable();
     EXPECT_FALSE(fake::allResult(VC_RESULT_EVENT_RESULT_SUCCESS, list, "text"));
     EXPECT_EQ(reports, Texts{"Ready None"});
@@ -165,7 +165,7 @@ TEST_F(ResultTest, AnUnparsableJsonIsWrittenAndReportedAndNothingElseHappens) {
     EXPECT_TRUE(sent().empty());
 }
 
-TEST_F(ResultTest, AResultEmptiesTheErrorMessage) {
+TEST_F(ResultTest, AResultClearsTheErrorMessage) {
     fake::setVoiceErrorMessage("NLU Exception");
     fake::voiceError(VC_ERROR_TIMED_OUT);
     result(nlu("Weather", "Simple", "Show"));
@@ -174,10 +174,10 @@ TEST_F(ResultTest, AResultEmptiesTheErrorMessage) {
     EXPECT_EQ(reports, Texts{"recognition Ready"});
 }
 
-TEST_F(ResultTest, RestrictedAndFollowUpCancelWhateverTheAgent) {
+TEST_F(ResultTest, RestrictedAndFollowUpCancelForAnyAgent) {
     EXPECT_FALSE(result(nlu("Launch Apps", "Simple", " Restricted ")));
     EXPECT_EQ(cancels(), 1u);
-    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
     EXPECT_FALSE(result(nlu("WebSearch", "Follow-Up", "Web Search")));
     EXPECT_EQ(cancels(), 2u);
     EXPECT_TRUE(sent().empty());
@@ -190,9 +190,9 @@ TEST_F(ResultTest, LaunchAppsLaunches) {
     EXPECT_EQ(sent(), Texts{std::string("org.music ") + APP_CONTROL_OPERATION_MAIN + " -"});
 }
 
-TEST_F(ResultTest, BothSearchAgentsSearch) {
+TEST_F(ResultTest, BothSearchAgentsOpenAWebSearch) {
     for (const char* agent : {"Naver", "WebSearch"}) {
-        session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+        control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
         auto response = nlu(agent, "Simple", "Web Search");
         response.webSearch.emplace();
         response.webSearch->url = std::string("https://") + agent;
@@ -201,17 +201,17 @@ TEST_F(ResultTest, BothSearchAgentsSearch) {
     }
 }
 
-TEST_F(ResultTest, AnyOtherAgentIsLeftToTheUi) {
+TEST_F(ResultTest, TheServiceDoesNothingForAnyOtherAgent) {
     EXPECT_TRUE(result(nlu("Weather", "Simple", "Show")));
     EXPECT_TRUE(sent().empty());
     EXPECT_EQ(fake::platform().count("vc_mgr_set_selected_results"), 0u);
 }
 
-TEST_F(ResultTest, RecipeAnswersCancelAndTellNoApplication) {
+TEST_F(ResultTest, ARecipeAnswerCancelsAndReachesNoApplication) {
     for (const char* name : {"No Previous Step", "No Next Step", "Read Out Is Already Playing",
                              "Read Out Is Already Running", "Recipe App Already Launched", "Recipe Page Is Not Open",
                              "Read Out Is Already Paused", "Read Out Not Started"}) {
-        session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+        control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
         fake::platform().forgetCalls();
         EXPECT_FALSE(result(recipe(name, "com.delicook.recipes"))) << name;
         EXPECT_EQ(cancels(), 1u);
@@ -219,14 +219,14 @@ TEST_F(ResultTest, RecipeAnswersCancelAndTellNoApplication) {
     }
 }
 
-TEST_F(ResultTest, AFollowUpThatIsARecipeAnswerCancelsInBothDecisions) {
+TEST_F(ResultTest, AFollowUpThatIsARecipeAnswerCancelsTwice) {
     auto response = recipe("No Next Step", "com.delicook.recipes");
     response.actionType = "Follow-Up";
     EXPECT_FALSE(result(response));
     EXPECT_EQ(cancels(), 2u);
 }
 
-TEST_F(ResultTest, ARecipeCommandIsLeftToThePartnersApplication) {
+TEST_F(ResultTest, ARecipeCommandGoesToThePartnersApplicationOnly) {
     addRecipeApps("org.tizen.webdatabaseserviceapp", "org.tizen.recipesvc");
     EXPECT_FALSE(result(recipe("Next Step", "com.delicook.recipes")));
     EXPECT_EQ(fake::platform().textsOf({"vc_cmd_list_remove", "vc_mgr_set_selected"}),
@@ -237,11 +237,11 @@ TEST_F(ResultTest, ARecipeCommandIsLeftToThePartnersApplication) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "remove target ()"));
 }
 
-TEST_F(ResultTest, TheGeneralPartnersApplicationDependsOnFrance) {
+TEST_F(ResultTest, TheGeneralPartnerHasAnotherApplicationInFrance) {
     for (const char* country : {"", "US", "DE", "KR", "XX", "fr", "FR"}) {
         addRecipeApps("org.tizen.recipesvc", "org.tizen.WeblinkApps-Marmiton");
         fake::setSetting("db/setting/country_code", std::string(country));
-        session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+        control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
         EXPECT_FALSE(result(recipe("Next Step", "com.generalrecipe.app")));
         EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}).back(), std::string(country) == "FR"
                                                                                 ? "vc_mgr_set_selected_results(two)"
@@ -250,18 +250,18 @@ TEST_F(ResultTest, TheGeneralPartnersApplicationDependsOnFrance) {
     }
 }
 
-TEST_F(ResultTest, TheDeliCookPartnersApplicationAndOthersAreTheSameInFrance) {
+TEST_F(ResultTest, TheOtherPartnersHaveTheSameApplicationInFrance) {
     fake::setSetting("db/setting/country_code", std::string("FR"));
     addRecipeApps("org.tizen.webdatabaseserviceapp", "com.other.recipes");
     result(recipe("Next Step", " com.delicook.recipes\v"));
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}).back(), "vc_mgr_set_selected_results(one)");
     addRecipeApps("org.tizen.webdatabaseserviceapp", "com.other.recipes");
-    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
     result(recipe("Next Step", "com.other.recipes"));
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}).back(), "vc_mgr_set_selected_results(two)");
 }
 
-TEST_F(ResultTest, AListThatIsAllTheChosenApplicationsLosesNothingAndIsStillSelected) {
+TEST_F(ResultTest, AListWithCommandsOfTheChosenApplicationOnlyLosesNoneAndIsSelected) {
     addRecipeApps("org.tizen.recipesvc", "other");
     list.commands = {&one};
     EXPECT_FALSE(result(recipe("Next Step", "com.generalrecipe.app")));
@@ -269,14 +269,14 @@ TEST_F(ResultTest, AListThatIsAllTheChosenApplicationsLosesNothingAndIsStillSele
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}), Texts{"vc_mgr_set_selected_results(one)"});
 }
 
-TEST_F(ResultTest, OpeningARecipeOfTheKoreanPartnerLaunchesItAndTellsNobody) {
+TEST_F(ResultTest, OpeningARecipeOfTheKoreanPartnerLaunchesItAndReachesNoOtherApplication) {
     addRecipeApps("com.korearecipe.app", "org.tizen.recipesvc");
     EXPECT_FALSE(result(recipe("Open Recipe", "com.korearecipe.app")));
     EXPECT_EQ(sent(), Texts{std::string("com.korearecipe.app ") + APP_CONTROL_OPERATION_MAIN + " -"});
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}), Texts{"vc_mgr_set_selected_results()"});
 }
 
-TEST_F(ResultTest, OpeningARecipeOfAnotherPartnerIsLeftToItsApplication) {
+TEST_F(ResultTest, OpeningARecipeOfAnotherPartnerGoesToItsApplication) {
     addRecipeApps("com.korearecipe.app", "org.tizen.recipesvc");
     EXPECT_FALSE(result(recipe("Open Recipe", "com.generalrecipe.app")));
     EXPECT_TRUE(sent().empty());
@@ -290,26 +290,26 @@ TEST_F(ResultTest, AnotherCommandOfTheKoreanPartnerGoesToItsApplication) {
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}), Texts{"vc_mgr_set_selected_results(one)"});
 }
 
-TEST_F(ResultTest, ARestrictedRecipeIsCancelledAndStillRouted) {
+TEST_F(ResultTest, ARestrictedRecipeIsCanceledAndStillRouted) {
     addRecipeApps("org.tizen.recipesvc", "other");
     EXPECT_FALSE(result(recipe("Restricted", "com.generalrecipe.app")));
     EXPECT_EQ(cancels(), 1u);
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_selected"}), Texts{"vc_mgr_set_selected_results(one)"});
 }
 
-TEST_F(ResultTest, ARecipeWithoutDataIsLeftAsTheFirstDecisionLeftIt) {
+TEST_F(ResultTest, ARecipeWithoutDataIsNotRouted) {
     EXPECT_TRUE(result(nlu("Recipe", "Simple", "Next Step")));
-    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
     auto response = nlu("Recipe", "Simple", "Next Step");
     response.actionData = false;
     EXPECT_TRUE(result(response));
-    session->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
+    control->startRecognition(OrvaneDA::VoiceStartMode::Default, "");
     EXPECT_FALSE(result(nlu("Recipe", "Follow-Up", "Next Step")));
     EXPECT_EQ(fake::openResponses(), 0);
     EXPECT_EQ(fake::platform().count("vc_mgr_set_selected_results"), 0u);
 }
 
-TEST_F(ResultTest, AnUnknownProcessHasNoApplicationAndIsRemoved) {
+TEST_F(ResultTest, ACommandOfAnUnknownProcessIsRemoved) {
     list.commands = {&mine};
     fake::platform().answer("vc_cmd_get_pid", VC_ERROR_INVALID_PARAMETER);
     EXPECT_FALSE(result(recipe("Next Step", "com.generalrecipe.app")));

@@ -3,6 +3,6 @@
 
 #include <string>
 
-// As the manager is given them.
+// As the fake prints the list that the manager receives.
 inline const std::string SYSTEM_COMMANDS =
     "#org.tizen.weather,#org.tizen.clock,#org.tizen.launch apps,#org.tizen.system,#org.tizen.websearch";

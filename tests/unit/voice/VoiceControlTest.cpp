@@ -17,8 +17,8 @@ constexpr auto PROCESSING = VC_SERVICE_STATE_PROCESSING;
 
 }  // namespace
 
-TEST_F(VoiceControlTest, OpeningTheSessionHasItsOrder) {
-    VoiceControl session;
+TEST_F(VoiceControlTest, InitializationMakesItsCallsInOrder) {
+    VoiceControl control;
     Texts calls = fake::platform().textsOf({"vc_setting", "vc_mgr"});
     EXPECT_EQ(calls,
               (Texts{"vc_setting_initialize()", "vc_setting_get_enabled()", "vc_setting_set_enabled_changed_cb()",
@@ -32,8 +32,8 @@ TEST_F(VoiceControlTest, OpeningTheSessionHasItsOrder) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "supported lang: en_US"));
 }
 
-TEST_F(VoiceControlTest, ThePathOfThePreloadedCommandsIsFoundOnceAtTheStart) {
-    VoiceControl session;
+TEST_F(VoiceControlTest, ThePathOfThePreloadedCommandsIsComputedOnceAtTheStart) {
+    VoiceControl control;
     fake::platform().onCall("vc_mgr_set_preloaded_commands_from_file",
                             [](const fake::Call&) { EXPECT_EQ(fake::platform().count("tzplatform_mkpath"), 0u); });
     fake::platform().forgetCalls();
@@ -41,9 +41,9 @@ TEST_F(VoiceControlTest, ThePathOfThePreloadedCommandsIsFoundOnceAtTheStart) {
     EXPECT_EQ(fake::platform().count("vc_mgr_set_preloaded_commands_from_file"), 1u);
 }
 
-TEST_F(VoiceControlTest, ClosingTheSessionHasItsOrder) {
+TEST_F(VoiceControlTest, DestructionMakesItsCallsInOrder) {
     {
-        VoiceControl session;
+        VoiceControl control;
         fake::platform().forgetCalls();
     }
     EXPECT_EQ(
@@ -55,27 +55,27 @@ TEST_F(VoiceControlTest, ClosingTheSessionHasItsOrder) {
     EXPECT_EQ(fake::openCommands(), 0);
 }
 
-TEST_F(VoiceControlTest, ASessionMayBeClosedBeforeItEnds) {
+TEST_F(VoiceControlTest, TheCommandListIsDestroyedOnceWhenDeinitPrecedesTheDestruction) {
     {
-        VoiceControl session;
-        session.deinitVoiceControl();
+        VoiceControl control;
+        control.deinitVoiceControl();
     }
     EXPECT_EQ(fake::platform().textsOf({"vc_cmd_list_destroy"}),
               (Texts{"vc_cmd_list_destroy(list, 1)", "vc_cmd_list_destroy(null, 1)"}));
     EXPECT_EQ(fake::openCommandLists(), 0);
 }
 
-TEST_F(VoiceControlTest, ASessionThatEndsLeavesNoTimerBehind) {
+TEST_F(VoiceControlTest, DestructionDeletesTheTimer) {
     {
-        VoiceControl session;
-        session.startTimeOutTimer(7);
+        VoiceControl control;
+        control.startTimeOutTimer(7);
     }
     EXPECT_EQ(fake::mainLoop().timers(), 0u);
 }
 
-TEST_F(VoiceControlTest, FailuresOfClosingAreLoggedByName) {
+TEST_F(VoiceControlTest, AFailedCallOfDeinitIsLoggedWithTheErrorsName) {
     {
-        VoiceControl session;
+        VoiceControl control;
         fake::platform().answer("vc_cmd_list_destroy", VC_ERROR_INVALID_PARAMETER);
         fake::platform().answer("vc_mgr_deinitialize", VC_ERROR_INVALID_STATE);
         fake::platform().answer("vc_setting_deinitialize", VC_ERROR_OPERATION_FAILED);
@@ -85,19 +85,20 @@ TEST_F(VoiceControlTest, FailuresOfClosingAreLoggedByName) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_setting_deinitialize: OPERATION_FAILED"));
 }
 
-struct OpeningFailure {
+struct InitializationFailure {
     const char* call;
     const char* message;
 };
 // The name that the test list shows.
-void PrintTo(const OpeningFailure& row, std::ostream* out) {
+void PrintTo(const InitializationFailure& row, std::ostream* out) {
     *out << row.call;
 }
-class AFailedStepOfOpening : public VoiceControlTest, public testing::WithParamInterface<OpeningFailure> {};
+class AFailedCallOfTheInitialization : public VoiceControlTest,
+                                       public testing::WithParamInterface<InitializationFailure> {};
 
-TEST_P(AFailedStepOfOpening, IsLoggedAndEndsIt) {
+TEST_P(AFailedCallOfTheInitialization, IsLoggedAndEndsTheInitialization) {
     fake::platform().answer(GetParam().call, VC_ERROR_OPERATION_FAILED);
-    VoiceControl session;
+    VoiceControl control;
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, GetParam().message));
     EXPECT_EQ(fake::platform().names().back(), GetParam().call);
 }
@@ -110,7 +111,7 @@ TEST_F(VoiceControlTest, AFailureIsLoggedUnderItsOperation) {
     for (const auto& [call, operation] : operations) {
         fake::platform().reset();
         fake::platform().answer(call, VC_ERROR_OUT_OF_MEMORY);
-        { VoiceControl session; }
+        { VoiceControl control; }
         const auto lines = fake::platform().logs();
         const auto failure = std::find_if(lines.begin(), lines.end(),
                                           [](const fake::LogLine& line) { return line.priority == DLOG_ERROR; });
@@ -121,115 +122,115 @@ TEST_F(VoiceControlTest, AFailureIsLoggedUnderItsOperation) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Each, AFailedStepOfOpening,
-    testing::Values(OpeningFailure{"vc_setting_initialize", "Fail to init"},
-                    OpeningFailure{"vc_setting_get_enabled", "Fail to get enabled"},
-                    OpeningFailure{"vc_setting_set_enabled_changed_cb", "Fail to set enabled cb"},
-                    OpeningFailure{"vc_setting_get_language", "Fail to get language"},
-                    OpeningFailure{"vc_setting_set_auto_language", "Fail to auto language set false"},
-                    OpeningFailure{"vc_setting_set_language", "Fail to set language"},
-                    OpeningFailure{"vc_mgr_initialize", "[ERROR] Fail to initialize"},
-                    OpeningFailure{"vc_mgr_set_state_changed_cb", "[ERROR] Fail to set state changed cb"},
-                    OpeningFailure{"vc_mgr_set_service_state_changed_cb",
-                                   "[ERROR] Fail to set service state changed cb"},
-                    OpeningFailure{"vc_mgr_set_all_result_cb", "[ERROR] Fail to set all result cb"},
-                    OpeningFailure{"vc_mgr_set_pre_result_cb", "[ERROR] Fail to set pre result cb"},
-                    OpeningFailure{"vc_mgr_set_error_cb", "[ERROR] Fail to set error cb"},
-                    OpeningFailure{"vc_mgr_set_speech_detected_cb", "[ERROR] Fail to set speech detected cb"},
-                    OpeningFailure{"vc_mgr_set_current_language_changed_cb", "[ERROR] Fail to set language changed cb"},
-                    OpeningFailure{"vc_mgr_prepare", "[ERROR] Fail to prepare"}),
+    Each, AFailedCallOfTheInitialization,
+    testing::Values(
+        InitializationFailure{"vc_setting_initialize", "Fail to init"},
+        InitializationFailure{"vc_setting_get_enabled", "Fail to get enabled"},
+        InitializationFailure{"vc_setting_set_enabled_changed_cb", "Fail to set enabled cb"},
+        InitializationFailure{"vc_setting_get_language", "Fail to get language"},
+        InitializationFailure{"vc_setting_set_auto_language", "Fail to auto language set false"},
+        InitializationFailure{"vc_setting_set_language", "Fail to set language"},
+        InitializationFailure{"vc_mgr_initialize", "[ERROR] Fail to initialize"},
+        InitializationFailure{"vc_mgr_set_state_changed_cb", "[ERROR] Fail to set state changed cb"},
+        InitializationFailure{"vc_mgr_set_service_state_changed_cb", "[ERROR] Fail to set service state changed cb"},
+        InitializationFailure{"vc_mgr_set_all_result_cb", "[ERROR] Fail to set all result cb"},
+        InitializationFailure{"vc_mgr_set_pre_result_cb", "[ERROR] Fail to set pre result cb"},
+        InitializationFailure{"vc_mgr_set_error_cb", "[ERROR] Fail to set error cb"},
+        InitializationFailure{"vc_mgr_set_speech_detected_cb", "[ERROR] Fail to set speech detected cb"},
+        InitializationFailure{"vc_mgr_set_current_language_changed_cb", "[ERROR] Fail to set language changed cb"},
+        InitializationFailure{"vc_mgr_prepare", "[ERROR] Fail to prepare"}),
     [](const auto& row) { return std::string(row.param.call); });
 
-TEST_F(VoiceControlTest, ADisabledVoiceControlEndsOpening) {
+TEST_F(VoiceControlTest, ADisabledVoiceControlEndsTheInitialization) {
     fake::setVoiceEnabled(false);
-    VoiceControl session;
+    VoiceControl control;
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Voice control is disabled"));
     EXPECT_EQ(fake::platform().names().back(), "vc_setting_get_enabled");
 }
 
-TEST_F(VoiceControlTest, AFailedListOfLanguagesDoesNotEndOpening) {
+TEST_F(VoiceControlTest, AFailureToListTheLanguagesIsOnlyLogged) {
     fake::platform().answer("vc_mgr_foreach_supported_languages", VC_ERROR_OPERATION_FAILED);
-    VoiceControl session;
+    VoiceControl control;
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Fail to foreach supported lang"));
     EXPECT_EQ(fake::platform().count("vc_mgr_prepare"), 1u);
-    EXPECT_FALSE(session.isSupportedLang("en_US"));
+    EXPECT_FALSE(control.isSupportedLang("en_US"));
 }
 
-TEST_F(VoiceControlTest, SupportedLanguagesMatchToTheLetter) {
+TEST_F(VoiceControlTest, SupportedLanguagesMatchExactly) {
     fake::setSupportedLanguages({"en_US", "fr_FR"});
-    VoiceControl session;
-    EXPECT_TRUE(session.isSupportedLang("fr_FR"));
-    EXPECT_FALSE(session.isSupportedLang("fr_fr"));
-    EXPECT_FALSE(session.isSupportedLang("ko_KR"));
+    VoiceControl control;
+    EXPECT_TRUE(control.isSupportedLang("fr_FR"));
+    EXPECT_FALSE(control.isSupportedLang("fr_fr"));
+    EXPECT_FALSE(control.isSupportedLang("ko_KR"));
 }
 
 TEST_F(VoiceControlTest, TheEngineReloadsOnlyForAnotherModel) {
-    VoiceControl session;
-    session.setLanguage("ko_KR");
+    VoiceControl control;
+    control.setLanguage("ko_KR");
     fake::platform().forgetCalls();
-    EXPECT_TRUE(session.setLanguage("fr_FR"));
-    EXPECT_TRUE(session.setLanguage("fr_FR"));
-    EXPECT_TRUE(session.setLanguage("de_DE"));
+    EXPECT_TRUE(control.setLanguage("fr_FR"));
+    EXPECT_TRUE(control.setLanguage("fr_FR"));
+    EXPECT_TRUE(control.setLanguage("de_DE"));
     EXPECT_EQ(fake::platform().texts(),
               (Texts{"vc_setting_set_language(fr_FR)", "vc_mgr_set_private_data(Request, reloadEngine)",
                      "vc_setting_set_language(fr_FR)", "vc_setting_set_language(de_DE)"}));
-    session.setLanguage("en_US");
+    control.setLanguage("en_US");
     EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), 2u);
 }
 
-TEST_F(VoiceControlTest, FourEuropeanLanguagesShareOneModelAndTheOthersHaveTheirOwn) {
-    VoiceControl session;
+TEST_F(VoiceControlTest, FourEuropeanLanguagesShareOneModelAndEachOtherLanguageHasItsOwn) {
+    VoiceControl control;
     const std::pair<const char*, bool> rows[] = {{"ko_KR", true},  {"en_GB", true}, {"de_DE", false}, {"it_IT", false},
                                                  {"fr_FR", false}, {"es_ES", true}, {"zh_CN", true},  {"en_US", true},
                                                  {"en_US", false}, {"it_IT", true}, {"en_GB", false}, {"ko_KR", true}};
-    session.setLanguage("xx_XX");
+    control.setLanguage("xx_XX");
     for (const auto& [language, reloads] : rows) {
         fake::platform().forgetCalls();
-        EXPECT_TRUE(session.setLanguage(language));
+        EXPECT_TRUE(control.setLanguage(language));
         EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), reloads ? 1u : 0u) << language;
     }
 }
 
-TEST_F(VoiceControlTest, TheLastLanguageOutlivesTheSession) {
+TEST_F(VoiceControlTest, TheLastLanguageOutlivesTheObject) {
     { VoiceControl().setLanguage("ko_KR"); }
-    VoiceControl session;
+    VoiceControl control;
     fake::platform().forgetCalls();
-    session.setLanguage("ko_KR");
+    control.setLanguage("ko_KR");
     EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), 0u);
 }
 
-TEST_F(VoiceControlTest, ALanguageThatTheEngineRefusesIsLoggedByName) {
-    VoiceControl session;
-    session.setLanguage("ko_KR");
+TEST_F(VoiceControlTest, ARefusedLanguageIsLoggedWithTheErrorsName) {
+    VoiceControl control;
+    control.setLanguage("ko_KR");
     fake::platform().answerNext("vc_setting_set_language", VC_ERROR_INVALID_LANGUAGE);
     fake::platform().forgetCalls();
-    EXPECT_FALSE(session.setLanguage("xx_XX"));
-    EXPECT_TRUE(session.setLanguage("ko_KR"));
-    EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), 0u) << "the last language is still the one before";
+    EXPECT_FALSE(control.setLanguage("xx_XX"));
+    EXPECT_TRUE(control.setLanguage("ko_KR"));
+    EXPECT_EQ(fake::platform().count("vc_mgr_set_private_data"), 0u) << "the last language has not changed";
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_setting_set_language: INVALID_LANGUAGE"));
 }
 
-TEST_F(VoiceControlTest, AStartHasItsOrder) {
-    VoiceControl session;
+TEST_F(VoiceControlTest, AStartMakesItsCallsInOrder) {
+    VoiceControl control;
     fake::platform().forgetCalls();
-    EXPECT_EQ(session.startRecognition(VoiceStartMode::Default, "7"), 0);
+    EXPECT_EQ(control.startRecognition(VoiceStartMode::Default, "7"), 0);
     EXPECT_EQ(fake::platform().texts(),
               (Texts{"vc_mgr_set_private_data(MediaVolume, 7)", "vc_mgr_set_recognition_mode(0)",
                      "vc_mgr_set_command_list(" + SYSTEM_COMMANDS + ")", "vc_mgr_start(0)"}));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: Default"));
 }
 
-TEST_F(VoiceControlTest, PushToTalkLetsTheUserEndTheUtterance) {
-    VoiceControl session;
-    session.startRecognition(VoiceStartMode::PTT, "");
+TEST_F(VoiceControlTest, PushToTalkLetsThePersonEndTheUtterance) {
+    VoiceControl control;
+    control.startRecognition(VoiceStartMode::PTT, "");
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_recognition"}), Texts{"vc_mgr_set_recognition_mode(3)"});
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: PTT"));
 }
 
-TEST_F(VoiceControlTest, AStartWithAClearedContextResetsTheSessionFirst) {
-    VoiceControl session;
+TEST_F(VoiceControlTest, AStartWithAClearedContextFirstResetsTheServersSession) {
+    VoiceControl control;
     fake::platform().forgetCalls();
-    session.startRecognition(VoiceStartMode::ClearContext, "3");
+    control.startRecognition(VoiceStartMode::ClearContext, "3");
     EXPECT_EQ(fake::platform().texts(),
               (Texts{"vc_mgr_set_private_data(Request, resetSession)", "vc_mgr_set_private_data(MediaVolume, 3)",
                      "vc_mgr_set_recognition_mode(0)", "vc_mgr_set_command_list(" + SYSTEM_COMMANDS + ")",
@@ -237,52 +238,52 @@ TEST_F(VoiceControlTest, AStartWithAClearedContextResetsTheSessionFirst) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: ClearContext"));
 }
 
-TEST_F(VoiceControlTest, AStartInAnUnknownModeIsOneThatEndsBySilence) {
-    VoiceControl session;
-    session.startRecognition(VoiceStartMode::Unnamed, "");
+TEST_F(VoiceControlTest, AStartInAnUnknownModeEndsBySilence) {
+    VoiceControl control;
+    control.startRecognition(VoiceStartMode::Unnamed, "");
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice Start Mode: UNKNOWN"));
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_recognition"}), Texts{"vc_mgr_set_recognition_mode(0)"});
 }
 
-TEST_F(VoiceControlTest, WhatTheLastRecognitionHeardIsForgottenBeforeTheEngineStarts) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, AStartClearsWhatTheLastSessionReceivedBeforeItStartsTheEngine) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "old");
     // Speech may be detected while the start still runs.
     fake::platform().onCall("vc_mgr_start", [](const fake::Call&) { fake::speechDetected(); });
-    session.startRecognition(VoiceStartMode::Default, "");
-    EXPECT_EQ(sent().size(), 2u) << "the UI hears of it once a recognition";
+    control.startRecognition(VoiceStartMode::Default, "");
+    EXPECT_EQ(sent().size(), 2u) << "the UI is notified once per session";
     const Texts calls = managerCalls();
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "ecore_timer_add(10.000000)"), 2);
 }
 
-TEST_F(VoiceControlTest, FailuresAreReturnedAndLogged) {
-    VoiceControl session;
+TEST_F(VoiceControlTest, FailuresOfStartAndStopAndCancelAreReturnedAndLogged) {
+    VoiceControl control;
     fake::platform().answer("vc_mgr_start", VC_ERROR_RECORDER_BUSY);
     fake::platform().answer("vc_mgr_stop", VC_ERROR_INVALID_STATE);
     fake::platform().answer("vc_mgr_cancel", VC_ERROR_INVALID_STATE);
-    EXPECT_EQ(session.startRecognition(VoiceStartMode::Default, ""), VC_ERROR_RECORDER_BUSY);
-    EXPECT_EQ(session.stopRecognition(true), VC_ERROR_INVALID_STATE);
-    EXPECT_EQ(session.cancelRecognition(true, false), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(control.startRecognition(VoiceStartMode::Default, ""), VC_ERROR_RECORDER_BUSY);
+    EXPECT_EQ(control.stopRecognition(true), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(control.cancelRecognition(true, false), VC_ERROR_INVALID_STATE);
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "vc_mgr_start() failed: RECORDER_BUSY"));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to stop"));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[ERROR] Fail to cancel"));
 }
 
-TEST_F(VoiceControlTest, ASecondTimeOutTimerKeepsTheFirst) {
-    VoiceControl session;
-    session.startTimeOutTimer(5);
-    session.startTimeOutTimer(9);
+TEST_F(VoiceControlTest, ASecondTimeoutTimerKeepsTheFirst) {
+    VoiceControl control;
+    control.startTimeOutTimer(5);
+    control.startTimeOutTimer(9);
     EXPECT_EQ(fake::mainLoop().timers(), 1u);
     EXPECT_EQ(fake::mainLoop().interval(0), 5);
-    session.stopTimeOutTimer();
-    session.stopTimeOutTimer();
+    control.stopTimeOutTimer();
+    control.stopTimeOutTimer();
     EXPECT_EQ(fake::platform().count("ecore_timer_del"), 1u);
 }
 
-TEST_F(VoiceControlTest, ARecognitionReportsItsStatesUnderTheirTimeOuts) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, EachServiceStateIsReportedAndHasItsTimeout) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::serviceState(READY, RECORDING);
     EXPECT_EQ(fake::mainLoop().interval(0), 7.0);
     fake::serviceState(RECORDING, PROCESSING);
@@ -296,13 +297,13 @@ TEST_F(VoiceControlTest, ARecognitionReportsItsStatesUnderTheirTimeOuts) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Recording) -> Current(Processing)"));
 }
 
-TEST_F(VoiceControlTest, AChangeOfServiceStateHasItsOrder) {
+TEST_F(VoiceControlTest, AChangeOfTheServiceStateActsInOrder) {
     Texts steps;
-    VoiceControl session;
-    listenTo(session);
-    session.setRecognitionStateCallback(
+    VoiceControl control;
+    collectReportsOf(control);
+    control.setRecognitionStateCallback(
         [&](const OrvaneDA::ClientState&, const OrvaneDA::ErrorType&) { steps.push_back("recognition state"); });
-    session.setStateCallback(
+    control.setStateCallback(
         [&](const OrvaneDA::ClientState&, const OrvaneDA::ErrorType&) { steps.push_back("state"); });
     for (const char* call : {"ecore_timer_add", "ecore_timer_del"}) {
         fake::platform().onCall(call, [&](const fake::Call& made) { steps.push_back(made.text()); });
@@ -314,17 +315,17 @@ TEST_F(VoiceControlTest, AChangeOfServiceStateHasItsOrder) {
     EXPECT_EQ(steps, (Texts{"recognition state", "ecore_timer_del()", "state", "ecore_timer_add(30.000000)"}));
 }
 
-TEST_F(VoiceControlTest, NoServiceStateReadsAsIdleAndIsNotReported) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, TheServiceStateNoneMeansIdleAndIsNotReported) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::serviceState(READY, NONE);
     EXPECT_EQ(reports, Texts{"recognition Idle"});
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(Ready) -> Current(None)"));
 }
 
-TEST_F(VoiceControlTest, ARecordingInWhichNobodySpokeEndsInATimeOut) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, ARecordingWithoutSpeechTimesOutWithAnErrorAndIsCanceled) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::serviceState(READY, RECORDING);
     fake::mainLoop().advance(6.9);
     EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 0u);
@@ -333,12 +334,12 @@ TEST_F(VoiceControlTest, ARecordingInWhichNobodySpokeEndsInATimeOut) {
     fake::mainLoop().advance(0.2);
     EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u);
     fake::mainLoop().advance(60);
-    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u) << "it fires once";
+    EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u) << "the timer fires once";
 }
 
-TEST_F(VoiceControlTest, ARecordingInWhichSomebodySpokeIsStoppedSoThatItsResultComes) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, ARecordingWithSpeechThatTimesOutIsStopped) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::serviceState(READY, RECORDING);
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "open");
     fake::mainLoop().advance(9.9);
@@ -349,34 +350,34 @@ TEST_F(VoiceControlTest, ARecordingInWhichSomebodySpokeIsStoppedSoThatItsResultC
     EXPECT_EQ(reports.back(), "[open]");
 }
 
-TEST_F(VoiceControlTest, AProcessingThatTakesTooLongEndsInATimeOut) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, AProcessingThatTimesOutReportsAnErrorAndIsCanceled) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::serviceState(RECORDING, PROCESSING);
     fake::mainLoop().advance(30.1);
     EXPECT_EQ(reports.back(), "Error ProcessingTimeout");
     EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u);
 }
 
-TEST_F(VoiceControlTest, ATimeOutInAnyOtherStateCancelsInSilence) {
-    VoiceControl session;
-    listenTo(session);
-    session.startTimeOutTimer(1);
+TEST_F(VoiceControlTest, ATimeoutInAnyOtherStateCancelsWithoutAReport) {
+    VoiceControl control;
+    collectReportsOf(control);
+    control.startTimeOutTimer(1);
     fake::mainLoop().advance(1.1);
     EXPECT_TRUE(reports.empty());
     EXPECT_EQ(fake::platform().count("vc_mgr_cancel"), 1u);
 }
 
 TEST_F(VoiceControlTest, TheHandleOfATimerThatFiredIsDeletedAtTheNextStateChange) {
-    VoiceControl session;
-    listenTo(session);
+    VoiceControl control;
+    collectReportsOf(control);
     fake::serviceState(READY, RECORDING);
     fake::mainLoop().advance(8);
     fake::serviceState(RECORDING, READY);
     EXPECT_EQ(fake::platform().count("ecore_timer_del"), 1u);
 }
 
-TEST_F(VoiceControlTest, ErrorMessagesOfTheServerHaveTheirErrors) {
+TEST_F(VoiceControlTest, EachErrorMessageOfTheServerHasItsErrorType) {
     const std::pair<const char*, const char*> rows[] = {{"Server timed out!", "ProcessingTimeout"},
                                                         {"network_timeout_exception", "ProcessingTimeout"},
                                                         {"connection_fail_exception", "ProcessingTimeout"},
@@ -387,11 +388,11 @@ TEST_F(VoiceControlTest, ErrorMessagesOfTheServerHaveTheirErrors) {
                                                         {"nlu exception", "Default"}};
     for (const auto& [message, error] : rows) {
         for (auto previous : {RECORDING, PROCESSING}) {
-            VoiceControl session;
-            listenTo(session);
+            VoiceControl control;
+            collectReportsOf(control);
             fake::setVoiceErrorMessage(message);
             fake::voiceError(VC_ERROR_TIMED_OUT);
-            EXPECT_TRUE(reports.empty()) << "judged only at Ready";
+            EXPECT_TRUE(reports.empty()) << "reported only at Ready";
             EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "==== vc error - TIMED_OUT ===="));
             EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, std::string("Error Msg: [") + message + "]"));
             fake::serviceState(previous, READY);
@@ -401,36 +402,36 @@ TEST_F(VoiceControlTest, ErrorMessagesOfTheServerHaveTheirErrors) {
     }
 }
 
-TEST_F(VoiceControlTest, WithoutAMessageReadyReportsNothing) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, ReadyWithoutAnErrorMessageReportsNothing) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::serviceState(RECORDING, READY);
     EXPECT_EQ(reports, Texts{"recognition Ready"});
 }
 
-TEST_F(VoiceControlTest, AMessageStaysUntilAResultArrives) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, AnErrorMessageStaysUntilAResultArrives) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::setVoiceErrorMessage("NLU Exception");
     fake::voiceError(VC_ERROR_OPERATION_FAILED);
     fake::serviceState(RECORDING, READY);
-    session.startRecognition(VoiceStartMode::Default, "");
+    control.startRecognition(VoiceStartMode::Default, "");
     fake::serviceState(PROCESSING, READY);
     EXPECT_EQ(reports, (Texts{"recognition Ready", "Error ServerCrashed", "recognition Ready", "Error ServerCrashed"}));
 }
 
-TEST_F(VoiceControlTest, AMessageIsNotJudgedWhenNothingWasGoingOn) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, AnErrorMessageIsReportedOnlyAfterRecordingOrProcessing) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::setVoiceErrorMessage("NLU Exception");
     fake::voiceError(VC_ERROR_OPERATION_FAILED);
     fake::serviceState(NONE, READY);
     EXPECT_EQ(reports, Texts{"recognition Ready"});
 }
 
-TEST_F(VoiceControlTest, AReadyManagerGetsTheDomainAndThenThePreloadedCommands) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, AReadyManagerReceivesTheDomainAndThenThePreloadedCommands) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::voiceState(VC_STATE_INITIALIZED, VC_STATE_READY);
     const auto calls = fake::platform().calls();
     ASSERT_GE(calls.size(), 2u);
@@ -444,8 +445,8 @@ TEST_F(VoiceControlTest, AReadyManagerGetsTheDomainAndThenThePreloadedCommands) 
 }
 
 TEST_F(VoiceControlTest, OtherManagerStatesAreOnlyLogged) {
-    VoiceControl session;
-    listenTo(session);
+    VoiceControl control;
+    collectReportsOf(control);
     fake::voiceState(VC_STATE_NONE, VC_STATE_INITIALIZED);
     fake::voiceState(VC_STATE_READY, static_cast<vc_state_e>(3));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(None) -> Current(Initialized)"));
@@ -454,9 +455,9 @@ TEST_F(VoiceControlTest, OtherManagerStatesAreOnlyLogged) {
     EXPECT_TRUE(fake::platform().calls().empty());
 }
 
-TEST_F(VoiceControlTest, AnEngineThatDropsOutIsReportedAndReplayedAsReady) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, ALostEngineIsReportedAndItsServiceStateReplayedAsReady) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::serviceState(READY, RECORDING);
     reports.clear();
     fake::voiceState(VC_STATE_READY, VC_STATE_INITIALIZED);
@@ -467,12 +468,12 @@ TEST_F(VoiceControlTest, AnEngineThatDropsOutIsReportedAndReplayedAsReady) {
     EXPECT_EQ(fake::mainLoop().timers(), 0u);
 }
 
-TEST_F(VoiceControlTest, TheReplayStartsFromTheStateTheEngineDroppedOutOf) {
+TEST_F(VoiceControlTest, TheReplayStartsFromTheLastServiceState) {
     const std::pair<vc_service_state_e, const char*> rows[] = {
         {RECORDING, "Recording"}, {PROCESSING, "Processing"}, {READY, "Ready"}, {NONE, "None"}};
     for (const auto& [state, name] : rows) {
-        VoiceControl session;
-        listenTo(session);
+        VoiceControl control;
+        collectReportsOf(control);
         fake::setVoiceErrorMessage("NLU Exception");
         fake::voiceError(VC_ERROR_OPERATION_FAILED);
         fake::serviceState(NONE, state);
@@ -488,9 +489,9 @@ TEST_F(VoiceControlTest, TheReplayStartsFromTheStateTheEngineDroppedOutOf) {
     }
 }
 
-TEST_F(VoiceControlTest, AnEngineThatDropsOutBeforeAnythingHappenedIsReplayedFromNone) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, TheReplayStartsFromNoneWhenTheEngineIsLostFirst) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::voiceState(VC_STATE_READY, VC_STATE_INITIALIZED);
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Previous(None) -> Current(Ready)"));
 }
@@ -517,9 +518,9 @@ TEST_F(VoiceControlTest, EveryErrorHasItsName) {
     }
 }
 
-TEST_F(VoiceControlTest, ChangesOfEnabledAndLanguageAreOnlyLogged) {
-    VoiceControl session;
-    listenTo(session);
+TEST_F(VoiceControlTest, ChangesOfTheEnabledSettingAndTheLanguageAreOnlyLogged) {
+    VoiceControl control;
+    collectReportsOf(control);
     fake::voiceEnabledChanged(false);
     fake::voiceLanguageChanged("en_US", "fr_FR");
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Voice control enabled changed to (0)"));
@@ -528,11 +529,11 @@ TEST_F(VoiceControlTest, ChangesOfEnabledAndLanguageAreOnlyLogged) {
     EXPECT_TRUE(fake::platform().calls().empty());
 }
 
-TEST_F(VoiceControlTest, ASessionWithoutCallbacksRunsAllTheSame) {
-    VoiceControl session;
+TEST_F(VoiceControlTest, CallbacksThatAreNotSetAreSkipped) {
+    VoiceControl control;
     fake::serviceState(READY, RECORDING);
     fake::preResult(VC_PRE_RESULT_EVENT_FINAL, "x");
-    session.syncAppState(OrvaneDA::ClientState::Error, OrvaneDA::ErrorType::Default);
+    control.syncAppState(OrvaneDA::ClientState::Error, OrvaneDA::ErrorType::Default);
     fake::mainLoop().advance(11);
     EXPECT_EQ(fake::platform().count("vc_mgr_stop"), 1u);
 }

@@ -6,7 +6,8 @@
 #include "fake/FakeVoice.h"
 #include "unit/Fixture.h"
 
-// Collects what a session reports: "state error" on the main path, "recognition state" on the other.
+// Collects what a VoiceControl reports: "STATE ERROR" from the state callback, "recognition STATE" from the recognition
+// state callback, and "[TEXT]" from the partial-result callback, with "!" for a final one.
 class VoiceTest : public SendingTest {
 protected:
     void SetUp() override {
@@ -14,15 +15,15 @@ protected:
         OrvaneDA::UiRequests::get().prepare();
     }
 
-    void listenTo(OrvaneDA::VoiceControl& session) {
+    void collectReportsOf(OrvaneDA::VoiceControl& control) {
         using OrvaneDA::wireName;
-        session.setStateCallback([this](const OrvaneDA::ClientState& state, const OrvaneDA::ErrorType& error) {
+        control.setStateCallback([this](const OrvaneDA::ClientState& state, const OrvaneDA::ErrorType& error) {
             reports.push_back(std::string(wireName(state)) + " " + wireName(error));
         });
-        session.setRecognitionStateCallback([this](const OrvaneDA::ClientState& state, const OrvaneDA::ErrorType&) {
+        control.setRecognitionStateCallback([this](const OrvaneDA::ClientState& state, const OrvaneDA::ErrorType&) {
             reports.push_back(std::string("recognition ") + wireName(state));
         });
-        session.setPartialResultCallback([this](const std::string& text, bool isFinal) {
+        control.setPartialResultCallback([this](const std::string& text, bool isFinal) {
             reports.push_back("[" + text + "]" + (isFinal ? "!" : ""));
         });
         fake::platform().forgetCalls();

@@ -14,17 +14,17 @@ public:
     Trigger(const Trigger&) = delete;
     Trigger& operator=(const Trigger&) = delete;
 
-    // Given the confidence level, on the thread on which the trigger fires. Set before the first start.
+    // Set before the first start. The callback receives the confidence level.
     void setCallback(std::function<void(int)> callback);
 
     virtual void start() {}
     virtual void stop() {}
-    // Fires without a cause.
+    // Fires without a detection.
     virtual void forceShot() {}
     virtual void _shot(int level);
 
 protected:
-    std::atomic<int> mEnabled{0};  // 1 while started
+    std::atomic<int> mEnabled{0};  // 1 while started; read by this class's _shot only, which WuWTrigger overrides
     std::function<void(int)> mCallback;
 };
 

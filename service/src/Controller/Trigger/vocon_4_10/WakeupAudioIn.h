@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Carries microphone audio to the wake-up engine: the recorder's read thread queues blocks, the engine's thread takes
-// them. The listener's enabled flag opens and closes the feed for both.
+// The feed: the recorder's read thread queues blocks, and the wake engine's thread takes them. The listener's enabled
+// flag opens and closes the feed for both threads.
 #pragma once
 
 #include <wakeup_engine.h>
@@ -18,11 +18,12 @@ public:
     WakeupAudioIn();
     ~WakeupAudioIn() override;
 
-    // The engine's side; all return 0.
+    // Called by the engine. All return 0.
     int Start() override;
     int Stop() override;
     int HasData(bool& available) override;
-    // Waits for a block while the feed is open; null and 0 at once when it is closed.
+    // Waits for a block while the feed is open. Gives null and 0 at once when it is closed. The engine owns the block
+    // until it returns it.
     int FetchData(void*& data, unsigned int& size) override;
     int ReturnData(void* data) override;
 
@@ -33,7 +34,8 @@ protected:
     void implDataHandled(char* data, int size) override;
 
 private:
-    // One recorder block (new[], freed by whoever it ends with) and its length in bytes.
+    // A block (new[]) and its length in bytes. The destructor does not free the block, which the engine may own by
+    // then.
     struct PCMData {
         PCMData(char* block, unsigned int length) : data(block), size(length) {}
         virtual ~PCMData() = default;
@@ -44,7 +46,7 @@ private:
 
     std::list<PCMData> mQueue;  // oldest first
     std::mutex mQueueMutex;
-    std::list<PCMData> mSpare;  // emptied records, kept so that a block costs no allocation but its own
+    std::list<PCMData> mSpare;  // records without a block, for reuse: queueing a block allocates no record
 };
 
 }  // namespace OrvaneDA

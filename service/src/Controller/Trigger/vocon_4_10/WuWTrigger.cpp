@@ -3,8 +3,6 @@
 
 #include <tzplatform_config.h>
 
-#include <map>
-
 #include "Controller/Trigger/vocon_4_10/WakeupAudioIn.h"
 #include "Util/AsyncThread.h"
 #include "Util/Constants.h"
@@ -33,11 +31,11 @@ const char* wakeupWordKey(Util::OrvaneWUW word) {
 
 WuWTrigger::WuWTrigger() {
     LOGI("");
-    mEngine = nuance::IWakeupCtx::Create();
+    mEngine.reset(nuance::IWakeupCtx::Create());
     mEngine->AttachListener(this);
-    auto* config = Util::Singleton<Util::SystemConfig>::getInstance();
-    const Util::OrvaneLang language = config->getOrvaneLang();
-    const std::string path = getConfigPath(language, config->getVoiceWakeupWord());
+    Util::SystemConfig& config = Util::systemConfig();
+    const Util::OrvaneLang language = config.getOrvaneLang();
+    const std::string path = getConfigPath(language, config.getVoiceWakeupWord());
     if (!mEngine->Initialize(path, Constants::File::WAKEUP_CONFIG)) {
         LOGE("Initialize error");
         return;
@@ -53,12 +51,16 @@ WuWTrigger::~WuWTrigger() {
         mLife->ended = true;
     }
     __cancelListening();
-    // The feed is emptied now; its memory stays until the engine's thread, which may still ask it, has ended.
+    // The feed outlives the engine, whose thread may still call it.
     if (mAudioIn != nullptr) {
         mAudioIn->setEnabled(false);
         mAudioIn->clearQueue();
     }
-    nuance::IWakeupCtx::Destroy(mEngine);
+    mEngine.reset();
+}
+
+void WuWTrigger::DestroyEngine::operator()(nuance::IWakeupCtx* engine) const noexcept {
+    nuance::IWakeupCtx::Destroy(engine);
 }
 
 std::string WuWTrigger::getConfigPath(Util::OrvaneLang language, Util::OrvaneWUW word) {
@@ -100,7 +102,7 @@ void WuWTrigger::__cancelListening() {
     mEngine->CancelListening();
 }
 
-// Off the caller's thread: the callback launches an application, which the engine's thread must not wait for.
+// The callback launches an application, which neither the engine's thread nor the caller of forceShot waits for.
 template <typename Shoot>
 void WuWTrigger::queueShot(Shoot shoot) {
     Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([life = mLife, shoot] {
@@ -136,47 +138,8 @@ void WuWTrigger::OnWakeup(const std::string& word, int level) {
     queueShot([this, level] { _shot(level); });
 }
 
-void WuWTrigger::OnCanceled() {
-    LOGD("Canced");
-}
-
-void WuWTrigger::OnError(nuance::IWakeupListener::Error code, const std::string& detail) {
-    LOGE("Error");
-    LOGE("======================================");
-    LOGE(" Error occurred during recognition! ");
-    LOGE("  - code   : (%s)", getErrorCode(code).c_str());
-    LOGE("  - detail : %s", detail.c_str());
-    LOGE("====================================");
-}
-
-void WuWTrigger::OnWarning(nuance::IWakeupListener::Warning code, const std::string& detail) {
-    LOGW("Warning");
-    LOGW("======================================");
-    LOGW(" Warning occurred during recognition! ");
-    LOGW("  - code   : (%s)", getWarningCode(code).c_str());
-    LOGW("  - detail : %s", detail.c_str());
-    LOGW("====================================");
-}
-
 SRecordListener* WuWTrigger::getSRecordListener() {
     return mAudioIn.get();
-}
-
-const std::string& WuWTrigger::getErrorCode(nuance::IWakeupListener::Error code) {
-    static const std::map<int, std::string> NAMES = {{0, "NOT_ENOUGH_RESOURCE"},      {1, "NOT_IN_PROPER_STATE"},
-                                                     {2, "INVALID_ARGUMENT"},         {3, "WRONG_VOCON_DATA"},
-                                                     {4, "ERROR_FROM_USER_CALLBACK"}, {5, "NOT_SUPPORTED"},
-                                                     {6, "VOCON_INTERNAL_ERROR"},     {7, "COULD_NOT_FIND_ACMOD"},
-                                                     {8, "COULD_NOT_FIND_CLC"},       {9, "ERROR_FROM_CONFIG_PARSER"}};
-    return NAMES.at(code);
-}
-
-const std::string& WuWTrigger::getWarningCode(nuance::IWakeupListener::Warning code) {
-    static const std::map<int, std::string> NAMES = {{0, "NOT_INITIALIZED"},          {1, "ALREADY_LISTENING"},
-                                                     {2, "FAIL_TO_CREATE_DIRECTORY"}, {3, "AUDIOIN_NOT_ATTACHED"},
-                                                     {4, "WAKEUP_WORD_NOT_SET"},      {5, "FILE_OPEN_FAILED"},
-                                                     {6, "INVALID_CONFIG_KEY"},       {7, "INVALID_CONFIG_VALUE"}};
-    return NAMES.at(code);
 }
 
 }  // namespace OrvaneDA

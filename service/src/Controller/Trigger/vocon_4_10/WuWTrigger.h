@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Listens for the wake-up word. start, stop and forceShot come from the service's thread or the async worker; the
-// engine calls the listener on its own thread; the callback runs on the process-wide async worker, never on the
-// engine's thread.
+// Listens for the wake word. The main loop and the async worker call start, stop, and forceShot. The engine calls the
+// listener on its own thread. The callback runs on the process-wide async worker, never on the engine's thread.
 #pragma once
 
 #include <wakeup_engine.h>
@@ -24,15 +23,15 @@ class WakeupAudioIn;
 
 class WuWTrigger : public Trigger, private nuance::IWakeupListener {
 public:
-    // Sets the engine up for the current language and wake-up word; on failure the trigger stays without audio.
+    // Initializes the engine for the current language and wake word. On failure the trigger has no audio feed.
     WuWTrigger();
-    // Waits for the engine's thread and for a callback that now runs.
+    // Waits for the engine's thread and for a running callback.
     ~WuWTrigger() override;
 
     void start() override;
     void stop() override;
     void forceShot() override;
-    // Unlike the base, does not look at the enabled flag: a wake-up has cleared it by then.
+    // Unlike the base, does not check the enabled flag: OnWakeup has cleared it by then.
     void _shot(int level) override;
 
     void OnWakeup(const std::string& word, int level) override;
@@ -40,20 +39,23 @@ public:
     void OnError(nuance::IWakeupListener::Error code, const std::string& detail) override;
     void OnWarning(nuance::IWakeupListener::Warning code, const std::string& detail) override;
 
-    // For the recorder; null when the engine could not be set up. Stays this trigger's.
+    // The audio feed, for the recorder; null when the engine could not be initialized. The trigger keeps ownership.
     SRecordListener* getSRecordListener();
 
-    // Throw std::out_of_range for a code that has no name.
+    // Throw std::out_of_range for a code without a name.
     static const std::string& getErrorCode(nuance::IWakeupListener::Error code);
     static const std::string& getWarningCode(nuance::IWakeupListener::Warning code);
-    // Folder of the engine's data, with a closing "/".
+    // The folder of the engine's data, with "/" at its end.
     static std::string getConfigPath(Util::OrvaneLang language, Util::OrvaneWUW word);
 
 private:
-    // Outlives the trigger in the jobs that it queued, so that one that comes too late does nothing.
+    // Shared with the queued jobs, which may outlive the trigger and do nothing then.
     struct Life {
         std::mutex mutex;  // held while a job runs
         bool ended = false;
+    };
+    struct DestroyEngine {
+        void operator()(nuance::IWakeupCtx* engine) const noexcept;
     };
 
     void __startListening();
@@ -61,10 +63,10 @@ private:
     template <typename Shoot>
     void queueShot(Shoot shoot);
 
-    std::mutex mStateMutex;  // a start or a stop: engine and feed change together
+    std::mutex mStateMutex;  // held by start and stop, which change the engine and the feed together
     std::shared_ptr<Life> mLife = std::make_shared<Life>();
-    nuance::IWakeupCtx* mEngine = nullptr;
     std::unique_ptr<WakeupAudioIn> mAudioIn;
+    std::unique_ptr<nuance::IWakeupCtx, DestroyEngine> mEngine;
 };
 
 }  // namespace OrvaneDA

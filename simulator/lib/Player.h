@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
-// A sound that plays without end on the default loudspeaker, and that loudspeaker's volume. Everything on the thread of
-// the default main context. When the sound server goes away the player waits for it and plays on.
+// Plays an endless sound on the default loudspeaker and observes the volume of that loudspeaker. Everything runs on the
+// thread of the default main context. When the sound server ends, the player waits for it to return and plays on.
 #pragma once
-
-#include <pulse/context.h>
-#include <pulse/glib-mainloop.h>
-#include <pulse/stream.h>
 
 #include <cstdint>
 #include <functional>
-#include <memory>
+#include <optional>
 #include <string>
+
+#include "pulse/Context.h"
+#include "pulse/GlibMainloop.h"
+#include "pulse/Operation.h"
+#include "pulse/PlaybackStream.h"
 
 namespace sim {
 
@@ -18,41 +19,38 @@ class Player {
 public:
     struct Owner {
         std::string application;
-        std::string role;  // of the sound server's: music, video, a11y, ...
-        std::function<void(int16_t* samples, std::size_t count)> sound;  // the next samples, kRate mono
-        std::function<void(bool plays)> playing;                         // the server has begun, or paused
-        std::function<void(int percent)> volume;  // of the loudspeaker, at first and when it moves
+        std::string role;                                                // media role, such as "music"
+        std::function<void(int16_t* samples, std::size_t count)> sound;  // fills in the next samples, kRate mono
+        std::function<void(bool plays)> playing;                         // the server plays or has paused the stream
+        std::function<void(int percent)> volume;                         // of the loudspeaker, initially and at changes
     };
     static constexpr unsigned kRate = 16000;
 
-    // Lives until the process ends.
+    // The object must live until the process ends.
     explicit Player(Owner owner);
+    Player(const Player&) = delete;
+    Player& operator=(const Player&) = delete;
 
-    void play() { want(true); }
-    void pause() { want(false); }
+    void play() { setPlaying(true); }
+    void pause() { setPlaying(false); }
 
 private:
-    struct Release {
-        void operator()(pa_glib_mainloop* loop) const noexcept { pa_glib_mainloop_free(loop); }
-        void operator()(pa_context* context) const noexcept;
-        void operator()(pa_stream* stream) const noexcept;
-    };
-
     void connect();
-    void want(bool plays);
+    void onState(pulse::Context::State state);
+    void setPlaying(bool plays);
     void openStream();
+    void pauseOrResume();
     void readVolume();
-    static void onContext(pa_context* context, void* self) noexcept;
-    static void onStream(pa_stream* stream, void* self) noexcept;
-    static void onWanted(pa_stream* stream, size_t bytes, void* self) noexcept;
-    static void onChange(pa_context* context, pa_subscription_event_type_t type, uint32_t index, void* self) noexcept;
 
     Owner mOwner;
     bool mPlays = false;
+    bool mReady = false;
     int mVolume = -1;
-    std::unique_ptr<pa_glib_mainloop, Release> mLoop;
-    std::unique_ptr<pa_context, Release> mContext;
-    std::unique_ptr<pa_stream, Release> mStream;
+    pulse::GlibMainloop mLoop;
+    std::optional<pulse::Context> mContext;
+    std::optional<pulse::PlaybackStream> mStream;
+    pulse::Operation mPauseRequest;
+    pulse::Operation mVolumeRequest;
 };
 
 }  // namespace sim

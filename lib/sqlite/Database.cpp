@@ -1,14 +1,51 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sqlite/Database.h"
 
+#include <sqlite3.h>
+
 #include <new>
 
 namespace sqlite {
 
-Database::Database(const std::string& file, int flags, int busyMilliseconds) {
+namespace {
+
+int flagsOf(Access access) {
+    switch (access) {
+        case Access::READ:
+            return SQLITE_OPEN_READONLY;
+        case Access::WRITE:
+            return SQLITE_OPEN_READWRITE;
+        case Access::CREATE:
+            return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+        default:
+            return SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
+    }
+}
+
+std::string immutableUri(const std::string& file) {
+    std::string uri = "file:";
+    for (const char letter : file) {
+        uri += letter == '%' ? "%25" : letter == '?' ? "%3f" : letter == '#' ? "%23" : std::string(1, letter);
+    }
+    return uri + "?immutable=1";
+}
+
+}  // namespace
+
+// Error codes may be extended ones, whose low byte is the plain code.
+bool Error::isBusy() const {
+    return (mCode & 0xff) == SQLITE_BUSY;
+}
+
+bool Error::isAccessRefused() const {
+    return (mCode & 0xff) == SQLITE_READONLY || (mCode & 0xff) == SQLITE_CANTOPEN;
+}
+
+Database::Database(const std::string& file, Access access, int busyMilliseconds) {
+    const std::string name = access == Access::READ_ALONE ? immutableUri(file) : file;
     sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(file.c_str(), &opened, flags, nullptr);
-    mDatabase.reset(opened);  // is there for the error's text when opening failed
+    const int code = sqlite3_open_v2(name.c_str(), &opened, flagsOf(access), nullptr);
+    mDatabase.reset(opened);  // not null after a failure either: it holds the error's text
     if (code != SQLITE_OK) {
         fail(code);
     }
@@ -22,6 +59,10 @@ void Database::execute(const std::string& sql) {
     }
 }
 
+bool Database::isReadOnly() const {
+    return sqlite3_db_readonly(get(), "main") == 1;
+}
+
 void Database::fail(int code) const {
     if (code == SQLITE_NOMEM) {
         throw std::bad_alloc();
@@ -29,20 +70,8 @@ void Database::fail(int code) const {
     throw Error(code, mDatabase ? sqlite3_errmsg(get()) : sqlite3_errstr(code));
 }
 
-// The write lock is taken at once: a transaction that becomes a writer half-way can fail without having waited.
-Transaction::Transaction(Database& database) : mDatabase(database) {
-    database.execute("BEGIN IMMEDIATE");
-}
-
-Transaction::~Transaction() {
-    if (mOpen) {
-        sqlite3_exec(mDatabase.get(), "ROLLBACK", nullptr, nullptr, nullptr);
-    }
-}
-
-void Transaction::commit() {
-    mDatabase.execute("COMMIT");
-    mOpen = false;
+void Database::Close::operator()(sqlite3* database) const noexcept {
+    sqlite3_close_v2(database);
 }
 
 std::string quoted(const std::string& name) {

@@ -1,60 +1,44 @@
 // SPDX-License-Identifier: Apache-2.0
-// One connection to a SQLite database file. Used by one thread at a time.
 #pragma once
 
-#include <sqlite3.h>
-
 #include <memory>
-#include <stdexcept>
 #include <string>
+
+#include "sqlite/Error.h"
+
+struct sqlite3;
 
 namespace sqlite {
 
-class Error : public std::runtime_error {
-public:
-    Error(int code, const std::string& text) : std::runtime_error(text), mCode(code) {}
-    // SQLITE_..., without its extension.
-    int code() const { return mCode & 0xff; }
-
-private:
-    int mCode;
+enum class Access {
+    READ,
+    WRITE,
+    CREATE,     // writes, and creates the file if it is missing
+    READ_ALONE  // reads the file without its log; nobody may write it meanwhile
 };
 
+// One connection to a database file. One thread at a time may use it. All functions throw sqlite::Error.
 class Database {
 public:
-    // `file`: a path or a file: URI. `flags`: SQLITE_OPEN_...; the file is first looked at by the first statement.
-    // Waits up to `busyMilliseconds` for another process's lock. All of these throw Error.
-    Database(const std::string& file, int flags, int busyMilliseconds);
+    // The first statement reads the file, not the constructor. A statement waits up to `busyMilliseconds` for another
+    // connection's lock.
+    Database(const std::string& file, Access access, int busyMilliseconds);
 
     void execute(const std::string& sql);
-    // Wanted so, or a file that could not be opened otherwise.
-    bool isReadOnly() const { return sqlite3_db_readonly(get(), "main") == 1; }
+    // True also if `access` was to write and the file permits only reading.
+    bool isReadOnly() const;
+    // Throws the error that the last call on this connection returned as `code`.
     [[noreturn]] void fail(int code) const;
     sqlite3* get() const { return mDatabase.get(); }
 
 private:
     struct Close {
-        void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
+        void operator()(sqlite3* database) const noexcept;
     };
     std::unique_ptr<sqlite3, Close> mDatabase;
 };
 
-// A transaction that writes, rolled back at its end unless committed.
-class Transaction {
-public:
-    explicit Transaction(Database& database);
-    ~Transaction();
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
-
-    void commit();
-
-private:
-    Database& mDatabase;
-    bool mOpen = true;
-};
-
-// "name", whatever the name holds.
+// "name" in quotes, for a table whose name may contain any character.
 std::string quoted(const std::string& name);
 
 }  // namespace sqlite

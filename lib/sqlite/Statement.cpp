@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sqlite/Statement.h"
 
+#include <sqlite3.h>
+
 #include <new>
 
 namespace sqlite {
@@ -46,10 +48,18 @@ const char* Statement::text(int column) const {
     return "";
 }
 
+int Statement::number(int column) const {
+    return sqlite3_column_int(mStatement.get(), column);
+}
+
 void Statement::check(int code) const {
     if (code != SQLITE_OK) {
         mDatabase.fail(code);
     }
+}
+
+void Statement::Finalize::operator()(sqlite3_stmt* statement) const noexcept {
+    sqlite3_finalize(statement);
 }
 
 }  // namespace sqlite

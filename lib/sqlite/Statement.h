@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// One prepared statement. Must end before its database. All of these throw sqlite::Error.
 #pragma once
+
+#include <memory>
+#include <string>
 
 #include "sqlite/Database.h"
 
+struct sqlite3_stmt;
+
 namespace sqlite {
 
+// One prepared statement. Must end before its database. All functions throw sqlite::Error.
 class Statement {
 public:
     Statement(const Database& database, const std::string& sql);
@@ -20,11 +25,11 @@ public:
 
     // Columns count from 0. The text is valid until the next step; a null is "".
     const char* text(int column) const;
-    int number(int column) const { return sqlite3_column_int(mStatement.get(), column); }
+    int number(int column) const;
 
 private:
     struct Finalize {
-        void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
+        void operator()(sqlite3_stmt* statement) const noexcept;
     };
     void check(int code) const;
 

@@ -5,11 +5,14 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "sqlite/Statement.h"
+#include "sqlite/Transaction.h"
+
 namespace sim {
 
 namespace {
 
-constexpr int kPatienceMs = 5000;
+constexpr int kBusyMilliseconds = 5000;
 
 std::string fileOf(const std::string& name) {
     const char* data = getenv("XDG_DATA_HOME");
@@ -22,83 +25,54 @@ std::string fileOf(const std::string& name) {
     return folder / (name + ".db");
 }
 
-std::string textAt(sqlite3_stmt* row, int column) {
-    return reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+bool hasTable(const sqlite::Database& database, const std::string& table) {
+    return sqlite::Statement(database, "SELECT 1 FROM sqlite_master WHERE name = ?").bind(1, table).step();
+}
+
+void insert(const sqlite::Database& database, const std::string& table, const std::vector<Database::Fields>& records) {
+    sqlite::Statement row(database, "INSERT INTO " + table + " (record, position, field, value) VALUES (?, ?, ?, ?)");
+    int record = 0;
+    for (const Database::Fields& fields : records) {
+        int position = 0;
+        for (const auto& [field, value] : fields) {
+            row.bind(1, record).bind(2, position++).bind(3, field).bind(4, value).run();
+        }
+        ++record;
+    }
 }
 
 }  // namespace
 
-Database::Database(const std::string& name) {
-    sqlite3* file = nullptr;
-    const int result = sqlite3_open(fileOf(name).c_str(), &file);
-    mFile.reset(file);
-    if (result != SQLITE_OK) {
-        fail("cannot open the database " + name);
-    }
-    sqlite3_busy_timeout(file, kPatienceMs);
-    run("PRAGMA journal_mode=WAL");
+Database::Database(const std::string& name) : mDatabase(fileOf(name), sqlite::Access::CREATE, kBusyMilliseconds) {
+    mDatabase.execute("PRAGMA journal_mode=WAL");
 }
 
 std::vector<Database::Fields> Database::read(const std::string& table) {
     std::vector<Fields> records;
-    const auto there = prepare("SELECT 1 FROM sqlite_master WHERE name = ?");
-    sqlite3_bind_text(there.get(), 1, table.c_str(), -1, SQLITE_TRANSIENT);
-    if (sqlite3_step(there.get()) != SQLITE_ROW) {
+    if (!hasTable(mDatabase, table)) {
         return records;
     }
-    const auto rows = prepare("SELECT position, field, value FROM \"" + table + "\" ORDER BY record, position");
-    int result = SQLITE_ROW;
-    while ((result = sqlite3_step(rows.get())) == SQLITE_ROW) {
-        if (sqlite3_column_int(rows.get(), 0) == 0) {
+    sqlite::Statement rows(
+        mDatabase, "SELECT position, field, value FROM " + sqlite::quoted(table) + " ORDER BY record, position");
+    while (rows.step()) {
+        if (records.empty() || rows.number(0) == 0) {
             records.emplace_back();
         }
-        records.back().emplace_back(textAt(rows.get(), 1), textAt(rows.get(), 2));
-    }
-    if (result != SQLITE_DONE) {
-        fail("cannot read the table " + table);
+        records.back().emplace_back(rows.text(1), rows.text(2));
     }
     return records;
 }
 
 void Database::replace(const std::string& table, const std::vector<Fields>& records) {
-    run("BEGIN IMMEDIATE");
-    run("CREATE TABLE IF NOT EXISTS \"" + table +
-        "\" (record INTEGER NOT NULL, position INTEGER NOT NULL, field TEXT NOT NULL, kind INTEGER NOT NULL DEFAULT 1,"
-        " value TEXT NOT NULL, PRIMARY KEY (record, position)) WITHOUT ROWID");
-    run("DELETE FROM \"" + table + "\"");
-    for (std::size_t record = 0; record < records.size(); ++record) {
-        for (std::size_t position = 0; position < records[record].size(); ++position) {
-            const auto& [field, value] = records[record][position];
-            const auto row =
-                prepare("INSERT INTO \"" + table + "\" (record, position, field, value) VALUES (?, ?, ?, ?)");
-            sqlite3_bind_int64(row.get(), 1, static_cast<sqlite3_int64>(record));
-            sqlite3_bind_int64(row.get(), 2, static_cast<sqlite3_int64>(position));
-            sqlite3_bind_text(row.get(), 3, field.c_str(), -1, SQLITE_TRANSIENT);
-            sqlite3_bind_text(row.get(), 4, value.c_str(), -1, SQLITE_TRANSIENT);
-            if (sqlite3_step(row.get()) != SQLITE_DONE) {
-                fail("cannot write the table " + table);
-            }
-        }
-    }
-    run("COMMIT");
-}
-
-void Database::run(const std::string& words) {
-    if (sqlite3_exec(mFile.get(), words.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-        fail(words);
-    }
-}
-
-Database::Statement Database::prepare(const std::string& words) {
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(mFile.get(), words.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
-        fail(words);
-    }
-    return Statement(statement);
-}
-
-void Database::fail(const std::string& what) {
-    throw std::runtime_error(what + ": " + sqlite3_errmsg(mFile.get()));
+    const std::string name = sqlite::quoted(table);
+    sqlite::Transaction update(mDatabase);
+    mDatabase.execute("CREATE TABLE IF NOT EXISTS " + name +
+                      " (record INTEGER NOT NULL, position INTEGER NOT NULL, field TEXT NOT NULL,"
+                      " kind INTEGER NOT NULL DEFAULT 1, value TEXT NOT NULL, PRIMARY KEY (record, position))"
+                      " WITHOUT ROWID");
+    mDatabase.execute("DELETE FROM " + name);
+    insert(mDatabase, name, records);
+    update.commit();
 }
 
 }  // namespace sim

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t kLongestName = 200;
 constexpr char kReserved[] = "sqlite_";
 
-// Null when unset, empty or (as the base folder rules say) not absolute.
+// Null if unset, empty, or not absolute: the XDG base directory rules ignore relative paths.
 const char* folderIn(const char* variable) {
     const char* value = getenv(variable);
     return value != nullptr && *value == '/' ? value : nullptr;
@@ -36,7 +36,7 @@ fs::path folder() {
     if (const char* home = folderIn("HOME")) {
         return fs::path(home) / ".local" / "share" / "orvane-da" / "db";
     }
-    throw std::runtime_error("no folder for databases: neither ORVANE_DB_DIR, XDG_DATA_HOME nor HOME is set");
+    throw std::runtime_error("no folder for databases: ORVANE_DB_DIR, XDG_DATA_HOME, and HOME are not set");
 }
 
 }  // namespace
@@ -48,13 +48,13 @@ bool isValidName(const std::string& name) {
            std::all_of(name.begin(), name.end(), fits);
 }
 
-// What a household's members are called is nobody else's business: the folder is the owner's alone.
+// Only the owner may read the folder, because it contains the names of the household's users.
 std::string fileOf(const std::string& name) {
     const fs::path place = folder();
     std::error_code error;
     fs::create_directories(place.parent_path(), error);
     if (mkdir(place.c_str(), 0700) != 0 && errno != EEXIST) {
-        throw std::runtime_error("cannot make " + place.string() + ": " + strerror(errno));
+        throw std::runtime_error("cannot create " + place.string() + ": " + strerror(errno));
     }
     return place / (name + ".db");
 }

@@ -1,44 +1,44 @@
 // SPDX-License-Identifier: Apache-2.0
-// One named database. Any number of processes read and write it: readers see the state before or after an update and
-// never wait for a writer; writers wait for each other.
 #pragma once
-
-#include <sys/stat.h>
 
 #include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "FileIdentity.h"
+#include "Record.h"
 #include "sqlite/Database.h"
 
-struct vrd_bundle_s {
-    std::vector<std::pair<std::string, std::string>> fields;  // each key once
-};
+namespace localdb {
 
-struct vrd_manager_s {
+// One named database, which any number of processes read and write. Readers see the state before or after an update
+// and never wait for a writer; writers wait for each other. One thread at a time may use it. All functions throw
+// sqlite::Error and other std::exception.
+class Manager {
 public:
-    // Returns false to end the walk.
+    // Returns false to stop the iteration.
     using Visitor = std::function<bool(const char* field, int kind, const char* value)>;
-    using Records = std::vector<const vrd_bundle_s*>;
+    using Records = std::vector<const Record*>;
 
-    // Not open yet.
-    explicit vrd_manager_s(const std::string& name);
+    // Does not open the database.
+    explicit Manager(const std::string& name) : mName(name) {}
 
     const std::string& name() const { return mName; }
-    // Makes the file when there is none; one that can only be read is opened for that. What fails here is tried again
-    // by the next of the two below. All three throw sqlite::Error or std::exception.
+    // Opens the database now. The two functions below open it by themselves if it is not open, or no longer current.
     void open();
-    // False when there is no such table.
+    // Returns false if there is no such table.
     bool walk(const std::string& table, const Visitor& visitor);
+    // Replaces all records of the private table.
     void replace(const Records& records);
 
 private:
-    sqlite::Database& database();
+    sqlite::Database& current();
 
     std::string mName;
     std::string mFile;
     std::unique_ptr<sqlite::Database> mDatabase;
-    struct stat mOpened {};
+    FileIdentity mOpened;
 };
+
+}  // namespace localdb

@@ -2,12 +2,14 @@
 #include "appliance/environment/PrivateTmp.h"
 
 #include <fcntl.h>
-#include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
+#include <system_error>
+
+#include "mounts/MountNamespace.h"
 
 #include "appliance/environment/Tree.h"
 
@@ -49,26 +51,12 @@ void show(const std::vector<Shown>& entries) {
     }
 }
 
-bool write(const char* path, const std::string& text) {
-    std::ofstream file(path);
-    return static_cast<bool>(file << text << std::flush);
-}
-
-bool separate() {
-    if (unshare(CLONE_NEWNS) == 0) {
-        return true;
-    }
-    const std::string user = std::to_string(getuid());
-    const std::string group = std::to_string(getgid());
-    return unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && write("/proc/self/setgroups", "deny") &&
-           write("/proc/self/uid_map", user + " " + user + " 1") &&
-           write("/proc/self/gid_map", group + " " + group + " 1");
-}
-
 }  // namespace
 
 bool enterPrivateTmp(const std::vector<std::string>& shown) {
-    if (!separate() || mount(nullptr, "/", nullptr, MS_REC | MS_SLAVE, nullptr) != 0) {
+    try {
+        enterMountNamespace();
+    } catch (const std::system_error&) {
         return false;
     }
     // A folder that was opened in the previous namespace cannot be mounted in this one.

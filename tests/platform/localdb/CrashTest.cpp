@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// An update that the process does not live to finish.
+// A process that dies during an update.
 #include <signal.h>
 #include <time.h>
 
@@ -17,7 +17,7 @@ class AnUpdate : public DatabaseFolder {};
 
 constexpr int kRounds = 60;
 
-// The kernel ends this process when the time is over, wherever it is.
+// The kernel kills this process after the time.
 void dieIn(long nanoseconds) {
     sigevent death{};
     death.sigev_notify = SIGEV_SIGNAL;
@@ -37,7 +37,7 @@ void updateUntilDeath(long nanoseconds) {
     FAIL() << "an update failed";
 }
 
-// Of one update here and now, in nanoseconds.
+// How long one update takes on this machine, in nanoseconds.
 long durationOfAnUpdate() {
     const Manager manager = openDatabase("Profile");
     update(manager.get(), users("new", 90));
@@ -46,7 +46,7 @@ long durationOfAnUpdate() {
     return std::chrono::nanoseconds(std::chrono::steady_clock::now() - start).count();
 }
 
-TEST_F(AnUpdate, LeavesTheOldListOrTheNewOneWhereverTheProcessDies) {
+TEST_F(AnUpdate, LeavesTheOldListOrTheNewOneWheneverTheProcessDies) {
     std::mt19937 random(20240711);
     std::uniform_int_distribution<long> moment(1, std::min(8 * durationOfAnUpdate(), 900'000'000L));
     int seen[2] = {0, 0};
@@ -62,7 +62,7 @@ TEST_F(AnUpdate, LeavesTheOldListOrTheNewOneWhereverTheProcessDies) {
     EXPECT_GT(seen[1], 0);
 }
 
-TEST_F(AnUpdate, WorksAgainAfterAProcessDiedInOne) {
+TEST_F(AnUpdate, SucceedsAfterAProcessDiedDuringOne) {
     ASSERT_EQ(await(inChild([] { updateUntilDeath(3'000'000); })), 128 + SIGKILL);
     const Manager manager = openDatabase("Profile");
     EXPECT_EQ(update(manager.get(), users("later", 5)), VRD_ERROR_NONE);

@@ -24,7 +24,7 @@ class ARecord : public DatabaseFolder {};
 
 const List kTwoUsers = {{{"userId", "1"}, {"userName", "Ann"}}, {{"userId", "2"}, {"userName", "Bo"}}};
 
-TEST_F(ADatabase, GivesItsRecordsFieldByFieldInTheirOrder) {
+TEST_F(ADatabase, ReturnsItsRecordsFieldByFieldInTheirOrder) {
     const Manager manager = openDatabase("Profile");
     ASSERT_EQ(update(manager.get(), kTwoUsers), VRD_ERROR_NONE);
     EXPECT_THAT(walk(manager.get(), "Profile"),
@@ -57,12 +57,12 @@ TEST_F(ADatabase, IsSeparateFromAnother) {
     EXPECT_THAT(walk(other.get(), "Profile", VRD_ERROR_NO_TABLE), IsEmpty());
 }
 
-TEST_F(ADatabase, SaysWithoutALogLineThatItHasNoSuchTable) {
+TEST_F(ADatabase, ReturnsThatThereIsNoSuchTableWithoutALogLine) {
     const Manager manager = openDatabase("Morning Brief");
     EXPECT_THAT(logOf([&] { walk(manager.get(), "MorningBrief", VRD_ERROR_NO_TABLE); }), IsEmpty());
 }
 
-TEST_F(ADatabase, EndsTheWalkWhenTheCallbackSaysSo) {
+TEST_F(ADatabase, StopsTheIterationWhenTheCallbackReturnsFalse) {
     const Manager manager = openDatabase("Profile");
     update(manager.get(), kTwoUsers);
     int calls = 0;
@@ -71,7 +71,7 @@ TEST_F(ADatabase, EndsTheWalkWhenTheCallbackSaysSo) {
     EXPECT_EQ(calls, 2);
 }
 
-TEST_F(ADatabase, GivesBackEveryText) {
+TEST_F(ADatabase, ReturnsEveryTextUnchanged) {
     const std::string texts[] = {"",
                                  "it's \"quoted\"; DROP TABLE Profile",
                                  "\xed\x95\x9c\xea\xb5\xad\xec\x96\xb4",
@@ -85,7 +85,7 @@ TEST_F(ADatabase, GivesBackEveryText) {
     }
 }
 
-TEST_F(ADatabase, IsMadeAnewWhenSomeoneRemovesItsFile) {
+TEST_F(ADatabase, IsCreatedAgainAfterSomebodyRemovesItsFile) {
     const Manager manager = openDatabase("Profile");
     update(manager.get(), kTwoUsers);
     std::filesystem::remove_all(path());
@@ -93,14 +93,14 @@ TEST_F(ADatabase, IsMadeAnewWhenSomeoneRemovesItsFile) {
     EXPECT_THAT(walk(openDatabase("Profile").get(), "Profile"), ElementsAre("userId:1=3"));
 }
 
-// With readers and writers at work there is a log beside the file; it is not the other database's.
-TEST_F(ADatabase, IsTheOneThatSomeonePutsInItsPlace) {
+// While the database is open, a log lies beside its file. It does not belong to the new file.
+TEST_F(ADatabase, IsOpenedAgainAfterSomebodyReplacesItsFile) {
     update(openDatabase("Other").get(), {});
     const Manager manager = openDatabase("Profile");
     update(manager.get(), kTwoUsers);
-    EXPECT_EQ(std::filesystem::file_size(file("Profile") + "-wal"), 0U) << "nothing that the other would be given";
+    EXPECT_EQ(std::filesystem::file_size(file("Profile") + "-wal"), 0U) << "the new file would get its contents";
     {
-        sqlite::Database other(file("Other"), SQLITE_OPEN_READWRITE, 0);
+        sqlite::Database other(file("Other"), sqlite::Access::WRITE, 0);
         other.execute("ALTER TABLE Other RENAME TO Profile; INSERT INTO Profile VALUES (0, 0, 'userId', 1, '3')");
     }
     std::filesystem::rename(file("Other"), file("Profile"));
@@ -109,7 +109,7 @@ TEST_F(ADatabase, IsTheOneThatSomeonePutsInItsPlace) {
     EXPECT_THAT(walk(openDatabase("Profile").get(), "Profile"), ElementsAre("userId:1=4"));
 }
 
-TEST_F(ADatabase, LiesInTheFolderOfThePersonsDataUnlessToldOtherwise) {
+TEST_F(ADatabase, LiesInTheUsersDataFolderByDefault) {
     unsetenv("ORVANE_DB_DIR");
     setenv("XDG_DATA_HOME", path().c_str(), 1);
     const Manager manager = openDatabase("Profile");
@@ -118,10 +118,10 @@ TEST_F(ADatabase, LiesInTheFolderOfThePersonsDataUnlessToldOtherwise) {
     EXPECT_TRUE(std::filesystem::exists(folder + "/Profile.db"));
     struct stat status {};
     ASSERT_EQ(stat(folder.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0700U) << "others may not read who lives here";
+    EXPECT_EQ(status.st_mode & 0777, 0700U) << "other users may not read the names";
 }
 
-TEST_F(ADatabaseName, MayHoldSpacesAndQuotes) {
+TEST_F(ADatabaseName, MayContainSpacesAndQuotes) {
     for (const char* name : {"Morning Brief", "it's \"a\" [name]", "100% ? #1", "\xed\x95\x9c"}) {
         const Manager manager = openDatabase(name);
         ASSERT_EQ(update(manager.get(), kTwoUsers), VRD_ERROR_NONE) << name;
@@ -130,23 +130,23 @@ TEST_F(ADatabaseName, MayHoldSpacesAndQuotes) {
     }
 }
 
-TEST_F(ADatabaseName, ThatCouldLeaveTheFolderIsRefusedWithOneLogLine) {
+TEST_F(ADatabaseName, ThatIsNotAValidFileNameIsRefusedWithOneLogLine) {
     const std::string names[] = {"",    ".",       "..",   "../Profile",    "/tmp/Profile",
                                  "a/b", ".hidden", "a\nb", "sqlite_master", std::string(201, 'x')};
     for (const std::string& name : names) {
         const auto log = logOf([&] { openDatabase(name, VRD_ERROR_INVALID_PARAMETER); });
-        EXPECT_THAT(log, ElementsAre(HasSubstr("no name for a database: "))) << name;
+        EXPECT_THAT(log, ElementsAre(HasSubstr("not a valid database name: "))) << name;
     }
     EXPECT_TRUE(std::filesystem::is_empty(path()));
 }
 
-TEST_F(ARecord, HoldsEachKeyOnceWithItsLastText) {
+TEST_F(ARecord, ContainsEachKeyOnceWithItsLastText) {
     const Manager manager = openDatabase("Profile");
     update(manager.get(), {{{"userId", "1"}, {"userName", "Ann"}, {"userId", "2"}}});
     EXPECT_THAT(walk(manager.get(), "Profile"), ElementsAre("userId:1=2", "userName:1=Ann"));
 }
 
-TEST_F(ARecord, StaysTheCallersAfterAnUpdate) {
+TEST_F(ARecord, BelongsToTheCallerAfterAnUpdate) {
     const Manager manager = openDatabase("Profile");
     vrd_bundle_h record = nullptr;
     ASSERT_EQ(vrd_bundle_create(&record), VRD_ERROR_NONE);
@@ -159,7 +159,7 @@ TEST_F(ARecord, StaysTheCallersAfterAnUpdate) {
     EXPECT_THAT(walk(manager.get(), "Profile"), ElementsAre("userId:1=2"));
 }
 
-TEST_F(ADatabase, RefusesWhatIsMissingInOneLine) {
+TEST_F(ADatabase, RefusesAMissingArgumentWithOneLogLine) {
     const Manager manager = openDatabase("Profile");
     vrd_bundle_h bundle = nullptr;
     vrd_bundle_create(&bundle);

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Support.h"
 
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 namespace localdb_test {
@@ -18,20 +15,6 @@ namespace {
 bool collect(const char* field, int kind, const char* value, void* data) noexcept {
     static_cast<Fields*>(data)->push_back(std::string(field) + ":" + std::to_string(kind) + "=" + value);
     return true;
-}
-
-bool write(const char* path, const std::string& text) {
-    std::ofstream file(path);
-    return static_cast<bool>(file << text << std::flush);
-}
-
-bool separateMounts() {
-    const std::string ids[] = {std::to_string(getuid()), std::to_string(getgid())};
-    const bool separate = unshare(CLONE_NEWNS) == 0 ||
-                          (unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && write("/proc/self/setgroups", "deny") &&
-                           write("/proc/self/uid_map", ids[0] + " " + ids[0] + " 1") &&
-                           write("/proc/self/gid_map", ids[1] + " " + ids[1] + " 1"));
-    return separate && mount(nullptr, "/", nullptr, MS_REC | MS_SLAVE, nullptr) == 0;
 }
 
 }  // namespace
@@ -86,9 +69,9 @@ std::string markOf(const Fields& fields) {
         ADD_FAILURE() << "not a user: " << first;
         return "broken";
     }
-    EXPECT_EQ(fields.size(), 2 * std::stoul(first.substr(semicolon + 1))) << "the list is not whole";
+    EXPECT_EQ(fields.size(), 2 * std::stoul(first.substr(semicolon + 1))) << "the list is not complete";
     for (std::size_t i = 0; i < fields.size(); i += 2) {
-        EXPECT_EQ(fields[i], first) << "the list is mixed";
+        EXPECT_EQ(fields[i], first) << "the list contains records of several updates";
     }
     return first.substr(equals + 1, semicolon - equals - 1);
 }
@@ -107,7 +90,7 @@ std::vector<std::string> logOf(const std::function<void()>& action) {
 pid_t inChild(const std::function<void()>& action) {
     const pid_t child = ::fork();
     if (child == 0) {
-        action();
+        [&]() noexcept { action(); }();  // an exception ends the child here, and not in the test framework
         fflush(nullptr);
         _exit(testing::Test::HasFailure() ? 1 : 0);
     }
@@ -118,15 +101,6 @@ int await(pid_t child) {
     int status = 0;
     EXPECT_EQ(waitpid(child, &status, 0), child);
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
-}
-
-int inSmallFileSystem(std::size_t bytes, const std::function<void()>& action) {
-    return await(inChild([&] {
-        ASSERT_TRUE(separateMounts());
-        const std::string options = "size=" + std::to_string(bytes);
-        ASSERT_EQ(mount("tmpfs", getenv("ORVANE_DB_DIR"), "tmpfs", 0, options.c_str()), 0);
-        action();
-    }));
 }
 
 DatabaseFolder::DatabaseFolder() {

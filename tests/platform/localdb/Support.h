@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A folder of databases for one test, records as plain lists, and children that do something else at the same time.
+// A folder of databases for one test, records as plain lists, and child processes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ namespace localdb_test {
 
 using Record = std::vector<std::pair<std::string, std::string>>;
 using List = std::vector<Record>;
-// "name:kind=value" of every field, in the order of the walk.
+// "name:kind=value" of every field, in the order of the iteration.
 using Fields = std::vector<std::string>;
 
 struct Destroy {
@@ -29,20 +29,18 @@ using Manager = std::unique_ptr<vrd_manager_s, Destroy>;
 Manager openDatabase(const std::string& name, int expected = VRD_ERROR_NONE);
 int update(vrd_manager_h manager, const List& list);
 Fields walk(vrd_manager_h manager, const std::string& table, int expected = VRD_ERROR_NONE);
-// `count` users, each marked with `mark`: lists of different marks differ in every record.
+// `count` users, each marked with `mark`, so that lists with different marks differ in every record.
 List users(const std::string& mark, int count);
-// The mark of a whole, unmixed list of users; "none" for no users; fails the test otherwise.
+// The mark that all records of a complete list have; "none" for an empty list. Fails the test for any other list.
 std::string markOf(const Fields& fields);
 
-// What the room wrote to its log meanwhile, as lines.
+// The lines that the platform logs during `action`.
 std::vector<std::string> logOf(const std::function<void()>& action);
 
-// A child process that runs `action`; its exit code is 1 when an expectation in it failed.
+// A child process that runs `action`. Its exit code is 1 if an expectation in it fails.
 pid_t inChild(const std::function<void()>& action);
-// Its exit code, or 128 and the signal that ended it.
+// Returns the child's exit code, or 128 plus the signal that ended it.
 int await(pid_t child);
-// The child has mounts of its own, with a new file system of `bytes` on the databases' folder.
-int inSmallFileSystem(std::size_t bytes, const std::function<void()>& action);
 
 class DatabaseFolder : public testing::Test {
 protected:

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace sqlite {
+
+// An error of SQLite, with its text. Out of memory is std::bad_alloc instead.
+class Error : public std::runtime_error {
+public:
+    Error(int code, const std::string& text) : std::runtime_error(text), mCode(code) {}
+
+    // Another connection holds the lock.
+    bool isBusy() const;
+    // The file, or a file beside it, cannot be opened or written.
+    bool isAccessRefused() const;
+
+private:
+    int mCode;
+};
+
+}  // namespace sqlite

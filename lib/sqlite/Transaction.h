@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "sqlite/Database.h"
+
+namespace sqlite {
+
+// A transaction that writes. The destructor rolls it back unless it is committed. Must end before its database.
+class Transaction {
+public:
+    explicit Transaction(Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void commit();
+
+private:
+    Database& mDatabase;
+    bool mOpen = true;
+};
+
+}  // namespace sqlite

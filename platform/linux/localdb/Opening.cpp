@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Opening.h"
+
+#include <sys/statvfs.h>
+
+#include <filesystem>
+
+namespace localdb {
+
+namespace {
+
+constexpr int kBusyMilliseconds = 5000;
+
+// The first statement that reads the file: a file that is not a database fails here. Creates the log beside the file.
+void readSchema(sqlite::Database& database) {
+    database.execute("SELECT count(*) FROM sqlite_master");
+}
+
+// In WAL mode readers do not wait for a writer. When several processes open a new file at once, one sets the mode, and
+// the others may find the file locked. They can go on, because the file itself stores the mode.
+void setWalMode(sqlite::Database& database) {
+    try {
+        database.execute("PRAGMA journal_mode=WAL");
+    } catch (const sqlite::Error& error) {
+        if (!error.isBusy()) {
+            throw;
+        }
+    }
+}
+
+std::unique_ptr<sqlite::Database> openForWriting(const std::string& file) {
+    auto database = std::make_unique<sqlite::Database>(file, sqlite::Access::CREATE, kBusyMilliseconds);
+    database->execute("PRAGMA trusted_schema=OFF; PRAGMA synchronous=FULL");
+    setWalMode(*database);
+    readSchema(*database);
+    return database;
+}
+
+bool isOnReadOnlyMedium(const std::string& file) {
+    struct statvfs medium {};
+    return statvfs(file.c_str(), &medium) == 0 && (medium.f_flag & ST_RDONLY) != 0;
+}
+
+bool hasLog(const std::string& file) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(file + "-wal", error);
+    return !error && size > 0;
+}
+
+// A reader needs the log of a database in WAL mode, and creates it if it is missing. That is impossible on a read-only
+// medium, but there a database that was closed properly can be read without its log.
+std::unique_ptr<sqlite::Database> openForReading(const std::string& file) {
+    const bool isAlone = isOnReadOnlyMedium(file) && !hasLog(file);
+    const auto access = isAlone ? sqlite::Access::READ_ALONE : sqlite::Access::READ;
+    auto database = std::make_unique<sqlite::Database>(file, access, kBusyMilliseconds);
+    readSchema(*database);
+    return database;
+}
+
+}  // namespace
+
+std::unique_ptr<sqlite::Database> openFile(const std::string& file) {
+    try {
+        return openForWriting(file);
+    } catch (const sqlite::Error& error) {
+        if (!error.isAccessRefused()) {
+            throw;
+        }
+    }
+    return openForReading(file);
+}
+
+}  // namespace localdb

@@ -9,8 +9,8 @@
 
 #include "Entries.h"
 #include "curl/Url.h"
-#include "hub/Answers.h"
 #include "hub/Records.h"
+#include "hub/Replies.h"
 #include "kelso_server.h"
 
 namespace fuzz {
@@ -56,11 +56,12 @@ void readUsers(const std::string& json) {
 }
 
 void readAddress(const std::string& address) {
-    const std::string base = curl::baseOf(address);
-    require(curl::baseOf(base) == base, "a base is its own base");
+    const curl::Url url(address);
+    const std::string base = url.base();
+    require(curl::Url(base).base() == base, "a base is its own base");
     require(base.back() != '/', "a base has no slash at its end");
-    curl::isSecure(base);
-    curl::isLoopback(base);
+    url.isSecure();
+    url.isLoopback();
 }
 
 void read(char what, const std::string& text) {

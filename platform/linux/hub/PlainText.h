@@ -6,10 +6,10 @@
 
 namespace hub {
 
-// Something, and nothing of it would end or split the line of a request.
+// Not empty and without control characters, which could end or split a line of a request.
 inline bool isPlainText(const std::string& text) {
-    const auto control = [](unsigned char letter) { return letter < ' ' || letter == 0x7f; };
-    return !text.empty() && std::none_of(text.begin(), text.end(), control);
+    const auto isControl = [](unsigned char letter) { return letter < ' ' || letter == 0x7f; };
+    return !text.empty() && std::none_of(text.begin(), text.end(), isControl);
 }
 
 }  // namespace hub

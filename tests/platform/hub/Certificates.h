@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Certificates made for one test, as PEM files.
+// Certificates for one test, as PEM files.
 #pragma once
 
 #include <openssl/evp.h>
@@ -15,11 +15,11 @@ struct FreeOpenSsl {
     void operator()(X509* certificate) const noexcept { X509_free(certificate); }
 };
 
-// An authority that signs itself, or a server whom one has signed.
+// An authority that signs itself, or a server with the signature of an authority.
 class Identity {
 public:
-    // `address`: the IP address or host name it is for. `issuer` null: signs itself. Ends `seconds` from now, which may
-    // be in the past.
+    // `address`: its IP address or host name. `issuer` null: signs itself. Expires `seconds` from now; a negative value
+    // makes an expired certificate.
     Identity(const std::string& address, const Identity* issuer, long seconds = 3600);
 
     // Throws std::runtime_error.

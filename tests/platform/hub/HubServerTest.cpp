@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The simulated hub itself, spoken to over its socket with what no client of ours would say.
+// The simulated hub itself, with requests over its socket that our client never sends.
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
 #include <netinet/in.h>
@@ -23,12 +23,12 @@ sim::hub::Socket connected(int port) {
     return client;
 }
 
-void say(const sim::hub::Socket& client, const std::string& text) {
+void sendText(const sim::hub::Socket& client, const std::string& text) {
     EXPECT_EQ(send(client.get(), text.data(), text.size(), MSG_NOSIGNAL), static_cast<ssize_t>(text.size()));
 }
 
-// Everything until the server closes, once we have said all.
-std::string heard(const sim::hub::Socket& client) {
+// Everything that the server sends until it closes.
+std::string receiveAll(const sim::hub::Socket& client) {
     std::string all;
     char bytes[4096];
     for (ssize_t count = 0; (count = recv(client.get(), bytes, sizeof bytes, 0)) > 0;) {
@@ -42,9 +42,9 @@ protected:
     void SetUp() override { start(); }
     std::string converse(const std::string& text) {
         const auto client = connected(port());
-        say(client, text);
+        sendText(client, text);
         shutdown(client.get(), SHUT_WR);
-        return heard(client);
+        return receiveAll(client);
     }
 };
 
@@ -53,19 +53,19 @@ std::string request(const std::string& line, const std::string& body = {}) {
            "\r\n\r\n" + body;
 }
 
-TEST_F(TheSimulatedHub, AnswersRequestsOfOneConnectionInTurn) {
+TEST_F(TheSimulatedHub, AnswersTheRequestsOfOneConnectionInTheirOrder) {
     const std::string account = R"({"guid": "guid", "client_id": "client"})";
-    const std::string answers = converse(request("POST /v1/session", account) + request("GET /v1/families"));
-    EXPECT_EQ(answers.rfind("HTTP/1.1 200 ", 0), 0U);
-    EXPECT_NE(answers.find("{\"session_token\":\"session-1\"}HTTP/1.1 401 "), std::string::npos) << answers;
+    const std::string replies = converse(request("POST /v1/session", account) + request("GET /v1/families"));
+    EXPECT_EQ(replies.rfind("HTTP/1.1 200 ", 0), 0U);
+    EXPECT_NE(replies.find("{\"session_token\":\"session-1\"}HTTP/1.1 401 "), std::string::npos) << replies;
 }
 
-TEST_F(TheSimulatedHub, RefusesWhatItDoesNotUnderstand) {
-    EXPECT_EQ(converse(request("POST /v1/session", "no JSON")).rfind("HTTP/1.1 400 ", 0), 0U);
+TEST_F(TheSimulatedHub, RefusesAnInvalidBodyAndAnUnknownMethod) {
+    EXPECT_EQ(converse(request("POST /v1/session", "not JSON")).rfind("HTTP/1.1 400 ", 0), 0U);
     EXPECT_EQ(converse(request("DELETE /v1/session")).rfind("HTTP/1.1 405 ", 0), 0U);
 }
 
-TEST_F(TheSimulatedHub, ClosesOnWhatIsNoRequestAndGoesOn) {
+TEST_F(TheSimulatedHub, ClosesAConnectionWithAnInvalidRequestAndServesTheNext) {
     EXPECT_EQ(converse("\r\n\r\n"), "");
     EXPECT_EQ(converse("GET / HTTP/1.1\r\nContent-Length: lots\r\n\r\n"), "");
     EXPECT_EQ(converse("GET / HTTP/1.1\r\nContent-Length: 99999999\r\n\r\n"), "");
@@ -73,28 +73,28 @@ TEST_F(TheSimulatedHub, ClosesOnWhatIsNoRequestAndGoesOn) {
     EXPECT_EQ(converse(request("GET /v1/families")).rfind("HTTP/1.1 401 ", 0), 0U);
 }
 
-TEST_F(TheSimulatedHub, AnswersOthersWhileItKeepsOneWaitingAndEndsAtOnce) {
+TEST_F(TheSimulatedHub, ServesOthersWhileOneWaitsAndThenEndsAtOnce) {
     setFaults({{{"request", 1}, {"kind", "silent"}}});
     const auto client = connected(port());
-    say(client, request("GET /v1/families"));
+    sendText(client, request("GET /v1/families"));
     while (requests().empty()) {
         std::this_thread::yield();
     }
     EXPECT_EQ(converse(request("GET /v1/families")).rfind("HTTP/1.1 401 ", 0), 0U);
     stop();
-    EXPECT_EQ(heard(client), "");
+    EXPECT_EQ(receiveAll(client), "");
 }
 
-TEST_F(TheSimulatedHub, KeepsItsHouseholdWhileTheFileIsBroken) {
+TEST_F(TheSimulatedHub, KeepsItsHouseholdWhileTheFileIsInvalid) {
     setFamilies({{{"id", "f"}}});
-    const Session session = openSession();
-    EXPECT_EQ(signIn(session), KS_SERVER_OK);
+    const Connection connection = openConnection();
+    EXPECT_EQ(signIn(connection), KS_SERVER_OK);
     std::ofstream(folder() + "/household.json") << "{";
-    const auto log = logOf([&] { EXPECT_EQ(familiesOf(session).size(), 1U); });
+    const auto log = logOf([&] { EXPECT_EQ(familiesOf(connection).size(), 1U); });
     EXPECT_THAT(log, testing::ElementsAre(testing::HasSubstr("household.json: ")));
 }
 
-TEST(AHouseholdFile, IsRefusedWithItsMistakes) {
+TEST(AHouseholdFile, IsRefusedIfItIsInvalid) {
     const std::string file = testing::TempDir() + "orvane-household-" + std::to_string(getpid()) + ".json";
     const std::string account = R"({"account": {"guid": "g", "client_id": "c", "access_token": "t"})";
     std::ofstream(file) << account << "}";

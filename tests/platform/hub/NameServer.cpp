@@ -18,7 +18,7 @@ struct State {
 };
 
 State& state() {
-    static State& only = *new State;  // never ends: a lookup that was given up may outlive everything else
+    static State& only = *new State;  // never destroyed: an abandoned lookup may outlive everything else
     return only;
 }
 
@@ -36,7 +36,7 @@ int answerWhenNotSilent() {
 
 }  // namespace
 
-// Stands before the C library's in this program.
+// Replaces the C library's function in this program.
 extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo* hints, addrinfo** found) {
     if (name != nullptr && isInvalid(name)) {
         return answerWhenNotSilent();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// This program looks up names that end in ".invalid" by itself, whatever the machine's name servers do: there are none.
+// This program answers lookups of names that end in ".invalid" itself: there is no such host.
 #pragma once
 
 namespace hub_test {
 
-// As long as it lives, nothing is answered about them. One at a time.
+// While it exists, such lookups do not return. One at a time.
 class SilentNameServer {
 public:
     SilentNameServer();

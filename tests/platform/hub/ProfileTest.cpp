@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A whole refresh of the profiles on a real hub server and a real database.
+// A complete profile refresh with a real hub server and a real database.
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -26,7 +26,7 @@ bool collect(const char* field, int, const char* value, void* data) noexcept {
     return true;
 }
 
-// As another application of the appliance reads them: "field=value", in order.
+// "field=value" in their order, as another application reads them.
 std::vector<std::string> storedFields() {
     vrd_manager_h manager = nullptr;
     EXPECT_EQ(vrd_manager_create(&manager, "Profile"), VRD_ERROR_NONE);
@@ -55,9 +55,9 @@ protected:
     }
     ~ARefresh() override { mSession->close(); }
 
-    // Once asked, the account service answers until the refresh, which hears it only while it waits, is over.
+    // The account service repeats its reply until the refresh is over, because the refresh accepts it only while it
+    // waits.
     void refresh(const OrvaneDA::Account* account) {
-        ASSERT_TRUE(mSession->begin());
         std::atomic<bool> over{false};
         std::thread accountService;
         mSession->refresh([&] {
@@ -70,7 +70,6 @@ protected:
         });
         over = true;
         accountService.join();
-        mSession->end();
     }
     void refresh() { refresh(&mAccount); }
 
@@ -104,7 +103,7 @@ TEST_F(ARefresh, StoresTheFamiliesBeforeTheOneThatFails) {
     EXPECT_EQ(requests().back(), "GET /v1/families/f2/users");
 }
 
-TEST_F(ARefresh, StoresNobodyWhenTheFamiliesCannotBeListed) {
+TEST_F(ARefresh, StoresNoUsersIfTheFamiliesCannotBeListed) {
     for (const char* kind : {"garbage", "half", "close"}) {
         setFaults(json::array());
         refresh();
@@ -115,21 +114,21 @@ TEST_F(ARefresh, StoresNobodyWhenTheFamiliesCannotBeListed) {
     }
 }
 
-TEST_F(ARefresh, StoresNobodyWhenTheHubIsDown) {
+TEST_F(ARefresh, StoresNoUsersIfTheHubIsDown) {
     refresh();
     stop();
     refresh();
     EXPECT_THAT(storedFields(), IsEmpty());
 }
 
-TEST_F(ARefresh, StoresNobodyWhenTheHubRefusesTheAccount) {
+TEST_F(ARefresh, StoresNoUsersIfTheHubRefusesTheAccount) {
     refresh();
     mAccount.accessToken = "another";
     refresh();
     EXPECT_THAT(storedFields(), IsEmpty());
 }
 
-TEST_F(ARefresh, StoresNobodyAndAsksNobodyWithoutAnAccount) {
+TEST_F(ARefresh, StoresNoUsersAndSendsNoRequestWithoutAnAccount) {
     refresh();
     const std::size_t before = requests().size();
     refresh(nullptr);

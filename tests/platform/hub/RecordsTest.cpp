@@ -50,7 +50,7 @@ TEST(ABeginningOfAText, EndsBetweenCharacters) {
     }
 }
 
-TEST_F(ALongText, ThatIsANameIsCutBetweenCharactersAndTerminated) {
+TEST_F(ALongText, ThatIsANameIsCutBetweenCharacters) {
     // 255 bytes fit: 85 characters of three bytes exactly, 63 of four, 127 of two after a letter.
     const std::string three = repeated("€", 100), four = repeated("\U0001f373", 100), two = "a" + repeated("ü", 200);
     setFamilies({{{"id", "1"}, {"name", three}}, {{"id", "2"}, {"name", four}}, {{"id", "3"}, {"name", two}}});
@@ -58,20 +58,20 @@ TEST_F(ALongText, ThatIsANameIsCutBetweenCharactersAndTerminated) {
                                                     Pair("3", "a" + repeated("ü", 127))));
 }
 
-TEST_F(ALongText, ThatIsAUsersNameHasMoreRoom) {
+TEST_F(ALongText, ThatIsAUsersNameMayBeLonger) {
     setFamilies({{{"id", "f"}, {"users", {{{"id", "u"}, {"name", repeated("ü", 2000)}}}}}});
     EXPECT_THAT(usersOf(signedIn(), "f"), ElementsAre(Pair("u", repeated("ü", 511))));
 }
 
-TEST_F(ALongText, ThatIsAnIdIsTakenWholeOrNotAtAll) {
+TEST_F(ALongText, ThatIsAnIdIsNeverCut) {
     const std::string family(255, 'f'), user(1023, 'u');
     setFamilies({{{"id", family}, {"users", {{{"id", user}}}}}, {{"id", "x"}, {"users", {{{"id", user + "u"}}}}}});
-    const Session session = signedIn();
-    EXPECT_THAT(familiesOf(session), ElementsAre(Pair(family, ""), Pair("x", "")));
-    EXPECT_THAT(usersOf(session, family), ElementsAre(Pair(user, "")));
-    usersOf(session, "x", KS_SERVER_ERROR_BAD_ANSWER);
+    const Connection connection = signedIn();
+    EXPECT_THAT(familiesOf(connection), ElementsAre(Pair(family, ""), Pair("x", "")));
+    EXPECT_THAT(usersOf(connection, family), ElementsAre(Pair(user, "")));
+    usersOf(connection, "x", KS_SERVER_ERROR_BAD_ANSWER);
     setFamilies({{{"id", family + "f"}}});
-    familiesOf(session, KS_SERVER_ERROR_BAD_ANSWER);
+    familiesOf(connection, KS_SERVER_ERROR_BAD_ANSWER);
 }
 
 }  // namespace

@@ -15,12 +15,12 @@ struct FreeRecords {
 };
 using Records = std::unique_ptr<GSList, FreeRecords>;
 
-// A proxy of the machine's has no business between a test and its own server.
+// The machine's proxy must not serve the test's requests to its own server.
 const bool hasNoProxy = setenv("no_proxy", "*", 1) == 0;
 
 GSList* const kUntouched = reinterpret_cast<GSList*>(0x1);
 
-// What a call left in its out parameter.
+// The list that a call returns.
 Records taken(GSList* list, int result, int expected) {
     EXPECT_EQ(result, expected);
     EXPECT_EQ(list == kUntouched, result != KS_SERVER_OK);
@@ -29,15 +29,15 @@ Records taken(GSList* list, int result, int expected) {
 
 }  // namespace
 
-Session openSession() {
+Connection openConnection() {
     ks_server_h server = nullptr;
     EXPECT_EQ(ks_server_create(&server), KS_SERVER_OK);
-    return Session(server);
+    return Connection(server);
 }
 
-Names familiesOf(const Session& session, int expected) {
+Names familiesOf(const Connection& connection, int expected) {
     GSList* list = kUntouched;
-    const int result = ks_server_profile_families_get(session.get(), &list);
+    const int result = ks_server_profile_families_get(connection.get(), &list);
     const Records records = taken(list, result, expected);
     Names names;
     for (const GSList* node = records.get(); node != nullptr; node = node->next) {
@@ -47,9 +47,9 @@ Names familiesOf(const Session& session, int expected) {
     return names;
 }
 
-Names usersOf(const Session& session, const std::string& family, int expected) {
+Names usersOf(const Connection& connection, const std::string& family, int expected) {
     GSList* list = kUntouched;
-    const int result = ks_server_profile_families_family_users_get(session.get(), family.c_str(), &list);
+    const int result = ks_server_profile_families_family_users_get(connection.get(), family.c_str(), &list);
     const Records records = taken(list, result, expected);
     Names names;
     for (const GSList* node = records.get(); node != nullptr; node = node->next) {
@@ -109,15 +109,15 @@ std::vector<std::string> WithAHub::requests() const {
     return all;
 }
 
-int WithAHub::signIn(const Session& session, const std::string& uri) const {
-    return ks_server_sa_account_set(session.get(), "guid", "token", "client", uri.c_str());
+int WithAHub::signIn(const Connection& connection, const std::string& uri) const {
+    return ks_server_sa_account_set(connection.get(), "guid", "token", "client", uri.c_str());
 }
 
-Session WithAHub::signedIn() {
+Connection WithAHub::signedIn() {
     start();
-    Session session = openSession();
-    EXPECT_EQ(signIn(session), KS_SERVER_OK);
-    return session;
+    Connection connection = openConnection();
+    EXPECT_EQ(signIn(connection), KS_SERVER_OK);
+    return connection;
 }
 
 }  // namespace hub_test

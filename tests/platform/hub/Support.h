@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A hub server inside the test, with a household of the test's own, and the room's records as plain lists.
+// A hub server inside the test with a household of its own, and the module's records as plain lists.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -20,19 +20,19 @@ using nlohmann::json;
 struct Destroy {
     void operator()(ks_server_h server) const noexcept { ks_server_destroy(server); }
 };
-using Session = std::unique_ptr<ks_server_s, Destroy>;
+using Connection = std::unique_ptr<ks_server_s, Destroy>;
 // Id and name.
 using Names = std::vector<std::pair<std::string, std::string>>;
 
-Session openSession();
-// Both fail the test unless the call gives `expected`, and unless a failure leaves the list as it was.
-Names familiesOf(const Session& session, int expected = KS_SERVER_OK);
-Names usersOf(const Session& session, const std::string& family, int expected = KS_SERVER_OK);
+Connection openConnection();
+// Both fail the test unless the call returns `expected`, and unless a failure leaves the list unchanged.
+Names familiesOf(const Connection& connection, int expected = KS_SERVER_OK);
+Names usersOf(const Connection& connection, const std::string& family, int expected = KS_SERVER_OK);
 
-// What the room wrote to its log meanwhile, as lines.
+// The lines that the platform logs during `action`.
 std::vector<std::string> logOf(const std::function<void()>& action);
 
-// Account "guid", "token", "client"; nobody in it until a test says who.
+// The account is "guid", "token", "client". The household is empty until a test fills it.
 class WithAHub : public testing::Test {
 protected:
     WithAHub();
@@ -41,22 +41,22 @@ protected:
     const std::string& folder() const { return mFolder; }
     void setFamilies(const json& families) { setHousehold("families", families); }
     void setFaults(const json& faults) { setHousehold("faults", faults); }
-    // As an answer's whole text.
-    void answerWith(const std::string& body) { setFaults({{{"kind", "body"}, {"body", body}}}); }
+    // Every reply has this body.
+    void replyWith(const std::string& body) { setFaults({{{"kind", "body"}, {"body", body}}}); }
 
-    // Port 0: any free one.
+    // Port 0 selects a free port.
     void start(int port = 0, const sim::hub::Identity* identity = nullptr);
     void stop() { mServer.reset(); }
     int port() const { return mServer->port(); }
-    int connections() const { return mServer->connections(); }
+    int sockets() const { return mServer->connections(); }
     std::string uri(const std::string& scheme = "http", const std::string& host = "127.0.0.1") const;
-    // "METHOD path" of all requests that reached the server.
+    // "METHOD path" of each request that the server received.
     std::vector<std::string> requests() const;
 
-    int signIn(const Session& session, const std::string& uri) const;
-    int signIn(const Session& session) const { return signIn(session, uri()); }
-    // Of a plain server that is started for it.
-    Session signedIn();
+    int signIn(const Connection& connection, const std::string& uri) const;
+    int signIn(const Connection& connection) const { return signIn(connection, uri()); }
+    // Starts a server without TLS and signs in.
+    Connection signedIn();
 
 private:
     void setHousehold(const char* key, const json& value);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Hubs that let one wait: with limits much shorter than the room's own.
+// Slow hubs, with limits much shorter than the module's own.
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
 #include <netinet/in.h>
@@ -9,8 +9,8 @@
 
 #include "NameServer.h"
 #include "Support.h"
-#include "hub/Fault.h"
-#include "hub/Session.h"
+#include "hub/Connection.h"
+#include "hub/Error.h"
 
 namespace hub_test {
 
@@ -24,22 +24,22 @@ constexpr long kLong = 60000;
 // Far below the longer limit, far above what a busy machine adds to the shorter one.
 constexpr auto kSoon = std::chrono::seconds(20);
 
-class AHubThatLetsOneWait : public WithAHub {};
+class ASlowHub : public WithAHub {};
 
-int resultOfSignIn(ks_server_s& session, const std::string& uri) {
+int resultOfSignIn(hub::Connection& connection, const std::string& uri) {
     try {
-        session.signIn("guid", "token", "client", uri);
+        connection.signIn("guid", "token", "client", uri);
         return KS_SERVER_OK;
-    } catch (const hub::Fault& fault) {
+    } catch (const hub::Error& fault) {
         return fault.code();
     }
 }
 
-// Signs in at what does not answer, and must come back between the shorter and the longer limit.
+// Signs in to a hub that does not reply. Must return after the shorter limit, and before the longer one.
 void expectTimeOut(const curl::Limits& limits, const std::string& uri) {
-    ks_server_s session(limits);
+    hub::Connection connection(limits);
     const auto start = Clock::now();
-    EXPECT_EQ(resultOfSignIn(session, uri), KS_SERVER_ERROR_TIMED_OUT);
+    EXPECT_EQ(resultOfSignIn(connection, uri), KS_SERVER_ERROR_TIMED_OUT);
     EXPECT_GE(Clock::now() - start, milliseconds(kShort - 10));
     EXPECT_LT(Clock::now() - start, kSoon);
 }
@@ -47,7 +47,7 @@ void expectTimeOut(const curl::Limits& limits, const std::string& uri) {
 constexpr curl::Limits kShortConnect{kShort, kLong, 1 << 20};
 constexpr curl::Limits kShortRequest{kLong, kShort, 1 << 20};
 
-// Listens and takes nobody in: connecting to it never ends once its queue is full.
+// Listens and never accepts: a connection never completes while the queue is full.
 class FullQueue {
 public:
     explicit FullQueue(int waiting) : mListener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -73,71 +73,71 @@ private:
     std::vector<sim::hub::Socket> mWaiting;
 };
 
-TEST(TheRoomsLimits, AreFiveSecondsToConnectAndFifteenForAll) {
+TEST(TheLimits, AreFiveSecondsToConnectAndFifteenForARequest) {
     EXPECT_EQ(hub::kLimits.connectMilliseconds, 5000);
     EXPECT_EQ(hub::kLimits.requestMilliseconds, 15000);
 }
 
-TEST(AHubThatCannotBeConnectedTo, IsGivenUpAfterTheConnectionsLimit) {
+TEST(AHubThatDoesNotAcceptConnections, TimesOutAfterTheConnectionLimit) {
     const FullQueue queue(4);
     expectTimeOut(kShortConnect, queue.uri("http"));
 }
 
-TEST(AHubThatDoesNotSayWhoItIs, IsGivenUpAfterTheConnectionsLimit) {
+TEST(AHubThatDoesNotStartTls, TimesOutAfterTheConnectionLimit) {
     const FullQueue queue(0);
     expectTimeOut(kShortConnect, queue.uri("https"));
 }
 
-TEST(AHubWhoseNameIsLookedUpForLong, IsGivenUpAfterTheConnectionsLimit) {
+TEST(AHubWhoseNameIsNotResolved, TimesOutAfterTheConnectionLimit) {
     const SilentNameServer nameServer;
     expectTimeOut(kShortConnect, "http://hub.invalid");
     EXPECT_EQ(nameServer.asked(), 1);
 }
 
-TEST_F(AHubThatLetsOneWait, WithoutAWordIsGivenUpAfterTheWholeLimit) {
+TEST_F(ASlowHub, ThatSendsNothingTimesOutAfterTheRequestLimit) {
     start();
     setFaults({{{"kind", "silent"}}});
     expectTimeOut(kShortRequest, uri());
 }
 
-TEST_F(AHubThatLetsOneWait, WithEveryByteIsGivenUpAfterTheWholeLimit) {
+TEST_F(ASlowHub, ThatSendsByteByByteTimesOutAfterTheRequestLimit) {
     start();
     setFaults({{{"kind", "trickle"}, {"milliseconds", 20}}});
     expectTimeOut(kShortRequest, uri());
 }
 
-TEST_F(AHubThatLetsOneWait, WithTheRestOfAnAnswerIsGivenUpAfterTheWholeLimit) {
+TEST_F(ASlowHub, ThatStopsWithinAReplyTimesOutAfterTheRequestLimit) {
     start();
     setFaults({{{"kind", "stall"}}});
     expectTimeOut(kShortRequest, uri());
 }
 
-TEST_F(AHubThatLetsOneWait, WithTheRestOfAFailureIsNotWaitedFor) {
+TEST_F(ASlowHub, ThatStopsWithinAFailureReturnsItsStatus) {
     start();
     setFaults({{{"kind", "stall"}, {"status", 503}}});
-    ks_server_s session(curl::Limits{kLong, kLong, 1 << 20});
+    hub::Connection connection(curl::Limits{kLong, kLong, 1 << 20});
     const auto begin = Clock::now();
-    EXPECT_EQ(resultOfSignIn(session, uri()), 503);
+    EXPECT_EQ(resultOfSignIn(connection, uri()), 503);
     EXPECT_LT(Clock::now() - begin, kSoon);
 }
 
-TEST_F(AHubThatLetsOneWait, LongerThanItTookToConnectIsWaitedFor) {
+TEST_F(ASlowHub, MayTakeLongerThanTheConnectionLimit) {
     start();
     setFaults({{{"kind", "slow"}, {"milliseconds", 1100}}});
-    ks_server_s session(curl::Limits{1000, kLong, 1 << 20});
+    hub::Connection connection(curl::Limits{1000, kLong, 1 << 20});
     const auto begin = Clock::now();
-    EXPECT_EQ(resultOfSignIn(session, uri()), KS_SERVER_OK);
+    EXPECT_EQ(resultOfSignIn(connection, uri()), KS_SERVER_OK);
     EXPECT_GE(Clock::now() - begin, milliseconds(1090));
 }
 
-TEST_F(AHubThatLetsOneWait, IsAskedAgainNextTime) {
+TEST_F(ASlowHub, IsAskedAgainByTheNextRequest) {
     setFamilies({{{"id", "f"}}});
     start();
-    ks_server_s session(curl::Limits{kLong, 1000, 1 << 20});
-    ASSERT_EQ(resultOfSignIn(session, uri()), KS_SERVER_OK);
+    hub::Connection connection(curl::Limits{kLong, 1000, 1 << 20});
+    ASSERT_EQ(resultOfSignIn(connection, uri()), KS_SERVER_OK);
     setFaults({{{"request", 1}, {"kind", "silent"}}});
-    EXPECT_THROW(session.families(), hub::Fault);
-    EXPECT_EQ(session.families().size(), 1U);
+    EXPECT_THROW(connection.families(), hub::Error);
+    EXPECT_EQ(connection.families().size(), 1U);
 }
 
 }  // namespace

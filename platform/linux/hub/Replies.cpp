@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Answers.h"
+#include "Replies.h"
 
 #include <stdexcept>
 
@@ -14,48 +14,49 @@ using nlohmann::json;
 
 constexpr std::size_t kMostRecords = 10000;
 
+// Empty if there is no such text.
 std::string text(const json& object, const char* key) {
     const auto found = object.find(key);
     return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();
 }
 
-json parseObject(const std::string& answer) {
-    json root = ::json::parseBounded(answer);
+json parseObject(const std::string& reply) {
+    json root = ::json::parseBounded(reply);
     if (!root.is_object()) {
-        throw std::invalid_argument("no JSON object");
+        throw std::invalid_argument("it is not a JSON object");
     }
     return root;
 }
 
 Named readNamed(const json& element, std::size_t longestId) {
     if (!element.is_object()) {
-        throw std::invalid_argument("an element that is no object");
+        throw std::invalid_argument("an element is not an object");
     }
     Named named{text(element, "id"), text(element, "name")};
     if (named.id.empty() || named.id.size() > longestId || named.id.find('\0') != std::string::npos) {
-        throw std::invalid_argument("an id that is missing or cannot be one");
+        throw std::invalid_argument("an id is missing or invalid");
     }
     return named;
 }
 
 }  // namespace
 
-std::string readSessionToken(const std::string& answer) {
-    const std::string token = text(parseObject(answer), "session_token");
+std::string readSessionToken(const std::string& reply) {
+    const std::string token = text(parseObject(reply), "session_token");
     if (!isPlainText(token)) {
-        throw std::invalid_argument("no session token");
+        throw std::invalid_argument("it has no session token");
     }
     return token;
 }
 
-std::vector<Named> readList(const std::string& answer, const char* key, std::size_t longestId) {
-    const json root = parseObject(answer);
+std::vector<Named> readList(const std::string& reply, const char* key, std::size_t longestId) {
+    const json root = parseObject(reply);
     const auto list = root.find(key);
     if (list == root.end() || !list->is_array()) {
-        throw std::invalid_argument(std::string("no list of ") + key);
+        throw std::invalid_argument(std::string("it has no list of ") + key);
     }
     if (list->size() > kMostRecords) {
-        throw std::invalid_argument(std::string("too many ") + key);
+        throw std::invalid_argument(std::string("it has too many ") + key);
     }
     std::vector<Named> all;
     for (const json& element : *list) {

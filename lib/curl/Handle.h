@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <curl/curl.h>
+
+#include <memory>
+
+#include "curl/Error.h"
+
+namespace curl {
+
+// One easy handle, with the connections that it keeps. One thread at a time may use it.
+class Handle {
+public:
+    Handle();
+
+    template <typename Value>
+    void set(CURLoption option, Value value) {
+        check(curl_easy_setopt(mHandle.get(), option, value));
+    }
+    // Blocks until the transfer ends.
+    CURLcode perform() noexcept { return curl_easy_perform(mHandle.get()); }
+    // Of the last reply; 0 if there is none.
+    long status() const noexcept;
+    // Forgets all options and keeps the connections.
+    void reset() noexcept { curl_easy_reset(mHandle.get()); }
+
+private:
+    struct Cleanup {
+        void operator()(CURL* handle) const noexcept { curl_easy_cleanup(handle); }
+    };
+    std::unique_ptr<CURL, Cleanup> mHandle;
+};
+
+}  // namespace curl

@@ -9,9 +9,8 @@
 #include <fstream>
 #include <system_error>
 
-#include "mounts/MountNamespace.h"
-
 #include "appliance/environment/Tree.h"
+#include "mounts/MountNamespace.h"
 
 namespace sim {
 

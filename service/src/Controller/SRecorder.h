@@ -48,7 +48,7 @@ public:
 
     // The level of the last block in dB of full scale; -60 after an empty or failed read. Any thread.
     float getVolume() const { return mVolume; }
-    // `size` is in bytes. Only every second sample counts, which is enough for a level meter.
+    // `size` is in bytes. Only every second sample counts.
     static float _get_volume_decibel(char* data, int size);
     static const char* TranslateSoundStreamFocusChangeReason(sound_stream_focus_change_reason_e reason);
 

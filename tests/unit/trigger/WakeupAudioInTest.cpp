@@ -89,7 +89,7 @@ TEST(AClosedWakeupAudioFeed, GivesNothingEvenWhenBlocksAreQueued) {
     EXPECT_TRUE(hasData(feed));
 }
 
-// What happens in the feed's first pause, while the engine's thread waits for a block.
+// Runs code in the first pause of the feed, while the engine's thread waits for a block.
 class AnOpenWakeupAudioFeedThatIsEmpty : public PlatformTest {
 protected:
     AnOpenWakeupAudioFeedThatIsEmpty() { feed.setEnabled(true); }

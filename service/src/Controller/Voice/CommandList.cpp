@@ -39,7 +39,7 @@ bool CommandList::add(const char* text, const Util::Caller& caller) {
         !Util::succeededOrLogged(vc_cmd_list_add(mHandle, created), "[ERROR] Fail to list add", caller)) {
         return false;
     }
-    command.release();  // the list owns it now
+    static_cast<void>(command.release());  // the list owns it now
     return true;
 }
 

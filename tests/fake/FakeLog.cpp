@@ -29,7 +29,7 @@ std::string formatted(const char* format, va_list arguments) {
     return text;
 }
 
-// Between the prefix "[tid] file: function(line) > " and the colour reset.
+// Between the prefix "[tid] file: function(line) > " and the color reset.
 std::string messageOf(const std::string& text) {
     const size_t start = text.find(" > ");
     const size_t end = text.rfind("\033[0m");
@@ -62,7 +62,7 @@ int dlog_print(log_priority priority, const char* tag, const char* format, ...) 
 int __printf_chk(int flag, const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
-    // The test library prints this way too.
+    // The test library calls this function too.
     if (strncmp(format, "[%s:%d] ", 8) != 0) {
         const int written = vprintf(format, arguments);
         va_end(arguments);

@@ -9,9 +9,9 @@ namespace fake {
 struct OutputLine {
     int flag;
     std::string text;
-    size_t systemLines;  // in the system log by then
+    size_t systemLines;  // in the system log at that time
 };
-// What the program wrote to standard output through its log, a line a call.
+// The lines that the log wrote to standard output, one per call.
 std::vector<OutputLine> output();
 
 }  // namespace fake

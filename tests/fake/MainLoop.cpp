@@ -42,7 +42,7 @@ struct State {
     std::vector<Timer> timers;
     std::deque<std::shared_ptr<Posted>> posted;
     std::function<void(unsigned)> sleep;
-    // The thread that initialises the process runs the tests.
+    // The thread that initializes static objects also runs the tests.
     const pid_t mainThread = static_cast<pid_t>(syscall(SYS_gettid));
 };
 
@@ -134,7 +134,7 @@ void MainLoop::advance(double seconds) {
             std::lock_guard<std::mutex> lock(state().mutex);
             auto first = std::min_element(state().timers.begin(), state().timers.end(),
                                           [](const Timer& a, const Timer& b) { return a.due < b.due; });
-            // Sums of intervals are rounded; a timer due at the very end belongs to this span.
+            // Sums of intervals have rounding errors; a timer that is due exactly at the end still runs.
             if (first == state().timers.end() || first->due > end + 1e-9) {
                 state().now = end;
                 return;

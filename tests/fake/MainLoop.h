@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Ecore's timers and thread-safe calls on a virtual clock. The test's thread is the main loop: time passes only in
-// advance(), posted calls run only in runPosted() or advance(). Timers and posted calls are recorded on the platform.
+// advance(), and posted calls run only in runPosted() and advance(). The platform records timers and posted calls.
 #pragma once
 
 #include <stddef.h>
@@ -14,16 +14,16 @@ public:
     static MainLoop& get();
 
     double now() const;
-    // Lets `seconds` of virtual time pass: runs due timers in their order and everything posted.
+    // Advances the clock: runs timers when they are due, and posted calls.
     void advance(double seconds);
-    // Runs what other threads posted; returns how many calls ran.
+    // Runs the calls that other threads posted; returns their number.
     int runPosted();
-    // Runs posted calls until the condition holds. False when the watchdog (20 s) ends first.
+    // Runs posted calls until the condition is true. False if the watchdog (20 s) ends first.
     bool runUntil(const std::function<bool()>& condition);
-    size_t timers() const;                // that now run
+    size_t timers() const;                // that are running
     double interval(size_t index) const;  // of the running timer, oldest first
     bool onMainThread() const;
-    // What usleep does on the product's own threads from now on, on the sleeper's thread; null: it sleeps.
+    // Replaces usleep on all threads but the main one; null restores it.
     void onSleep(std::function<void(unsigned microseconds)> sleep);
 };
 

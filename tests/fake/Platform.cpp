@@ -21,7 +21,7 @@ std::string Call::text() const {
 }
 
 Platform& Platform::get() {
-    // Never destroyed: the product's static objects call in until the process ends.
+    // Never destroyed: the product's static objects call the platform until the process ends.
     static Platform* instance = new Platform;
     return *instance;
 }
@@ -190,7 +190,7 @@ bool Platform::waitUntil(const std::function<bool()>& condition, std::chrono::mi
         if (std::chrono::steady_clock::now() > end) {
             return false;
         }
-        // Conditions may look at more than the calls, so look again soon even when no call came.
+        // A condition may depend on more than calls, so check it again soon even without a call.
         std::unique_lock<std::mutex> lock(mMutex);
         mChanged.wait_for(lock, std::chrono::milliseconds(2));
     }

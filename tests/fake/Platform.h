@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The scripted platform: records every call that the product makes across the seam (what, in which order, with which
-// arguments, on which thread) and answers as the test tells it. One a process; reset() between tests.
-// Any thread may call in; a test reads on its own thread, which counts as the main loop's.
+// The scripted platform: records every call of the product to the seam with its arguments and thread, in order, and
+// returns what the test scripted. One per process; reset() between tests. Any thread.
 #pragma once
 
 #include <dlog.h>
@@ -29,8 +28,8 @@ struct Call {
 struct LogLine {
     int priority;
     std::string tag;
-    std::string text;     // as formatted for the system log, with colour and prefix
-    std::string message;  // between the prefix and the colour reset
+    std::string text;     // as formatted for the system log, with color and prefix
+    std::string message;  // between the prefix and the color reset
     pid_t thread;
 };
 
@@ -38,21 +37,21 @@ class Platform {
 public:
     static Platform& get();
 
-    // Forgets calls, lines, answers and hooks, and runs every room's own reset.
+    // Clears calls, log lines, results, and hooks, and runs the resets of all fakes.
     void reset();
-    // A room registers what reset() does to its state. Returns true, for use in a static initialiser.
+    // A fake registers how to reset its own state. Returns true, for use in a static initializer.
     bool addReset(std::function<void()> reset);
 
-    // For the rooms: records a call, runs its hook, returns the scripted answer or `otherwise`.
+    // For the fakes: records a call, runs its hook, and returns the scripted result or `otherwise`.
     int call(const std::string& name, std::vector<std::string> args = {}, int otherwise = 0);
     void log(const LogLine& line);
 
     // For the tests.
     void answer(const std::string& name, int code);                     // from now on
-    void answerNext(const std::string& name, int code, int times = 1);  // before any standing answer
+    void answerNext(const std::string& name, int code, int times = 1);  // before the result of answer()
     void onCall(const std::string& name,
-                std::function<void(const Call&)> hook);    // runs on the caller's thread, unlocked
-    void onLog(std::function<void(const LogLine&)> hook);  // likewise
+                std::function<void(const Call&)> hook);    // runs on the caller's thread, without a lock
+    void onLog(std::function<void(const LogLine&)> hook);  // same
 
     std::vector<Call> calls() const;
     std::vector<Call> calls(const std::string& name) const;
@@ -61,13 +60,13 @@ public:
     // In order, only the calls whose names start with one of the prefixes.
     std::vector<std::string> textsOf(const std::vector<std::string>& prefixes) const;
     size_t count(const std::string& name) const;
-    // Calls, with arguments, and log messages ("log: ...") in their one order.
+    // Calls with arguments, and log messages ("log: ..."), in order.
     std::vector<std::string> story() const;
     void forgetCalls();  // and log lines
     std::vector<LogLine> logs() const;
     bool logged(int priority, const std::string& message) const;
     size_t countLogged(const std::string& message) const;
-    // Waits until a call was made `times` times in all. False when the watchdog ends first.
+    // Waits until a call was made `times` times. False if the watchdog ends first.
     bool waitFor(const std::string& name, size_t times = 1,
                  std::chrono::milliseconds watchdog = std::chrono::seconds(20)) const;
     bool waitUntil(const std::function<bool()>& condition,

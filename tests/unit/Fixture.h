@@ -9,9 +9,9 @@
 #include "Util/Singleton.h"
 #include "Util/Sound/SoundStreamWatcher.h"
 #include "Util/SystemConfig.h"
-#include "fake/FakeAppControl.h"
 #include "fake/MainLoop.h"
 #include "fake/Platform.h"
+#include "fake/app/FakeAppControl.h"
 
 using Texts = std::vector<std::string>;
 

@@ -6,9 +6,9 @@
 #include <atomic>
 
 #include "Controller/ProfileSession.h"
-#include "fake/FakeHousehold.h"
-#include "fake/FakeMessages.h"
-#include "fake/FakeSettings.h"
+#include "fake/app/FakeMessages.h"
+#include "fake/data/FakeHousehold.h"
+#include "fake/data/FakeSettings.h"
 #include "unit/Fixture.h"
 
 using OrvaneDA::ProfileRefresher;

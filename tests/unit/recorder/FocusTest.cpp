@@ -3,7 +3,7 @@
 #include <thread>
 
 #include "Controller/SRecorderSSE.h"
-#include "fake/FakeSound.h"
+#include "fake/audio/FakeSound.h"
 #include "unit/Fixture.h"
 
 using OrvaneDA::SRecorder;

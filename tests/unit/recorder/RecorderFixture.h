@@ -7,7 +7,8 @@
 
 #include "Controller/SRecorderOriginal.h"
 #include "Controller/SRecorderSSE.h"
-#include "fake/FakeSound.h"
+#include "fake/audio/FakeCapture.h"
+#include "fake/audio/FakeSound.h"
 #include "unit/Fixture.h"
 
 using OrvaneDA::SRecorder;

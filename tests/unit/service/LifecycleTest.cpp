@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeServiceApp.h"
+#include "fake/app/FakeServiceApp.h"
 #include "service/ServiceFixture.h"
 
 int orvane_main(int argc, char** argv);

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "Service.h"
-#include "fake/FakeAppManager.h"
-#include "fake/FakeMessages.h"
-#include "fake/FakeSettings.h"
-#include "fake/FakeSound.h"
-#include "fake/FakeVoice.h"
-#include "fake/FakeWakeupEngine.h"
+#include "fake/app/FakeAppManager.h"
+#include "fake/app/FakeMessages.h"
+#include "fake/audio/FakeSound.h"
+#include "fake/audio/FakeWakeupEngine.h"
+#include "fake/data/FakeSettings.h"
+#include "fake/voice/FakeVoice.h"
 #include "unit/Fixture.h"
 
 // A service on an appliance that is set up and has a microphone and a network.

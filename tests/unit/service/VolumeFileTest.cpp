@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "VolumeLevel.h"
+#include "fake/audio/FakeCapture.h"
 #include "service/ServiceFixture.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <atomic>
 
 #include "Util/Sound/VolumeController.h"
-#include "fake/FakeSound.h"
+#include "fake/audio/FakeSound.h"
 #include "unit/Fixture.h"
 
 using Util::MediaType;

@@ -4,8 +4,8 @@
 #include <atomic>
 #include <thread>
 
-#include "fake/FakeHousehold.h"
-#include "fake/FakeSound.h"
+#include "fake/audio/FakeSound.h"
+#include "fake/data/FakeHousehold.h"
 #include "unit/Fixture.h"
 
 using Util::SoundStreamWatcher;

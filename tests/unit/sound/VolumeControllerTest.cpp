@@ -3,7 +3,7 @@
 
 #include <atomic>
 
-#include "fake/FakeSound.h"
+#include "fake/audio/FakeSound.h"
 #include "unit/Fixture.h"
 
 using Util::MediaType;

@@ -9,8 +9,8 @@
 #include <future>
 
 #include "Controller/SRecordListener.h"
-#include "fake/FakeSettings.h"
-#include "fake/FakeWakeupEngine.h"
+#include "fake/audio/FakeWakeupEngine.h"
+#include "fake/data/FakeSettings.h"
 #include "unit/Fixture.h"
 
 using OrvaneDA::Trigger;

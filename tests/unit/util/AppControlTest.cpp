@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Util/AppControl.h"
 
-#include "fake/FakeAppManager.h"
+#include "fake/app/FakeAppManager.h"
 #include "unit/Fixture.h"
 
 using Util::AppControl;

@@ -3,7 +3,7 @@
 
 #include "Util/ConnectionStateListener.h"
 #include "Util/VConfStateListener.h"
-#include "fake/FakeSettings.h"
+#include "fake/data/FakeSettings.h"
 #include "unit/Fixture.h"
 
 class ListenerTest : public PlatformTest {

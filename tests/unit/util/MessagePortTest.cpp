@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Util/MessagePort.h"
 
-#include "fake/FakeMessages.h"
+#include "fake/app/FakeMessages.h"
 #include "unit/Fixture.h"
 
 using MessagePortTest = PlatformTest;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Util/SystemConfig.h"
 
-#include "fake/FakeSettings.h"
+#include "fake/data/FakeSettings.h"
 #include "unit/Fixture.h"
 
 using Util::OrvaneLang;

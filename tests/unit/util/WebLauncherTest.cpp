@@ -3,7 +3,7 @@
 
 #include <orvane_da_parser.h>
 
-#include "fake/FakeNlu.h"
+#include "fake/voice/FakeNlu.h"
 #include "unit/Fixture.h"
 
 class WebLauncherTest : public SendingTest {

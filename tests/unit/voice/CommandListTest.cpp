@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeVoice.h"
+#include "fake/voice/FakeVoice.h"
 #include "voice/VoiceFixture.h"
 
 using CommandListTest = VoiceTest;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeAppManager.h"
-#include "fake/FakeNlu.h"
-#include "fake/FakeSettings.h"
+#include "fake/app/FakeAppManager.h"
+#include "fake/data/FakeSettings.h"
+#include "fake/voice/FakeNlu.h"
 #include "voice/VoiceFixture.h"
 
 using OrvaneDA::VoiceControl;

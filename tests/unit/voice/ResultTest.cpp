@@ -5,10 +5,10 @@
 #include <fstream>
 #include <sstream>
 
-#include "fake/FakeAppManager.h"
-#include "fake/FakeNlu.h"
-#include "fake/FakeSettings.h"
-#include "fake/FakeVoice.h"
+#include "fake/app/FakeAppManager.h"
+#include "fake/data/FakeSettings.h"
+#include "fake/voice/FakeNlu.h"
+#include "fake/voice/FakeVoice.h"
 #include "voice/VoiceFixture.h"
 
 using OrvaneDA::VoiceControl;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Controller/Voice/VoiceErrors.h"
-#include "fake/FakeVoice.h"
+#include "fake/voice/FakeVoice.h"
 #include "voice/SystemCommands.h"
 #include "voice/VoiceFixture.h"
 

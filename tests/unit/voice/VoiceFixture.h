@@ -3,7 +3,7 @@
 
 #include "Controller/VoiceControl.h"
 #include "UiRequests.h"
-#include "fake/FakeVoice.h"
+#include "fake/voice/FakeVoice.h"
 #include "unit/Fixture.h"
 
 // Collects what a VoiceControl reports: "STATE ERROR" from the state callback, "recognition STATE" from the recognition

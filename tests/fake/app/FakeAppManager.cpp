@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeAppManager.h"
+#include "fake/app/FakeAppManager.h"
 
 #include <app_manager.h>
 #include <string.h>

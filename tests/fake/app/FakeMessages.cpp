@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Bundles, message ports and events.
-#include "fake/FakeMessages.h"
+#include "fake/app/FakeMessages.h"
 
 #include <app_event.h>
 #include <message_port.h>

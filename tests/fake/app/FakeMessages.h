@@ -19,11 +19,11 @@ struct bundle_s {
 namespace fake {
 
 void setPortExists(bool exists);
-// Delivers a message to the port that was registered last.
+// Delivers a message to the local port that was registered last.
 void receiveMessage(bundle* message, const char* remoteAppId, const char* remotePort);
-// Announces an event to its handlers.
+// Calls the event's handlers.
 void emitEvent(const std::string& name);
-// Bundles that were created and not freed.
+// Bundles that the product created and has not freed.
 int openBundles();
 
 }  // namespace fake

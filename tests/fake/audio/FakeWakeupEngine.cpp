@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeWakeupEngine.h"
+#include "fake/audio/FakeWakeupEngine.h"
 
 #include <atomic>
 #include <thread>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeHousehold.h"
+#include "fake/data/FakeHousehold.h"
 
 #include <kelso_server.h>
 #include <orvane_da_db.h>

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-// A request as the platform holds it; tests build incoming ones on the stack.
+// The platform's request. Tests create received requests on the stack.
 struct app_control_s {
     std::optional<std::string> appId;
     std::optional<std::string> operation;
@@ -27,10 +27,10 @@ struct Launch {
     void* userData;
 };
 
-// Requests that were sent, in order.
+// The requests that were sent, in order.
 std::vector<Launch> launches();
 std::vector<std::string> launchTexts();
-// Handles that were created and not destroyed.
+// Handles that the product created and has not destroyed.
 size_t openAppControls();
 bool waitForLaunches(size_t count);
 

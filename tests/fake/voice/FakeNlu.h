@@ -6,7 +6,7 @@
 
 namespace fake {
 
-// What the NLU parser finds in any text from now on. A part that is not set is absent.
+// The parsed result of any text from now on. A part that is not set is absent.
 struct NluResult {
     std::optional<std::string> actionType;
     std::optional<std::string> agent;
@@ -25,7 +25,7 @@ struct NluResult {
 void setNluResult(const NluResult& result);
 // Texts cannot be parsed from now on.
 void setNluUnparsable();
-// Responses that were parsed and not destroyed.
+// Responses that the product parsed and has not destroyed.
 int openResponses();
 
 }  // namespace fake

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeAppControl.h"
+#include "fake/app/FakeAppControl.h"
 
 #include <string.h>
 
@@ -14,9 +14,9 @@ namespace {
 
 std::mutex stateMutex;
 std::vector<fake::Launch> sent;
-// Never destroyed: handles that the product abandons stay reachable to the end.
+// Never destroyed, so that the leak checker finds the handles that the product does not destroy.
 auto& open = *new std::set<app_control_h>;
-// Abandoned by earlier tests, or still in the worker's hands.
+// Of earlier tests: never destroyed, or still in use by the worker.
 auto& left = *new std::set<app_control_h>;
 
 const bool registered = platform().addReset([] {

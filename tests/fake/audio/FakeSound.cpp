@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeSound.h"
+#include "fake/audio/FakeSound.h"
 
-#include <audio_io.h>
-#include <speech_capture.h>
 #include <string.h>
-#include <time.h>
 
 #include "fake/Platform.h"
 
@@ -12,14 +9,8 @@ using fake::platform;
 using fake::str;
 
 struct sound_stream_info_s {};
-struct audio_in_s {};
 
 namespace {
-
-struct Read {
-    int result;  // below 0 or, for the capture library, not 0: a failure
-    std::vector<short> samples;
-};
 
 struct VolumeWatch {
     sound_manager_volume_changed_cb callback;
@@ -30,7 +21,6 @@ struct VolumeWatch {
 std::mutex stateMutex;
 sound_stream_info_s stream;
 sound_stream_info_s otherStream;
-audio_in_s input;
 sound_stream_focus_state_changed_cb focusCallback;
 void* focusUserData;
 sound_stream_focus_state_e focus = SOUND_STREAM_FOCUS_STATE_RELEASED;
@@ -40,7 +30,6 @@ void* watchUserData;
 std::map<int, int> levels;
 std::vector<int> set;
 std::vector<VolumeWatch> volumeWatches;
-std::deque<Read> reads;
 
 const bool registered = platform().addReset([] {
     std::lock_guard<std::mutex> lock(stateMutex);
@@ -48,24 +37,9 @@ const bool registered = platform().addReset([] {
     levels.clear();
     set.clear();
     volumeWatches.clear();
-    reads.clear();
     focusCallback = nullptr;
     watchCallback = nullptr;
 });
-
-Read nextRead() {
-    {
-        std::lock_guard<std::mutex> lock(stateMutex);
-        if (!reads.empty()) {
-            Read read = reads.front();
-            reads.pop_front();
-            return read;
-        }
-    }
-    timespec time{0, 1'000'000};
-    nanosleep(&time, nullptr);
-    return {0, std::vector<short>(256)};
-}
 
 }  // namespace
 
@@ -105,12 +79,12 @@ void setVolumeLevel(sound_type_e type, int level) {
 
 void changeVolume(sound_type_e type, int level) {
     setVolumeLevel(type, level);
-    std::vector<VolumeWatch> told;
+    std::vector<VolumeWatch> notified;
     {
         std::lock_guard<std::mutex> lock(stateMutex);
-        told = volumeWatches;
+        notified = volumeWatches;
     }
-    for (const VolumeWatch& watch : told) {
+    for (const VolumeWatch& watch : notified) {
         watch.callback(type, static_cast<unsigned>(level), watch.userData);
     }
 }
@@ -123,16 +97,6 @@ int volumeLevel(sound_type_e type) {
 std::vector<int> volumesSet() {
     std::lock_guard<std::mutex> lock(stateMutex);
     return set;
-}
-
-void queueSamples(const std::vector<short>& samples) {
-    std::lock_guard<std::mutex> lock(stateMutex);
-    reads.push_back({0, samples});
-}
-
-void queueReadResult(int result) {
-    std::lock_guard<std::mutex> lock(stateMutex);
-    reads.push_back({result, {}});
 }
 
 }  // namespace fake
@@ -247,79 +211,6 @@ int sound_manager_unset_volume_changed_cb(sound_manager_volume_changed_cb callba
         }
     }
     return platform().call("sound_manager_unset_volume_changed_cb");
-}
-
-int audio_in_create(int rate, audio_channel_e channel, audio_sample_type_e type, audio_in_h* handle) {
-    *handle = &input;
-    return platform().call("audio_in_create", {str(rate), str(static_cast<int>(channel)), str(static_cast<int>(type))});
-}
-
-int audio_in_destroy(audio_in_h) {
-    return platform().call("audio_in_destroy");
-}
-
-int audio_in_set_sound_stream_info(audio_in_h, sound_stream_info_h) {
-    return platform().call("audio_in_set_sound_stream_info");
-}
-
-int audio_in_prepare(audio_in_h) {
-    return platform().call("audio_in_prepare");
-}
-
-int audio_in_unprepare(audio_in_h) {
-    return platform().call("audio_in_unprepare");
-}
-
-int audio_in_read(audio_in_h, void* buffer, unsigned int length) {
-    platform().call("audio_in_read", {str(length)});
-    const Read read = nextRead();
-    if (read.result != 0 || read.samples.empty()) {
-        return read.result;
-    }
-    memcpy(buffer, read.samples.data(), read.samples.size() * 2);
-    return static_cast<int>(read.samples.size() * 2);
-}
-
-int sse_create(int rate, audio_channel_e channel, audio_sample_type_e type, int frames) {
-    return platform().call("sse_create",
-                           {str(rate), str(static_cast<int>(channel)), str(static_cast<int>(type)), str(frames)});
-}
-
-int sse_init(void) {
-    return platform().call("sse_init");
-}
-
-int sse_set_stream_info(sound_stream_info_h) {
-    return platform().call("sse_set_stream_info");
-}
-
-int sse_prepare(void) {
-    return platform().call("sse_prepare");
-}
-
-int sse_unprepare(void) {
-    return platform().call("sse_unprepare");
-}
-
-int sse_deinit(void) {
-    return platform().call("sse_deinit");
-}
-
-int sse_destroy(void) {
-    return platform().call("sse_destroy");
-}
-
-int sse_read(void* buffer, int frames) {
-    platform().call("sse_read", {str(frames)});
-    const Read read = nextRead();
-    if (read.result == 0 && !read.samples.empty()) {
-        memcpy(buffer, read.samples.data(), read.samples.size() * 2);
-    }
-    return read.result;
-}
-
-int sse_trigger_wakeup_word_recording(int level) {
-    return platform().call("sse_trigger_wakeup_word_recording", {str(level)});
 }
 
 }  // extern "C"

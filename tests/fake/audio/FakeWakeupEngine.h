@@ -13,7 +13,7 @@ void setEngineUsable(bool usable);
 bool engineExists();
 bool engineListens();
 nuance::IWakeupAudioIn* engineAudioIn();
-// Runs `work` with the present engine's listener on a thread of its own and waits for it.
+// Runs `work` with the engine's listener on another thread and waits for it.
 void onEngineThread(const std::function<void(nuance::IWakeupListener&)>& work);
 
 }  // namespace fake

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Hub server and local database.
+// Hub and local database.
 #pragma once
 
 #include <map>

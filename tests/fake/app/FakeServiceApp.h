@@ -5,7 +5,7 @@
 
 namespace fake {
 
-// What the program handed to the service loop; null before it did. The loop returns at once with the scripted answer.
+// The callbacks that the program passed to service_app_main; null before. The fake returns at once.
 const service_app_lifecycle_callback_s* lifecycle();
 
 }  // namespace fake

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeSettings.h"
+#include "fake/data/FakeSettings.h"
 
 #include <device.h>
 #include <string.h>
@@ -49,13 +49,13 @@ void put(const std::string& key, const keynode_s& node) {
     store[key] = node;
 }
 
-void tell(const std::string& key, keynode_s node) {
-    std::vector<Subscription> told;
+void notify(const std::string& key, keynode_s node) {
+    std::vector<Subscription> notified;
     {
         std::lock_guard<std::mutex> lock(stateMutex);
-        told = subscriptions;
+        notified = subscriptions;
     }
-    for (const Subscription& subscription : told) {
+    for (const Subscription& subscription : notified) {
         if (subscription.key == key) {
             subscription.callback(&node, subscription.userData);
         }
@@ -90,26 +90,26 @@ void setSetting(const std::string& key, const std::string& value) {
 
 void changeSetting(const std::string& key, int value) {
     setSetting(key, value);
-    tell(key, intNode(value));
+    notify(key, intNode(value));
 }
 
 void changeSetting(const std::string& key, bool value) {
     put(key, {VCONF_TYPE_BOOL, value, 0, ""});
-    tell(key, {VCONF_TYPE_BOOL, value, 0, ""});
+    notify(key, {VCONF_TYPE_BOOL, value, 0, ""});
 }
 
 void changeSetting(const std::string& key, double value) {
     put(key, {VCONF_TYPE_DOUBLE, 0, value, ""});
-    tell(key, {VCONF_TYPE_DOUBLE, 0, value, ""});
+    notify(key, {VCONF_TYPE_DOUBLE, 0, value, ""});
 }
 
 void changeSetting(const std::string& key, const std::string& value) {
     setSetting(key, value);
-    tell(key, {VCONF_TYPE_STRING, 0, 0, value});
+    notify(key, {VCONF_TYPE_STRING, 0, 0, value});
 }
 
 void changeSettingToUnknownType(const std::string& key) {
-    tell(key, {99, 1, 0, ""});
+    notify(key, {99, 1, 0, ""});
 }
 
 int setting(const std::string& key) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Settings store, network connection and device.
+// Settings store, network connection, device, and platform directories.
 #pragma once
 
 #include <net_connection.h>
@@ -8,20 +8,20 @@
 
 namespace fake {
 
-// Put a value into the store, without telling anybody.
+// Store a value without a notification.
 void setSetting(const std::string& key, int value);
 void setSetting(const std::string& key, const std::string& value);
-// Put a value into the store and tell the subscribers of the key, on the calling thread. The product's writes do too.
+// Store a value and notify the key's subscribers on the calling thread, as the product's own writes do.
 void changeSetting(const std::string& key, int value);
 void changeSetting(const std::string& key, bool value);
 void changeSetting(const std::string& key, double value);
 void changeSetting(const std::string& key, const std::string& value);
-// Tell the subscribers of a value of a type that the store does not know.
+// Notifies the subscribers of a value of an unknown type.
 void changeSettingToUnknownType(const std::string& key);
-int setting(const std::string& key);  // -1 when missing
+int setting(const std::string& key);  // -1 if missing
 
 void setConnection(connection_type_e type);
-// Sets the type and tells the subscriber.
+// Sets the type and notifies the subscriber.
 void changeConnection(connection_type_e type);
 
 }  // namespace fake

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeNlu.h"
+#include "fake/voice/FakeNlu.h"
 
 #include <orvane_da_parser.h>
 #include <string.h>
@@ -28,7 +28,7 @@ int give(const char* function, const std::optional<std::string>& value, char** o
     return platform().call(function, {}, value ? VRP_ERROR_NONE : VRP_ERROR_NO_DATA);
 }
 
-// Parts are the response itself under other types.
+// Each part is the response itself, cast to another type.
 template <typename Part, typename From>
 int givePart(const char* function, bool there, From* from, Part** out) {
     const int result = platform().call(function, {}, there ? VRP_ERROR_NONE : VRP_ERROR_NO_DATA);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "fake/FakeVoice.h"
+#include "fake/voice/FakeVoice.h"
 
 #include <string.h>
 #include <voice_control_setting.h>
@@ -11,14 +11,6 @@ using fake::str;
 
 namespace {
 
-std::string joined(const vc_cmd_list_s& list) {
-    std::string texts;
-    for (vc_cmd_h command : list.commands) {
-        texts += (texts.empty() ? "" : ",") + command->text;
-    }
-    return texts;
-}
-
 template <typename Callback>
 struct Slot {
     Callback callback = nullptr;
@@ -27,19 +19,15 @@ struct Slot {
 
 struct State {
     bool enabled = true;
-    std::string language = "en_US";
     std::vector<std::string> languages{"en_US"};
     std::string errorMessage;
-    vc_cmd_list_s* lastList = nullptr;
-    int commands = 0;
-    int lists = 0;
     Slot<vc_state_changed_cb> state;
     Slot<vc_mgr_service_state_changed_cb> serviceState;
     Slot<vc_mgr_all_result_cb> allResult;
     Slot<vc_mgr_pre_result_cb> preResult;
     Slot<vc_error_cb> error;
     Slot<vc_mgr_speech_detected_cb> speech;
-    Slot<vc_current_language_changed_cb> language_;
+    Slot<vc_current_language_changed_cb> language;
     Slot<vc_setting_enabled_changed_cb> enabledChanged;
 } state;
 
@@ -80,130 +68,11 @@ void voiceEnabledChanged(bool enabled) {
     state.enabledChanged.callback(enabled, state.enabledChanged.userData);
 }
 void voiceLanguageChanged(const char* previous, const char* current) {
-    state.language_.callback(previous, current, state.language_.userData);
+    state.language.callback(previous, current, state.language.userData);
 }
-std::vector<std::string> commandTexts() {
-    std::vector<std::string> texts;
-    for (vc_cmd_h command : state.lastList->commands) {
-        texts.push_back(command->text);
-    }
-    return texts;
-}
-int openCommands() {
-    return state.commands;
-}
-int openCommandLists() {
-    return state.lists;
-}
-
 }  // namespace fake
 
 extern "C" {
-
-int vc_cmd_create(vc_cmd_h* command) {
-    const int result = platform().call("vc_cmd_create");
-    if (result == 0) {
-        *command = new vc_cmd_s;
-        ++state.commands;
-    }
-    return result;
-}
-
-int vc_cmd_destroy(vc_cmd_h command) {
-    --state.commands;
-    delete command;
-    return platform().call("vc_cmd_destroy");
-}
-
-int vc_cmd_set_command(vc_cmd_h command, const char* text) {
-    command->text = text;
-    return platform().call("vc_cmd_set_command", {text});
-}
-
-int vc_cmd_set_type(vc_cmd_h, vc_cmd_type_e type) {
-    return platform().call("vc_cmd_set_type", {str(static_cast<int>(type))});
-}
-
-int vc_cmd_set_format(vc_cmd_h, vc_cmd_format_e format) {
-    return platform().call("vc_cmd_set_format", {str(static_cast<int>(format))});
-}
-
-int vc_cmd_get_pid(vc_cmd_h command, int* pid) {
-    const int result = platform().call("vc_cmd_get_pid");
-    if (result == 0 && command != nullptr) {
-        *pid = command->pid;
-    }
-    return result;
-}
-
-int vc_cmd_get_nlu_json(vc_cmd_h command, char** json) {
-    const int result = platform().call("vc_cmd_get_nlu_json");
-    if (result == 0 && command != nullptr && command->json) {
-        *json = strdup(command->json->c_str());
-    }
-    return result;
-}
-
-int vc_cmd_list_create(vc_cmd_list_h* list) {
-    const int result = platform().call("vc_cmd_list_create");
-    if (result == 0) {
-        *list = new vc_cmd_list_s;
-        state.lastList = *list;
-        ++state.lists;
-    }
-    return result;
-}
-
-int vc_cmd_list_destroy(vc_cmd_list_h list, bool release_command) {
-    const int result = platform().call("vc_cmd_list_destroy", {list ? "list" : "null", str(int{release_command})});
-    if (list != nullptr) {
-        for (vc_cmd_h command : list->commands) {
-            delete command;
-            --state.commands;
-        }
-        delete list;
-        --state.lists;
-    }
-    return result;
-}
-
-int vc_cmd_list_add(vc_cmd_list_h list, vc_cmd_h command) {
-    const int result = platform().call("vc_cmd_list_add", {command->text});
-    if (result == 0) {
-        list->commands.push_back(command);
-    }
-    return result;
-}
-
-int vc_cmd_list_remove(vc_cmd_list_h list, vc_cmd_h command) {
-    for (size_t i = 0; i < list->commands.size(); ++i) {
-        if (list->commands[i] == command) {
-            list->commands.erase(list->commands.begin() + i);
-            break;
-        }
-    }
-    return platform().call("vc_cmd_list_remove", {command->text});
-}
-
-int vc_cmd_list_first(vc_cmd_list_h list) {
-    list->cursor = 0;
-    return platform().call("vc_cmd_list_first", {}, list->commands.empty() ? VC_ERROR_EMPTY : VC_ERROR_NONE);
-}
-
-int vc_cmd_list_next(vc_cmd_list_h list) {
-    if (list->cursor + 1 >= list->commands.size()) {
-        return platform().call("vc_cmd_list_next", {}, VC_ERROR_ITERATION_END);
-    }
-    ++list->cursor;
-    return platform().call("vc_cmd_list_next");
-}
-
-int vc_cmd_list_get_current(vc_cmd_list_h list, vc_cmd_h* command) {
-    if (list->cursor < list->commands.size()) {
-        *command = list->commands[list->cursor];
-    }
-    return platform().call("vc_cmd_list_get_current");
-}
 
 int vc_mgr_initialize(void) {
     return platform().call("vc_mgr_initialize");
@@ -241,7 +110,7 @@ FAKE_CALLBACK(all_result, vc_mgr_all_result_cb, allResult)
 FAKE_CALLBACK(pre_result, vc_mgr_pre_result_cb, preResult)
 FAKE_CALLBACK(error, vc_error_cb, error)
 FAKE_CALLBACK(speech_detected, vc_mgr_speech_detected_cb, speech)
-FAKE_CALLBACK(current_language_changed, vc_current_language_changed_cb, language_)
+FAKE_CALLBACK(current_language_changed, vc_current_language_changed_cb, language)
 
 int vc_mgr_set_domain(const char* domain) {
     return platform().call("vc_mgr_set_domain", {domain});
@@ -260,7 +129,7 @@ int vc_mgr_set_recognition_mode(vc_recognition_mode_e mode) {
 }
 
 int vc_mgr_set_command_list(vc_cmd_list_h list) {
-    return platform().call("vc_mgr_set_command_list", {list ? joined(*list) : "null"});
+    return platform().call("vc_mgr_set_command_list", {list ? list->text() : "null"});
 }
 int vc_mgr_unset_command_list(void) {
     return platform().call("vc_mgr_unset_command_list");
@@ -276,7 +145,7 @@ int vc_mgr_cancel(void) {
 }
 
 int vc_mgr_set_selected_results(vc_cmd_list_h list) {
-    return platform().call("vc_mgr_set_selected_results", {joined(*list)});
+    return platform().call("vc_mgr_set_selected_results", {list->text()});
 }
 
 int vc_mgr_get_error_message(char** message) {
@@ -302,7 +171,7 @@ int vc_setting_set_enabled_changed_cb(vc_setting_enabled_changed_cb callback, vo
 }
 
 int vc_setting_get_language(char** language) {
-    *language = strdup(state.language.c_str());
+    *language = strdup("en_US");
     return platform().call("vc_setting_get_language");
 }
 

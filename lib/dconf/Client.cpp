@@ -18,7 +18,7 @@ struct ChangesetUnref {
 }  // namespace
 
 Client::Client(Changed changed) : mChanged(std::move(changed)) {
-    // The client reports on the context of the thread that makes it.
+    // The client reports on the main context of the thread that creates it.
     gio::IoThread::get().run([this] {
         mClient = dconf_client_new();
         g_signal_connect(
@@ -27,6 +27,13 @@ Client::Client(Changed changed) : mChanged(std::move(changed)) {
                            gpointer self) noexcept { static_cast<Client*>(self)->report(prefix, changes); }),
             this);
         dconf_client_watch_fast(mClient, "/");
+    });
+}
+
+Client::~Client() {
+    gio::IoThread::get().run([this] {
+        g_signal_handlers_disconnect_by_data(mClient, this);
+        g_object_unref(mClient);
     });
 }
 

@@ -11,20 +11,23 @@ typedef struct _DConfClient DConfClient;
 
 namespace dconf {
 
-// dconf's client on the shared I/O thread. Reads come from the database file, so another process's write is seen by the
-// next read; writes are queued and seen by this process's next read at once. Any thread.
+// A dconf client on the shared IO thread. Reads come from the database file, so the next read returns what another
+// process wrote. Writes are queued, and the next read in this process returns them at once. Any thread.
 class Client {
 public:
-    // Given the full paths of changed keys, or a folder's path (with a closing "/") when all of it may have changed;
-    // called on the I/O thread for changes by anybody.
+    // Receives the full paths of changed keys, or a folder's path with a closing "/" if any key in it may have changed.
+    // Runs on the IO thread, for changes by every process, and must not throw.
     using Changed = std::function<void(const std::vector<std::string>& paths)>;
 
     explicit Client(Changed changed);
-    ~Client() = delete;  // lives until the process ends
+    // Waits for a report in progress. Not on the IO thread while it reports.
+    ~Client();
+    Client(const Client&) = delete;
+    Client& operator=(const Client&) = delete;
 
-    gio::Variant read(const std::string& path) const;  // null when the key is missing
+    gio::Variant read(const std::string& path) const;  // null if the key is missing
     bool write(const std::string& path, GVariant* value);
-    // Removes everything below the folder; waits for the settings service.
+    // Removes all keys in the folder. Waits for the settings service.
     bool clearFolder(const std::string& folder);
 
 private:

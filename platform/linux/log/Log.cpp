@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The system log: the journal where it listens, standard error otherwise; ORVANE_LOG=journal, stderr or off chooses.
+// The system log goes to the journal if its socket exists, else to standard error. ORVANE_LOG=stderr or off overrides
+// that. Nothing here throws: C code logs too.
 #include <dlog.h>
 #include <stdarg.h>
 #include <stdio.h>
@@ -14,8 +15,8 @@ namespace {
 
 enum class Sink { JOURNAL, STANDARD_ERROR, OFF };
 
-// Lines of a reader that follows a pipe must not wait for a full buffer; set up before main() prints its first.
-Sink chooseSink() {
+// Also makes standard output line-buffered before main() prints, so that a reader of a pipe gets each line at once.
+Sink chooseSink() noexcept {
     setvbuf(stdout, nullptr, _IOLBF, 0);
     const char* chosen = getenv("ORVANE_LOG");
     if (chosen != nullptr && strcmp(chosen, "off") == 0) {
@@ -27,14 +28,14 @@ Sink chooseSink() {
     return access("/run/systemd/journal/socket", W_OK) == 0 ? Sink::JOURNAL : Sink::STANDARD_ERROR;
 }
 
-Sink sink() {
+Sink sink() noexcept {
     static const Sink chosen = chooseSink();
     return chosen;
 }
 
 const bool chosenAtStart = (sink(), true);
 
-int journalPriority(log_priority priority) {
+int journalPriority(log_priority priority) noexcept {
     switch (priority) {
         case DLOG_DEBUG:
             return LOG_DEBUG;
@@ -47,20 +48,20 @@ int journalPriority(log_priority priority) {
     }
 }
 
-char letterOf(log_priority priority) {
+char letterOf(log_priority priority) noexcept {
     const int index = priority - DLOG_DEBUG;
     return index >= 0 && index < 4 ? "DIWE"[index] : '?';
 }
 
-// One write a line, so that lines of several threads do not mix.
-void writeToStandardError(log_priority priority, const char* tag, const char* text, size_t length) {
+// One system call writes a line, so that the lines of several threads do not mix.
+void writeToStandardError(log_priority priority, const char* tag, const char* text, size_t length) noexcept {
     char head[64];
     const int size = snprintf(head, sizeof head, "%c/%s ", letterOf(priority), tag);
     iovec parts[] = {{head, static_cast<size_t>(size) < sizeof head ? size : sizeof head - 1},
                      {const_cast<char*>(text), length},
                      {const_cast<char*>("\n"), 1}};
     if (writev(STDERR_FILENO, parts, 3) < 0) {
-        // Nobody reads; a log has nowhere to tell it.
+        // There is nowhere to log that the log failed.
     }
 }
 

@@ -9,7 +9,7 @@
 
 // A value as a subscriber sees it.
 struct keynode_s {
-    int type = 0;  // VCONF_TYPE_*, 0 for a key without a value or of another type
+    int type = 0;  // VCONF_TYPE_*, 0 if the key has no value, or one of another type
     int number = 0;
     double real = 0;
     std::string text;

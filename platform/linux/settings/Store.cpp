@@ -5,6 +5,8 @@
 
 #include <fstream>
 
+#include "process/Guard.h"
+
 namespace settings {
 
 namespace {
@@ -12,7 +14,7 @@ namespace {
 constexpr char MEMORY[] = "/memory/";
 constexpr char BOOT_ID[] = "/memory/boot-id";
 
-// dconf's service writes, and it is reached over the session bus.
+// The settings service writes, and clients reach it over the session bus.
 bool busIsThere() {
     gio::Error error;
     const gio::Object<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.out()));
@@ -34,18 +36,18 @@ std::string bootId() {
 }  // namespace
 
 Store& Store::get() {
-    // Never destroyed: changes come until the process ends.
-    static Store* instance = new Store;
-    return *instance;
+    return process::shared<Store>();
 }
 
 Store::Store()
-    : mClient(new dconf::Client([this](const std::vector<std::string>& paths) { mSubscriptions.changed(paths); })),
+    : mClient([this](const std::vector<std::string>& paths) {
+          process::contained("settings change", [&] { mSubscriptions.changed(paths); });
+      }),
       mWritable(busIsThere()) {
     forgetAfterRestart();
 }
 
-// What was written before any process of ours ever ran here is kept: it is what somebody prepared.
+// Keeps what somebody wrote before the first process with this store ran on the machine.
 void Store::forgetAfterRestart() {
     const std::string now = bootId();
     const gio::Variant kept = read(BOOT_ID);
@@ -54,9 +56,9 @@ void Store::forgetAfterRestart() {
         return;
     }
     if (known) {
-        mClient->clearFolder(MEMORY);
+        mClient.clearFolder(MEMORY);
     }
-    write(BOOT_ID, g_variant_new_string(now.c_str()));
+    write(BOOT_ID, gio::sink(g_variant_new_string(now.c_str())).get());
 }
 
 std::string Store::pathOf(const char* key) {
@@ -68,8 +70,7 @@ std::string Store::pathOf(const char* key) {
 }
 
 bool Store::write(const std::string& path, GVariant* value) {
-    const gio::Variant owned = gio::sink(value);
-    return mWritable && mClient->write(path, owned.get());
+    return mWritable && mClient.write(path, value);
 }
 
 }  // namespace settings

@@ -6,6 +6,7 @@
 #include "KeyNode.h"
 #include "Store.h"
 #include "mainloop/MainLoopPost.h"
+#include "process/Guard.h"
 
 namespace settings {
 
@@ -50,14 +51,15 @@ void Subscriptions::changed(const std::vector<std::string>& paths) {
     for (const Subscription& subscription : mAll) {
         if (std::any_of(paths.begin(), paths.end(),
                         [&](const std::string& changed) { return covers(changed, subscription.path); })) {
-            postToMainLoop([this, id = subscription.id] { tell(id); });
+            postToMainLoop(
+                [this, id = subscription.id] { process::contained("settings callback", [&] { notify(id); }); });
         }
     }
 }
 
-// On the main loop, where subscriptions end too. The value is read now, so that what the callback is given is what a
-// read gives.
-void Subscriptions::tell(unsigned long id) {
+// On the main loop, where subscriptions end too. Reads the value now, so that the callback gets what a read in it
+// returns.
+void Subscriptions::notify(unsigned long id) {
     Subscription subscription{};
     {
         std::lock_guard<std::mutex> lock(mMutex);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Who wants to know of which key. Changes come on the I/O thread and are told on the main loop; a subscription that
-// ends before its posted call runs is not called.
+// The subscriptions to keys. Changes arrive on the IO thread, and the callbacks run on the main loop. The callback of a
+// subscription that ends before its posted call runs is not called.
 #pragma once
 
 #include <vconf.h>
@@ -13,10 +13,10 @@ namespace settings {
 
 class Subscriptions {
 public:
-    // One subscription a pair of path and callback: added again, it takes the new user data.
+    // The pair of path and callback identifies a subscription. If it exists, it gets the new user data.
     void add(const std::string& path, vconf_callback_fn callback, void* userData);
     bool remove(const std::string& path, vconf_callback_fn callback);
-    // On the I/O thread; a path with a closing "/" stands for everything below it.
+    // On the IO thread. A path with a closing "/" means all keys in the folder.
     void changed(const std::vector<std::string>& paths);
 
 private:
@@ -27,7 +27,7 @@ private:
         void* userData;
     };
 
-    void tell(unsigned long id);
+    void notify(unsigned long id);
     std::vector<Subscription>::iterator find(const std::string& path, vconf_callback_fn callback);  // mutex held
 
     std::mutex mMutex;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Logs what the tests look for, as a program of its own: the log chooses where it writes before main().
+// Logs what the tests expect. A separate program, because the log chooses its destination before main().
 #include <dlog.h>
 #include <stdio.h>
 #include <string.h>
@@ -44,5 +44,5 @@ int main(int, char** arguments) {
     } else if (strcmp(arguments[1], "print") == 0) {
         printf("printed\n");
     }
-    _exit(0);  // whatever still waits in a buffer is lost
+    _exit(0);  // loses what is still in a buffer
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Settings without the bus that writes and changes go over.
+// Settings without the session bus, which writes and changes need.
 #include <gtest/gtest.h>
 #include <vconf.h>
 
@@ -14,7 +14,7 @@ void hear(keynode_t*, void*) {}
 
 }  // namespace
 
-TEST(SettingsWithoutABus, ReadAsMissingRefuseWritesAndSaySoOnce) {
+TEST(SettingsWithoutABus, AreMissingAndRefuseWritesWithOneLogLine) {
     testing::internal::CaptureStderr();
     int value = -1;
     EXPECT_EQ(vconf_get_int("db/x", &value), -1);

@@ -14,7 +14,7 @@
 
 namespace {
 
-// Another process's write or read, as a person makes it.
+// A write or read by another process.
 bool dconf(const std::string& words) {
     return system(("dconf " + words).c_str()) == 0;
 }
@@ -89,14 +89,14 @@ TEST_F(SettingsTest, AWriteReachesOtherProcesses) {
     ASSERT_TRUE(runMainLoopUntil([] { return dconf("read /db/level | grep -qx 42"); }));
 }
 
-TEST_F(SettingsTest, ChangesByOthersAndByUsAreToldOnTheMainLoopUntilTheyAreIgnored) {
+TEST_F(SettingsTest, ChangesByAnyProcessReachTheCallbackOnTheMainLoopUntilTheSubscriptionEnds) {
     int told = 0;
     ASSERT_EQ(vconf_notify_key_changed("db/watched", hear, &told), 0);
     ASSERT_TRUE(dconf("write /db/watched 5"));
     EXPECT_TRUE(runMainLoopUntil([&] { return told == 5; }));
     vconf_set_int("db/watched", 6);
     EXPECT_TRUE(runMainLoopUntil([&] { return told == 6; }));
-    // Posted, but not told yet, when the subscription ends.
+    // The change is posted, but the callback has not run, when the subscription ends.
     vconf_set_int("db/watched", 7);
     gio::IoThread::get().run([] {});
     EXPECT_EQ(vconf_ignore_key_changed("db/watched", hear), 0);
@@ -122,7 +122,7 @@ TEST_F(SettingsTest, APairOfKeyAndCallbackIsOneSubscription) {
     EXPECT_EQ(vconf_ignore_key_changed("db/watched", hear), -1);
 }
 
-TEST_F(SettingsTest, EachCallbackOfAKeyIsToldInTheOrderOfTheSubscriptions) {
+TEST_F(SettingsTest, TheCallbacksOfAKeyRunInTheOrderOfTheirSubscriptions) {
     std::string order;
     const vconf_callback_fn a = [](keynode_t*, void* data) { *static_cast<std::string*>(data) += 'a'; };
     const vconf_callback_fn b = [](keynode_t*, void* data) { *static_cast<std::string*>(data) += 'b'; };
@@ -136,7 +136,7 @@ TEST_F(SettingsTest, EachCallbackOfAKeyIsToldInTheOrderOfTheSubscriptions) {
     vconf_ignore_key_changed("db/watched", b);
 }
 
-TEST_F(SettingsTest, AKeyIsToldWhenItsWholeFolderIsResetByAnotherProcess) {
+TEST_F(SettingsTest, AResetOfTheFolderByAnotherProcessReachesTheCallback) {
     ASSERT_TRUE(dconf("write /db/folder/watched 1"));
     int told = 0;
     vconf_notify_key_changed("db/folder/watched", hear, &told);
@@ -145,7 +145,7 @@ TEST_F(SettingsTest, AKeyIsToldWhenItsWholeFolderIsResetByAnotherProcess) {
     vconf_ignore_key_changed("db/folder/watched", hear);
 }
 
-TEST_F(SettingsTest, AChangeOfAnotherKeyIsNotTold) {
+TEST_F(SettingsTest, AChangeOfAnotherKeyDoesNotReachTheCallback) {
     int told = 0;
     int other = 0;
     vconf_notify_key_changed("db/watch", hear, &told);
@@ -158,7 +158,7 @@ TEST_F(SettingsTest, AChangeOfAnotherKeyIsNotTold) {
     vconf_ignore_key_changed("db/watched/also", hear);
 }
 
-TEST_F(SettingsTest, EachTypeIsToldWithItsValue) {
+TEST_F(SettingsTest, TheCallbackGetsTheTypeAndTheValue) {
     std::string told;
     const vconf_callback_fn describe = [](keynode_t* node, void* data) {
         std::ostringstream text;
@@ -188,20 +188,20 @@ TEST_F(SettingsTest, EachTypeIsToldWithItsValue) {
         {"write /db/typed 'uint32 7'", "no value"}, {"write /db/typed \"'end'\"", "40 end"}};
     for (const auto& [command, expected] : rows) {
         ASSERT_TRUE(dconf(command));
-        EXPECT_TRUE(runMainLoopUntil([&, want = expected] { return told == want; })) << command << " tells " << told;
+        EXPECT_TRUE(runMainLoopUntil([&, want = expected] { return told == want; })) << command << " reports " << told;
         told.clear();
     }
     vconf_ignore_key_changed("db/typed", describe);
 }
 
-TEST_F(SettingsTest, AKeyThatTheStoreCannotHoldIsRefused) {
+TEST_F(SettingsTest, AnInvalidKeyIsRefused) {
     for (const char* key : {"", "/db/x", "db//x", "db/x/"}) {
         EXPECT_EQ(vconf_set_int(key, 1), -1) << key;
         EXPECT_EQ(vconf_notify_key_changed(key, hear, nullptr), -1) << key;
     }
 }
 
-TEST_F(SettingsTest, TheStoreKnowsWhichStartOfTheMachineItsMemoryIsOf) {
+TEST_F(SettingsTest, TheStoreKeepsTheBootIdOfItsMemoryKeys) {
     int value = -1;
     vconf_set_int("memory/x", 3);
     EXPECT_EQ(vconf_get_int("memory/x", &value), 0);
@@ -213,7 +213,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     PrivateHome home;
     PrivateBus bus;
-    // Left from an earlier start of the machine.
+    // From an earlier boot of the machine.
     if (!dconf("write /memory/boot-id \"'earlier'\"") || !dconf("write /memory/old 1")) {
         return 1;
     }
@@ -221,7 +221,7 @@ int main(int argc, char** argv) {
     ecore_init();
     int old = -1;
     if (vconf_get_int("memory/old", &old) == 0) {
-        fprintf(stderr, "what was in memory outlived a restart\n");
+        fprintf(stderr, "a memory key still exists after a restart\n");
         return 1;
     }
     // Ecore is not shut down: its handler of a child's end may still run on another thread.

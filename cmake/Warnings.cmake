@@ -2,6 +2,7 @@
 # Warnings are errors in all our code. Targets link orvane_warnings privately.
 add_library(orvane_warnings INTERFACE)
 target_compile_options(orvane_warnings INTERFACE
-  -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wno-format-nonliteral
+  -Wall -Wextra -Werror -Wshadow $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor> $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
+  -Wformat=2 -Wno-format-nonliteral
   # The log line at the entry of a function has an empty text.
   -Wno-format-zero-length)

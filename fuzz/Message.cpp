@@ -26,7 +26,13 @@ struct BytesUnref {
 
 gio::Variant variantOf(std::string_view bytes, const char* type) {
     const std::unique_ptr<GBytes, BytesUnref> copy(g_bytes_new(bytes.data(), bytes.size()));
-    return gio::sink(g_variant_new_from_bytes(G_VARIANT_TYPE(type), copy.get(), FALSE));
+    return gio::Variant(g_variant_new_from_bytes(G_VARIANT_TYPE(type), copy.get(), FALSE));
+}
+
+// What arrives of what is sent.
+template <typename T>
+T sent(const T& value) {
+    return gio::Variant::of(value).template as<T>();
 }
 
 bool readExtra(app_control_h request, const char* key, void*) noexcept {
@@ -47,17 +53,17 @@ bool readExtra(app_control_h request, const char* key, void*) noexcept {
 }
 
 void readRequest(std::string_view bytes) {
-    app_control_s request = appfw::toRequest(variantOf(bytes, "(ssa(aybaay)s)").get());
+    app_control_s request = appfw::toRequest(variantOf(bytes, "(ssa(aybaay)s)"));
     app_control_foreach_extra_data(&request, readExtra, nullptr);
-    const auto again = appfw::toExtras(gio::sink(appfw::toVariant(request.extras)).get());
+    const auto again = appfw::toExtras(sent(appfw::toWire(request.extras)));
     require(again == request.extras, "extras arrive as they were sent");
 }
 
 void readReply(std::string_view bytes) {
-    const auto reply = appfw::toReply(variantOf(bytes, "(sia(aybaay))").get());
+    const auto reply = appfw::toReply(variantOf(bytes, "(sia(aybaay))"));
     require(reply.result >= APP_CONTROL_RESULT_CANCELED && reply.result <= APP_CONTROL_RESULT_APP_STARTED,
             "a reply has a result that there is");
-    const auto again = appfw::toExtras(gio::sink(appfw::toVariant(reply.extras)).get());
+    const auto again = appfw::toExtras(sent(appfw::toWire(reply.extras)));
     require(again == reply.extras, "extras arrive as they were sent");
 }
 
@@ -70,9 +76,9 @@ void readEntry(const char* key, int, const bundle_keyval_t* entry, void*) noexce
 }
 
 void readMessage(std::string_view bytes) {
-    bundle_s message = appfw::toBundle(variantOf(bytes, "a(ayay)").get());
+    bundle_s message = appfw::toBundle(variantOf(bytes, "a(ayay)").as<appfw::Entries>());
     bundle_foreach(&message, readEntry, nullptr);
-    const auto again = appfw::toBundle(gio::sink(appfw::toVariant(message)).get());
+    const auto again = appfw::toBundle(sent(appfw::toEntries(message)));
     require(again.entries == message.entries, "a message arrives as it was sent");
 }
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "gio/Bus.h"
+#include "gio/SessionBus.h"
 #include "modules/MainLoop.h"
 #include "modules/Measures.h"
 
@@ -39,8 +39,8 @@ void send(const char* to, bundle* message, int port) {
 
 int openPort(const char* application, message_port_trusted_message_cb callback, void* data) {
     const int port = message_port_register_trusted_local_port(kPort, callback, data);
-    gio::Error error;
-    if (port <= 0 || !gio::Bus::session().own(application, error)) {
+    static const gio::OwnedName name = gio::sessionBus().ownName(application);  // until the process ends
+    if (port <= 0 || !name) {
         throw std::runtime_error(std::string("no message port for ") + application);
     }
     return port;

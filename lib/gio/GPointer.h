@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owners of GLib's reference-counted and allocated things.
+// Owners of what GLib counts references of or allocates.
 #pragma once
 
 #include <gio/gio.h>
@@ -7,13 +7,12 @@
 #include <memory>
 #include <string>
 
+#include "gio/Variant.h"
+
 namespace gio {
 
 struct ObjectUnref {
     void operator()(void* object) const noexcept { g_object_unref(object); }
-};
-struct VariantUnref {
-    void operator()(GVariant* variant) const noexcept { g_variant_unref(variant); }
 };
 struct SourceUnref {
     void operator()(GSource* source) const noexcept { g_source_unref(source); }
@@ -24,16 +23,10 @@ struct GFree {
 
 template <typename T>
 using Object = std::unique_ptr<T, ObjectUnref>;
-using Variant = std::unique_ptr<GVariant, VariantUnref>;
 using Source = std::unique_ptr<GSource, SourceUnref>;
 using Text = std::unique_ptr<char, GFree>;
 
-// Takes the floating reference.
-inline Variant sink(GVariant* variant) {
-    return Variant(g_variant_ref_sink(variant));
-}
-
-// Out parameter of GIO's calls; empties itself.
+// The out parameter of a GIO call.
 class Error {
 public:
     Error() = default;

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "gio/Bus.h"
+#include "gio/SessionBus.h"
 
 namespace appfw {
 
@@ -26,32 +26,32 @@ bool isApplication(const std::string& name) {
     return true;
 }
 
-std::vector<std::string> applications() {
-    gio::Error error;
-    const gio::Variant answer = gio::Bus::session().ask("ListNames", nullptr, "(as)", error);
-    std::vector<std::string> names;
-    if (answer) {
-        const gio::Variant list(g_variant_get_child_value(answer.get(), 0));
-        for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
-            const gio::Variant name(g_variant_get_child_value(list.get(), i));
-            names.emplace_back(g_variant_get_string(name.get(), nullptr));
-        }
+// Empty when the bus does not answer.
+std::vector<std::string> namesOnTheBus() {
+    try {
+        const auto answer = gio::sessionBus().call(gio::kBus, "ListNames");
+        return std::get<0>(answer.fields<std::vector<std::string>>());
+    } catch (const gio::CallError&) {
+        return {};
     }
+}
+
+std::vector<std::string> applications() {
+    std::vector<std::string> names = namesOnTheBus();
     names.erase(std::remove_if(names.begin(), names.end(), [](const auto& name) { return !isApplication(name); }),
                 names.end());
     std::sort(names.begin(), names.end());
     return names;
 }
 
+// 0 when it is gone.
 pid_t processOf(const std::string& name) {
-    gio::Error error;
-    const gio::Variant answer =
-        gio::Bus::session().ask("GetConnectionUnixProcessID", g_variant_new("(s)", name.c_str()), "(u)", error);
-    guint32 pid = 0;
-    if (answer) {
-        g_variant_get(answer.get(), "(u)", &pid);
+    try {
+        const auto answer = gio::sessionBus().call(gio::kBus, "GetConnectionUnixProcessID", gio::Variant::tuple(name));
+        return static_cast<pid_t>(std::get<0>(answer.fields<std::uint32_t>()));
+    } catch (const gio::CallError&) {
+        return 0;
     }
-    return static_cast<pid_t>(pid);
 }
 
 }  // namespace

@@ -7,11 +7,11 @@
 
 namespace appfw {
 
-// The application id of a process: of the bus names that it owns the first in the alphabet that is an application's;
-// empty when it has none. Blocks for a few round trips.
+// The application id of a process: of its bus names, the alphabetically first that belongs to an application; empty
+// without one. Blocks for a few round trips.
 std::string appIdOf(pid_t pid);
 
-// This process's own, once it owns one.
+// This process's own application id, once it has one.
 const std::string& ownAppId();
 void setOwnAppId(const std::string& id);
 

@@ -3,11 +3,12 @@
 #pragma once
 
 #include <string>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
 #include "bundle.h"
-#include "gio/GPointer.h"
+#include "gio/Variant.h"
 
 struct bundle_keyval_s {
     std::string value;
@@ -20,7 +21,9 @@ struct bundle_s {
 
 namespace appfw {
 
-GVariant* toVariant(const bundle_s& bundle);  // floating
-bundle_s toBundle(GVariant* list);
+using Entries = std::vector<std::tuple<gio::Bytes, gio::Bytes>>;
+
+Entries toEntries(const bundle_s& bundle);
+bundle_s toBundle(const Entries& entries);
 
 }  // namespace appfw

@@ -4,8 +4,8 @@
 #include <mutex>
 #include <vector>
 
-#include "gio/Bus.h"
-#include "gio/IoThread.h"
+#include "gio/GPointer.h"
+#include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 
 namespace appfw {
@@ -21,7 +21,7 @@ struct Expected {
 
 std::mutex mutex;
 
-// With the mutex held. Never destroyed: other threads still send and hear while the process ends.
+// With the mutex held. Never destroyed: other threads still send and receive while the process ends.
 std::map<std::string, Expected>& expected() {
     static auto* instance = new std::map<std::string, Expected>;
     return *instance;
@@ -38,13 +38,10 @@ std::vector<std::string> tokensOf(const std::string& peer) {
     return tokens;
 }
 
-// Comes after all that the connection sent, its replies included.
-void onOwnerChanged(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* arguments,
-                    gpointer) noexcept {
-    const char* name = nullptr;
-    const char* after = nullptr;
-    g_variant_get(arguments, "(&s&s&s)", &name, nullptr, &after);
-    if (*name != ':' || *after != 0) {
+// Arrives after everything that the connection sent, its replies included.
+void onOwnerChanged(const gio::Variant& arguments) {
+    const auto [name, before, after] = arguments.fields<std::string, std::string, std::string>();
+    if (name.front() != ':' || !after.empty()) {
         return;
     }
     for (const std::string& token : tokensOf(name)) {
@@ -52,15 +49,11 @@ void onOwnerChanged(GDBusConnection*, const gchar*, const gchar*, const gchar*, 
     }
 }
 
+// Never destroyed: the bus is watched until the process ends.
 void watchPeers() {
-    static std::once_flag once;
-    std::call_once(once, [] {
-        gio::IoThread::get().run([] {
-            g_dbus_connection_signal_subscribe(gio::Bus::session().connection(), "org.freedesktop.DBus",
-                                               "org.freedesktop.DBus", "NameOwnerChanged", "/org/freedesktop/DBus",
-                                               nullptr, G_DBUS_SIGNAL_FLAGS_NONE, onOwnerChanged, nullptr, nullptr);
-        });
-    });
+    static const auto* const watch =
+        new gio::Registration(gio::sessionBus().subscribe(gio::kBus, "NameOwnerChanged", onOwnerChanged));
+    static_cast<void>(watch);
 }
 
 }  // namespace
@@ -85,8 +78,8 @@ void expectReplyFrom(const std::string& token, const std::string& peer) {
         }
         found->second.peer = peer;
     }
-    // It may have left before its departure could be noticed here.
-    if (peer.empty() || !gio::Bus::session().hasOwner(peer)) {
+    // It may have left before the watch began.
+    if (peer.empty() || !gio::sessionBus().hasOwner(peer)) {
         takeReply(token, APP_CONTROL_RESULT_FAILED, {});
     }
 }

@@ -5,10 +5,11 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "app_control.h"
-#include "gio/GPointer.h"
+#include "gio/Variant.h"
 
 struct Extra {
     bool array = false;
@@ -21,29 +22,27 @@ struct app_control_s {
     std::optional<std::string> operation;
     std::optional<std::string> uri;
     Extras extras;
-    // Of a received request: who waits for the reply (unique bus name), and under which token; empty when nobody does.
+    // Of a received request: the unique bus name of its sender, and the token of the reply; empty when none is wanted.
     std::string sender;
     std::string token;
 };
 
 namespace appfw {
 
-// A text as `ay` with its terminator, whatever its bytes.
-GVariant* toBytes(const std::string& text);
-std::string fromBytes(GVariant* bytes);
+// a(aybaay): key, is an array, values.
+using WireExtras = std::vector<std::tuple<gio::Bytes, bool, std::vector<gio::Bytes>>>;
+WireExtras toWire(const Extras& extras);
+Extras toExtras(const WireExtras& wire);
 
-GVariant* toVariant(const Extras& extras);  // floating a(aybaay)
-Extras toExtras(GVariant* list);
-
-// From a Launch's arguments, (ssa(aybaay)s): all but whom it is for and who sent it.
-app_control_s toRequest(GVariant* arguments);
+// From the arguments of Launch: all but the receiver and the sender. Throws std::runtime_error for other arguments.
+app_control_s toRequest(const gio::Variant& arguments);
 
 struct Reply {
     std::string token;
     app_control_result_e result;
     Extras extras;
 };
-// From a Reply's arguments, (sia(aybaay)). A result that there is not counts as a failure.
-Reply toReply(GVariant* arguments);
+// From the arguments of Reply. An unknown result counts as a failure. Throws std::runtime_error for other arguments.
+Reply toReply(const gio::Variant& arguments);
 
 }  // namespace appfw

@@ -11,15 +11,11 @@
 #include "Replies.h"
 #include "Request.h"
 #include "dlog.h"
-#include "gio/Bus.h"
+#include "gio/Address.h"
+#include "gio/SessionBus.h"
 
 namespace {
 
-using appfw::toVariant;
-using gio::Bus;
-
-constexpr char PATH[] = "/org/orvane/Application";
-constexpr char INTERFACE[] = "org.orvane.Application1";
 constexpr int LAUNCH_MILLISECONDS = 10000;  // a start of the application included
 
 using Field = std::optional<std::string> app_control_s::*;
@@ -40,7 +36,7 @@ int get(app_control_h request, Field field, char** text) {
     return APP_CONTROL_ERROR_NONE;
 }
 
-// Null, with the code of why, when there is no such extra.
+// Null without such an extra; `code` then has the reason.
 const Extra* find(app_control_h request, const char* key, const void* output, int& code) {
     code = APP_CONTROL_ERROR_INVALID_PARAMETER;
     if (request == nullptr || key == nullptr || output == nullptr) {
@@ -51,22 +47,24 @@ const Extra* find(app_control_h request, const char* key, const void* output, in
     return found == request->extras.end() ? nullptr : &found->second;
 }
 
-// D-Bus texts are UTF-8; others would break the connection.
+// D-Bus texts are UTF-8; others would end the connection.
 bool isText(const std::optional<std::string>& text) {
-    return g_utf8_validate(text.value_or("").c_str(), -1, nullptr);
+    return gio::isUtf8(text.value_or(""));
 }
 
-int failureOf(const std::string& id, const gio::Error& error) {
-    dlog_print(DLOG_ERROR, "orvane-appfw", "%s did not take the request: %s", id.c_str(), error.message().c_str());
-    if (!Bus::session().isOpen()) {
+gio::Target applicationOf(const std::string& name) {
+    return {name, "/org/orvane/Application", "org.orvane.Application1"};
+}
+
+int failureOf(const std::string& id, const gio::CallError& error) {
+    dlog_print(DLOG_ERROR, "orvane-appfw", "%s did not take the request: %s", id.c_str(), error.what());
+    if (!gio::sessionBus().isOpen()) {
         return APP_CONTROL_ERROR_IO_ERROR;
     }
-    const bool late = g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_TIMED_OUT) ||
-                      g_error_matches(error.get(), G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY);
-    return late ? APP_CONTROL_ERROR_TIMED_OUT : APP_CONTROL_ERROR_LAUNCH_FAILED;
+    return error.isTimeout() ? APP_CONTROL_ERROR_TIMED_OUT : APP_CONTROL_ERROR_LAUNCH_FAILED;
 }
 
-// Desktop applications cannot answer; that they were started is all that there is to tell.
+// A desktop application cannot answer, so its start is the reply.
 int started(int code, const std::string& token) {
     if (code == APP_CONTROL_ERROR_NONE) {
         appfw::takeReply(token, APP_CONTROL_RESULT_APP_STARTED, {});
@@ -82,21 +80,21 @@ int launch(const app_control_s& request, const std::string& token) {
     const std::string& id = *request.appId;
     const std::string operation = request.operation.value_or("");
     const std::string uri = request.uri.value_or("");
-    if (!g_dbus_is_name(id.c_str())) {
+    if (!gio::isBusName(id)) {
         dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed", id.c_str());
         return APP_CONTROL_ERROR_APP_NOT_FOUND;
     }
-    gio::Error error;
-    if (Bus::session().call(
-            id.c_str(), PATH, INTERFACE, "Launch",
-            g_variant_new("(ss@a(aybaay)s)", operation.c_str(), uri.c_str(), toVariant(request.extras), token.c_str()),
-            nullptr, error, LAUNCH_MILLISECONDS)) {
-        if (!token.empty()) {
-            appfw::expectReplyFrom(token, Bus::session().ownerOf(id));
-        }
-        return APP_CONTROL_ERROR_NONE;
+    try {
+        gio::sessionBus().call(applicationOf(id), "Launch",
+                               gio::Variant::tuple(operation, uri, appfw::toWire(request.extras), token),
+                               {LAUNCH_MILLISECONDS});
+    } catch (const gio::CallError& error) {
+        return error.hasNoReceiver() ? started(appfw::launchDesktopApp(id, uri), token) : failureOf(id, error);
     }
-    return gio::saysNobodyThere(error) ? started(appfw::launchDesktopApp(id, uri), token) : failureOf(id, error);
+    if (!token.empty()) {
+        appfw::expectReplyFrom(token, gio::sessionBus().ownerOf(id));
+    }
+    return APP_CONTROL_ERROR_NONE;
 }
 
 }  // namespace
@@ -226,11 +224,12 @@ int app_control_reply_to_launch_request(app_control_h reply, app_control_h reque
     if (reply == nullptr || request == nullptr || request->token.empty()) {
         return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
-    gio::Error error;
-    return Bus::session().call(request->sender.c_str(), PATH, INTERFACE, "Reply",
-                               g_variant_new("(si@a(aybaay))", request->token.c_str(), static_cast<int>(result),
-                                             toVariant(reply->extras)),
-                               nullptr, error)
-               ? APP_CONTROL_ERROR_NONE
-               : failureOf(request->sender, error);
+    try {
+        gio::sessionBus().call(
+            applicationOf(request->sender), "Reply",
+            gio::Variant::tuple(request->token, static_cast<std::int32_t>(result), appfw::toWire(reply->extras)));
+        return APP_CONTROL_ERROR_NONE;
+    } catch (const gio::CallError& error) {
+        return failureOf(request->sender, error);
+    }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Events of other applications: D-Bus signals, believed only of the connection that owns the application id.
+// Events of other applications: D-Bus signals, accepted only from the connection that owns the application id.
 #include "app_event.h"
 
 #include <algorithm>
@@ -8,8 +8,8 @@
 #include <string>
 
 #include "Bundle.h"
-#include "gio/Bus.h"
-#include "gio/IoThread.h"
+#include "gio/Address.h"
+#include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 
 struct event_handler_s {
@@ -17,16 +17,16 @@ struct event_handler_s {
     std::string name;
     event_cb callback;
     void* userData;
-    guint subscription;
+    gio::Registration subscription;
 };
 
 namespace {
 
-// On the main loop, by ids that are never used again: what is posted for a handler that has been removed finds none.
+// On the main loop, by ids that are never reused: what is posted for a handler that is removed meanwhile finds none.
 std::map<gsize, std::unique_ptr<event_handler_s>> handlers;
 gsize lastId = 0;
 
-// "event.", the application's id, ".", the event's own name; empty when it is not so made.
+// An event is named "event.<application id>.<event>". Empty for another name.
 std::string applicationOf(const std::string& event) {
     constexpr char HEAD[] = "event.";
     const auto end = event.rfind('.');
@@ -36,18 +36,18 @@ std::string applicationOf(const std::string& event) {
     return event.substr(sizeof HEAD - 1, end - (sizeof HEAD - 1));
 }
 
-// The subscription is made for the application's name, so that GDBus lets pass only signals of its owner.
-void onSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* arguments,
-              gpointer data) noexcept {
-    if (!g_variant_is_of_type(arguments, G_VARIANT_TYPE("(sa(ayay))"))) {
+void deliver(gsize id, const gio::Variant& arguments) {
+    using Emitted = std::tuple<std::string, appfw::Entries>;
+    if (!arguments.is<Emitted>()) {
         return;
     }
-    const gio::Variant entries(g_variant_get_child_value(arguments, 1));
-    postToMainLoop([id = GPOINTER_TO_SIZE(data), message = appfw::toBundle(entries.get())]() mutable {
+    postToMainLoop([id, message = appfw::toBundle(std::get<1>(arguments.as<Emitted>()))]() mutable {
         const auto found = handlers.find(id);
         if (found != handlers.end()) {
-            const event_handler_s handler = *found->second;  // the callback may remove it
-            handler.callback(handler.name.c_str(), &message, handler.userData);
+            // Copied, because the callback may remove it.
+            const std::string name = found->second->name;
+            const event_cb callback = found->second->callback;
+            callback(name.c_str(), &message, found->second->userData);
         }
     });
 }
@@ -57,19 +57,17 @@ void onSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const 
 int event_add_event_handler(const char* event_name, event_cb callback, void* user_data,
                             event_handler_h* event_handler) {
     const std::string app = event_name ? applicationOf(event_name) : "";
-    if (callback == nullptr || event_handler == nullptr || !g_dbus_is_name(app.c_str())) {
+    if (callback == nullptr || event_handler == nullptr || !gio::isBusName(app)) {
         return EVENT_ERROR_INVALID_PARAMETER;
     }
-    const gio::Bus& bus = gio::Bus::session();
-    if (!bus.isOpen()) {
+    if (!gio::sessionBus().isOpen()) {
         return EVENT_ERROR_IO_ERROR;
     }
-    auto handler = std::make_unique<event_handler_s>(event_handler_s{++lastId, event_name, callback, user_data, 0});
-    gio::IoThread::get().run([&] {
-        handler->subscription = g_dbus_connection_signal_subscribe(
-            bus.connection(), app.c_str(), "org.orvane.Event1", "Emitted", "/org/orvane/Event", event_name,
-            G_DBUS_SIGNAL_FLAGS_NONE, onSignal, GSIZE_TO_POINTER(handler->id), nullptr);
-    });
+    auto handler = std::make_unique<event_handler_s>(event_handler_s{++lastId, event_name, callback, user_data, {}});
+    // Subscribed with the application's name, so that GDBus passes on only its owner's signals.
+    handler->subscription = gio::sessionBus().subscribe(
+        {app, "/org/orvane/Event", "org.orvane.Event1"}, "Emitted",
+        [id = handler->id](const gio::Variant& arguments) { deliver(id, arguments); }, event_name);
     *event_handler = handler.get();
     handlers[handler->id] = std::move(handler);
     return EVENT_ERROR_NONE;
@@ -81,8 +79,6 @@ int event_remove_event_handler(event_handler_h event_handler) {
     if (found == handlers.end()) {
         return EVENT_ERROR_INVALID_PARAMETER;
     }
-    gio::IoThread::get().run(
-        [&] { g_dbus_connection_signal_unsubscribe(gio::Bus::session().connection(), event_handler->subscription); });
     handlers.erase(found);
     return EVENT_ERROR_NONE;
 }

@@ -2,29 +2,26 @@
 // Running applications: those whose id has an owner on the bus.
 #include "app_manager.h"
 
-#include <gio/gio.h>
-
 #include <cstring>
 #include <memory>
 #include <string>
 
 #include "AppId.h"
-#include "gio/Bus.h"
+#include "gio/Address.h"
+#include "gio/SessionBus.h"
 
 struct app_context_s {
     std::string id;
 };
 
-using gio::Bus;
-
 int app_manager_is_running(const char* app_id, bool* running) {
     if (app_id == nullptr || running == nullptr) {
         return APP_MANAGER_ERROR_INVALID_PARAMETER;
     }
-    if (!Bus::session().isOpen()) {
+    if (!gio::sessionBus().isOpen()) {
         return APP_MANAGER_ERROR_IO_ERROR;
     }
-    *running = g_dbus_is_name(app_id) && Bus::session().hasOwner(app_id);
+    *running = gio::isBusName(app_id) && gio::sessionBus().hasOwner(app_id);
     return APP_MANAGER_ERROR_NONE;
 }
 
@@ -52,18 +49,20 @@ int app_manager_terminate_app(app_context_h app_context) {
     if (app_context == nullptr) {
         return APP_MANAGER_ERROR_INVALID_PARAMETER;
     }
-    gio::Error error;
-    return Bus::session().call(app_context->id.c_str(), "/org/orvane/Application", "org.orvane.Application1", "Close",
-                               nullptr, nullptr, error, 5000, G_DBUS_CALL_FLAGS_NO_AUTO_START)
-               ? APP_MANAGER_ERROR_NONE
-               : APP_MANAGER_ERROR_REQUEST_FAILED;
+    const gio::Target app{app_context->id, "/org/orvane/Application", "org.orvane.Application1"};
+    try {
+        gio::sessionBus().call(app, "Close", {}, {5000, false});
+        return APP_MANAGER_ERROR_NONE;
+    } catch (const gio::CallError&) {
+        return APP_MANAGER_ERROR_REQUEST_FAILED;
+    }
 }
 
 int app_manager_get_app_id(pid_t pid, char** app_id) {
     if (app_id == nullptr || pid <= 0) {
         return APP_MANAGER_ERROR_INVALID_PARAMETER;
     }
-    if (!Bus::session().isOpen()) {
+    if (!gio::sessionBus().isOpen()) {
         return APP_MANAGER_ERROR_IO_ERROR;
     }
     const std::string id = appfw::appIdOf(pid);

@@ -3,26 +3,21 @@
 
 #include <memory>
 
-#include "Request.h"
-
 namespace appfw {
 
-GVariant* toVariant(const bundle_s& bundle) {
-    GVariantBuilder list;
-    g_variant_builder_init(&list, G_VARIANT_TYPE("a(ayay)"));
+Entries toEntries(const bundle_s& bundle) {
+    Entries entries;
+    entries.reserve(bundle.entries.size());
     for (const auto& [key, entry] : bundle.entries) {
-        g_variant_builder_add(&list, "(@ay@ay)", toBytes(key), toBytes(entry.value));
+        entries.push_back({{key}, {entry.value}});
     }
-    return g_variant_builder_end(&list);
+    return entries;
 }
 
-bundle_s toBundle(GVariant* list) {
+bundle_s toBundle(const Entries& entries) {
     bundle_s bundle;
-    for (gsize i = 0; i < g_variant_n_children(list); ++i) {
-        const gio::Variant entry(g_variant_get_child_value(list, i));
-        const gio::Variant key(g_variant_get_child_value(entry.get(), 0));
-        const gio::Variant value(g_variant_get_child_value(entry.get(), 1));
-        bundle_add_str(&bundle, fromBytes(key.get()).c_str(), fromBytes(value.get()).c_str());
+    for (const auto& [key, value] : entries) {
+        bundle_add_str(&bundle, key.text.c_str(), value.text.c_str());
     }
     return bundle;
 }

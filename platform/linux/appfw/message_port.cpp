@@ -1,32 +1,27 @@
 // SPDX-License-Identifier: Apache-2.0
-// Trusted message ports. Messages arrive on the IO thread, where the bus is asked who sends; callbacks run on the main
-// loop.
+// Trusted message ports. Messages arrive on the IO thread, which checks their sender; callbacks run on the main loop.
 #include "message_port.h"
 
 #include <unistd.h>
 
-#include <cstring>
 #include <map>
 #include <mutex>
+#include <stdexcept>
 #include <string>
 
 #include "AppId.h"
 #include "Bundle.h"
-#include "gio/Bus.h"
+#include "dbus/Interfaces.h"
+#include "gio/Address.h"
+#include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 
 namespace {
 
-using gio::Bus;
-
 constexpr char PATH[] = "/org/orvane/MessagePort";
 constexpr char INTERFACE[] = "org.orvane.MessagePort1";
 constexpr char PORT_NOT_FOUND[] = "org.orvane.Error.PortNotFound";
-constexpr char DESCRIPTION[] =
-    "<node><interface name='org.orvane.MessagePort1'>"
-    "<method name='HasPort'><arg type='s' direction='in'/><arg type='b' direction='out'/></method>"
-    "<method name='Send'><arg type='s' direction='in'/><arg type='a(ayay)' direction='in'/>"
-    "<arg type='s' direction='in'/><arg type='s' direction='in'/></method></interface></node>";
+constexpr char ACCESS_DENIED[] = "org.freedesktop.DBus.Error.AccessDenied";
 
 struct Port {
     std::string name;
@@ -37,7 +32,7 @@ struct Port {
 std::mutex mutex;
 int lastId = 0;
 
-// With the mutex held. Never destroyed: other threads still send and hear while the process ends.
+// With the mutex held. Never destroyed: other threads still send and receive while the process ends.
 std::map<int, Port>& ports() {
     static auto* instance = new std::map<int, Port>;
     return *instance;
@@ -58,16 +53,6 @@ int idOf(const std::string& name) {
     return find(name);
 }
 
-bool isSameUser(const char* sender) {
-    gio::Error error;
-    const gio::Variant answer = Bus::session().ask("GetConnectionUnixUser", g_variant_new("(s)", sender), "(u)", error);
-    guint32 user = 0;
-    if (answer) {
-        g_variant_get(answer.get(), "(u)", &user);
-    }
-    return answer && user == getuid();
-}
-
 void deliver(int id, bundle_s message, const std::string& app, const std::string& remotePort) {
     postToMainLoop([=]() mutable {
         Port port;
@@ -84,71 +69,69 @@ void deliver(int id, bundle_s message, const std::string& app, const std::string
     });
 }
 
-// The application that a sender says it is, as events are believed only of who has the name; it may have none.
-bool isItself(const char* sender, const std::string& app) {
-    return app.empty() || Bus::session().ownerOf(app) == sender;
+// Whether the sender is the application that it says it is; it may also say none.
+bool isItself(const std::string& sender, const std::string& app) {
+    return app.empty() || gio::sessionPeers().ownerOf(app) == sender;
 }
 
-void onSend(const char* sender, GVariant* arguments, GDBusMethodInvocation* invocation) {
-    const char* port = nullptr;
-    const char* app = nullptr;
-    const char* remotePort = nullptr;
-    GVariant* list = nullptr;
-    g_variant_get(arguments, "(&s@a(ayay)&s&s)", &port, &list, &app, &remotePort);
-    const gio::Variant entries(list);
-    if (!isItself(sender, app)) {
-        g_dbus_method_invocation_return_dbus_error(invocation, "org.freedesktop.DBus.Error.AccessDenied", app);
+void onSend(gio::MethodCall& call) {
+    const auto [port, entries, app, remotePort] =
+        call.arguments().fields<std::string, appfw::Entries, std::string, std::string>();
+    if (!isItself(call.sender(), app)) {
+        call.fail(ACCESS_DENIED, app);
     } else if (const int id = idOf(port); id != 0) {
-        deliver(id, appfw::toBundle(entries.get()), app, remotePort);
-        g_dbus_method_invocation_return_value(invocation, nullptr);
+        deliver(id, appfw::toBundle(entries), app, remotePort);
+        call.reply();
     } else {
-        g_dbus_method_invocation_return_dbus_error(invocation, PORT_NOT_FOUND, port);
+        call.fail(PORT_NOT_FOUND, port);
     }
 }
 
-void onCall(const char* sender, const char* method, GVariant* arguments, GDBusMethodInvocation* invocation) {
-    if (!isSameUser(sender)) {
-        g_dbus_method_invocation_return_dbus_error(invocation, "org.freedesktop.DBus.Error.AccessDenied",
-                                                   "ports answer only their own user");
-    } else if (strcmp(method, "HasPort") == 0) {
-        const char* port = nullptr;
-        g_variant_get(arguments, "(&s)", &port);
-        g_dbus_method_invocation_return_value(invocation, g_variant_new("(b)", idOf(port) != 0));
+void onCall(gio::MethodCall& call) {
+    if (gio::sessionPeers().userOf(call.sender()) != getuid()) {
+        call.fail(ACCESS_DENIED, "ports answer only their own user");
+    } else if (call.method() == "HasPort") {
+        const auto [port] = call.arguments().fields<std::string>();
+        call.reply(gio::Variant::tuple(idOf(port) != 0));
     } else {
-        onSend(sender, arguments, invocation);
+        onSend(call);
     }
 }
 
+// Never destroyed: the ports are served until the process ends.
 bool servePorts() {
-    static const bool served = Bus::session().serve(PATH, DESCRIPTION, onCall);
-    return served;
+    static const auto* const served =
+        new gio::Registration(gio::sessionBus().exportObject(PATH, dbus::interface(INTERFACE), onCall));
+    return bool(*served);
 }
 
-int failureOf(const gio::Error& error) {
-    const gio::Text name(error ? g_dbus_error_get_remote_error(error.get()) : nullptr);
-    const std::string text = name ? name.get() : "";
-    if (text == "org.freedesktop.DBus.Error.AccessDenied") {
+int failureOf(const gio::CallError& error) {
+    if (error.name() == ACCESS_DENIED) {
         return MESSAGE_PORT_ERROR_CERTIFICATE_NOT_MATCH;
     }
-    return text == PORT_NOT_FOUND || gio::saysNobodyThere(error) ? MESSAGE_PORT_ERROR_PORT_NOT_FOUND
-                                                                 : MESSAGE_PORT_ERROR_IO_ERROR;
+    return error.name() == PORT_NOT_FOUND || error.hasNoReceiver() ? MESSAGE_PORT_ERROR_PORT_NOT_FOUND
+                                                                   : MESSAGE_PORT_ERROR_IO_ERROR;
+}
+
+// Throws gio::CallError. An application that does not run is not started.
+gio::Variant callPort(const char* app, const char* method, const gio::Variant& arguments) {
+    return gio::sessionBus().call({app, PATH, INTERFACE}, method, arguments, {5000, false});
 }
 
 bool isName(const char* app, const char* port) {
-    return app != nullptr && port != nullptr && g_dbus_is_name(app) && g_utf8_validate(port, -1, nullptr);
+    return app != nullptr && port != nullptr && gio::isBusName(app) && gio::isUtf8(port);
 }
 
 int send(const char* app, const char* port, bundle* message, const std::string& localPort) {
     if (!isName(app, port) || message == nullptr) {
         return MESSAGE_PORT_ERROR_INVALID_PARAMETER;
     }
-    gio::Error error;
-    return Bus::session().call(app, PATH, INTERFACE, "Send",
-                               g_variant_new("(s@a(ayay)ss)", port, appfw::toVariant(*message),
-                                             appfw::ownAppId().c_str(), localPort.c_str()),
-                               nullptr, error, 5000, G_DBUS_CALL_FLAGS_NO_AUTO_START)
-               ? MESSAGE_PORT_ERROR_NONE
-               : failureOf(error);
+    try {
+        callPort(app, "Send", gio::Variant::tuple(port, appfw::toEntries(*message), appfw::ownAppId(), localPort));
+        return MESSAGE_PORT_ERROR_NONE;
+    } catch (const gio::CallError& error) {
+        return failureOf(error);
+    }
 }
 
 }  // namespace
@@ -157,17 +140,14 @@ int message_port_check_trusted_remote_port(const char* remote_app_id, const char
     if (!isName(remote_app_id, remote_port) || exist == nullptr) {
         return MESSAGE_PORT_ERROR_INVALID_PARAMETER;
     }
-    gio::Error error;
-    const gio::Variant answer =
-        Bus::session().call(remote_app_id, PATH, INTERFACE, "HasPort", g_variant_new("(s)", remote_port), "(b)", error,
-                            5000, G_DBUS_CALL_FLAGS_NO_AUTO_START);
-    if (!answer) {
+    try {
+        *exist = std::get<0>(callPort(remote_app_id, "HasPort", gio::Variant::tuple(remote_port)).fields<bool>());
+        return MESSAGE_PORT_ERROR_NONE;
+    } catch (const gio::CallError& error) {
         return failureOf(error);
+    } catch (const std::runtime_error&) {
+        return MESSAGE_PORT_ERROR_IO_ERROR;  // an answer of another type
     }
-    gboolean found = FALSE;
-    g_variant_get(answer.get(), "(b)", &found);
-    *exist = found != FALSE;
-    return MESSAGE_PORT_ERROR_NONE;
 }
 
 int message_port_send_trusted_message(const char* remote_app_id, const char* remote_port, bundle* message) {
@@ -189,7 +169,7 @@ int message_port_send_trusted_message_with_local_port(const char* remote_app_id,
 int message_port_register_trusted_local_port(const char* trusted_local_port, message_port_trusted_message_cb callback,
                                              void* user_data) {
     if (trusted_local_port == nullptr || *trusted_local_port == 0 || callback == nullptr ||
-        !g_utf8_validate(trusted_local_port, -1, nullptr)) {
+        !gio::isUtf8(trusted_local_port)) {
         return MESSAGE_PORT_ERROR_INVALID_PARAMETER;
     }
     if (!servePorts()) {

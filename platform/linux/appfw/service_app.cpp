@@ -14,19 +14,14 @@
 #include "AppId.h"
 #include "Replies.h"
 #include "Request.h"
+#include "dbus/Interfaces.h"
 #include "dlog.h"
-#include "gio/Bus.h"
+#include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 
 namespace {
 
 constexpr char APP_ID[] = "org.orvane.da-service";
-constexpr char DESCRIPTION[] =
-    "<node><interface name='org.orvane.Application1'>"
-    "<method name='Launch'><arg type='s' direction='in'/><arg type='s' direction='in'/>"
-    "<arg type='a(aybaay)' direction='in'/><arg type='s' direction='in'/></method>"
-    "<method name='Reply'><arg type='s' direction='in'/><arg type='i' direction='in'/>"
-    "<arg type='a(aybaay)' direction='in'/></method><method name='Close'/></interface></node>";
 constexpr char HELP[] =
     "Usage: orvane-da-service [--help]\n"
     "The voice-assistant service of the appliance. It runs until SIGTERM, SIGINT or a request to close.\n"
@@ -50,10 +45,10 @@ struct App {
     void* userData;
 };
 
-app_control_s requestOf(const char* sender, GVariant* arguments) {
-    app_control_s request = appfw::toRequest(arguments);
+app_control_s requestOf(const gio::MethodCall& call) {
+    app_control_s request = appfw::toRequest(call.arguments());
     request.appId = APP_ID;
-    request.sender = sender;
+    request.sender = call.sender();
     return request;
 }
 
@@ -66,48 +61,53 @@ Eina_Bool onSignal(void*, int, void*) noexcept {
     return ECORE_CALLBACK_DONE;
 }
 
-// What comes before the loop runs waits for it, and so for the end of the create callback.
-void onCall(const App& app, const char* sender, const char* method, GVariant* arguments) {
-    if (strcmp(method, "Launch") == 0) {
-        postToMainLoop([app, request = requestOf(sender, arguments)] {
+// Requests wait for the main loop, and so for the end of the create callback. Each call is answered before it is
+// carried out, so that Close is answered before the loop can end.
+void onCall(const App& app, gio::MethodCall& call) {
+    call.reply();
+    if (call.method() == "Launch") {
+        postToMainLoop([app, request = requestOf(call)] {
             app_control_s copy = request;
             app.callbacks->app_control(&copy, app.userData);
         });
-    } else if (strcmp(method, "Reply") == 0) {
-        appfw::Reply reply = appfw::toReply(arguments);
+    } else if (call.method() == "Reply") {
+        appfw::Reply reply = appfw::toReply(call.arguments());
         appfw::takeReply(reply.token, reply.result, std::move(reply.extras));
     } else {
         quit();
     }
 }
 
-// Served before the name is owned, so that no request finds the name without the object.
-bool join(const App& app) {
-    const gio::Bus& bus = gio::Bus::session();
+// What the service has on the bus while it runs.
+struct Presence {
+    gio::Registration object;
+    gio::Registration loss;
+    gio::OwnedName name;
+};
+
+bool refuse(const std::string& reason) {
+    fprintf(stderr, "%s: %s\n", APP_ID, reason.c_str());
+    return false;
+}
+
+// The object is exported before the name is owned, so that no request finds the name without the object.
+bool join(const App& app, Presence& presence) {
+    const gio::Connection& bus = gio::sessionBus();
     if (!bus.isOpen()) {
-        fprintf(stderr, "%s: %s (DBUS_SESSION_BUS_ADDRESS names it)\n", APP_ID, bus.whyNot().c_str());
-        return false;
+        return refuse(bus.whyNot() + " (DBUS_SESSION_BUS_ADDRESS names it)");
     }
-    const bool served = bus.serve(
-        "/org/orvane/Application", DESCRIPTION,
-        [app](const char* sender, const char* method, GVariant* arguments, GDBusMethodInvocation* invocation) {
-            // A method's arguments end with its invocation; Close is answered before the loop can end.
-            const gio::Variant kept(g_variant_ref(arguments));
-            const std::string caller = sender;
-            const std::string called = method;
-            g_dbus_method_invocation_return_value(invocation, nullptr);
-            onCall(app, caller.c_str(), called.c_str(), kept.get());
-        });
-    if (!served) {
-        return false;  // logged there
+    try {
+        presence.object = bus.exportObject("/org/orvane/Application", dbus::interface("org.orvane.Application1"),
+                                           [app](gio::MethodCall& call) { onCall(app, call); });
+        presence.name = bus.ownName(APP_ID);
+    } catch (const std::runtime_error& error) {
+        return refuse(error.what());
     }
-    gio::Error error;
-    if (!bus.own(APP_ID, error)) {
-        fprintf(stderr, "%s: %s\n", APP_ID, error ? error.message().c_str() : "the service runs already on this bus");
-        return false;
+    if (!presence.name) {
+        return refuse("the service runs already on this bus");
     }
     appfw::setOwnAppId(APP_ID);
-    bus.whenLost([] {
+    presence.loss = bus.onClosed([] {
         dlog_print(DLOG_ERROR, "orvane-appfw", "the session bus has gone; the service ends");
         quit();
     });
@@ -138,15 +138,16 @@ int run(const App& app) {
     }
     eina_log_print_cb_set(logEfl, nullptr);
     ecore_event_handler_add(ECORE_EVENT_SIGNAL_EXIT, onSignal, nullptr);
-    const bool created = join(app) && app.callbacks->create(app.userData);
+    Presence presence;
+    const bool created = join(app, presence) && app.callbacks->create(app.userData);
     if (created) {
         ecore_main_loop_begin();
     }
-    gio::Bus::session().giveUp(APP_ID);  // so that requests start the service anew
+    presence.name.releaseName();  // so that requests start the service anew
     if (created) {
         app.callbacks->terminate(app.userData);
     }
-    gio::Bus::session().flush();  // the answer to Close, and what the callbacks sent last
+    gio::sessionBus().flush();  // the answer to Close, and what the callbacks sent last
     closeMainLoopPost();
     ecore_shutdown();
     return created ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -17,8 +17,8 @@ struct connection_s {
 
 namespace {
 
-// Handles in use, by ids that are never used again. Callbacks are set, told and unset on the main loop; the list is
-// also changed before main().
+// Handles in use, by ids that are never reused. Callbacks are set, run, and unset on the main loop; the list also
+// changes before main().
 std::mutex mutex;
 std::vector<std::unique_ptr<connection_s>>& handles() {
     static auto* all = new std::vector<std::unique_ptr<connection_s>>;
@@ -26,7 +26,7 @@ std::vector<std::unique_ptr<connection_s>>& handles() {
 }
 unsigned long lastId = 0;
 
-// The handle made next after the one with this id; without an id when there is none.
+// The next handle after the one with this id; without an id when there is none.
 connection_s handleAfter(unsigned long id) {
     std::lock_guard<std::mutex> lock(mutex);
     const auto found =
@@ -34,8 +34,8 @@ connection_s handleAfter(unsigned long id) {
     return found == handles().end() ? connection_s() : **found;
 }
 
-// Callbacks may unset and destroy any handle, so that each is looked for when it is its turn.
-void tellAll(connection_type_e type) {
+// Callbacks may unset and destroy any handle, so each is looked up when its turn comes.
+void reportToAll(connection_type_e type) {
     for (connection_s handle = handleAfter(0); handle.id != 0; handle = handleAfter(handle.id)) {
         if (handle.callback != nullptr) {
             handle.callback(type, handle.userData);
@@ -43,11 +43,11 @@ void tellAll(connection_type_e type) {
     }
 }
 
-// On the I/O thread. The first answer may come before there is a main loop to post to; nobody has asked for it then.
+// On the IO thread. The first answer may come before the main loop exists; no callback is set then.
 void postToAll(connection_type_e type) {
     std::lock_guard<std::mutex> lock(mutex);
     if (std::any_of(handles().begin(), handles().end(), [](const auto& handle) { return handle->callback; })) {
-        postToMainLoop([type] { tellAll(type); });
+        postToMainLoop([type] { reportToAll(type); });
     }
 }
 

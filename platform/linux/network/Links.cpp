@@ -18,7 +18,7 @@ struct FreeAddresses {
     void operator()(ifaddrs* all) const noexcept { freeifaddrs(all); }
 };
 
-// What a socket of the kernel's link group says is only taken as a hint to look anew.
+// A message of the kernel is only a hint to look again.
 gboolean onNews(GSocket* socket, GIOCondition, gpointer changed) noexcept {
     std::array<char, 16384> skipped;
     while (g_socket_receive_with_blocking(socket, skipped.data(), skipped.size(), FALSE, nullptr, nullptr) > 0) {
@@ -31,7 +31,7 @@ gio::Object<GSocket> openNews() {
     const int descriptor = socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC | SOCK_NONBLOCK, NETLINK_ROUTE);
     sockaddr_nl address{};
     address.nl_family = AF_NETLINK;
-    address.nl_groups = RTMGRP_LINK;
+    address.nl_groups = RTMGRP_LINK | RTMGRP_IPV4_ROUTE | RTMGRP_IPV6_ROUTE;
     gio::Error error;
     gio::Object<GSocket> news(g_socket_new_from_fd(descriptor, error.out()));
     if (news == nullptr || bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {

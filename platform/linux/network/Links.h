@@ -11,11 +11,11 @@ namespace network {
 // Whether the interface is up and has a carrier. Any thread.
 bool linkWorks(const std::string& interface);
 
-// The kernel's news of links: taken down, pulled out, and back. The routes over a pulled cable stay, and those of IPv4
-// go without a word when their link is taken down, so that watching routes is not enough. I/O thread only.
+// The kernel's announcements of links and routes. Routes alone are not enough: those over a pulled cable stay, and
+// those of IPv4 disappear without an announcement when their link is taken down. IO thread only.
 class LinkWatch {
 public:
-    // Called at every change of a link.
+    // `changed` runs at every change of a link or a route.
     explicit LinkWatch(std::function<void()> changed);
     ~LinkWatch() = delete;  // lives until the process ends
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The kind of connection of the machine: what NetworkManager says where it runs, the default route otherwise.
+// The machine's kind of connection: from NetworkManager where it runs, otherwise from the default route.
 #pragma once
 
 #include <net_connection.h>
@@ -15,13 +15,13 @@ class NetworkManager;
 
 class Monitor {
 public:
-    // Started on first use, on the I/O thread, without waiting; lives until the process ends.
+    // Started on first use, on the IO thread, without waiting; lives until the process ends.
     static Monitor& get();
 
-    // Any thread but the I/O thread; waits for the first answer, a second at most.
+    // Any thread but the IO thread. Waits at most a second for the first answer.
     connection_type_e type();
-    // Told on the I/O thread of every change, and of a first answer other than disconnected, which is what a reader
-    // that could not wait for it was given; the last listener set is the one told. Must not call back in.
+    // Replaces the listener. It runs on the IO thread at each change and at a first answer other than disconnected,
+    // which is what a reader gets that does not wait long enough. It must not call the monitor.
     void setListener(std::function<void(connection_type_e)> listener);
 
 private:
@@ -34,7 +34,7 @@ private:
     bool mKnown = false;
     connection_type_e mType = CONNECTION_TYPE_DISCONNECTED;
     std::function<void(connection_type_e)> mListener;
-    LinkWatch* mLinks = nullptr;  // I/O thread only, as is the next
+    LinkWatch* mLinks = nullptr;  // IO thread only, like the next
     NetworkManager* mManager = nullptr;
 };
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "NetworkManager.h"
 
+#include <map>
+#include <string>
 #include <utility>
 
+#include "gio/Address.h"
 #include "gio/IoThread.h"
 
 namespace network {
@@ -10,12 +13,10 @@ namespace network {
 namespace {
 
 constexpr char NAME[] = "org.freedesktop.NetworkManager";
-constexpr char PATH[] = "/org/freedesktop/NetworkManager";
-constexpr char PROPERTIES[] = "org.freedesktop.DBus.Properties";
-constexpr char BUS[] = "org.freedesktop.DBus";
+const gio::Target PROPERTIES{NAME, "/org/freedesktop/NetworkManager", "org.freedesktop.DBus.Properties"};
 constexpr int TIMEOUT_MS = 1000;
 constexpr unsigned RETRY_MS = 2000;
-constexpr guint32 CONNECTED_LOCAL = 50;  // NetworkManager's own number: without a way out; those above have one
+constexpr std::uint32_t CONNECTED_LOCAL = 50;  // NetworkManager's number: no way out; the states above have one
 
 connection_type_e kindOf(const std::string& type) {
     if (type == "802-11-wireless") {
@@ -30,95 +31,72 @@ connection_type_e kindOf(const std::string& type) {
     return CONNECTION_TYPE_OTHER;
 }
 
+// The type's own zero when it is missing or of another type.
+template <typename T>
+T valueOf(const std::map<std::string, gio::Variant>& properties, const char* name) {
+    const auto found = properties.find(name);
+    return found != properties.end() && found->second.is<T>() ? found->second.template as<T>() : T{};
+}
+
 }  // namespace
 
 NetworkManager::NetworkManager(std::function<void()> changed) : mChanged(std::move(changed)) {
     connect();
 }
 
-// A connection of its own: the one that GIO shares stays the lost one while anybody keeps it.
+// A private connection: the one that GIO shares stays lost as long as anybody keeps it.
 void NetworkManager::connect() {
-    gio::Error error;
-    const gio::Text address(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SYSTEM, nullptr, error.out()));
-    constexpr int FLAGS =
-        G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION;
-    g_dbus_connection_new_for_address(
-        address ? address.get() : "", static_cast<GDBusConnectionFlags>(FLAGS), nullptr, nullptr,
-        [](GObject*, GAsyncResult* result, gpointer self) noexcept {
-            gio::Error failure;
-            static_cast<NetworkManager*>(self)->connected(
-                gio::Object<GDBusConnection>(g_dbus_connection_new_for_address_finish(result, failure.out())));
-        },
-        this);
+    gio::Connection::openAsync(gio::addressOf(G_BUS_TYPE_SYSTEM), gio::IoThread::get().context(), TIMEOUT_MS,
+                               [this](gio::Connection bus) { connected(std::move(bus)); });
 }
 
-void NetworkManager::connected(gio::Object<GDBusConnection> bus) {
+void NetworkManager::connected(gio::Connection bus) {
     mBus = std::move(bus);
-    if (mBus == nullptr || g_dbus_connection_is_closed(mBus.get())) {
+    if (!mBus.isOpen()) {
         return lost();
     }
-    g_signal_connect(mBus.get(), "closed", G_CALLBACK(+[](GDBusConnection*, gboolean, GError*, gpointer self) noexcept {
-                         static_cast<NetworkManager*>(self)->lost();
-                     }),
-                     this);
-    hear(NAME, "PropertiesChanged", PATH, PROPERTIES, nullptr);
-    hear(BUS, "NameOwnerChanged", "/org/freedesktop/DBus", BUS, NAME);
+    mLoss = mBus.onClosed([this] { lost(); });
+    // Every signal is only a hint to ask.
+    mPropertiesChanged = mBus.subscribe(PROPERTIES, "PropertiesChanged", [this](const gio::Variant&) { ask(); });
+    mOwnerChanged = mBus.subscribe(
+        gio::kBus, "NameOwnerChanged", [this](const gio::Variant&) { ask(); }, NAME);
     ask();
 }
 
 // Without a system bus nobody manages the network.
 void NetworkManager::lost() {
-    mBus.reset();
+    mLoss.reset();
     gio::IoThread::get().postAfter(RETRY_MS, [this] { connect(); });
     become(State::Absent);
 }
 
-// Whatever is heard is only a hint to ask.
-void NetworkManager::hear(const char* sender, const char* signal, const char* path, const char* interface,
-                          const char* about) {
-    g_dbus_connection_signal_subscribe(
-        mBus.get(), sender, interface, signal, path, about, G_DBUS_SIGNAL_FLAGS_NONE,
-        [](GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant*,
-           gpointer self) noexcept { static_cast<NetworkManager*>(self)->ask(); },
-        this, nullptr);
-}
-
-// However many hints come while a question is under way, one more follows.
+// One question at a time: however many hints come meanwhile, one more follows.
 void NetworkManager::ask() {
     mAskAgain = mAsking;
-    if (mAsking || mBus == nullptr) {
+    if (mAsking || !mBus.isOpen()) {
         return;
     }
     mAsking = true;
-    g_dbus_connection_call(
-        mBus.get(), NAME, PATH, PROPERTIES, "GetAll", g_variant_new("(s)", NAME), G_VARIANT_TYPE("(a{sv})"),
-        G_DBUS_CALL_FLAGS_NO_AUTO_START, TIMEOUT_MS, nullptr,
-        [](GObject* bus, GAsyncResult* result, gpointer self) noexcept {
-            gio::Error error;
-            const gio::Variant answer(
-                g_dbus_connection_call_finish(reinterpret_cast<GDBusConnection*>(bus), result, error.out()));
-            static_cast<NetworkManager*>(self)->answered(
-                answer.get(), g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_TIMED_OUT));
-        },
-        this);
+    mBus.callAsync(PROPERTIES, "GetAll", gio::Variant::tuple(NAME), {TIMEOUT_MS, false},
+                   [this](const gio::Variant& answer, const gio::CallError* error) { answered(answer, error); });
 }
 
-void NetworkManager::answered(GVariant* answer, bool late) {
+void NetworkManager::answered(const gio::Variant& answer, const gio::CallError* error) {
+    using Properties = std::map<std::string, gio::Variant>;
     mAsking = false;
-    if (answer != nullptr) {
-        const gio::Variant properties(g_variant_get_child_value(answer, 0));
-        guint32 state = 0;
-        const gchar* type = "";
-        g_variant_lookup(properties.get(), "State", "u", &state);
-        g_variant_lookup(properties.get(), "PrimaryConnectionType", "&s", &type);
+    const bool running = answer.is<std::tuple<Properties>>();
+    if (running) {
+        const auto [properties] = answer.fields<Properties>();
+        const auto state = valueOf<std::uint32_t>(properties, "State");
+        const auto type = valueOf<std::string>(properties, "PrimaryConnectionType");
         mType = state > CONNECTED_LOCAL ? kindOf(type) : CONNECTION_TYPE_DISCONNECTED;
     }
     if (mAskAgain) {
         ask();
-    } else if (late) {
+    } else if (error != nullptr && error->isTimeout()) {
         gio::IoThread::get().postAfter(RETRY_MS, [this] { ask(); });
     }
-    become(answer != nullptr ? State::Running : State::Absent);
+    become(running ? State::Running : State::Absent);
 }
 
 void NetworkManager::become(State state) {

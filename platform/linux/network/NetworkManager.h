@@ -4,18 +4,17 @@
 #include <net_connection.h>
 
 #include <functional>
-#include <string>
 
-#include "gio/GPointer.h"
+#include "gio/Connection.h"
 
 namespace network {
 
-// NetworkManager on the system bus, while it runs there and answers. I/O thread only, which never waits for either: a
-// bus that is missing or goes is looked for again, and so is an answer that does not come.
+// NetworkManager on the system bus, while it runs there and answers. IO thread only, which never waits for either: a
+// missing or lost bus is looked for again, and a question without an answer is asked again.
 class NetworkManager {
 public:
-    // `changed` is called when it is known for the first time whether it runs, and when it came, went, or changed
-    // something; not within this constructor.
+    // `changed` runs when it is first known whether NetworkManager runs, and when NetworkManager appears, disappears,
+    // or changes something; never within this constructor.
     explicit NetworkManager(std::function<void()> changed);
     ~NetworkManager() = delete;  // lives until the process ends
 
@@ -27,15 +26,17 @@ private:
     enum class State { Unknown, Absent, Running };
 
     void connect();
-    void connected(gio::Object<GDBusConnection> bus);
+    void connected(gio::Connection bus);
     void lost();
-    void hear(const char* sender, const char* signal, const char* path, const char* interface, const char* about);
     void ask();
-    void answered(GVariant* properties, bool late);
+    void answered(const gio::Variant& answer, const gio::CallError* error);
     void become(State state);
 
     std::function<void()> mChanged;
-    gio::Object<GDBusConnection> mBus;
+    gio::Connection mBus{"not connected yet"};
+    gio::Registration mLoss;
+    gio::Registration mPropertiesChanged;
+    gio::Registration mOwnerChanged;
     bool mAsking = false;
     bool mAskAgain = false;
     State mState = State::Unknown;

@@ -51,14 +51,14 @@ Store::Store()
 void Store::forgetAfterRestart() {
     const std::string now = bootId();
     const gio::Variant kept = read(BOOT_ID);
-    const bool known = kept != nullptr && g_variant_is_of_type(kept.get(), G_VARIANT_TYPE_STRING);
+    const bool known = kept && g_variant_is_of_type(kept.get(), G_VARIANT_TYPE_STRING);
     if (!mWritable || now.empty() || (known && now == g_variant_get_string(kept.get(), nullptr))) {
         return;
     }
     if (known) {
         mClient.clearFolder(MEMORY);
     }
-    write(BOOT_ID, gio::sink(g_variant_new_string(now.c_str())).get());
+    write(BOOT_ID, gio::Variant(g_variant_new_string(now.c_str())).get());
 }
 
 std::string Store::pathOf(const char* key) {

@@ -30,7 +30,7 @@ int readNumber(const char* function, const char* key, int type, int* value) noex
 
 int writeValue(const char* function, const char* key, GVariant* value) noexcept {
     return process::guarded(kFailure, function, [&]() -> int {
-        const gio::Variant owned = gio::sink(value);
+        const gio::Variant owned(value);
         const std::string path = Store::pathOf(key);
         return !path.empty() && Store::get().write(path, owned.get()) ? 0 : kFailure;
     });

@@ -13,7 +13,7 @@
 #include "RunningService.h"
 #include "app_control.h"
 #include "app_manager.h"
-#include "gio/Bus.h"
+#include "gio/SessionBus.h"
 
 namespace {
 
@@ -42,7 +42,7 @@ TEST(AnApplicationThatRuns, IsKnownByItsIdAndByItsProcess) {
 }
 
 TEST(AnApplicationThatRuns, IsNotCalledByTheOtherNamesOfItsProcess) {
-    const OtherApp app("zz.example.app");
+    OtherApp app("zz.example.app");
     for (const char* other : {"org.orvane.Focus.Playback", "org.orvane.VoiceControl", "org.freedesktop.Something"}) {
         app.own(other);
     }
@@ -95,10 +95,7 @@ protected:
         std::filesystem::remove(mFile);
         reload();
     }
-    static void reload() {
-        gio::Error error;
-        EXPECT_TRUE(gio::Bus::session().ask("ReloadConfig", nullptr, nullptr, error)) << error.message();
-    }
+    static void reload() { gio::sessionBus().call(gio::kBus, "ReloadConfig"); }
 
     // Ends the one that the bus has started.
     static void end() {

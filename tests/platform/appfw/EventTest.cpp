@@ -6,8 +6,8 @@
 #include "OtherApp.h"
 #include "app_event.h"
 #include "appfw/Bundle.h"
-#include "gio/Bus.h"
 #include "gio/IoThread.h"
+#include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 #include "support/MainLoop.h"
 
@@ -40,7 +40,7 @@ protected:
     }
     // What was announced waits for the main loop, and what is announced from now on is heard.
     static void settle() {
-        gio::Bus::session().hasOwner(ACCOUNT_ID);
+        gio::sessionBus().hasOwner(ACCOUNT_ID);
         gio::IoThread::get().run([] {});
     }
     bool hear(int count) {

@@ -11,7 +11,7 @@
 #include "Program.h"
 #include "appfw/AppId.h"
 #include "appfw/Bundle.h"
-#include "gio/Bus.h"
+#include "gio/SessionBus.h"
 #include "message_port.h"
 #include "support/MainLoop.h"
 
@@ -34,17 +34,13 @@ void onMessage(int, const char* app, const char* port, bool, bundle* message, vo
 class AnApplication : public testing::Test {
 protected:
     void SetUp() override {
-        gio::Error error;
-        ASSERT_TRUE(gio::Bus::session().own(APP_ID, error)) << error.message();
+        mName = gio::sessionBus().ownName(APP_ID);
+        ASSERT_TRUE(mName);
         appfw::setOwnAppId(APP_ID);
         mId = message_port_register_trusted_local_port("partial", onMessage, &mReceived);
         ASSERT_GT(mId, 0);
     }
-    void TearDown() override {
-        message_port_unregister_trusted_local_port(mId);
-        gio::Error error;
-        gio::Bus::session().ask("ReleaseName", g_variant_new("(s)", APP_ID), nullptr, error);
-    }
+    void TearDown() override { message_port_unregister_trusted_local_port(mId); }
 
     static int send(const char* port, const bundle_s& message) {
         bundle_s copy = message;
@@ -54,6 +50,7 @@ protected:
         return runMainLoopUntil([=] { return mReceived.messages >= messages; });
     }
 
+    gio::OwnedName mName;
     int mId = 0;
     Received mReceived;
 };
@@ -82,7 +79,7 @@ TEST_F(AnApplication, IsNotHeldUpByAMessageOfVeryManyEntries) {
     for (int i = 0; i < 300000; ++i) {
         bundle_add_str(&message, std::to_string(i).c_str(), "");
     }
-    EXPECT_EQ(appfw::toBundle(gio::sink(appfw::toVariant(message)).get()).entries.size(), 300000U);
+    EXPECT_EQ(appfw::toBundle(appfw::toEntries(message)).entries.size(), 300000U);
 }
 
 TEST_F(AnApplication, GetsAMessageWithoutEntriesAsOne) {
@@ -120,7 +117,7 @@ TEST_F(AnApplication, IsNotToldThatAnotherSendsThanWhoDoes) {
 }
 
 TEST_F(AnApplication, ThatCannotAnswerIsAFailureAndNotOneWithoutPorts) {
-    const OtherApp other("com.example.other");
+    OtherApp other("com.example.other");
     other.failCalls("org.freedesktop.DBus.Error.NoReply");
     bool exists = true;
     EXPECT_EQ(message_port_check_trusted_remote_port("com.example.other", "partial", &exists),

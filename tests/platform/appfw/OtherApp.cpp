@@ -2,28 +2,33 @@
 #include "OtherApp.h"
 
 #include <chrono>
-#include <cstdlib>
+#include <functional>
 #include <stdexcept>
 
-#include "gio/IoThread.h"
-#include "support/OwnConnection.h"
+#include "appfw/Bundle.h"
+#include "dbus/Interfaces.h"
 
 namespace {
 
 constexpr char PATH[] = "/org/orvane/Application";
 constexpr char INTERFACE[] = "org.orvane.Application1";
-constexpr char DESCRIPTION[] =
-    "<node><interface name='org.orvane.Application1'>"
-    "<method name='Launch'><arg type='s' direction='in'/><arg type='s' direction='in'/>"
-    "<arg type='a(aybaay)' direction='in'/><arg type='s' direction='in'/></method>"
-    "<method name='Reply'><arg type='s' direction='in'/><arg type='i' direction='in'/>"
-    "<arg type='a(aybaay)' direction='in'/></method></interface></node>";
+constexpr char PORT_PATH[] = "/org/orvane/MessagePort";
+constexpr char PORT_INTERFACE[] = "org.orvane.MessagePort1";
+
+bool succeeds(const std::function<void()>& call) {
+    try {
+        call();
+        return true;
+    } catch (const gio::CallError&) {
+        return false;
+    }
+}
 
 template <typename T>
 T next(std::deque<T>& from, std::mutex& mutex, std::condition_variable& came) {
     std::unique_lock lock(mutex);
     if (!came.wait_for(lock, std::chrono::seconds(20), [&] { return !from.empty(); })) {
-        throw std::runtime_error("nothing comes over the bus");
+        throw std::runtime_error("nothing arrives over the bus");
     }
     T first = std::move(from.front());
     from.pop_front();
@@ -33,34 +38,19 @@ T next(std::deque<T>& from, std::mutex& mutex, std::condition_variable& came) {
 }  // namespace
 
 OtherApp::OtherApp(const std::string& id) {
-    gio::Error error;
-    mBus = ownConnection(getenv("DBUS_SESSION_BUS_ADDRESS"));
-    gio::IoThread::get().run([&] {
-        static GDBusNodeInfo* const node = g_dbus_node_info_new_for_xml(DESCRIPTION, nullptr);
-        static const GDBusInterfaceVTable methods{onCall, nullptr, nullptr, {}};
-        mObject = g_dbus_connection_register_object(mBus.get(), PATH, node->interfaces[0], &methods, this, nullptr,
-                                                    error.out());
-    });
+    mApplication = mBus.exportObject(PATH, dbus::interface(INTERFACE), [this](gio::MethodCall& call) { take(call); });
     if (!id.empty()) {
         own(id);
     }
 }
 
-void OtherApp::own(const std::string& name) const {
-    gio::Error error;
-    if (!gio::Variant(g_dbus_connection_call_sync(
-            mBus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
-            g_variant_new("(su)", name.c_str(), 4U), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.out()))) {
-        throw std::runtime_error(error.message());
-    }
+void OtherApp::own(const std::string& name) {
+    mNames.push_back(mBus.ownName(name));
 }
 
 void OtherApp::leave() {
-    if (mBus != nullptr) {
-        gio::IoThread::get().run([this] { g_dbus_connection_unregister_object(mBus.get(), mObject); });
-        g_dbus_connection_close_sync(mBus.get(), nullptr, nullptr);
-        mBus.reset();
-    }
+    mApplication.reset();
+    mBus.close();
 }
 
 OtherApp::Asked OtherApp::asked() {
@@ -71,76 +61,50 @@ OtherApp::Answer OtherApp::answered() {
     return next(mAnswers, mMutex, mCame);
 }
 
-bool OtherApp::call(const std::string& name, const char* method, GVariant* arguments) const {
-    gio::Error error;
-    return gio::Variant(g_dbus_connection_call_sync(mBus.get(), name.c_str(), PATH, INTERFACE, method, arguments,
-                                                    nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.out())) !=
-           nullptr;
+bool OtherApp::call(const std::string& name, const char* method, const gio::Variant& arguments) const {
+    return succeeds([&] { mBus.call({name, PATH, INTERFACE}, method, arguments); });
 }
 
 bool OtherApp::ask(const std::string& app, const std::string& operation, const Extras& extras,
                    const std::string& token) const {
-    return call(app, "Launch",
-                g_variant_new("(ss@a(aybaay)s)", operation.c_str(), "", appfw::toVariant(extras), token.c_str()));
+    return call(app, "Launch", gio::Variant::tuple(operation, "", appfw::toWire(extras), token));
 }
 
 bool OtherApp::reply(const Asked& to, int result, const Extras& extras) const {
-    return call(to.sender, "Reply",
-                g_variant_new("(si@a(aybaay))", to.token.c_str(), result, appfw::toVariant(extras)));
+    return call(to.sender, "Reply", gio::Variant::tuple(to.token, result, appfw::toWire(extras)));
 }
 
 void OtherApp::announce(const std::string& event) const {
-    gio::Error error;
-    g_dbus_connection_emit_signal(mBus.get(), nullptr, "/org/orvane/Event", "org.orvane.Event1", "Emitted",
-                                  g_variant_new_parsed("(%s, [(b'key', b'value')])", event.c_str()), error.out());
-    call("org.freedesktop.DBus", "None", nullptr);
+    const appfw::Entries data{{gio::Bytes{"key"}, gio::Bytes{"value"}}};
+    mBus.emitSignal("/org/orvane/Event", "org.orvane.Event1", "Emitted", gio::Variant::tuple(event, data));
+    mBus.call(gio::kBus, "GetId");
 }
 
 bool OtherApp::message(const std::string& app, const std::string& port, const std::string& claimed) const {
-    gio::Error error;
-    return gio::Variant(g_dbus_connection_call_sync(
-               mBus.get(), app.c_str(), "/org/orvane/MessagePort", "org.orvane.MessagePort1", "Send",
-               g_variant_new("(s@a(ayay)ss)", port.c_str(), g_variant_new_array(G_VARIANT_TYPE("(ayay)"), nullptr, 0),
-                             claimed.c_str(), ""),
-               nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, error.out())) != nullptr;
+    return succeeds([&] {
+        mBus.call({app, PORT_PATH, PORT_INTERFACE}, "Send", gio::Variant::tuple(port, appfw::Entries(), claimed, ""));
+    });
 }
 
-void OtherApp::failCalls(const char* error) const {
-    g_dbus_connection_add_filter(
-        mBus.get(),
-        [](GDBusConnection* bus, GDBusMessage* message, gboolean incoming, gpointer name) noexcept -> GDBusMessage* {
-            if (!incoming || g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL) {
-                return message;
-            }
-            const gio::Object<GDBusMessage> call(message);
-            const gio::Object<GDBusMessage> answer(
-                g_dbus_message_new_method_error_literal(message, static_cast<char*>(name), ""));
-            g_dbus_connection_send_message(bus, answer.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
-            return nullptr;
-        },
-        const_cast<char*>(error), nullptr);
+void OtherApp::failCalls(const std::string& error) {
+    mPorts = mBus.exportObject(PORT_PATH, dbus::interface(PORT_INTERFACE),
+                               [error](gio::MethodCall& call) { call.fail(error, ""); });
 }
 
-void OtherApp::onCall(GDBusConnection*, const gchar* sender, const gchar*, const gchar*, const gchar* method,
-                      GVariant* arguments, GDBusMethodInvocation* invocation, gpointer self) noexcept {
-    static_cast<OtherApp*>(self)->take(sender, method, arguments);
-    g_dbus_method_invocation_return_value(invocation, nullptr);
-}
-
-void OtherApp::take(const std::string& sender, const std::string& method, GVariant* arguments) {
+void OtherApp::take(gio::MethodCall& call) {
     const std::lock_guard lock(mMutex);
-    const char* first = nullptr;
-    GVariant* list = nullptr;
-    if (method == "Launch") {
-        const char* uri = nullptr;
-        const char* token = nullptr;
-        g_variant_get(arguments, "(&s&s@a(aybaay)&s)", &first, &uri, &list, &token);
-        mAsked.push_back({first, uri, appfw::toExtras(list), sender, token});
+    if (call.method() == "Launch") {
+        const auto [operation, uri, extras, token] =
+            call.arguments().fields<std::string, std::string, appfw::WireExtras, std::string>();
+        mAsked.push_back({operation, uri, appfw::toExtras(extras), call.sender(), token});
+    } else if (call.method() == "Reply") {
+        const auto [token, result, extras] = call.arguments().fields<std::string, int, appfw::WireExtras>();
+        mAnswers.push_back({token, result, appfw::toExtras(extras)});
     } else {
-        int result = 0;
-        g_variant_get(arguments, "(&si@a(aybaay))", &first, &result, &list);
-        mAnswers.push_back({first, result, appfw::toExtras(list)});
+        call.fail("org.freedesktop.DBus.Error.UnknownMethod", "it does not end");
     }
-    gio::Variant(list).reset();
     mCame.notify_all();
+    if (!call.isAnswered()) {
+        call.reply();
+    }
 }

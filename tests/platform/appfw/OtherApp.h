@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
-// Another application, with a connection of its own to the tests' bus.
+// Another application, with a private connection to the tests' bus.
 #pragma once
 
 #include <condition_variable>
 #include <deque>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "appfw/Request.h"
+#include "support/OwnConnection.h"
 
 class OtherApp {
 public:
-    // On the bus under this id, or without one.
+    // On the bus with this id, or without one.
     explicit OtherApp(const std::string& id = "");
-    ~OtherApp() { leave(); }
     OtherApp(const OtherApp&) = delete;
     OtherApp& operator=(const OtherApp&) = delete;
 
@@ -29,7 +30,7 @@ public:
         int result;
         Extras extras;
     };
-    // The next request, or answer, that comes. Throws std::runtime_error when none does.
+    // The next request or answer. Throws std::runtime_error when none arrives.
     Asked asked();
     Answer answered();
 
@@ -40,21 +41,21 @@ public:
     void announce(const std::string& event) const;
     // Sends an empty message to a port and says that it is this application. False when it is refused.
     bool message(const std::string& app, const std::string& port, const std::string& claimed) const;
-    // Answers every call with this error from now on.
-    void failCalls(const char* error) const;
-    bool call(const std::string& name, const char* method, GVariant* arguments) const;
-    void own(const std::string& name) const;
+    // From now on, answers every call of its message ports with this error.
+    void failCalls(const std::string& error);
+    bool call(const std::string& name, const char* method, const gio::Variant& arguments = {}) const;
+    void own(const std::string& name);
     void leave();
 
 private:
-    static void onCall(GDBusConnection*, const gchar* sender, const gchar*, const gchar*, const gchar* method,
-                       GVariant* arguments, GDBusMethodInvocation* invocation, gpointer self) noexcept;
-    void take(const std::string& sender, const std::string& method, GVariant* arguments);
+    void take(gio::MethodCall& call);
 
-    gio::Object<GDBusConnection> mBus;
-    guint mObject = 0;
     std::mutex mMutex;
     std::condition_variable mCame;
     std::deque<Asked> mAsked;
     std::deque<Answer> mAnswers;
+    gio::Connection mBus = ownConnection();
+    gio::Registration mApplication;
+    gio::Registration mPorts;
+    std::vector<gio::OwnedName> mNames;
 };

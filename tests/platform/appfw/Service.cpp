@@ -7,14 +7,14 @@
 #include <string>
 
 #include "app_control.h"
-#include "gio/Bus.h"
+#include "gio/SessionBus.h"
 #include "service_app.h"
 
 namespace {
 
 // By its id, or by its connection, whoever has the id.
 std::string itself(const std::string& how) {
-    return how == "connection" ? g_dbus_connection_get_unique_name(gio::Bus::session().connection()) : how;
+    return how == "connection" ? gio::sessionBus().uniqueName() : how;
 }
 
 // Has an application ask another one.

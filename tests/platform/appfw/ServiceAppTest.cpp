@@ -84,7 +84,7 @@ TEST_F(ARunningService, KeepsASecondOneFromStarting) {
 TEST_F(ARunningService, EndsInOrderWhenItIsAskedToCloseAfterWhatCameBefore) {
     OtherApp app;
     ASSERT_TRUE(app.ask(SERVICE_ID, "last"));
-    EXPECT_TRUE(app.call(SERVICE_ID, "Close", nullptr)) << "answered before it ends";
+    EXPECT_TRUE(app.call(SERVICE_ID, "Close")) << "answered before it ends";
     EXPECT_EQ(mService.rest(), "operation last\nterminate\n");
     EXPECT_EQ(mService.wait(), 0);
 }
@@ -102,7 +102,7 @@ TEST(ARequestThatComesWhileTheServiceEnds, IsNotHandedToIt) {
     Program service({"env", "SERVICE_ASKS_LAST=connection", APPFW_SERVICE});
     EXPECT_EQ(service.line(), "create");
     OtherApp app;
-    EXPECT_TRUE(app.call(SERVICE_ID, "Close", nullptr));
+    EXPECT_TRUE(app.call(SERVICE_ID, "Close"));
     EXPECT_EQ(service.rest(), "terminate\nsent 0\n");
     EXPECT_EQ(service.wait(), 0);
 }

@@ -2,16 +2,15 @@
 // What the tests of the recording focus share: a bus of their own, streams, and rivals for the focus.
 #pragma once
 
-#include <gio/gio.h>
-
 #include <future>
 #include <mutex>
 #include <string>
 #include <tuple>
 
 #include "Reports.h"
-#include "gio/Bus.h"
+#include "dbus/StandInInterfaces.h"
 #include "gio/IoThread.h"
+#include "gio/SessionBus.h"
 #include "room/Child.h"
 #include "sound_manager.h"
 #include "support/OwnConnection.h"
@@ -44,10 +43,10 @@ bool eventually(Condition condition) {
 }
 
 inline bool isFree() {
-    return !gio::Bus::session().hasOwner(kName);
+    return !gio::sessionBus().hasOwner(kName);
 }
 inline bool isOurs() {
-    return gio::Bus::session().ownerOf(kName) == g_dbus_connection_get_unique_name(gio::Bus::session().connection());
+    return gio::sessionBus().ownerOf(kName) == gio::sessionBus().uniqueName();
 }
 
 // What the bus and the sound thread had to tell until now is told.
@@ -110,48 +109,25 @@ inline Child holder(int type) {
     return Child({FOCUS_HOLDER, std::to_string(type)});
 }
 
-// Another program on the bus, with ways of its own.
+// Another program on the bus, which behaves differently from this platform.
 class Rival {
 public:
-    Rival() : mBus(ownConnection(privateBusAddress())) {}
-    ~Rival() { g_dbus_connection_close_sync(mBus.get(), nullptr, nullptr); }
-
     // `flags` are RequestName's.
-    unsigned take(unsigned flags) { return ask("RequestName", g_variant_new("(su)", kName, flags)); }
-    void giveBack() { ask("ReleaseName", g_variant_new("(s)", kName)); }
-    // Answers this when it is asked for its reason.
-    void show(const char* type, GVariant* reason) {
-        const std::string description = "<node><interface name='org.orvane.Focus1'><property name='Reason' type='" +
-                                        std::string(type) + "' access='read'/></interface></node>";
-        static const GDBusInterfaceVTable entries{
-            nullptr,
-            [](GDBusConnection*, const char*, const char*, const char*, const char*, GError**, void* value) noexcept {
-                return g_variant_ref(static_cast<GVariant*>(value));
-            },
-            nullptr,
-            {}};
-        gio::IoThread::get().run([&] {
-            GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(description.c_str(), nullptr);
-            g_dbus_connection_register_object(
-                mBus.get(), "/org/orvane/Focus", node->interfaces[0], &entries, g_variant_ref_sink(reason),
-                [](void* value) noexcept { g_variant_unref(static_cast<GVariant*>(value)); }, nullptr);
-            g_dbus_node_info_unref(node);
-        });
+    unsigned take(unsigned flags) { return ask("RequestName", gio::Variant::tuple(kName, flags)); }
+    void giveBack() { ask("ReleaseName", gio::Variant::tuple(kName)); }
+    // From now on, answers this when it is asked for its reason.
+    void show(const gio::Variant& reason) {
+        mReason = mBus.exportObject("/org/orvane/Focus", dbus::standInInterface("org.freedesktop.DBus.Properties"),
+                                    [reason](auto& call) { call.reply(gio::Variant::tuple(reason)); });
     }
 
 private:
-    unsigned ask(const char* method, GVariant* arguments) {
-        const gio::Variant answer(g_dbus_connection_call_sync(
-            mBus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method, arguments,
-            G_VARIANT_TYPE("(u)"), G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, nullptr));
-        unsigned result = 0;
-        if (answer) {
-            g_variant_get(answer.get(), "(u)", &result);
-        }
-        return result;
+    unsigned ask(const char* method, const gio::Variant& arguments) {
+        return std::get<0>(mBus.call(gio::kBus, method, arguments).fields<unsigned>());
     }
 
-    gio::Object<GDBusConnection> mBus;
+    gio::Connection mBus = ownConnection(privateBusAddress());
+    gio::Registration mReason;
 };
 
 constexpr unsigned kAllowReplacement = 1;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <future>
 
 #include "FocusRoom.h"
@@ -26,11 +27,13 @@ constexpr int kVoice = SOUND_STREAM_FOCUS_CHANGED_BY_VOICE_RECOGNITION;
 
 // This process holds the name or is in the queue for it.
 bool waitsAtTheBus() {
-    gio::Error error;
-    const gio::Variant answer = gio::Bus::session().ask("ListQueuedOwners", g_variant_new("(s)", kName), "(as)", error);
-    const std::string owners = answer ? gio::Text(g_variant_print(answer.get(), FALSE)).get() : "";
-    const std::string us = g_dbus_connection_get_unique_name(gio::Bus::session().connection());
-    return owners.find("'" + us + "'") != std::string::npos;
+    try {
+        const auto answer = gio::sessionBus().call(gio::kBus, "ListQueuedOwners", gio::Variant::tuple(kName));
+        const auto [owners] = answer.fields<std::vector<std::string>>();
+        return std::find(owners.begin(), owners.end(), gio::sessionBus().uniqueName()) != owners.end();
+    } catch (const gio::CallError&) {
+        return false;  // nobody holds it
+    }
 }
 
 }  // namespace
@@ -53,7 +56,7 @@ TEST_F(TheRecordingFocus, IsHeldFromItsAcquisitionToItsRelease) {
 TEST_F(TheRecordingFocus, LeavesThePlaybackFocusAlone) {
     Stream stream;
     ASSERT_EQ(stream.acquire(), 0);
-    EXPECT_FALSE(gio::Bus::session().hasOwner("org.orvane.Focus.Playback"));
+    EXPECT_FALSE(gio::sessionBus().hasOwner("org.orvane.Focus.Playback"));
 }
 
 TEST_F(TheRecordingFocus, ShowsOnTheBusWhyItWasTaken) {
@@ -115,19 +118,13 @@ TEST_F(AStreamThatLosesTheFocus, StopsWaitingWhenItReleases) {
 }
 
 TEST_F(AStreamThatLosesTheFocus, HasLostItToTheSystemWhenTheOtherGivesNoReason) {
-    struct {
-        const char* type;
-        GVariant* reason;
-    } const table[] = {{nullptr, nullptr},
-                       {"i", g_variant_new_int32(11)},
-                       {"i", g_variant_new_int32(-1)},
-                       {"s", g_variant_new_string("alarm")}};
-    for (const auto& row : table) {
+    const gio::Variant reasons[] = {{}, gio::Variant::of(11), gio::Variant::of(-1), gio::Variant::of("alarm")};
+    for (const gio::Variant& reason : reasons) {
         Stream stream;
         ASSERT_EQ(stream.acquire(), 0);
         Rival rival;
-        if (row.type != nullptr) {
-            rival.show(row.type, row.reason);
+        if (reason) {
+            rival.show(reason);
         }
         ASSERT_EQ(rival.take(kReplace), kPrimaryOwner);
         EXPECT_TRUE(stream->await(released(SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM)));

@@ -8,6 +8,7 @@
 #include <string>
 #include <thread>
 
+#include "support/PrivateBus.h"
 #include "support/PrivateHome.h"
 
 namespace {
@@ -68,7 +69,7 @@ TEST_F(MicLed, ThatCannotBeWrittenFails) {
 }
 
 TEST(TheDisplay, OfAMachineWithoutAScreenSaverIsNotSupported) {
-    setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
+    privateBusAddress();
     EXPECT_EQ(display_change_state(DISPLAY_STATE_NORMAL), DEVICE_ERROR_NOT_SUPPORTED);
     EXPECT_EQ(display_change_state(DISPLAY_STATE_SCREEN_OFF), DEVICE_ERROR_NOT_SUPPORTED);
 }

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr guint32 CONNECTED_GLOBAL = 70;
+constexpr std::uint32_t CONNECTED_GLOBAL = 70;
 
 // With a manager that says what no route is.
 class SystemBus {

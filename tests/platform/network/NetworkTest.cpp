@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr guint32 DISCONNECTED = 20, CONNECTED_LOCAL = 50, CONNECTED_SITE = 60, CONNECTED_GLOBAL = 70;
+constexpr std::uint32_t DISCONNECTED = 20, CONNECTED_LOCAL = 50, CONNECTED_SITE = 60, CONNECTED_GLOBAL = 70;
 
 std::string systemBus() {
     const std::string& address = privateBusAddress();
@@ -85,7 +85,7 @@ TEST_F(AConnection, WithoutAManagerIsOfTheKindOfTheDefaultRoute) {
 
 TEST_F(AConnection, IsOfTheKindThatTheManagerSays) {
     const struct {
-        guint32 state;
+        std::uint32_t state;
         const char* type;
         connection_type_e expected;
     } rows[] = {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Applications that want results, on a bus of the tests' own.
-#include <gio/gio.h>
+// Applications that want results, on a private bus.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -8,7 +7,7 @@
 #include <atomic>
 
 #include "VoiceRoom.h"
-#include "gio/GPointer.h"
+#include "dbus/Interfaces.h"
 #include "gio/IoThread.h"
 #include "support/OwnConnection.h"
 #include "support/PrivateBus.h"
@@ -20,69 +19,39 @@ using speech::join;
 using speech::silence;
 using testing::HasSubstr;
 
-// An application on a connection of its own.
+// An application with a private connection.
 class Application {
 public:
     Application() {
-        mBus = ownConnection(privateBusAddress());
-        gio::IoThread::get().run([this] { exportClient(); });
+        mObject = mBus.exportObject("/org/orvane/VoiceClient", dbus::interface("org.orvane.VoiceClient1"),
+                                    [this](gio::MethodCall& call) { onResult(call); });
     }
-    ~Application() { leave(); }
 
-    void registerFor(const std::vector<const char*>& agents) {
-        gio::Error fault;
-        const gio::Variant answer(g_dbus_connection_call_sync(
-            mBus.get(), "org.orvane.VoiceControl", "/org/orvane/VoiceControl", "org.orvane.VoiceControl1", "Register",
-            g_variant_new("(@as)", g_variant_new_strv(agents.data(), static_cast<gssize>(agents.size()))), nullptr,
-            G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, fault.out()));
-        ASSERT_TRUE(answer) << fault.message();
+    void registerFor(const std::vector<std::string>& agents) {
+        mBus.call({"org.orvane.VoiceControl", "/org/orvane/VoiceControl", "org.orvane.VoiceControl1"}, "Register",
+                  gio::Variant::tuple(agents));
     }
     // Once it returns, everything sent to the application before has arrived on its connection.
     void roundTrip() {
-        if (mBus) {
-            gio::Error fault;
-            const gio::Variant answer(g_dbus_connection_call_sync(
-                mBus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId", nullptr,
-                nullptr, G_DBUS_CALL_FLAGS_NONE, 5000, nullptr, fault.out()));
-            EXPECT_TRUE(answer) << fault.message();
+        if (mBus.isOpen()) {
+            mBus.call(gio::kBus, "GetId");
         }
     }
-    void leave() {
-        if (mBus) {
-            g_dbus_connection_close_sync(mBus.get(), nullptr, nullptr);
-            mBus.reset();
-        }
-    }
+    void leave() { mBus.close(); }
 
     std::atomic<int> results{0};
     std::string text;
     std::string json;
 
 private:
-    void exportClient() {
-        GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(
-            "<node><interface name='org.orvane.VoiceClient1'><method name='Result'>"
-            "<arg type='s' direction='in'/><arg type='s' direction='in'/></method></interface></node>",
-            nullptr);
-        static const GDBusInterfaceVTable methods{onResult, nullptr, nullptr, {}};
-        g_dbus_connection_register_object(mBus.get(), "/org/orvane/VoiceClient", node->interfaces[0], &methods, this,
-                                          nullptr, nullptr);
-        g_dbus_node_info_unref(node);
+    void onResult(gio::MethodCall& call) {
+        std::tie(text, json) = call.arguments().fields<std::string, std::string>();
+        ++results;
+        call.reply();
     }
 
-    static void onResult(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* arguments,
-                         GDBusMethodInvocation* invocation, gpointer data) noexcept {
-        auto* self = static_cast<Application*>(data);
-        const char* text = nullptr;
-        const char* json = nullptr;
-        g_variant_get(arguments, "(&s&s)", &text, &json);
-        self->text = text;
-        self->json = json;
-        ++self->results;
-        g_dbus_method_invocation_return_value(invocation, nullptr);
-    }
-
-    gio::Object<GDBusConnection> mBus;
+    gio::Connection mBus = ownConnection(privateBusAddress());
+    gio::Registration mObject;
 };
 
 class AResult : public testing::Test {

@@ -48,13 +48,16 @@ Focus& Focus::of(sound_stream_focus_mask_e mask) {
 }
 
 Focus::Focus(sound_stream_focus_mask_e mask)
-    : mBus(gio::Bus::session()),
+    : mBus(gio::sessionBus()),
       mThread(process::shared<SoundThread>()),
       mMask(mask),
       mName(mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? "org.orvane.Focus.Recording" : "org.orvane.Focus.Playback") {
-    mBus.hear("NameAcquired", mName,
-              [this](GVariant*) { process::contained("gain of a focus", [this] { nameAcquired(); }); });
-    mBus.hear("NameLost", mName, [this](GVariant*) { process::contained("loss of a focus", [this] { nameLost(); }); });
+    mAcquired = mBus.subscribe(
+        gio::kBus, "NameAcquired",
+        [this](const gio::Variant&) { process::contained("gain of a focus", [this] { nameAcquired(); }); }, mName);
+    mLost = mBus.subscribe(
+        gio::kBus, "NameLost",
+        [this](const gio::Variant&) { process::contained("loss of a focus", [this] { nameLost(); }); }, mName);
 }
 
 int Focus::acquire(sound_stream_info_h stream) {
@@ -79,7 +82,7 @@ void Focus::request(sound_stream_info_h stream, Then then) {
     }
     mRequesting = true;
     showFocusReason(stream->type);  // whoever loses the focus asks at once
-    ask("RequestName", g_variant_new("(su)", mName.c_str(), kAllowReplacement | kReplace),
+    ask("RequestName", gio::Variant::tuple(mName, kAllowReplacement | kReplace),
         [this, stream, then = std::move(then)](unsigned answer) { then(answered(stream, answer)); });
 }
 
@@ -117,22 +120,19 @@ void Focus::drop(sound_stream_info_h stream, Then then) {
 }
 
 void Focus::leave(std::function<void(unsigned)> then) {
-    ask("ReleaseName", g_variant_new("(s)", mName.c_str()), std::move(then));
+    ask("ReleaseName", gio::Variant::tuple(mName), std::move(then));
 }
 
-void Focus::ask(const char* method, GVariant* arguments, std::function<void(unsigned)> then) {
-    mBus.askThen(method, arguments, "(u)", kAnswerMs,
-                 [method, then = std::move(then)](const gio::Variant& result, const std::string& failure) {
-                     unsigned answer = 0;
-                     if (result) {
-                         g_variant_get(result.get(), "(u)", &answer);
-                     } else {
-                         dlog_print(DLOG_ERROR, "orvane-sound", "focus: %s failed: %s", method, failure.c_str());
-                     }
-                     if (then) {
-                         then(answer);
-                     }
-                 });
+void Focus::ask(const char* method, const gio::Variant& arguments, std::function<void(unsigned)> then) {
+    mBus.callAsync(gio::kBus, method, arguments, {kAnswerMs},
+                   [method, then = std::move(then)](const gio::Variant& result, const gio::CallError* error) {
+                       if (error != nullptr) {
+                           dlog_print(DLOG_ERROR, "orvane-sound", "focus: %s failed: %s", method, error->what());
+                       }
+                       if (then) {
+                           then(error == nullptr ? std::get<0>(result.fields<unsigned>()) : 0);
+                       }
+                   });
 }
 
 void Focus::nameAcquired() {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "audio/SoundThread.h"
-#include "gio/Bus.h"
+#include "gio/SessionBus.h"
 #include "sound_manager.h"
 
 namespace audio {
@@ -39,7 +39,7 @@ private:
     int answered(sound_stream_info_h stream, unsigned answer);
     void drop(sound_stream_info_h stream, std::function<void(int)> then);
     void leave(std::function<void(unsigned)> then = nullptr);
-    void ask(const char* method, GVariant* arguments, std::function<void(unsigned)> then);
+    void ask(const char* method, const gio::Variant& arguments, std::function<void(unsigned)> then);
     void nameAcquired();
     void nameLost();
     void handOver(Reason reason);
@@ -47,7 +47,7 @@ private:
     void forget(sound_stream_info_h stream);
     void report(sound_stream_info_h stream, sound_stream_focus_state_e state, Reason reason);
 
-    const gio::Bus& mBus;
+    const gio::Connection& mBus;
     SoundThread& mThread;
     const sound_stream_focus_mask_e mMask;
     const std::string mName;
@@ -60,6 +60,8 @@ private:
     bool mNoBusLogged = false;
     // On the sound thread.
     sound_stream_focus_change_reason_e mLostTo = SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM;
+    gio::Registration mAcquired;
+    gio::Registration mLost;
 };
 
 }  // namespace audio

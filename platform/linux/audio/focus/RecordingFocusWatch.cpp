@@ -3,7 +3,7 @@
 
 #include "FocusReason.h"
 #include "FocusWatches.h"
-#include "gio/Bus.h"
+#include "gio/SessionBus.h"
 #include "process/Guard.h"
 
 namespace audio {
@@ -16,15 +16,16 @@ constexpr const char* kName = "org.orvane.Focus.Recording";
 
 RecordingFocusWatch::RecordingFocusWatch()
     : mWatches(process::shared<FocusWatches>()), mThread(process::shared<SoundThread>()) {
-    gio::Bus::session().hear("NameOwnerChanged", kName, [this](GVariant* arguments) {
-        process::contained("watch of the recording focus", [&] {
-            const char* owner = "";
-            g_variant_get(arguments, "(&s&s&s)", nullptr, nullptr, &owner);
-            ownerChanged(owner);
-        });
-    });
+    mOwnerChanged = gio::sessionBus().subscribe(
+        gio::kBus, "NameOwnerChanged",
+        [this](const gio::Variant& arguments) {
+            process::contained("watch of the recording focus", [&] {
+                ownerChanged(std::get<2>(arguments.fields<std::string, std::string, std::string>()));
+            });
+        },
+        kName);
     // The bus answers in order: when it has answered, it also watches.
-    const std::string owner = gio::Bus::session().ownerOf(kName);
+    const std::string owner = gio::sessionBus().ownerOf(kName);
     if (!owner.empty()) {
         mThread.post([this, owner] { mReason = focusReasonOf(owner); });
     }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "audio/SoundThread.h"
+#include "gio/Registration.h"
 #include "sound_manager.h"
 
 namespace audio {
@@ -23,6 +24,7 @@ private:
     SoundThread& mThread;
     // On the sound thread: of the application that holds the focus, or held it last.
     sound_stream_focus_change_reason_e mReason = SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM;
+    gio::Registration mOwnerChanged;
 };
 
 }  // namespace audio

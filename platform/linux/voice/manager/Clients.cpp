@@ -5,9 +5,9 @@
 #include <mutex>
 #include <set>
 
+#include "dbus/Interfaces.h"
 #include "dlog.h"
-#include "gio/Bus.h"
-#include "gio/IoThread.h"
+#include "gio/SessionBus.h"
 
 namespace voice {
 
@@ -18,15 +18,10 @@ constexpr char kPath[] = "/org/orvane/VoiceControl";
 constexpr char kClientPath[] = "/org/orvane/VoiceClient";
 constexpr char kClientInterface[] = "org.orvane.VoiceClient1";
 constexpr int kTimeoutMilliseconds = 1000;
-constexpr char kDescription[] =
-    "<node><interface name='org.orvane.VoiceControl1'>"
-    "<method name='Register'><arg type='as' name='domains' direction='in'/></method>"
-    "</interface></node>";
-
 struct Registration {
     Client client;
     std::set<std::string> agents;
-    guint watch = 0;
+    gio::Registration watch;
 };
 
 std::mutex mutex;
@@ -37,30 +32,21 @@ std::vector<Registration>& registrations() {
     return *instance;
 }
 
-int processOf(const char* name) {
-    gio::Error fault;
-    const gio::Variant answer =
-        gio::Bus::session().ask("GetConnectionUnixProcessID", g_variant_new("(s)", name), "(u)", fault);
-    guint32 pid = 0;
-    if (answer) {
-        g_variant_get(answer.get(), "(u)", &pid);
+void ownerChanged(const std::string& name, const std::string& owner) {
+    if (!owner.empty()) {
+        return;
     }
-    return static_cast<int>(pid);
-}
-
-void forget(GDBusConnection*, const gchar* name, gpointer) noexcept {
     std::lock_guard lock(mutex);
     const auto gone = std::find_if(registrations().begin(), registrations().end(),
-                                   [name](const Registration& r) { return r.client.busName == name; });
+                                   [&](const Registration& r) { return r.client.busName == name; });
     if (gone != registrations().end()) {
-        g_bus_unwatch_name(gone->watch);
         registrations().erase(gone);
     }
 }
 
-// A second registration of the same caller replaces the first.
-void remember(const char* name, std::set<std::string> agents) {
-    const int pid = processOf(name);
+// On the IO thread. A second registration of the same caller replaces the first.
+void remember(const std::string& name, std::set<std::string> agents) {
+    const int pid = gio::sessionPeers().processOf(name).value_or(0);
     std::lock_guard lock(mutex);
     for (Registration& known : registrations()) {
         if (known.client.busName == name) {
@@ -68,35 +54,34 @@ void remember(const char* name, std::set<std::string> agents) {
             return;
         }
     }
-    const guint watch = g_bus_watch_name_on_connection(
-        gio::Bus::session().connection(), name, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, forget, nullptr, nullptr);
-    registrations().push_back({{name, pid}, std::move(agents), watch});
+    auto watch = gio::sessionBus().watchName(name, [name](const std::string& owner) { ownerChanged(name, owner); });
+    registrations().push_back({{name, pid}, std::move(agents), std::move(watch)});
 }
 
-std::set<std::string> textsOf(GVariant* arguments) {
-    const gio::Variant list(g_variant_get_child_value(arguments, 0));
-    std::set<std::string> texts;
-    for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
-        const gio::Variant text(g_variant_get_child_value(list.get(), i));
-        texts.insert(g_variant_get_string(text.get(), nullptr));
-    }
-    return texts;
+void onRegister(gio::MethodCall& call) {
+    const auto [domains] = call.arguments().fields<std::vector<std::string>>();
+    remember(call.sender(), std::set<std::string>(domains.begin(), domains.end()));
+    call.reply();
 }
 
-void onRegister(const char* sender, const char*, GVariant* arguments, GDBusMethodInvocation* invocation) {
-    remember(sender, textsOf(arguments));
-    g_dbus_method_invocation_return_value(invocation, nullptr);
-}
-
-// The name comes last: who waits for it may register at once.
+// The name comes last, because an application that waits for it may register at once. Neither ends before the process.
 void startServing() {
-    const gio::Bus& bus = gio::Bus::session();
-    gio::Error error;
+    const gio::Connection& bus = gio::sessionBus();
     if (!bus.isOpen()) {
         dlog_print(DLOG_WARN, "orvane-voice", "no session bus, so no clients");
-    } else if (bus.serve(kPath, kDescription, onRegister) && !bus.own(kName, error)) {
-        dlog_print(DLOG_WARN, "orvane-voice", "no clients, as the name %s cannot be had: %s", kName,
-                   error ? error.message().c_str() : "another process has it");
+        return;
+    }
+    std::string whyNot = "another process has it";
+    static auto* const object = new gio::Registration;
+    static auto* const name = new gio::OwnedName;
+    try {
+        *object = bus.exportObject(kPath, dbus::interface(kName + std::string("1")), onRegister);
+        *name = bus.ownName(kName);
+    } catch (const gio::CallError& error) {
+        whyNot = error.what();
+    }
+    if (!*name) {
+        dlog_print(DLOG_WARN, "orvane-voice", "no clients, as the name %s cannot be had: %s", kName, whyNot.c_str());
     }
 }
 
@@ -119,11 +104,8 @@ std::vector<Client> clientsFor(const std::string& agent) {
 }
 
 void deliverResult(const Client& client, const std::string& text, const std::string& json) {
-    gio::IoThread::get().post([=] {
-        g_dbus_connection_call(gio::Bus::session().connection(), client.busName.c_str(), kClientPath, kClientInterface,
-                               "Result", g_variant_new("(ss)", text.c_str(), json.c_str()), nullptr,
-                               G_DBUS_CALL_FLAGS_NONE, kTimeoutMilliseconds, nullptr, nullptr, nullptr);
-    });
+    gio::sessionBus().callAsync({client.busName, kClientPath, kClientInterface}, "Result",
+                                gio::Variant::tuple(text, json), {kTimeoutMilliseconds}, nullptr);
 }
 
 }  // namespace voice

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace gio {
+
+class Error;
+
+// Why a call over D-Bus failed.
+class CallError : public std::runtime_error {
+public:
+    explicit CallError(const Error& error);
+    // Without a connection.
+    explicit CallError(const std::string& text) : std::runtime_error(text) {}
+
+    // The D-Bus error's name ("org.freedesktop.DBus.Error.AccessDenied") if the receiver or the bus sent one.
+    const std::string& name() const { return mName; }
+    // No connection has the receiver's name, or the receiver does not know the object, interface, or method.
+    bool hasNoReceiver() const;
+    // The receiver did not answer in time.
+    bool isTimeout() const { return mTimeout; }
+
+private:
+    std::string mName;
+    bool mTimeout = false;
+};
+
+}  // namespace gio

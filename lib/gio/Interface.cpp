@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "gio/Interface.h"
+
+#include <stdexcept>
+
+#include "gio/GPointer.h"
+
+namespace gio {
+
+namespace {
+
+struct BytesUnref {
+    void operator()(GBytes* bytes) const noexcept { g_bytes_unref(bytes); }
+};
+
+}  // namespace
+
+Interface::Interface(GResource* resource, const std::string& name) {
+    Error error;
+    const std::string path = "/org/orvane/dbus/" + name + ".xml";
+    const std::unique_ptr<GBytes, BytesUnref> xml(
+        g_resource_lookup_data(resource, path.c_str(), G_RESOURCE_LOOKUP_FLAGS_NONE, error.out()));
+    // The data of a resource ends with a zero that is not counted.
+    mNode.reset(
+        xml ? g_dbus_node_info_new_for_xml(static_cast<const char*>(g_bytes_get_data(xml.get(), nullptr)), error.out())
+            : nullptr);
+    if (!mNode || mNode->interfaces == nullptr || mNode->interfaces[0] == nullptr) {
+        throw std::runtime_error("no description of the interface " + name + ": " + error.message());
+    }
+}
+
+}  // namespace gio

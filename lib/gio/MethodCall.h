@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+
+#include "gio/GPointer.h"
+#include "gio/Variant.h"
+
+namespace gio {
+
+// A call of a method of an exported object. Dropped without a reply or an error, it leaves its caller to the caller's
+// timeout.
+class MethodCall {
+public:
+    explicit MethodCall(GDBusMethodInvocation* owned);
+
+    const std::string& sender() const { return mSender; }  // unique name
+    const std::string& method() const { return mMethod; }
+    const Variant& arguments() const { return mArguments; }
+
+    // At most one of these, once. Any thread.
+    void reply(const Variant& result = {});
+    void fail(const std::string& errorName, const std::string& text);
+    bool isAnswered() const { return mInvocation == nullptr; }
+
+private:
+    Object<GDBusMethodInvocation> mInvocation;
+    std::string mSender;
+    std::string mMethod;
+    Variant mArguments;
+};
+
+}  // namespace gio

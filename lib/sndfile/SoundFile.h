@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owns an open sound file. Not for several threads at once; all operations block on the disk.
+// Sound files. All operations block on the disk.
 #pragma once
 
 #include <sndfile.h>
@@ -15,6 +15,7 @@ struct Close {
     void operator()(SNDFILE* file) const noexcept { sf_close(file); }
 };
 
+// Owns an open sound file. One thread at a time.
 class Reader {
 public:
     // Any format that the library knows. Throws std::runtime_error with the reason.
@@ -24,7 +25,8 @@ public:
     int channels() const { return mInfo.channels; }
     int64_t frames() const { return mInfo.frames; }
     bool seek(int64_t frame) { return sf_seek(mFile.get(), frame, SEEK_SET) == frame; }
-    // Interleaved samples from -1 to 1; how many frames were read, fewer than asked at the end and on a broken file.
+    // Reads interleaved samples from -1 to 1. Returns the number of frames read, which is smaller than `frames` at the
+    // end and in a broken file.
     std::size_t read(float* samples, std::size_t frames);
 
 private:
@@ -32,7 +34,7 @@ private:
     std::unique_ptr<SNDFILE, Close> mFile;
 };
 
-// Writes a WAV file of 16-bit samples whole. Throws std::runtime_error with the reason; what was written stays then.
+// Writes a complete WAV file of 16-bit samples. Throws std::runtime_error with the reason and leaves what is written.
 void writeWav(const std::string& path, int rate, int channels, const int16_t* samples, std::size_t frames);
 
 }  // namespace sndfile

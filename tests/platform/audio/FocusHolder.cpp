@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Takes the recording focus for a stream of the type given and keeps it until the process is ended; says so when it
-// cannot.
+// Takes the recording focus for a stream of the given type and keeps it until the process ends. Prints the code when
+// that fails.
 #include <stdio.h>
 #include <stdlib.h>
 #include <unistd.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the tests of the recording focus share: a bus of their own, streams, and rivals for the focus.
+// What the tests of the recording focus share: a private bus, streams, and rivals for the focus.
 #pragma once
 
 #include <future>
@@ -49,7 +49,7 @@ inline bool isOurs() {
     return gio::sessionBus().ownerOf(kName) == gio::sessionBus().uniqueName();
 }
 
-// What the bus and the sound thread had to tell until now is told.
+// Returns when everything that the bus and the sound thread had to report is reported.
 inline void settle() {
     isFree();
     std::promise<void> done;
@@ -61,7 +61,7 @@ inline void settle() {
 class Stream {
 public:
     explicit Stream(bool reacquires = true, sound_stream_type_e type = SOUND_STREAM_TYPE_VOICE_RECOGNITION) {
-        sound_manager_create_stream_information(type, told, this, &mHandle);
+        sound_manager_create_stream_information(type, changed, this, &mHandle);
         sound_manager_set_focus_reacquisition(mHandle, reacquires);
     }
     ~Stream() { destroy(); }
@@ -84,8 +84,8 @@ public:
     Reports<Change>* operator->() { return &mReports; }
 
 private:
-    static void told(sound_stream_info_h, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
-                     sound_stream_focus_change_reason_e reason, int, const char*, void* self) {
+    static void changed(sound_stream_info_h, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+                        sound_stream_focus_change_reason_e reason, int, const char*, void* self) {
         auto* stream = static_cast<Stream*>(self);
         std::function<void(Change)> work;
         {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Watches of the recording focus, whoever holds it.
+// Watches of the recording focus, whichever process holds it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,14 +18,15 @@ class Watch {
 public:
     Watch() {
         privateBusAddress();
-        EXPECT_EQ(sound_manager_add_focus_state_watch_cb(SOUND_STREAM_FOCUS_FOR_RECORDING, told, &mChanges, &mId), 0);
+        EXPECT_EQ(sound_manager_add_focus_state_watch_cb(SOUND_STREAM_FOCUS_FOR_RECORDING, changed, &mChanges, &mId),
+                  0);
     }
     ~Watch() { sound_manager_remove_focus_state_watch_cb(mId); }
     Reports<Change>* operator->() { return &mChanges; }
 
 private:
-    static void told(int, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
-                     sound_stream_focus_change_reason_e reason, const char*, void* changes) {
+    static void changed(int, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+                        sound_stream_focus_change_reason_e reason, const char*, void* changes) {
         static_cast<Reports<Change>*>(changes)->add({mask, state, reason});
     }
 
@@ -35,7 +36,7 @@ private:
 
 }  // namespace
 
-TEST(AWatchOfTheRecordingFocus, HearsWhyItIsTakenAndGivenUp) {
+TEST(AWatchOfTheRecordingFocus, ReportsTheReasonOfTheHolder) {
     Watch watch;
     Child alarm = holder(kAlarm);
     ASSERT_TRUE(watch->await(acquired(kAlarm)));
@@ -45,7 +46,7 @@ TEST(AWatchOfTheRecordingFocus, HearsWhyItIsTakenAndGivenUp) {
     EXPECT_FALSE(watch->stray());
 }
 
-TEST(AWatchOfTheRecordingFocus, HearsOfEachNewHolder) {
+TEST(AWatchOfTheRecordingFocus, ReportsEachNewHolder) {
     Watch watch;
     Child alarm = holder(kAlarm);
     ASSERT_TRUE(watch->await(acquired(kAlarm)));
@@ -58,7 +59,7 @@ TEST(AWatchOfTheRecordingFocus, HearsOfEachNewHolder) {
     EXPECT_THAT(watch->all(), ElementsAre(acquired(kAlarm), acquired(kEmergency), acquired(kAlarm), released(kAlarm)));
 }
 
-TEST(AWatchOfTheRecordingFocus, HearsOfTheStreamsOfItsOwnProcess) {
+TEST(AWatchOfTheRecordingFocus, ReportsTheStreamsOfItsOwnProcess) {
     Watch watch;
     Stream stream;
     ASSERT_EQ(stream.acquire(), 0);
@@ -67,7 +68,7 @@ TEST(AWatchOfTheRecordingFocus, HearsOfTheStreamsOfItsOwnProcess) {
     EXPECT_TRUE(watch->await(released(kVoice)));
 }
 
-TEST(AWatchOfTheRecordingFocus, KnowsTheReasonOfWhoHeldItBefore) {
+TEST(AWatchOfTheRecordingFocus, KnowsTheReasonOfAnEarlierHolder) {
     privateBusAddress();
     Child alarm = holder(kAlarm);
     ASSERT_TRUE(eventually([] { return !isFree(); }));

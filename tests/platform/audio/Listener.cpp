@@ -27,7 +27,7 @@ AudioIn::~AudioIn() {
     audio_in_destroy(mHandle);
 }
 
-tone::Samples AudioIn::hear(double seconds) const {
+tone::Samples AudioIn::capture(double seconds) const {
     tone::Samples samples(static_cast<std::size_t>(kRate * seconds) / kBlock * kBlock);
     for (std::size_t at = 0; at < samples.size(); at += kBlock) {
         if (read(&samples[at], kBlock * sizeof(int16_t)) != kBlock * sizeof(int16_t)) {
@@ -37,9 +37,9 @@ tone::Samples AudioIn::hear(double seconds) const {
     return samples;
 }
 
-bool AudioIn::hearUntil(const std::function<bool(const tone::Samples&)>& satisfied) const {
+bool AudioIn::captureUntil(const std::function<bool(const tone::Samples&)>& satisfied) const {
     for (int tenths = 0; tenths < 100; ++tenths) {
-        if (satisfied(hear(0.1))) {
+        if (satisfied(capture(0.1))) {
             return true;
         }
     }
@@ -58,7 +58,7 @@ SpeechIn::~SpeechIn() {
     sse_deinit();
 }
 
-tone::Samples SpeechIn::hear(double seconds) const {
+tone::Samples SpeechIn::capture(double seconds) const {
     tone::Samples samples(static_cast<std::size_t>(kRate * seconds) / kBlock * kBlock);
     for (std::size_t at = 0; at < samples.size(); at += kBlock) {
         demand(sse_read(&samples[at], kBlock), "sse_read");

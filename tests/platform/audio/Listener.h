@@ -18,9 +18,9 @@ public:
     audio_in_h handle() const { return mHandle; }
     int read(void* buffer, unsigned bytes) const { return audio_in_read(mHandle, buffer, bytes); }
     // Reads this much sound; throws when a read fails.
-    tone::Samples hear(double seconds) const;
+    tone::Samples capture(double seconds) const;
     // Reads until the last tenth of a second satisfies; false after ten seconds of sound.
-    bool hearUntil(const std::function<bool(const tone::Samples&)>& satisfied) const;
+    bool captureUntil(const std::function<bool(const tone::Samples&)>& satisfied) const;
 
 private:
     audio_in_h mHandle = nullptr;
@@ -34,7 +34,7 @@ public:
     SpeechIn(const SpeechIn&) = delete;
     SpeechIn& operator=(const SpeechIn&) = delete;
 
-    tone::Samples hear(double seconds) const;
+    tone::Samples capture(double seconds) const;
     // The recorder's order after a failed read; the first code that is not 0.
     static int reset(audio_channel_e channel = AUDIO_CHANNEL_STEREO);
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The playback focus, as streams that really play show it.
+// The playback focus of streams that really play.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -33,15 +33,15 @@ constexpr Change kBellStops{SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_
 constexpr Change kAlarmPlays{SOUND_STREAM_FOCUS_FOR_PLAYBACK, SOUND_STREAM_FOCUS_STATE_ACQUIRED,
                              SOUND_STREAM_FOCUS_CHANGED_BY_ALARM};
 
-void told(int, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
-          sound_stream_focus_change_reason_e reason, const char*, void* changes) {
+void changed(int, sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
+             sound_stream_focus_change_reason_e reason, const char*, void* changes) {
     static_cast<Changes*>(changes)->add({mask, state, reason});
 }
 
 class Watch {
 public:
     Watch() {
-        EXPECT_EQ(sound_manager_add_focus_state_watch_cb(SOUND_STREAM_FOCUS_FOR_PLAYBACK, told, &mChanges, &mId), 0);
+        EXPECT_EQ(sound_manager_add_focus_state_watch_cb(SOUND_STREAM_FOCUS_FOR_PLAYBACK, changed, &mChanges, &mId), 0);
     }
     ~Watch() { sound_manager_remove_focus_state_watch_cb(mId); }
     Changes* operator->() { return &mChanges; }
@@ -51,7 +51,7 @@ private:
     int mId = -1;
 };
 
-// Plays without an end.
+// Plays without end.
 Child player(const std::vector<std::string>& options = {}) {
     std::vector<std::string> words{"pacat", "--playback", "--latency-msec=50", "--client-name=jukebox"};
     words.insert(words.end(), options.begin(), options.end());
@@ -71,12 +71,12 @@ bool mediaPlay() {
 
 }  // namespace
 
-TEST(ThePlaybackFocus, IsNobodysInASilentRoom) {
+TEST(ThePlaybackFocus, HasNoHolderInASilentRoom) {
     const SoundRoom room;
     EXPECT_EQ(whoPlays().first, SOUND_MANAGER_ERROR_NO_DATA);
 }
 
-TEST(ThePlaybackFocus, IsTheMediasWhileAPlayerPlays) {
+TEST(ThePlaybackFocus, BelongsToMediaWhileAPlayerPlays) {
     const SoundRoom room;
     Watch changes;
     Child music = player();
@@ -143,7 +143,7 @@ TEST(AStream, HoldsThePlaybackFocusForTheReasonOfItsRole) {
     }
 }
 
-TEST(AFocusWatch, IsNotToldOfWhatPlayedBefore) {
+TEST(AFocusWatch, DoesNotReportWhatPlayedBefore) {
     const SoundRoom room;
     const Child music = player();
     ASSERT_TRUE(eventually(mediaPlay));
@@ -158,7 +158,7 @@ TEST(AFocusWatch, IsNotToldOfWhatPlayedBefore) {
     EXPECT_THAT(second->all(), testing::ElementsAre(kAlarmPlays));
 }
 
-TEST(AFocusWatch, IsNotToldOfWhatPlayedBeforeAServerThatStandsStill) {
+TEST(AFocusWatch, DoesNotReportWhatPlayedBeforeAServerThatStandsStill) {
     SoundRoom room;
     const Child music = player();
     ASSERT_TRUE(eventually(mediaPlay));
@@ -171,7 +171,7 @@ TEST(AFocusWatch, IsNotToldOfWhatPlayedBeforeAServerThatStandsStill) {
     EXPECT_THAT(changes->all(), testing::ElementsAre(kBellPlays));
 }
 
-TEST(AFocusWatch, TakesAServerThatStandsStillNotForSilence) {
+TEST(AFocusWatch, DoesNotTakeAServerThatStandsStillForSilence) {
     SoundRoom room;
     Watch changes;
     const Child music = player();
@@ -185,7 +185,7 @@ TEST(AFocusWatch, TakesAServerThatStandsStillNotForSilence) {
     EXPECT_THAT(changes->all(), testing::ElementsAre(kMediaPlays, kBellPlays));
 }
 
-TEST(AFocusWatch, HearsTheMediaStopWhenTheSoundServerDies) {
+TEST(AFocusWatch, ReportsThatMediaStopsWhenTheSoundServerDies) {
     SoundRoom room;
     Watch changes;
     Child music = player();
@@ -199,11 +199,11 @@ TEST(AFocusWatch, HearsTheMediaStopWhenTheSoundServerDies) {
     EXPECT_TRUE(changes->await(kBellPlays)) << "it watches the new server";
 }
 
-TEST(AFocusWatch, RefusesWhatItCannotWatch) {
+TEST(AFocusWatch, RejectsInvalidArguments) {
     int id = -1;
     EXPECT_EQ(sound_manager_add_focus_state_watch_cb(SOUND_STREAM_FOCUS_FOR_PLAYBACK, nullptr, nullptr, &id),
               SOUND_MANAGER_ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(sound_manager_add_focus_state_watch_cb(static_cast<sound_stream_focus_mask_e>(8), told, nullptr, &id),
+    EXPECT_EQ(sound_manager_add_focus_state_watch_cb(static_cast<sound_stream_focus_mask_e>(8), changed, nullptr, &id),
               SOUND_MANAGER_ERROR_INVALID_PARAMETER);
     EXPECT_EQ(sound_manager_remove_focus_state_watch_cb(-1), SOUND_MANAGER_ERROR_INVALID_PARAMETER);
 }

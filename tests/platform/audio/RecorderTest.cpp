@@ -34,8 +34,8 @@ private:
     std::atomic<int> mCount{0};
 };
 
-// As the sound server sees it, whose own plumbing between devices has no client.
-bool isListenedTo() {
+// Whether a client of the sound server captures; the server's own streams between devices have no client.
+bool isCaptured() {
     return system("pactl list short source-outputs | awk '$3 != \"-\" {any = 1} END {exit !any}'") == 0;
 }
 
@@ -49,7 +49,7 @@ protected:
 using BackEnds = testing::Types<OrvaneDA::SRecorderSSE, OrvaneDA::SRecorderOriginal>;
 TYPED_TEST_SUITE(ARealRecorder, BackEnds, );
 
-TYPED_TEST(ARealRecorder, LeavesTheMicrophoneToWhoTakesTheFocusAndComesBackByItself) {
+TYPED_TEST(ARealRecorder, GivesUpTheMicrophoneWithTheFocusAndCapturesAgainWithIt) {
     Blocks blocks;
     TypeParam recorder;
     recorder.addListener(&blocks);
@@ -58,13 +58,13 @@ TYPED_TEST(ARealRecorder, LeavesTheMicrophoneToWhoTakesTheFocusAndComesBackByIts
     ASSERT_TRUE(blocks.moreCome());
     for (int times = 0; times < 3; ++times) {
         Child alarm = focus::holder(SOUND_STREAM_FOCUS_CHANGED_BY_ALARM);
-        ASSERT_TRUE(eventually([] { return !isListenedTo(); })) << "the microphone is given up";
+        ASSERT_TRUE(eventually([] { return !isCaptured(); })) << "the microphone is given up";
         EXPECT_FALSE(focus::isOurs());
         const AudioIn other;
-        other.hear(0.1);  // what was on its way has come
-        const int heard = blocks.count();
-        other.hear(0.2);
-        EXPECT_EQ(blocks.count(), heard);
+        other.capture(0.1);  // what was on its way has come
+        const int before = blocks.count();
+        other.capture(0.2);
+        EXPECT_EQ(blocks.count(), before);
         alarm.kill();
         ASSERT_TRUE(blocks.moreCome()) << "capture is resumed";
         EXPECT_TRUE(focus::isOurs());
@@ -81,10 +81,10 @@ TYPED_TEST(ARealRecorder, GivesUpMicrophoneAndFocusWithItsEnd) {
         ASSERT_TRUE(blocks.moreCome());
     }
     EXPECT_TRUE(focus::isFree());
-    EXPECT_TRUE(eventually([] { return !isListenedTo(); }));
+    EXPECT_TRUE(eventually([] { return !isCaptured(); }));
 }
 
-TYPED_TEST(ARealRecorder, MayEndWhileAnotherHasTheFocus) {
+TYPED_TEST(ARealRecorder, MayEndWhileAnotherProcessHasTheFocus) {
     Blocks blocks;
     auto recorder = std::make_unique<TypeParam>();
     recorder->addListener(&blocks);
@@ -95,7 +95,7 @@ TYPED_TEST(ARealRecorder, MayEndWhileAnotherHasTheFocus) {
     recorder.reset();
     alarm.kill();
     EXPECT_TRUE(eventually(focus::isFree));
-    EXPECT_TRUE(eventually([] { return !isListenedTo(); }));
+    EXPECT_TRUE(eventually([] { return !isCaptured(); }));
 }
 
 }  // namespace

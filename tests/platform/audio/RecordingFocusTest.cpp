@@ -50,7 +50,7 @@ TEST_F(TheRecordingFocus, IsHeldFromItsAcquisitionToItsRelease) {
     EXPECT_FALSE(stream.holds());
     EXPECT_TRUE(isFree());
     settle();
-    EXPECT_THAT(stream->all(), IsEmpty()) << "what a stream does itself it is not told";
+    EXPECT_THAT(stream->all(), IsEmpty()) << "a stream gets no callback for its own calls";
 }
 
 TEST_F(TheRecordingFocus, LeavesThePlaybackFocusAlone) {
@@ -59,7 +59,7 @@ TEST_F(TheRecordingFocus, LeavesThePlaybackFocusAlone) {
     EXPECT_FALSE(gio::sessionBus().hasOwner("org.orvane.Focus.Playback"));
 }
 
-TEST_F(TheRecordingFocus, ShowsOnTheBusWhyItWasTaken) {
+TEST_F(TheRecordingFocus, ShowsItsReasonOnTheBus) {
     for (const auto type : {SOUND_STREAM_TYPE_VOICE_RECOGNITION, SOUND_STREAM_TYPE_MEDIA}) {
         Stream stream(true, type);
         ASSERT_EQ(stream.acquire(), 0);
@@ -67,7 +67,7 @@ TEST_F(TheRecordingFocus, ShowsOnTheBusWhyItWasTaken) {
     }
 }
 
-TEST_F(AStreamThatLosesTheFocus, IsToldByWhatAndGetsItBackWhenTheOtherProcessEnds) {
+TEST_F(AStreamThatLosesTheFocus, GetsTheReasonAndGetsItBackWhenTheOtherProcessEnds) {
     Stream stream;
     ASSERT_EQ(stream.acquire(), 0);
     Child alarm = holder(kAlarm);
@@ -79,7 +79,7 @@ TEST_F(AStreamThatLosesTheFocus, IsToldByWhatAndGetsItBackWhenTheOtherProcessEnd
     EXPECT_TRUE(stream.holds());
     EXPECT_TRUE(isOurs());
     EXPECT_EQ(static_cast<int>(audio::focusReasonOf(kName)), kVoice);
-    EXPECT_FALSE(stream->stray()) << "callbacks come on the sound manager's own thread";
+    EXPECT_FALSE(stream->stray()) << "callbacks run on the sound thread";
     EXPECT_THAT(stream->all(), ElementsAre(released(kAlarm), acquired(kAlarm)));
 }
 
@@ -131,7 +131,7 @@ TEST_F(AStreamThatLosesTheFocus, HasLostItToTheSystemWhenTheOtherGivesNoReason) 
     }
 }
 
-TEST_F(TheRecordingFocus, IsRefusedWhileSomebodyDoesNotGiveItUp) {
+TEST_F(TheRecordingFocus, IsRefusedWhileAnotherProgramDoesNotAllowReplacement) {
     Stream stream;
     Rival rival;
     ASSERT_EQ(rival.take(0), kPrimaryOwner);
@@ -139,7 +139,7 @@ TEST_F(TheRecordingFocus, IsRefusedWhileSomebodyDoesNotGiveItUp) {
     EXPECT_FALSE(stream.holds());
     EXPECT_EQ(stream.release(), SOUND_MANAGER_ERROR_INVALID_STATE);
     rival.giveBack();
-    EXPECT_TRUE(eventually(isFree)) << "who was refused does not wait";
+    EXPECT_TRUE(eventually(isFree)) << "a refused stream does not wait";
     EXPECT_EQ(stream.acquire(), 0);
 }
 
@@ -178,7 +178,7 @@ TEST_F(AStreamThatLosesTheFocus, StopsWaitingWhenItIsDestroyed) {
     EXPECT_FALSE(waitsAtTheBus());
 }
 
-TEST_F(AnAudioStream, MayGiveUpTheFocusWithinItsCallback) {
+TEST_F(AnAudioStream, MayReleaseTheFocusInItsCallback) {
     Stream stream;
     ASSERT_EQ(stream.acquire(), 0);
     int code = -1;
@@ -195,7 +195,7 @@ TEST_F(AnAudioStream, MayGiveUpTheFocusWithinItsCallback) {
     EXPECT_TRUE(isFree());
 }
 
-TEST_F(AnAudioStream, IsNotCalledBackAnyMoreOnceItIsDestroyed) {
+TEST_F(AnAudioStream, GetsNoCallbackAfterItIsDestroyed) {
     Stream stream;
     ASSERT_EQ(stream.acquire(), 0);
     std::promise<void> entered;
@@ -217,7 +217,7 @@ TEST_F(AnAudioStream, IsNotCalledBackAnyMoreOnceItIsDestroyed) {
     EXPECT_TRUE(leftBefore.get()) << "the destruction waits for the callback that runs";
 }
 
-TEST_F(AnAudioStream, HearsNothingOfItsOwnReleasesAndAcquisitionsHoweverFast) {
+TEST_F(AnAudioStream, GetsNoCallbackForItsOwnReleasesAndAcquisitionsHoweverFast) {
     Stream stream;
     for (int times = 0; times < 500; ++times) {
         ASSERT_EQ(stream.acquire(), 0);
@@ -227,7 +227,7 @@ TEST_F(AnAudioStream, HearsNothingOfItsOwnReleasesAndAcquisitionsHoweverFast) {
     EXPECT_THAT(stream->all(), IsEmpty());
 }
 
-TEST_F(AnAudioStream, KnowsWhoHasTheFocusAfterALongQuarrel) {
+TEST_F(AnAudioStream, KnowsTheHolderAfterALongQuarrel) {
     Stream stream;
     std::atomic<bool> ended{false};
     auto quarrel = std::async(std::launch::async, [&] {
@@ -255,7 +255,7 @@ TEST_F(AnAudioStream, KnowsWhoHasTheFocusAfterALongQuarrel) {
     }
 }
 
-TEST_F(AnAudioStream, RefusesWhatIsNoFocus) {
+TEST_F(AnAudioStream, RejectsInvalidArguments) {
     sound_stream_info_h stream = nullptr;
     ASSERT_EQ(sound_manager_create_stream_information(SOUND_STREAM_TYPE_MEDIA, nullptr, nullptr, &stream), 0);
     const auto none = static_cast<sound_stream_focus_mask_e>(0);
@@ -268,7 +268,7 @@ TEST_F(AnAudioStream, RefusesWhatIsNoFocus) {
     EXPECT_EQ(sound_manager_set_focus_reacquisition(nullptr, true), SOUND_MANAGER_ERROR_INVALID_PARAMETER);
 }
 
-TEST(WithoutABus, TheFocusCannotBeHadAndTheLogSaysSoOnce) {
+TEST(WithoutABus, TheFocusCannotBeAcquiredAndTheLogSaysSoOnce) {
     FILE* pipe = popen("DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere ORVANE_LOG=stderr " FOCUS_HOLDER " 6 2>&1", "r");
     std::string said;
     for (int letter = 0; (letter = fgetc(pipe)) != EOF;) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What callbacks have told a test, in their order, and on which thread.
+// What callbacks have reported to a test, in their order, and on which thread.
 #pragma once
 
 #include <chrono>
@@ -20,7 +20,7 @@ public:
         mStray = mStray || !process::shared<audio::SoundThread>().isCurrent();
         mChanged.notify_all();
     }
-    // False when it does not come within ten seconds.
+    // False when the report does not come within ten seconds.
     bool await(const Report& report) {
         std::unique_lock lock(mMutex);
         return mChanged.wait_for(lock, std::chrono::seconds(10), [&] {
@@ -36,7 +36,7 @@ public:
         std::lock_guard lock(mMutex);
         return mAll;
     }
-    // Something came on another thread than the sound room's own.
+    // Whether a callback ran on another thread than the sound thread.
     bool stray() {
         std::lock_guard lock(mMutex);
         return mStray;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A sound server that stands still just when it has told of a change.
+// A sound server that stands still after it has reported a change.
 #pragma once
 
 #include <functional>
@@ -10,14 +10,14 @@
 #include "process/Owner.h"
 #include "room/SoundRoom.h"
 
-// What `change` changes is looked at, on the sound thread, while the server does not answer. Returns when it answers
+// Lets the sound thread check what `change` changed while the server does not answer. Returns when the server answers
 // again.
 inline void standStillAfter(SoundRoom& room, const std::function<void()>& change) {
     std::promise<void> changed;
     std::promise<void> looked;
     process::shared<audio::SoundThread>().post([&] { changed.get_future().wait(); });
     change();
-    // The server tells of a change no later than with its second answer after it.
+    // The server reports a change at the latest before its second answer.
     audio::whatPlays();
     audio::whatPlays();
     room.freeze();

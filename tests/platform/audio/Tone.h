@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Tones for tests of sound: made, and looked for.
+// Creates tones and measures them.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ double amplitudeAt(double hertz, int rate, const Samples& samples);
 double level(const Samples& samples);
 // Left and right interleaved; the shorter decides.
 Samples stereo(const Samples& left, const Samples& right);
-// In a file of the test's own; the path.
+// Writes a file into the folder and returns its path.
 std::string wav(const std::string& folder, const std::string& name, int rate, int channels, const Samples& samples);
 
 }  // namespace tone

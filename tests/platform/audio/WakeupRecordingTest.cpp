@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sound that led to a wake-up, kept for those who tune the wake-up word.
+// The recordings of wake-word detections.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,21 +19,21 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// All that was posted to the sound thread before has been done.
+// Returns when everything posted to the sound thread is done.
 void settle() {
     std::promise<void> done;
     process::shared<audio::SoundThread>().post([&] { done.set_value(); });
     done.get_future().get();
 }
 
-class AWakeup : public testing::Test {
+class AWakeWordDetection : public testing::Test {
 protected:
-    AWakeup() : root(mkdtemp(mName)) {
+    AWakeWordDetection() : root(mkdtemp(mName)) {
         setenv("ORVANE_AUDIO_REPLAY", tone::wav(root, "room.wav", 16000, 1, tone::sine(440, 16000, 5)).c_str(), 1);
         setenv("ORVANE_AUDIO_REPLAY_PACE", "fast", 1);
         setenv("ORVANE_WAKEUP_RECORDINGS", (root + "/kept").c_str(), 1);
     }
-    ~AWakeup() override {
+    ~AWakeWordDetection() override {
         for (const char* name : {"ORVANE_AUDIO_REPLAY", "ORVANE_AUDIO_REPLAY_PACE", "ORVANE_WAKEUP_RECORDINGS"}) {
             unsetenv(name);
         }
@@ -56,9 +56,9 @@ protected:
 
 }  // namespace
 
-TEST_F(AWakeup, KeepsTheLastTwoSecondsUnderItsLevel) {
+TEST_F(AWakeWordDetection, KeepsTheLastTwoSecondsWithItsLevelInTheName) {
     const SpeechIn speech;
-    tone::Samples heard = speech.hear(3.2);
+    tone::Samples captured = speech.capture(3.2);
     EXPECT_EQ(sse_trigger_wakeup_word_recording(87), 0);
     settle();
     ASSERT_EQ(kept().size(), 1U);
@@ -68,13 +68,13 @@ TEST_F(AWakeup, KeepsTheLastTwoSecondsUnderItsLevel) {
     std::vector<float> samples(32000);
     file.read(samples.data(), samples.size());
     for (std::size_t i = 0; i < samples.size(); ++i) {
-        ASSERT_EQ(static_cast<int16_t>(samples[i] * 32768), heard[heard.size() - 32000 + i]) << i;
+        ASSERT_EQ(static_cast<int16_t>(samples[i] * 32768), captured[captured.size() - 32000 + i]) << i;
     }
 }
 
-TEST_F(AWakeup, KeepsNoMoreThanFifty) {
+TEST_F(AWakeWordDetection, KeepsNoMoreThanFifty) {
     const SpeechIn speech;
-    speech.hear(0.1);
+    speech.capture(0.1);
     for (int level = 0; level < 55; ++level) {
         sse_trigger_wakeup_word_recording(level);
     }
@@ -85,10 +85,10 @@ TEST_F(AWakeup, KeepsNoMoreThanFifty) {
     }
 }
 
-TEST_F(AWakeup, IsOneLineWhenItCannotBeKept) {
+TEST_F(AWakeWordDetection, IsOneLineInTheLogWhenItCannotBeKept) {
     setenv("ORVANE_WAKEUP_RECORDINGS", "/proc/nowhere", 1);
     const SpeechIn speech;
-    speech.hear(0.1);
+    speech.capture(0.1);
     testing::internal::CaptureStderr();
     sse_trigger_wakeup_word_recording(50);
     settle();
@@ -97,10 +97,10 @@ TEST_F(AWakeup, IsOneLineWhenItCannotBeKept) {
     EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
 }
 
-TEST_F(AWakeup, KeepsNothingUnlessAsked) {
+TEST_F(AWakeWordDetection, KeepsNothingWithoutAFolder) {
     unsetenv("ORVANE_WAKEUP_RECORDINGS");
     const SpeechIn speech;
-    speech.hear(0.1);
+    speech.capture(0.1);
     EXPECT_EQ(sse_trigger_wakeup_word_recording(50), 0);
     settle();
     EXPECT_FALSE(fs::exists(root + "/kept"));

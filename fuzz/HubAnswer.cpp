@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the hub server answers: JSON; and its address, which another application tells. The first byte says which.
+// A response of the hub (JSON), or the hub's address, which another application sends. The first byte selects one.
 #include <glib.h>
 
 #include <cstring>
@@ -24,8 +24,8 @@ using List = std::unique_ptr<GSList, FreeList>;
 template <std::size_t Size>
 void requireCut(const char (&field)[Size], const std::string& text) {
     const char* end = static_cast<const char*>(std::memchr(field, 0, Size));
-    require(end != nullptr, "a field has its end");
-    require(text.compare(0, end - field, field) == 0, "a field is a beginning of its text");
+    require(end != nullptr, "a field is terminated");
+    require(text.compare(0, end - field, field) == 0, "a field is a prefix of its text");
     if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr)) {
         require(g_utf8_validate(field, -1, nullptr), "a text is cut between characters");
     }
@@ -39,7 +39,7 @@ void readFamilies(const std::string& json) {
     for (const GSList* at = list.get(); at != nullptr; at = at->next, ++family) {
         const auto* record = static_cast<const ks_family_s*>(at->data);
         requireCut(record->family_name, family->name);
-        require(family->id == record->family_id, "an id arrives whole");
+        require(family->id == record->family_id, "an id is complete");
     }
 }
 
@@ -51,7 +51,7 @@ void readUsers(const std::string& json) {
     for (const GSList* at = list.get(); at != nullptr; at = at->next, ++user) {
         const auto* record = static_cast<const ks_family_user_s*>(at->data);
         requireCut(record->user_name, user->name);
-        require(user->id == record->user_id, "an id arrives whole");
+        require(user->id == record->user_id, "an id is complete");
     }
 }
 
@@ -74,7 +74,8 @@ void read(char what, const std::string& text) {
             return readUsers(text);
         default:
             require(!hub::readSessionToken(text).empty(), "a token is not empty");
-            require(curl::escaped(text).find_first_of("/?#\r\n ") == std::string::npos, "a part of a path stays one");
+            require(curl::escaped(text).find_first_of("/?#\r\n ") == std::string::npos,
+                    "an escaped text remains one part of a path");
     }
 }
 
@@ -87,7 +88,7 @@ void hubAnswer(std::string_view bytes) {
     try {
         read(bytes[0], std::string(bytes.substr(1)));
     } catch (const std::exception&) {
-        // An answer that is none is refused so.
+        // A wrong response is refused with an exception.
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The log of everything here: a million lines a minute are made and dropped.
+// Formats every line of the log and drops it.
 #include <dlog.h>
 
 #include <cstdarg>

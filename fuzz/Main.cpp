@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// One fuzzer: FUZZ_ENTRY is its entry.
+// A fuzzer of the entry FUZZ_ENTRY.
 #include "Entries.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

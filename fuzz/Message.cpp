@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What other applications send over the bus: GVariant bytes that nobody has checked. The first byte says whether they
-// are a request, a reply or the entries of a message.
+// Unchecked GVariant bytes that other applications send over the bus. The first byte selects a request, a reply, or the
+// entries of a port message.
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
@@ -38,11 +38,11 @@ T sent(const T& value) {
 bool readExtra(app_control_h request, const char* key, void*) noexcept {
     bool array = false;
     require(app_control_is_extra_data_array(request, key, &array) == APP_CONTROL_ERROR_NONE,
-            "a key that is walked is there");
+            "each key of the walk exists");
     char* value = nullptr;
     const int single = app_control_get_extra_data(request, key, &value);
     require(single == (array ? APP_CONTROL_ERROR_INVALID_DATA_TYPE : APP_CONTROL_ERROR_NONE),
-            "an extra is one or many");
+            "an extra is a single value or an array");
     std::free(value);
     char** values = nullptr;
     int length = 0;
@@ -56,15 +56,15 @@ void readRequest(std::string_view bytes) {
     app_control_s request = appfw::toRequest(variantOf(bytes, "(ssa(aybaay)s)"));
     app_control_foreach_extra_data(&request, readExtra, nullptr);
     const auto again = appfw::toExtras(sent(appfw::toWire(request.extras)));
-    require(again == request.extras, "extras arrive as they were sent");
+    require(again == request.extras, "extras survive a round trip");
 }
 
 void readReply(std::string_view bytes) {
     const auto reply = appfw::toReply(variantOf(bytes, "(sia(aybaay))"));
     require(reply.result >= APP_CONTROL_RESULT_CANCELED && reply.result <= APP_CONTROL_RESULT_APP_STARTED,
-            "a reply has a result that there is");
+            "a reply has a known result");
     const auto again = appfw::toExtras(sent(appfw::toWire(reply.extras)));
-    require(again == reply.extras, "extras arrive as they were sent");
+    require(again == reply.extras, "extras survive a round trip");
 }
 
 void readEntry(const char* key, int, const bundle_keyval_t* entry, void*) noexcept {
@@ -72,14 +72,14 @@ void readEntry(const char* key, int, const bundle_keyval_t* entry, void*) noexce
     size_t size = 0;
     const int code = bundle_keyval_get_basic_val(const_cast<bundle_keyval_t*>(entry), &value, &size);
     require(code == BUNDLE_ERROR_NONE && key != nullptr, "an entry has a key and a value");
-    require(size > 0 && static_cast<const char*>(value)[size - 1] == 0, "a value has its end");
+    require(size > 0 && static_cast<const char*>(value)[size - 1] == 0, "a value is terminated");
 }
 
 void readMessage(std::string_view bytes) {
     bundle_s message = appfw::toBundle(variantOf(bytes, "a(ayay)").as<appfw::Entries>());
     bundle_foreach(&message, readEntry, nullptr);
     const auto again = appfw::toBundle(sent(appfw::toEntries(message)));
-    require(again.entries == message.entries, "a message arrives as it was sent");
+    require(again.entries == message.entries, "a message survives a round trip");
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// JSON from outside, read with a bound on its nesting and size, so that no text can exhaust the stack or the memory.
+// Parses JSON from outside with limits on its depth and size, so that no text can exhaust the stack or the memory.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -11,7 +11,7 @@ namespace json {
 constexpr int kMaxDepth = 32;
 constexpr std::size_t kMaxBytes = std::size_t{1} << 20;
 
-// Throws std::exception with a text for the log on anything that is no such JSON.
+// Throws std::exception, with a text for the log, if the text is not JSON or exceeds a limit.
 inline nlohmann::json parseBounded(std::string_view text) {
     if (text.size() > kMaxBytes) {
         throw std::length_error("more than a megabyte of JSON");

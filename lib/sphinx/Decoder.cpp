@@ -15,10 +15,10 @@ namespace sphinx {
 
 namespace {
 
-// The library reports in text only, from whichever thread called it.
-thread_local std::string lastComplaint;
+// The library reports errors only as text, on the thread that called it.
+thread_local std::string lastError;
 
-void keepComplaint(void*, err_lvl_t level, const char* format, ...) noexcept {
+void keepError(void*, err_lvl_t level, const char* format, ...) noexcept {
     if (level < ERR_ERROR) {
         return;
     }
@@ -27,14 +27,14 @@ void keepComplaint(void*, err_lvl_t level, const char* format, ...) noexcept {
     va_start(arguments, format);
     std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    lastComplaint = text;
-    while (!lastComplaint.empty() && lastComplaint.back() == '\n') {
-        lastComplaint.pop_back();
+    lastError = text;
+    while (!lastError.empty() && lastError.back() == '\n') {
+        lastError.pop_back();
     }
 }
 
 [[noreturn]] void fail(const std::string& what) {
-    throw Error(lastComplaint.empty() ? what : what + ": " + lastComplaint);
+    throw Error(lastError.empty() ? what : what + ": " + lastError);
 }
 
 struct FreeConfig {
@@ -63,7 +63,7 @@ void quietLibrary() {
     static std::once_flag once;
     std::call_once(once, [] {
         err_set_logfp(nullptr);
-        err_set_callback(keepComplaint, nullptr);
+        err_set_callback(keepError, nullptr);
     });
 }
 
@@ -77,7 +77,7 @@ void Decoder::Free::operator()(ps_decoder_s* decoder) const noexcept {
 
 Decoder::Decoder(const Options& options) {
     quietLibrary();
-    lastComplaint.clear();
+    lastError.clear();
     Config config = makeConfig(options);
     mDecoder.reset(ps_init(config.get()));
     if (!mDecoder) {
@@ -90,21 +90,21 @@ Decoder::Decoder(const Options& options) {
 }
 
 Decoder::~Decoder() {
-    // The library leaks what an unfinished utterance holds.
+    // The library leaks the memory of an unfinished utterance.
     if (mRunning) {
         ps_end_utt(mDecoder.get());
     }
 }
 
 void Decoder::searchKeyphrases(const std::string& keyphraseFile) {
-    lastComplaint.clear();
+    lastError.clear();
     if (ps_set_kws(mDecoder.get(), kSearch, keyphraseFile.c_str()) < 0 || ps_set_search(mDecoder.get(), kSearch) < 0) {
         fail("bad key phrase");
     }
 }
 
 void Decoder::searchGrammar(const Fsg& grammar) {
-    lastComplaint.clear();
+    lastError.clear();
     if (ps_set_fsg(mDecoder.get(), kSearch, grammar.handle()) < 0 || ps_set_search(mDecoder.get(), kSearch) < 0) {
         fail("bad grammar");
     }
@@ -112,7 +112,7 @@ void Decoder::searchGrammar(const Fsg& grammar) {
 
 void Decoder::start() {
     finish();
-    lastComplaint.clear();
+    lastError.clear();
     if (!mInitialMean.empty()) {
         cmn_live_set(ps_get_feat(mDecoder.get())->cmn_struct, mInitialMean.data());
     }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owners of PocketSphinx's decoder and of its options. A decoder is used by one thread at a time; two decoders may run
-// on two threads.
+// Owner of PocketSphinx's decoder. One thread at a time uses a decoder; two decoders may run on two threads.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +14,7 @@ struct ps_decoder_s;
 
 namespace sphinx {
 
-// The decoder could not be built or refused its input; what() carries the library's own last complaint.
+// The decoder could not be created, or refused its input. what() contains the library's last error.
 struct Error : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -23,39 +22,39 @@ struct Error : std::runtime_error {
 // Command-line style options by name, without the leading dash.
 using Options = std::map<std::string, std::string>;
 
-// A word of the best path, with its frames (10 ms each, counted from the start of the utterance, both ends within it).
+// A word of the best path with its first and last frame. A frame lasts 10 ms.
 struct Segment {
     std::string word;
     int firstFrame = 0;
     int lastFrame = 0;
-    int probability = 0;  // log domain, of the search at hand
+    int probability = 0;  // logarithm, in the decoder's base
 };
 
 class Fsg;
 
 class Decoder {
 public:
-    // Reads the models, which takes from tens of milliseconds to seconds. Throws Error.
+    // Loads the models, which takes from tens of milliseconds to seconds. Throws Error.
     explicit Decoder(const Options& options);
     ~Decoder();
     Decoder(const Decoder&) = delete;
     Decoder& operator=(const Decoder&) = delete;
 
-    // The searches are exclusive: the last one set is the one that runs. Throw Error.
+    // Each replaces the search before. Throw Error.
     void searchKeyphrases(const std::string& keyphraseFile);
     void searchGrammar(const Fsg& grammar);
 
-    // Begins an utterance; forgets speaker and room of the one before, ended or not.
+    // Begins an utterance. Resets the adaptation to the person and the room.
     void start();
-    // `whole`: these are all samples of the utterance, so that it is normalised as a whole.
+    // `whole`: these are all samples of the utterance, so they are normalized together.
     void accept(const int16_t* samples, std::size_t count, bool whole = false);
-    // Does nothing when no utterance has begun.
+    // Does nothing if no utterance has begun.
     void finish();
 
-    // The best text until now, empty when there is none.
+    // The best text so far; empty if there is none.
     std::string text() const;
     std::vector<Segment> segments() const;
-    // A probability of the log domain as the natural logarithm.
+    // Converts a probability to the natural logarithm.
     double naturalLog(int probability) const;
 
     ps_decoder_s* handle() const { return mDecoder.get(); }
@@ -66,7 +65,7 @@ private:
     };
     std::unique_ptr<ps_decoder_s, Free> mDecoder;
     bool mRunning = false;
-    std::vector<float> mInitialMean;  // of the sound's spectrum, as the model came with it
+    std::vector<float> mInitialMean;  // of the spectrum, from the model
 };
 
 }  // namespace sphinx

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Words and how they sound. Only the words in use are handed to a decoder: 13 MB of memory instead of 35.
+// Words and their pronunciations. A decoder gets only the words in use: that takes 13 MB of memory instead of 35.
 #pragma once
 
 #include <map>
@@ -12,8 +12,8 @@ namespace sphinx {
 // Phones separated by blanks, as "HH EY"; a word may have several.
 using Pronunciations = std::map<std::string, std::vector<std::string>>;
 
-// Reads the wanted words from a dictionary file of lines "word PHONES" and "word(2) PHONES". Words that it lacks are
-// absent from the answer. False when the file cannot be read.
+// Adds the pronunciations of these words from a dictionary file with lines "word PHONES" and "word(2) PHONES". False if
+// the file cannot be read.
 bool readPronunciations(const std::string& file, const std::set<std::string>& words, Pronunciations& found);
 
 // The same words as the text of a dictionary file.
@@ -22,7 +22,7 @@ std::string dictionaryText(const Pronunciations& words);
 // The name under which a decoder knows a word's n-th pronunciation (counted from 0).
 std::string variantName(const std::string& word, std::size_t variant);
 
-// The phones of American English that the model tells apart, without silence.
+// The phones of the model for American English, without silence.
 const std::vector<std::string>& phones();
 bool isPhoneSequence(const std::string& phonesText);
 

@@ -10,7 +10,7 @@ namespace sphinx {
 
 namespace {
 
-// How much the grammar weighs against the sound, as the decoder's option "lw" does for a language model.
+// The weight of the grammar relative to the sound, as in the decoder's option "lw".
 constexpr float kLanguageWeight = 1.0F;
 
 struct FreeList {

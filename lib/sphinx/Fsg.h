@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owner of a finite-state grammar being built.
+// Builds a finite-state grammar and owns it.
 #pragma once
 
 #include <memory>
@@ -13,13 +13,13 @@ class Decoder;
 
 class Fsg {
 public:
-    // States are numbered from 0. The weights are in the decoder's own base.
+    // States are numbered from 0. The weights use the decoder's base of logarithms.
     Fsg(const Decoder& decoder, int states, int start, int final);
 
-    // An arc that speaks `word`, or no word. probability: 0 (excluded) to 1.
+    // Add an arc with or without a word. probability: 0 (never) to 1.
     void addWord(int from, int to, const std::string& word, double probability = 1.0);
     void addSilent(int from, int to, double probability = 1.0);
-    // After the last arc, before use.
+    // Call it after the last arc.
     void close();
 
     fsg_model_s* handle() const { return mModel.get(); }

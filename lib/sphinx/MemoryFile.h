@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A nameless file for text that the decoder reads from a path only.
+// A file in memory, for text that the decoder reads only from a path.
 #pragma once
 
 #include <sys/mman.h>
@@ -21,7 +21,7 @@ public:
     MemoryFile(const MemoryFile&) = delete;
     MemoryFile& operator=(const MemoryFile&) = delete;
 
-    // Valid in this process while the object lives.
+    // Valid in this process during the object's lifetime.
     std::string path() const { return "/proc/self/fd/" + std::to_string(mDescriptor); }
 
 private:

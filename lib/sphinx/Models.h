@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
-// Where acoustic and language models are installed.
+// The locations of acoustic and language models.
 #pragma once
 
 #include <string>
 
 namespace sphinx {
 
-// An absolute path stays; another is one below the model folder: ORVANE_MODEL_ROOT, or where Debian installs
-// PocketSphinx's models.
+// Makes a path absolute. A relative one starts at the model folder: ORVANE_MODEL_ROOT, or the folder in which Debian
+// installs PocketSphinx's models.
 std::string modelPath(const std::string& path);
 
-// Whether the folder holds what an acoustic model needs.
+// Whether the folder has all files of an acoustic model.
 bool isAcousticModel(const std::string& folder);
 
 }  // namespace sphinx

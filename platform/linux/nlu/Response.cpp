@@ -16,7 +16,7 @@ Text text(const json& object, const char* key) {
     return found != object.end() && found->is_string() ? Text(found->get<std::string>()) : std::nullopt;
 }
 
-// Null unless there is an object of that name.
+// Null unless the member is an object.
 const json* part(const json& object, const char* key) {
     const auto found = object.find(key);
     return found != object.end() && found->is_object() ? &*found : nullptr;
@@ -41,7 +41,7 @@ vrp_action_data_s actionData(const json& object) {
 vrp_response_data_s parseResponse(const char* textOfJson) {
     const json root = ::json::parseBounded(textOfJson);
     if (!root.is_object()) {
-        throw std::invalid_argument("no JSON object");
+        throw std::invalid_argument("not a JSON object");
     }
     vrp_response_data_s response{text(root, "action_type"), text(root, "agent"), text(root, "action_name"), {}};
     if (const json* data = part(root, "action_data")) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// An NLU result taken apart. docs/understanding.md shows the JSON.
+// A parsed NLU result. docs/understanding.md describes the JSON.
 #pragma once
 
 #include <optional>
@@ -32,8 +32,7 @@ struct vrp_response_data_s {
 
 namespace nlu {
 
-// Whatever is missing or of another type is absent from the answer. Throws std::exception when the text is no JSON
-// object.
+// A part that is missing or has another type is absent. Throws std::exception if the text is not a JSON object.
 vrp_response_data_s parseResponse(const char* json);
 
 }  // namespace nlu

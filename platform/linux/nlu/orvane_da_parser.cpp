@@ -9,7 +9,7 @@
 
 namespace {
 
-// A copy for the caller, who frees it with free(). A zero within ends it, as in every C string.
+// Copies the text for the caller, who frees it with free(). A zero byte in the text ends the copy.
 int copyText(const Text& text, char** out) {
     *out = nullptr;
     if (!text) {

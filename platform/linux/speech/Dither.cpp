@@ -6,7 +6,7 @@
 namespace speech {
 
 int Dither::noise() {
-    // Xorshift: repeatable, so that the same recording gives the same words.
+    // Xorshift, which is repeatable, so that the same recording gives the same result.
     mState ^= mState << 13;
     mState ^= mState >> 17;
     mState ^= mState << 5;

@@ -9,11 +9,11 @@ namespace speech {
 
 namespace {
 
-// All levels are of the sound without its lows (hum, a compressor), in dB of full scale.
+// All levels are in dB of full scale, without low frequencies (hum, a compressor).
 constexpr double kQuietestFloor = -72;
 constexpr double kLoudestFloor = -30;
 constexpr double kFirstFloor = -60;
-// Per frame of 10 ms: the estimate follows a quieter room within a few frames and a louder one within some seconds.
+// For each step of 10 ms. The estimate follows a quieter room within a few steps, and a louder room within seconds.
 constexpr double kFallShare = 0.2;
 constexpr double kRiseDb = 0.02;
 // A click is shorter than any sound of speech.

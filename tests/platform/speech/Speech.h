@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Speech made by flite, as samples of 16 kHz.
+// Speech that flite synthesizes, as 16 kHz samples.
 #pragma once
 
 #include <cstdint>
@@ -10,10 +10,10 @@ namespace speech {
 
 using Samples = std::vector<int16_t>;
 
-// The voices that the recognition is held to.
+// The voices of the recognition tests.
 inline const std::vector<std::string> kVoices{"slt", "awb", "rms", "kal16"};
 
-// Throws std::runtime_error when flite is missing or fails. Each text is spoken once a process.
+// Synthesizes each text once in each process. Throws std::runtime_error if flite is missing or fails.
 const Samples& say(const std::string& voice, const std::string& text);
 
 // Digital silence.

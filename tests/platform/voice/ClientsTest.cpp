@@ -6,7 +6,7 @@
 
 #include <atomic>
 
-#include "VoiceRoom.h"
+#include "VoiceHarness.h"
 #include "dbus/Interfaces.h"
 #include "gio/IoThread.h"
 #include "support/OwnConnection.h"
@@ -57,7 +57,7 @@ private:
 class AResult : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(mRoom.makeReady());
+        ASSERT_TRUE(mVoice.makeReady());
         mRecipes.registerFor({"Recipe"});
         mOther.registerFor({"Recipe", "Clock"});
         mClock.registerFor({"Clock"});
@@ -68,14 +68,14 @@ protected:
         mOther.leave();
         mClock.leave();
         EXPECT_TRUE(
-            mRoom.runUntil([] { return voice::clientsFor("Recipe").empty() && voice::clientsFor("Clock").empty(); }));
+            mVoice.runUntil([] { return voice::clientsFor("Recipe").empty() && voice::clientsFor("Clock").empty(); }));
     }
 
     void hear(const std::string& sentence) {
         microphone::speak(join({silence(0.4), speech::say("rms", sentence)}));
         microphone::fallSilent();
         ASSERT_EQ(vc_mgr_start(false), VC_ERROR_NONE);
-        ASSERT_TRUE(mRoom.runUntilEvent("service 3->1"));
+        ASSERT_TRUE(mVoice.runUntilEvent("service 3->1"));
         letResultsArrive();
     }
 
@@ -88,7 +88,7 @@ protected:
         gio::IoThread::get().run([] {});  // what has arrived is handled
     }
 
-    VoiceRoom mRoom;
+    VoiceHarness mVoice;
     Application mRecipes;
     Application mOther;
     Application mClock;
@@ -96,16 +96,16 @@ protected:
 
 TEST_F(AResult, GoesToEveryApplicationThatRegisteredForItsAgent) {
     hear("read out the recipe");
-    EXPECT_TRUE(mRoom.runUntil([&] { return mRecipes.results == 1 && mOther.results == 1; }));
+    EXPECT_TRUE(mVoice.runUntil([&] { return mRecipes.results == 1 && mOther.results == 1; }));
     EXPECT_EQ(mClock.results, 0);
     EXPECT_EQ(mRecipes.text, "read out the recipe");
     EXPECT_THAT(mRecipes.json, HasSubstr("\"action_name\":\"Read Out\""));
-    EXPECT_THAT(mRoom.pids, testing::ElementsAre(getpid(), getpid()));
-    EXPECT_EQ(mRoom.jsons.at(0), mRoom.jsons.at(1));
+    EXPECT_THAT(mVoice.pids, testing::ElementsAre(getpid(), getpid()));
+    EXPECT_EQ(mVoice.jsons.at(0), mVoice.jsons.at(1));
 }
 
 TEST_F(AResult, GoesOnlyToTheCommandsThatAreSelected) {
-    mRoom.inResult = [](vc_cmd_list_h list) {
+    mVoice.inResult = [](vc_cmd_list_h list) {
         vc_cmd_h first = nullptr;
         vc_cmd_list_first(list);
         vc_cmd_list_get_current(list, &first);
@@ -114,18 +114,18 @@ TEST_F(AResult, GoesOnlyToTheCommandsThatAreSelected) {
         return false;
     };
     hear("read out the recipe");
-    EXPECT_TRUE(mRoom.runUntil([&] { return mOther.results == 1; }));
+    EXPECT_TRUE(mVoice.runUntil([&] { return mOther.results == 1; }));
     EXPECT_EQ(mRecipes.results, 0);
 }
 
 TEST_F(AResult, CarriedOutByTheServiceGoesToNobody) {
-    mRoom.inResult = [](vc_cmd_list_h) { return true; };
+    mVoice.inResult = [](vc_cmd_list_h) { return true; };
     hear("what time is it");
     EXPECT_EQ(mClock.results + mOther.results, 0);
 }
 
-TEST_F(AResult, CancelledByTheServiceGoesToNobodyEvenWhenSelected) {
-    mRoom.inResult = [](vc_cmd_list_h list) {
+TEST_F(AResult, CanceledByTheServiceGoesToNobodyEvenWhenSelected) {
+    mVoice.inResult = [](vc_cmd_list_h list) {
         vc_mgr_cancel();
         vc_mgr_set_selected_results(list);
         return false;
@@ -136,10 +136,10 @@ TEST_F(AResult, CancelledByTheServiceGoesToNobodyEvenWhenSelected) {
 
 TEST_F(AResult, GoesNoMoreToAnApplicationThatHasLeft) {
     mRecipes.leave();
-    ASSERT_TRUE(mRoom.runUntil([] { return voice::clientsFor("Recipe").size() == 1; }));
+    ASSERT_TRUE(mVoice.runUntil([] { return voice::clientsFor("Recipe").size() == 1; }));
     hear("read out the recipe");
-    EXPECT_TRUE(mRoom.runUntil([&] { return mOther.results == 1; }));
-    EXPECT_THAT(mRoom.pids, testing::ElementsAre(getpid()));
+    EXPECT_TRUE(mVoice.runUntil([&] { return mOther.results == 1; }));
+    EXPECT_THAT(mVoice.pids, testing::ElementsAre(getpid()));
 }
 
 TEST_F(AResult, GoesOnceToAnApplicationThatRegistersAgainForOtherAgents) {

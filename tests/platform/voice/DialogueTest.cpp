@@ -5,9 +5,9 @@
 
 namespace {
 
-using voice::CommandFile;
 using voice::Dialogue;
 using voice::Intent;
+using voice::SentenceFile;
 
 class ARecipeDialogue : public testing::Test {
 protected:
@@ -26,7 +26,7 @@ protected:
         return intent.actionName;
     }
 
-    CommandFile mCommands;
+    SentenceFile mCommands;
     Dialogue mDialogue;
     std::string mPackage;
 };

@@ -6,7 +6,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
-#include "VoiceRoom.h"
+#include "VoiceHarness.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ struct Spoken {
     const char* field;  // "name=value" of the result's data, or empty
 };
 
-// Ten commands of every kind, in every voice.
+// Commands of every kind, in every voice.
 const std::vector<Spoken> kCommands{
     {"go to home screen", "Launch Apps", "Go to Home Screen", ""},
     {"open the music player", "Launch Apps", "Open App", "package=org.orvane.sim.music"},
@@ -53,27 +53,27 @@ bool isUnderstood(const json& result, const Spoken& spoken) {
 
 class EveryVoice : public testing::TestWithParam<std::string> {
 protected:
-    void SetUp() override { ASSERT_TRUE(mRoom.makeReady()); }
+    void SetUp() override { ASSERT_TRUE(mVoice.makeReady()); }
 
-    // The result of one utterance, null when it was rejected.
-    json hear(const std::string& sentence) {
-        mRoom.events.clear();
-        mRoom.jsons.clear();
+    // The result of one utterance; null for a rejection.
+    json recognize(const std::string& sentence) {
+        mVoice.events.clear();
+        mVoice.jsons.clear();
         vc_mgr_set_private_data("Request", "resetSession");
         microphone::speak(join({silence(0.5), say(GetParam(), sentence), silence(1.5)}));
         EXPECT_EQ(vc_mgr_start(false), VC_ERROR_NONE);
-        EXPECT_TRUE(mRoom.runUntilEvent("service 3->1"));
+        EXPECT_TRUE(mVoice.runUntilEvent("service 3->1"));
         microphone::reset();
-        return mRoom.jsons.empty() ? json() : json::parse(mRoom.jsons[0]);
+        return mVoice.jsons.empty() ? json() : json::parse(mVoice.jsons[0]);
     }
 
-    VoiceRoom mRoom;
+    VoiceHarness mVoice;
 };
 
 TEST_P(EveryVoice, IsUnderstood) {
     std::size_t understood = 0;
     for (const Spoken& spoken : kCommands) {
-        const json result = hear(spoken.sentence);
+        const json result = recognize(spoken.sentence);
         if (isUnderstood(result, spoken)) {
             ++understood;
         } else {
@@ -84,25 +84,25 @@ TEST_P(EveryVoice, IsUnderstood) {
     EXPECT_GE(understood + 1, kCommands.size());
 }
 
-TEST_P(EveryVoice, CanSearchForAnything) {
-    const json result = hear("search for chocolate cake");
+TEST_P(EveryVoice, CanSearchForAnyWords) {
+    const json result = recognize("search for chocolate cake");
     EXPECT_EQ(result.value("agent", ""), "WebSearch");
     EXPECT_EQ(result.value("action_name", ""), "Web Search");
     EXPECT_EQ(result.at("action_data").at("web_search").at("search_term"), "chocolate cake");
     EXPECT_EQ(result.at("action_data").at("web_search").at("provider"), "google");
 }
 
-TEST_P(EveryVoice, IsRejectedWhenItSaysNoCommand) {
-    const std::vector<std::string> strange{"the coffee is almost ready", "who left the window open all night",
-                                           "it is so good to see you all again", "could you hand me the orange juice",
-                                           "the quick brown fox jumps over the lazy dog"};
+TEST_P(EveryVoice, IsRejectedWhenItSaysSomethingElse) {
+    const std::vector<std::string> other{"the coffee is almost ready", "who left the window open all night",
+                                         "it is so good to see you all again", "could you hand me the orange juice",
+                                         "the quick brown fox jumps over the lazy dog"};
     std::size_t rejected = 0;
-    for (const std::string& sentence : strange) {
-        hear(sentence);
-        rejected += mRoom.count("rejected") == 1 ? 1 : 0;
+    for (const std::string& sentence : other) {
+        recognize(sentence);
+        rejected += mVoice.count("rejected") == 1 ? 1 : 0;
     }
-    std::cout << GetParam() << ": " << rejected << " of " << strange.size() << " other sentences rejected\n";
-    EXPECT_GE(rejected + 1, strange.size());
+    std::cout << GetParam() << ": " << rejected << " of " << other.size() << " other sentences rejected\n";
+    EXPECT_GE(rejected + 1, other.size());
 }
 
 INSTANTIATE_TEST_SUITE_P(Flite, EveryVoice, testing::ValuesIn(speech::kVoices),

@@ -13,14 +13,14 @@ using nlohmann::json;
 class TheInstalledSentences : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(voice::readCommands(ORVANE_DATA "/voice/data/preloaded_commands.txt", mCommands));
+        ASSERT_TRUE(voice::readSentenceFile(ORVANE_DATA "/voice/data/preloaded_commands.txt", mCommands));
     }
     json understand(const std::string& sentence) {
         const auto intent = voice::understand(sentence, mCommands, mDialogue);
         return intent ? json::parse(voice::toJson(*intent, sentence)) : json();
     }
 
-    voice::CommandFile mCommands;
+    voice::SentenceFile mCommands;
     voice::Dialogue mDialogue;
 };
 

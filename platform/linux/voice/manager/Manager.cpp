@@ -7,8 +7,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "Command.h"
-#include "Settings.h"
+#include "Clients.h"
 #include "dlog.h"
 #include "mainloop/MainLoopPost.h"
 #include "voice/Understanding.h"
@@ -17,34 +16,18 @@ namespace voice {
 
 namespace {
 
-// How far above the room's noise speech must be; with loud media more, so that a song is not taken for a person.
+// How much louder than the room's noise speech must be; more while loud media plays, so that a song is not taken for
+// speech.
 constexpr double kSpeechMarginDb = 9;
 constexpr double kMediaMarginDb = 6;
 constexpr int kLoudestMedia = 15;  // the media type's highest level
 
 }  // namespace
 
-// The result as a list of commands: one for each client, or one of the service's own.
-struct Manager::ResultCommands {
-    ResultCommands(std::vector<Client> to, const std::string& sentence, const std::string& json)
-        : clients(std::move(to)), commands(std::max<std::size_t>(clients.size(), 1)) {
-        for (std::size_t i = 0; i < commands.size(); ++i) {
-            commands[i].text = sentence;
-            commands[i].json = json;
-            commands[i].pid = i < clients.size() ? clients[i].pid : getpid();
-            list.commands.push_back(&commands[i]);
-        }
-    }
-
-    std::vector<Client> clients;
-    std::vector<vc_cmd_s> commands;
-    vc_cmd_list_s list;
-};
-
 Manager::Manager() {
     serveClients();
-    Settings::get().refresh();
-    Settings::get().observe([this](const std::string& before, const std::string& now) {
+    mSettings.refresh();
+    mSettings.observe([this](const std::string& before, const std::string& now) {
         post([this, before, now] {
             if (callbacks.languageChanged) {
                 callbacks.languageChanged(before.c_str(), now.c_str());
@@ -55,11 +38,11 @@ Manager::Manager() {
 
 Manager::~Manager() {
     *mAlive = false;
-    Settings::get().observe(nullptr);
-    if (mSession) {
-        mSession->cancel();
+    mSettings.observe(nullptr);
+    if (mUtterance) {
+        mUtterance->cancel();
     }
-    mThreads.clear();  // waits
+    mThreads.join();
 }
 
 void Manager::post(std::function<void()> work) {
@@ -72,7 +55,7 @@ void Manager::post(std::function<void()> work) {
 
 void Manager::postFor(Number utterance, std::function<void()> work) {
     post([this, utterance, work = std::move(work)] {
-        if (mSession && mUtterance == utterance) {
+        if (isCurrent(utterance)) {
             work();
         }
     });
@@ -88,28 +71,28 @@ int Manager::prepare() {
 }
 
 void Manager::load() {
-    reap();
-    if (!mSession) {
-        mSessionEngine = {};  // the old models go before the new ones come
+    mThreads.reap();
+    if (!mUtterance) {
+        mUtteranceEngine = {};  // frees the old models before the new ones are loaded
     }
     const Number number = ++mLastLoad;
-    std::promise<std::shared_ptr<Engine>> answer;
-    mEngine = answer.get_future().share();
-    mThreads.push_back(std::async(std::launch::async, [this, number, language = Settings::get().current(),
-                                                       file = mCommandFile, answer = std::move(answer)]() mutable {
-        const speech::MemoryReturn memoryReturn;
-        const auto engine = loadEngine(language, file);
-        answer.set_value(engine);
-        post([this, number, ok = engine != nullptr] { loaded(number, ok); });
-    }));
+    const auto engine = std::make_shared<std::promise<std::shared_ptr<Engine>>>();
+    mEngine = engine->get_future().share();
+    mThreads.start("the thread that loads the recognizer",
+                   [this, number, language = mSettings.current(), file = mSentenceFile, engine] {
+                       const speech::MemoryReturn memoryReturn;
+                       const auto loadedEngine = loadEngine(language, file);
+                       engine->set_value(loadedEngine);
+                       post([this, number, ok = loadedEngine != nullptr] { loaded(number, ok); });
+                   });
 }
 
 void Manager::loaded(Number load, bool ok) {
     if (load != mLastLoad) {
-        return;  // a newer one is on its way
+        return;  // a newer load is in progress
     }
     if (!ok) {
-        report(VC_ERROR_ENGINE_NOT_FOUND, "No speech recognizer");
+        reportError(VC_ERROR_ENGINE_NOT_FOUND, "No speech recognizer");
         setState(VC_STATE_INITIALIZED);
         return;
     }
@@ -119,19 +102,12 @@ void Manager::loaded(Number load, bool ok) {
     }
 }
 
-void Manager::reap() {
-    const auto isOver = [](const std::future<void>& thread) {
-        return thread.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-    };
-    mThreads.erase(std::remove_if(mThreads.begin(), mThreads.end(), isOver), mThreads.end());
-}
-
-int Manager::setCommandFile(const std::string& path) {
+int Manager::setSentenceFile(const std::string& path) {
     if (access(path.c_str(), R_OK) != 0) {
         dlog_print(DLOG_ERROR, "orvane-voice", "cannot read %s", path.c_str());
         return VC_ERROR_IO_ERROR;
     }
-    mCommandFile = path;
+    mSentenceFile = path;
     if (mPrepared) {
         load();
     }
@@ -164,25 +140,24 @@ int Manager::setMode(vc_recognition_mode_e mode) {
     return VC_ERROR_NONE;
 }
 
-SessionSettings Manager::sessionSettings() const {
+UtteranceSettings Manager::utteranceSettings() const {
     return {mMode == VC_RECOGNITION_MODE_STOP_BY_SILENCE,
             kSpeechMarginDb + kMediaMarginDb * mMediaVolume / kLoudestMedia};
 }
 
 int Manager::start() {
-    if (mState != VC_STATE_READY || mSession) {
+    if (mState != VC_STATE_READY || mUtterance) {
         return VC_ERROR_INVALID_STATE;
     }
-    reap();
     mErrorMessage.clear();
-    mSessionEngine = mEngine;
-    mSession = std::make_shared<Session>(mSessionEngine, sessionSettings(), eventsFor(++mUtterance));
-    mThreads.push_back(std::async(std::launch::async, [session = mSession] { session->run(); }));
+    mUtteranceEngine = mEngine;
+    mUtterance = std::make_shared<Utterance>(mUtteranceEngine, utteranceSettings(), eventsFor(++mUtteranceNumber));
+    mThreads.start("the utterance's thread", [utterance = mUtterance] { utterance->run(); });
     return VC_ERROR_NONE;
 }
 
-SessionEvents Manager::eventsFor(Number utterance) {
-    SessionEvents events;
+UtteranceEvents Manager::eventsFor(Number utterance) {
+    UtteranceEvents events;
     events.recording = [=] { postFor(utterance, [this] { setServiceState(VC_SERVICE_STATE_RECORDING); }); };
     events.speech = [=] {
         postFor(utterance, [this] {
@@ -205,19 +180,19 @@ SessionEvents Manager::eventsFor(Number utterance) {
 }
 
 int Manager::stop() {
-    if (!mSession || mServiceState == VC_SERVICE_STATE_PROCESSING) {
+    if (!mUtterance || mServiceState == VC_SERVICE_STATE_PROCESSING) {
         return VC_ERROR_INVALID_STATE;
     }
-    mSession->finish();
+    mUtterance->finish();
     return VC_ERROR_NONE;
 }
 
 int Manager::cancel() {
-    if (!mSession) {
+    if (!mUtterance) {
         return VC_ERROR_INVALID_STATE;
     }
-    mSession->cancel();
-    mSession.reset();
+    mUtterance->cancel();
+    mUtterance.reset();
     post([this] { becomeReady(); });
     return VC_ERROR_NONE;
 }
@@ -242,7 +217,7 @@ void Manager::setServiceState(vc_service_state_e state) {
     }
 }
 
-void Manager::report(vc_error_e reason, const std::string& message) {
+void Manager::reportError(vc_error_e reason, const std::string& message) {
     mErrorMessage = message;
     dlog_print(DLOG_ERROR, "orvane-voice", "%s", message.c_str());
     if (callbacks.error) {
@@ -251,75 +226,36 @@ void Manager::report(vc_error_e reason, const std::string& message) {
 }
 
 void Manager::fail(const std::string& what) {
-    // Who waits for an utterance judges its failure by the way back from Recording.
+    // The product expects a failure between Recording and Ready.
     if (mServiceState == VC_SERVICE_STATE_READY) {
         setServiceState(VC_SERVICE_STATE_RECORDING);
     }
-    if (!mSession) {
-        return;  // cancelled in that callback
+    if (!mUtterance) {
+        return;  // that callback has canceled the utterance
     }
-    mSession.reset();
-    report(VC_ERROR_OPERATION_FAILED, what);
+    mUtterance.reset();
+    reportError(VC_ERROR_OPERATION_FAILED, what);
     setServiceState(VC_SERVICE_STATE_READY);
 }
 
-void Manager::done(Number utterance, const std::string& sentence) {
-    // The sentences that the recognizer knew; there may be newer ones by now.
-    const auto intent = understand(sentence, mSessionEngine.get()->commands, mDialogue);
+void Manager::done(Number utterance, const std::string& text) {
+    // With the sentences that the recognizer used, although newer ones may be loaded by now.
+    const auto intent = understand(text, mUtteranceEngine.get()->commands, mDialogue);
     if (intent && callbacks.preResult) {
-        callbacks.preResult(VC_PRE_RESULT_EVENT_FINAL, sentence.c_str());
+        callbacks.preResult(VC_PRE_RESULT_EVENT_FINAL, text.c_str());
     }
-    if (!mSession || mUtterance != utterance) {
+    if (!isCurrent(utterance)) {
         return;
     }
-    mInResult = true;
-    mSelected = false;
     if (intent) {
-        deliver(utterance, *intent, sentence);
+        mDelivery.deliver(callbacks.allResult, *intent, text, [=] { return isCurrent(utterance); });
     } else {
-        reject();
+        mDelivery.reject(callbacks.allResult);
     }
-    mInResult = false;
-    if (mSession && mUtterance == utterance) {
-        mSession.reset();
+    if (isCurrent(utterance)) {
+        mUtterance.reset();
         post([this] { becomeReady(); });
     }
-}
-
-void Manager::reject() {
-    vc_cmd_list_s none;
-    if (callbacks.allResult) {
-        callbacks.allResult(VC_RESULT_EVENT_REJECTED, &none, "", "No command fits what was said");
-    }
-}
-
-void Manager::deliver(Number utterance, const Intent& intent, const std::string& sentence) {
-    const std::string json = toJson(intent, sentence);
-    ResultCommands result(clientsFor(intent.agent), sentence, json);
-    const bool carriedOut =
-        callbacks.allResult && callbacks.allResult(VC_RESULT_EVENT_RESULT_SUCCESS, &result.list, sentence.c_str(), "");
-    const bool cancelled = !mSession || mUtterance != utterance;
-    if (cancelled || (carriedOut && !mSelected)) {
-        return;
-    }
-    for (std::size_t i = 0; i < result.clients.size(); ++i) {
-        const bool chosen = std::find(mSelection.begin(), mSelection.end(), &result.commands[i]) != mSelection.end();
-        if (!mSelected || chosen) {
-            deliverResult(result.clients[i], sentence, json);
-        }
-    }
-}
-
-int Manager::select(vc_cmd_list_h list) {
-    if (!list) {
-        return VC_ERROR_INVALID_PARAMETER;
-    }
-    if (!mInResult) {
-        return VC_ERROR_INVALID_STATE;
-    }
-    mSelected = true;
-    mSelection = list->commands;
-    return VC_ERROR_NONE;
 }
 
 }  // namespace voice

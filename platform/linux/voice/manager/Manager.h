@@ -1,54 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
-// The session with the recognizer, as the voice interface shows it. Everything here runs on the main loop, where all
-// callbacks come too, never from within a call of the interface.
+// The state machine of the voice-control interface. Everything runs on the main loop. It makes all callbacks there too,
+// but never within a call of the interface.
 //
-// Two kinds of threads work for it: one at a time loads models (its answer is a future that utterances wait for), and
-// each utterance has its own (Session.h). What they have to say is posted to the main loop with the number of the
-// utterance it belongs to, and dropped there when that one is over.
+// Other threads load the models, one load for each, and run the utterances (Utterance.h). They post their events to the
+// main loop, which drops the events of an utterance that is over.
 #pragma once
 
 #include <cstdint>
 #include <functional>
-#include <future>
 #include <memory>
 #include <string>
-#include <vector>
 
-#include "Clients.h"
+#include "Callbacks.h"
+#include "ResultDelivery.h"
+#include "Settings.h"
+#include "Threads.h"
+#include "process/Owner.h"
 #include "voice/Dialogue.h"
 #include "voice/Engine.h"
-#include "voice/Session.h"
-#include "voice_control_manager.h"
+#include "voice/Utterance.h"
 
 namespace voice {
-
-// A callback of the interface with its user data.
-template <typename Function>
-struct Callback {
-    Function function = nullptr;
-    void* userData = nullptr;
-
-    explicit operator bool() const { return function != nullptr; }
-    template <typename... Arguments>
-    auto operator()(Arguments... arguments) const {
-        return function(arguments..., userData);
-    }
-};
-
-struct Callbacks {
-    Callback<vc_state_changed_cb> state;
-    Callback<vc_mgr_service_state_changed_cb> serviceState;
-    Callback<vc_mgr_all_result_cb> allResult;
-    Callback<vc_mgr_pre_result_cb> preResult;
-    Callback<vc_error_cb> error;
-    Callback<vc_mgr_speech_detected_cb> speechDetected;
-    Callback<vc_current_language_changed_cb> languageChanged;
-};
 
 class Manager {
 public:
     Manager();
-    // Ends an utterance and waits for the threads.
+    // Cancels the utterance and waits for the threads.
     ~Manager();
     Manager(const Manager&) = delete;
     Manager& operator=(const Manager&) = delete;
@@ -57,62 +34,55 @@ public:
 
     // All return vc_error_e.
     int prepare();
-    int setCommandFile(const std::string& path);
+    int setSentenceFile(const std::string& path);
     int setPrivateData(const std::string& key, const std::string& data);
     int setMode(vc_recognition_mode_e mode);
     int start();
     int stop();
     int cancel();
-    int select(vc_cmd_list_h list);
+    int select(vc_cmd_list_h list) { return mDelivery.select(list); }
 
     const std::string& errorMessage() const { return mErrorMessage; }
+    const Settings& settings() const { return mSettings; }
 
 private:
-    using Number = uint64_t;  // of an utterance
-
-    struct ResultCommands;
+    using Number = uint64_t;
 
     void post(std::function<void()> work);
     void postFor(Number utterance, std::function<void()> work);
-    SessionEvents eventsFor(Number utterance);
-    SessionSettings sessionSettings() const;
+    bool isCurrent(Number utterance) const { return mUtterance && mUtteranceNumber == utterance; }
+    UtteranceEvents eventsFor(Number utterance);
+    UtteranceSettings utteranceSettings() const;
 
     void load();
     void loaded(Number load, bool ok);
-    void reap();
 
     void setState(vc_state_e state);
     void setServiceState(vc_service_state_e state);
-    void recording(Number utterance);
-    void report(vc_error_e reason, const std::string& message);
+    void reportError(vc_error_e reason, const std::string& message);
     void fail(const std::string& what);
-    void done(Number utterance, const std::string& sentence);
-    void reject();
-    void deliver(Number utterance, const Intent& intent, const std::string& sentence);
+    void done(Number utterance, const std::string& text);
     void becomeReady();
 
-    std::shared_ptr<bool> mAlive = std::make_shared<bool>(true);  // false for what was posted and comes too late
+    Settings& mSettings = process::shared<Settings>();
+    std::shared_ptr<bool> mAlive = std::make_shared<bool>(true);  // false: posted work is too late
     vc_state_e mState = VC_STATE_INITIALIZED;
     vc_service_state_e mServiceState = VC_SERVICE_STATE_NONE;
     vc_recognition_mode_e mMode = VC_RECOGNITION_MODE_STOP_BY_SILENCE;
-    std::string mCommandFile;
+    std::string mSentenceFile;
     std::string mErrorMessage;
     int mMediaVolume = 0;
     Dialogue mDialogue;
+    ResultDelivery mDelivery;
 
     bool mPrepared = false;
-    EngineFuture mEngine;
+    EngineFuture mEngine;  // loaded last
     Number mLastLoad = 0;
 
-    std::shared_ptr<Session> mSession;  // null: no utterance
-    EngineFuture mSessionEngine;
-    Number mUtterance = 0;
-    std::vector<std::future<void>> mThreads;
-
-    // Within the all-result callback.
-    bool mInResult = false;
-    bool mSelected = false;
-    std::vector<vc_cmd_h> mSelection;
+    std::shared_ptr<Utterance> mUtterance;  // null: there is none
+    EngineFuture mUtteranceEngine;
+    Number mUtteranceNumber = 0;
+    Threads mThreads;
 };
 
 }  // namespace voice

@@ -8,11 +8,6 @@
 
 namespace voice {
 
-Settings& Settings::get() {
-    static Settings settings;
-    return settings;
-}
-
 void Settings::refresh() {
     const char* table = tzplatform_mkpath(TZPLATFORM_DATA_ROOT, "voice/data/languages.json");
     mLanguages = installedLanguages(table ? table : "");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The voice settings: which language is spoken. Main loop only.
+// The language of the voice control. One in each process; main loop only.
 #pragma once
 
 #include <functional>
@@ -12,16 +12,14 @@ namespace voice {
 
 class Settings {
 public:
-    static Settings& get();
-
-    // Reads the table of languages anew.
+    // Reads the table of languages again.
     void refresh();
     const std::vector<Language>& languages() const { return mLanguages; }
-    // Empty id when none is installed.
+    // With an empty id if none is installed.
     Language current() const;
-    // False when there are no models for it.
+    // False if there are no models for it.
     bool select(const std::string& id);
-    // One observer: told of every change that select() makes.
+    // Sets the one function that select() calls after each change; null removes it.
     void observe(std::function<void(const std::string& before, const std::string& now)> changed);
 
 private:

@@ -4,21 +4,30 @@
 #include <memory>
 
 #include "Command.h"
+#include "process/Guard.h"
 
 namespace {
 
-// The command under the list's cursor, or null.
+// The command at the list's cursor, or null.
 vc_cmd_h current(const vc_cmd_list_s& list) {
     return list.cursor < list.commands.size() ? list.commands[list.cursor] : nullptr;
 }
 
-template <typename Handle, typename Owned>
-int create(Handle* out) {
+template <typename Body>
+int guarded(const char* function, const Body& body) noexcept {
+    return process::guarded(process::Failures<int>{VC_ERROR_OPERATION_FAILED, VC_ERROR_OUT_OF_MEMORY}, function,
+                            [&body]() -> int { return body(); });
+}
+
+template <typename Owned>
+int create(const char* function, Owned** out) noexcept {
     if (!out) {
         return VC_ERROR_INVALID_PARAMETER;
     }
-    *out = std::make_unique<Owned>().release();
-    return VC_ERROR_NONE;
+    return guarded(function, [out] {
+        *out = std::make_unique<Owned>().release();
+        return VC_ERROR_NONE;
+    });
 }
 
 }  // namespace
@@ -26,7 +35,7 @@ int create(Handle* out) {
 extern "C" {
 
 int vc_cmd_create(vc_cmd_h* command) {
-    return create<vc_cmd_h, vc_cmd_s>(command);
+    return create<vc_cmd_s>(__func__, command);
 }
 
 int vc_cmd_destroy(vc_cmd_h command) {
@@ -38,8 +47,10 @@ int vc_cmd_set_command(vc_cmd_h command, const char* text) {
     if (!command || !text) {
         return VC_ERROR_INVALID_PARAMETER;
     }
-    command->text = text;
-    return VC_ERROR_NONE;
+    return guarded(__func__, [=] {
+        command->text = text;
+        return VC_ERROR_NONE;
+    });
 }
 
 int vc_cmd_set_type(vc_cmd_h command, vc_cmd_type_e type) {
@@ -78,7 +89,7 @@ int vc_cmd_get_nlu_json(vc_cmd_h command, char** json) {
 }
 
 int vc_cmd_list_create(vc_cmd_list_h* list) {
-    return create<vc_cmd_list_h, vc_cmd_list_s>(list);
+    return create<vc_cmd_list_s>(__func__, list);
 }
 
 int vc_cmd_list_destroy(vc_cmd_list_h list, bool release_command) {
@@ -96,8 +107,10 @@ int vc_cmd_list_add(vc_cmd_list_h list, vc_cmd_h command) {
     if (!list || !command) {
         return VC_ERROR_INVALID_PARAMETER;
     }
-    list->commands.push_back(command);
-    return VC_ERROR_NONE;
+    return guarded(__func__, [=] {
+        list->commands.push_back(command);
+        return VC_ERROR_NONE;
+    });
 }
 
 int vc_cmd_list_remove(vc_cmd_list_h list, vc_cmd_h command) {
@@ -109,7 +122,7 @@ int vc_cmd_list_remove(vc_cmd_list_h list, vc_cmd_h command) {
     if (found == commands.end()) {
         return VC_ERROR_INVALID_PARAMETER;
     }
-    // The cursor stays at the command it was at, or moves to the one behind a removed one.
+    // The cursor stays at its command, or moves to the next one if its command is removed.
     if (static_cast<std::size_t>(found - commands.begin()) < list->cursor) {
         --list->cursor;
     }

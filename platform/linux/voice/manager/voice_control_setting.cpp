@@ -4,26 +4,41 @@
 #include <cstring>
 
 #include "Settings.h"
+#include "process/Guard.h"
 
 namespace {
 
-bool initialised = false;
+bool initialized = false;
+
+// Calls `body` with the settings and returns its code.
+template <typename Body>
+int callSettings(const char* function, const Body& body) noexcept {
+    return process::guarded(process::Failures<int>{VC_ERROR_OPERATION_FAILED, VC_ERROR_OUT_OF_MEMORY}, function,
+                            [&body]() -> int { return body(process::shared<voice::Settings>()); });
+}
+
+template <typename Body>
+int callInitialized(const char* function, const Body& body) noexcept {
+    return initialized ? callSettings(function, body) : VC_ERROR_INVALID_STATE;
+}
 
 }  // namespace
 
 extern "C" {
 
 int vc_setting_initialize(void) {
-    if (!initialised) {
-        voice::Settings::get().refresh();
-        initialised = true;
-    }
-    return VC_ERROR_NONE;
+    return callSettings(__func__, [](voice::Settings& settings) {
+        if (!initialized) {
+            settings.refresh();
+            initialized = true;
+        }
+        return VC_ERROR_NONE;
+    });
 }
 
 int vc_setting_deinitialize(void) {
-    const bool was = initialised;
-    initialised = false;
+    const bool was = initialized;
+    initialized = false;
     return was ? VC_ERROR_NONE : VC_ERROR_INVALID_STATE;
 }
 
@@ -31,9 +46,9 @@ int vc_setting_get_enabled(bool* enabled) {
     if (!enabled) {
         return VC_ERROR_INVALID_PARAMETER;
     }
-    // A plain machine has no switch for voice control: who does not want it does not run the service.
+    // There is no switch for voice control here: the service runs only where somebody wants it.
     *enabled = true;
-    return initialised ? VC_ERROR_NONE : VC_ERROR_INVALID_STATE;
+    return initialized ? VC_ERROR_NONE : VC_ERROR_INVALID_STATE;
 }
 
 int vc_setting_set_enabled_changed_cb(vc_setting_enabled_changed_cb callback, void*) {
@@ -44,25 +59,23 @@ int vc_setting_get_language(char** language) {
     if (!language) {
         return VC_ERROR_INVALID_PARAMETER;
     }
-    if (!initialised) {
-        return VC_ERROR_INVALID_STATE;
-    }
-    *language = strdup(voice::Settings::get().current().id.c_str());
-    return *language ? VC_ERROR_NONE : VC_ERROR_OUT_OF_MEMORY;
+    return callInitialized(__func__, [language](const voice::Settings& settings) {
+        *language = strdup(settings.current().id.c_str());
+        return *language ? VC_ERROR_NONE : VC_ERROR_OUT_OF_MEMORY;
+    });
 }
 
 int vc_setting_set_language(const char* language) {
     if (!language) {
         return VC_ERROR_INVALID_PARAMETER;
     }
-    if (!initialised) {
-        return VC_ERROR_INVALID_STATE;
-    }
-    return voice::Settings::get().select(language) ? VC_ERROR_NONE : VC_ERROR_INVALID_LANGUAGE;
+    return callInitialized(__func__, [language](voice::Settings& settings) {
+        return settings.select(language) ? VC_ERROR_NONE : VC_ERROR_INVALID_LANGUAGE;
+    });
 }
 
 int vc_setting_set_auto_language(bool enable) {
-    // There is no language of the platform's own to follow.
+    // The platform has no language to follow.
     return enable ? VC_ERROR_NOT_SUPPORTED : VC_ERROR_NONE;
 }
 }

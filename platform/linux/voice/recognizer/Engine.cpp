@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "voice/Engine.h"
 
+#include "SphinxRecognizer.h"
 #include "dlog.h"
 
 namespace voice {
+
+std::unique_ptr<Recognizer> makeRecognizer(const Language& language, SentenceFile& commands) {
+    return std::make_unique<SphinxRecognizer>(language, commands);
+}
 
 std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& commandsPath) {
     try {
@@ -11,10 +16,10 @@ std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& 
         engine->language = language;
         const std::string& path = language.commands.empty() ? commandsPath : language.commands;
         if (!path.empty()) {
-            readCommands(path, engine->commands);
+            readSentenceFile(path, engine->commands);
         }
         engine->recognizer = makeRecognizer(language, engine->commands);
-        dlog_print(DLOG_INFO, "orvane-voice", "recognises %s", language.id.c_str());
+        dlog_print(DLOG_INFO, "orvane-voice", "recognizes %s", language.id.c_str());
         return engine;
     } catch (const std::exception& fault) {
         dlog_print(DLOG_ERROR, "orvane-voice", "the recognizer for \"%s\" cannot be loaded: %s", language.id.c_str(),

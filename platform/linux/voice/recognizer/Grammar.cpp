@@ -11,22 +11,22 @@ namespace voice {
 
 namespace {
 
-// What a phone of the free end and of the strange loop costs, as a probability. Too dear and anything is taken for a
-// command; too cheap and a command said unclearly is taken for nothing.
+// The probability of each phone of the free end and of the filler loop. If it is too low, other speech is taken for a
+// command; if it is too high, an unclear command is rejected.
 constexpr double kFreeProbability = 1e-4;
-constexpr double kStrangeProbability = 2e-4;
+constexpr double kFillerProbability = 2e-4;
 
-std::set<std::string> wordsOf(const CommandFile& commands) {
+std::set<std::string> wordsOf(const SentenceFile& commands) {
     std::set<std::string> words;
     for (const Command& command : commands.commands) {
-        for (const Phrase& sentence : command.sentences) {
+        for (const Sentence& sentence : command.sentences) {
             collectWords(sentence, commands.lists, words);
         }
     }
     return words;
 }
 
-// An arc of the grammar before its states are counted.
+// An arc of the grammar, collected before the number of states is known.
 struct Arc {
     int from;
     int to;
@@ -36,10 +36,10 @@ struct Arc {
 
 class Builder {
 public:
-    explicit Builder(const CommandFile& commands) : mCommands(commands) {
-        loop(kStart, kEnd, kStrangePhone, kStrangeProbability);
+    explicit Builder(const SentenceFile& commands) : mCommands(commands) {
+        loop(kStart, kEnd, kFillerPhone, kFillerProbability);
         for (const Command& command : commands.commands) {
-            for (const Phrase& sentence : command.sentences) {
+            for (const Sentence& sentence : command.sentences) {
                 add(sentence, kStart, kEnd);
             }
         }
@@ -62,29 +62,29 @@ private:
     static constexpr int kStart = 0;
     static constexpr int kEnd = 1;
 
-    void add(const Phrase& phrase, int from, int to) {
-        switch (phrase.kind) {
-            case Phrase::Word:
-                mArcs.push_back({from, to, phrase.text, 1});
+    void add(const Sentence& sentence, int from, int to) {
+        switch (sentence.kind) {
+            case Sentence::Word:
+                mArcs.push_back({from, to, sentence.text, 1});
                 return;
-            case Phrase::All:
-                return addAll(phrase.parts, from, to);
-            case Phrase::OneOf:
-                for (const Phrase& part : phrase.parts) {
+            case Sentence::All:
+                return addAll(sentence.parts, from, to);
+            case Sentence::OneOf:
+                for (const Sentence& part : sentence.parts) {
                     add(part, from, to);
                 }
                 return;
-            case Phrase::Name:
-                for (const Named& named : mCommands.lists.at(phrase.text)) {
-                    add(named.phrase, from, to);
+            case Sentence::Name:
+                for (const Named& named : mCommands.lists.at(sentence.text)) {
+                    add(named.spoken, from, to);
                 }
                 return;
-            case Phrase::Anything:
+            case Sentence::Anything:
                 return loop(from, to, kFreePhone, kFreeProbability);
         }
     }
 
-    void addAll(const std::vector<Phrase>& parts, int from, int to) {
+    void addAll(const std::vector<Sentence>& parts, int from, int to) {
         if (parts.empty()) {
             mArcs.push_back({from, to, "", 1});
             return;
@@ -96,7 +96,7 @@ private:
         }
     }
 
-    // One phone or more.
+    // Accepts one phone or more.
     void loop(int from, int to, char mark, double probability) {
         const int within = mStates++;
         for (const std::string& phone : sphinx::phones()) {
@@ -106,12 +106,12 @@ private:
         mArcs.push_back({within, to, "", 1});
     }
 
-    const CommandFile& mCommands;
+    const SentenceFile& mCommands;
     std::vector<Arc> mArcs;
     int mStates = 2;
 };
 
-bool canBeSaid(const Phrase& sentence, const CommandFile& commands, const sphinx::Pronunciations& sounds) {
+bool canBeSaid(const Sentence& sentence, const SentenceFile& commands, const sphinx::Pronunciations& sounds) {
     std::set<std::string> words;
     collectWords(sentence, commands.lists, words);
     for (const std::string& word : words) {
@@ -123,27 +123,28 @@ bool canBeSaid(const Phrase& sentence, const CommandFile& commands, const sphinx
     return true;
 }
 
-// A name with an unknown word goes alone; it must not take every sentence with its list along.
-void dropNames(CommandFile& commands, const sphinx::Pronunciations& sounds) {
+// A name with an unknown word is removed alone, so that the sentences with its list remain.
+void dropNames(SentenceFile& commands, const sphinx::Pronunciations& sounds) {
     for (auto& [list, names] : commands.lists) {
         names.erase(std::remove_if(names.begin(), names.end(),
-                                   [&](const Named& named) { return !canBeSaid(named.phrase, commands, sounds); }),
+                                   [&](const Named& named) { return !canBeSaid(named.spoken, commands, sounds); }),
                     names.end());
     }
 }
 
-void dropSentences(CommandFile& commands, const sphinx::Pronunciations& sounds) {
+void dropSentences(SentenceFile& commands, const sphinx::Pronunciations& sounds) {
     for (Command& command : commands.commands) {
         auto& sentences = command.sentences;
-        sentences.erase(std::remove_if(sentences.begin(), sentences.end(),
-                                       [&](const Phrase& sentence) { return !canBeSaid(sentence, commands, sounds); }),
-                        sentences.end());
+        sentences.erase(
+            std::remove_if(sentences.begin(), sentences.end(),
+                           [&](const Sentence& sentence) { return !canBeSaid(sentence, commands, sounds); }),
+            sentences.end());
     }
 }
 
 }  // namespace
 
-sphinx::Pronunciations soundsOf(CommandFile& commands, const std::string& dictionary) {
+sphinx::Pronunciations soundsOf(SentenceFile& commands, const std::string& dictionary) {
     sphinx::Pronunciations sounds;
     if (!sphinx::readPronunciations(dictionary, wordsOf(commands), sounds)) {
         throw std::runtime_error("no dictionary at " + dictionary);
@@ -155,12 +156,12 @@ sphinx::Pronunciations soundsOf(CommandFile& commands, const std::string& dictio
     dropSentences(commands, sounds);
     for (const std::string& phone : sphinx::phones()) {
         sounds[kFreePhone + phone] = {phone};
-        sounds[kStrangePhone + phone] = {phone};
+        sounds[kFillerPhone + phone] = {phone};
     }
     return sounds;
 }
 
-sphinx::Fsg buildGrammar(const CommandFile& commands, const sphinx::Decoder& decoder) {
+sphinx::Fsg buildGrammar(const SentenceFile& commands, const sphinx::Decoder& decoder) {
     return Builder(commands).build(decoder);
 }
 

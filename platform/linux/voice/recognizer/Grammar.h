@@ -1,24 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sentences as a grammar for the decoder. Beside them lies a loop over all phones, for what fits no sentence, and
-// one for the free end of a sentence; both cost something for each phone, so that a sentence wins where it fits.
+// The sentences as a grammar for the decoder. It also has a loop of all phones as a filler for speech that fits no
+// sentence, and another for the free end of a sentence. Each phone in a loop has a low probability, so that a sentence
+// wins where it fits.
 #pragma once
 
 #include "sphinx/Decoder.h"
 #include "sphinx/Dictionary.h"
 #include "sphinx/Fsg.h"
-#include "voice/CommandFile.h"
+#include "voice/SentenceFile.h"
 
 namespace voice {
 
-// Words that only the decoder sees: a phone of the free end, and one of speech that is no sentence.
+// Prefixes of words that only the decoder sees: a phone of a free end, and a phone of the filler.
 constexpr char kFreePhone = '*';
-constexpr char kStrangePhone = '?';
+constexpr char kFillerPhone = '?';
 
-// Every word that the grammar uses with its sounds, the phones' own included. Sentences with a word that nobody can
-// say are taken out of `commands` with a log line each.
-sphinx::Pronunciations soundsOf(CommandFile& commands, const std::string& dictionary);
+// The pronunciation of every word in the grammar, including the phones. Removes each sentence that has a word without a
+// pronunciation from `commands`, and logs it.
+sphinx::Pronunciations soundsOf(SentenceFile& commands, const std::string& dictionary);
 
-// `decoder` must know the words.
-sphinx::Fsg buildGrammar(const CommandFile& commands, const sphinx::Decoder& decoder);
+// The decoder's dictionary must contain the words.
+sphinx::Fsg buildGrammar(const SentenceFile& commands, const sphinx::Decoder& decoder);
 
 }  // namespace voice

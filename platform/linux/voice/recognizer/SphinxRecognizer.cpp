@@ -12,11 +12,11 @@ namespace voice {
 namespace {
 
 constexpr std::size_t kFrameSamples = 160;
-// A free end is decoded from a little before where the grammar saw it begin.
+// A free end is decoded from a little before its first frame in the grammar.
 constexpr std::size_t kLeadSamples = 5 * kFrameSamples;
 
 sphinx::Options options(const Language& language, const std::string& dictionary) {
-    // Frames must stand for time, so the decoder may not drop silent ones.
+    // The decoder must not drop silent frames, because a frame's number stands for its time.
     return {{"hmm", language.acousticModel},
             {"dict", dictionary},
             {"cmn", "live"},
@@ -44,7 +44,7 @@ bool isMark(const std::string& word, char mark) {
 
 }  // namespace
 
-SphinxRecognizer::SphinxRecognizer(const Language& language, CommandFile& commands)
+SphinxRecognizer::SphinxRecognizer(const Language& language, SentenceFile& commands)
     : mLanguage(language),
       mDecoder(options(language,
                        sphinx::MemoryFile(sphinx::dictionaryText(soundsOf(commands, language.dictionary))).path())) {
@@ -70,7 +70,7 @@ std::string SphinxRecognizer::partial() {
             loadDictation();
             break;
         }
-        if (!isMark(word, kStrangePhone)) {
+        if (!isMark(word, kFillerPhone)) {
             words += (words.empty() ? "" : " ") + word;
         }
     }
@@ -92,7 +92,7 @@ std::string SphinxRecognizer::finish() {
 std::string SphinxRecognizer::sentence(int& freeFromFrame) const {
     std::string words;
     for (const std::string& word : splitWords(mDecoder.text())) {
-        if (isMark(word, kStrangePhone)) {
+        if (isMark(word, kFillerPhone)) {
             return "";
         }
         if (!isMark(word, kFreePhone)) {
@@ -126,10 +126,6 @@ std::string SphinxRecognizer::dictate(std::size_t fromSample) {
     }
     const std::size_t from = fromSample > kLeadSamples ? fromSample - kLeadSamples : 0;
     return decodeWhole(*mDictation, mUtterance.data() + from, mUtterance.size() - from);
-}
-
-std::unique_ptr<Recognizer> makeRecognizer(const Language& language, CommandFile& commands) {
-    return std::make_unique<SphinxRecognizer>(language, commands);
 }
 
 }  // namespace voice

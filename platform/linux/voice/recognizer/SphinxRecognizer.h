@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// PocketSphinx behind the recognizer's interface.
+// A recognizer that uses PocketSphinx.
 //
-// A grammar of the sentences is decoded while the person speaks, for the partial words. At the end the whole utterance
-// is decoded again, normalised over its whole length, which is what counts. When it has a free end, the sound of that
-// end is decoded a third time with the open language model, which is read on first need.
+// While the person speaks, it decodes with a grammar of the sentences for the partial results. At the end it decodes
+// the whole utterance again, normalized over its length; this gives the result. It decodes a free end a third time with
+// the open language model, which it loads when it is first needed.
 #pragma once
 
 #include <future>
@@ -17,7 +17,7 @@ namespace voice {
 
 class SphinxRecognizer final : public Recognizer {
 public:
-    SphinxRecognizer(const Language& language, CommandFile& commands);
+    SphinxRecognizer(const Language& language, SentenceFile& commands);
 
     void begin() override;
     void accept(const int16_t* samples, std::size_t count) override;
@@ -25,7 +25,8 @@ public:
     std::string finish() override;
 
 private:
-    // The words of the sentence, with a trailing "*" where a free end was spoken. Empty: no sentence.
+    // The words that the grammar accepted, without a free end, whose first frame is returned; -1: there is none. Empty:
+    // a rejection.
     std::string sentence(int& freeFromFrame) const;
     std::string dictate(std::size_t fromSample);
     void loadDictation();

@@ -19,14 +19,14 @@ void Intent::setField(const std::string& name, const std::string& value) {
     }
 }
 
-void Dialogue::settle(Intent& intent, const CommandFile& commands) {
+void Dialogue::settle(Intent& intent, const SentenceFile& commands) {
     if (intent.agent == "Recipe") {
         settleRecipe(intent, commands);
     }
     mLastAction = intent.actionName;
 }
 
-void Dialogue::settleRecipe(Intent& intent, const CommandFile& commands) {
+void Dialogue::settleRecipe(Intent& intent, const SentenceFile& commands) {
     const std::string action = intent.actionName;
     if (action == "Open Recipe") {
         return openRecipe(intent, commands);
@@ -47,7 +47,7 @@ void Dialogue::settleRecipe(Intent& intent, const CommandFile& commands) {
     }
 }
 
-void Dialogue::openRecipe(Intent& intent, const CommandFile& commands) {
+void Dialogue::openRecipe(Intent& intent, const SentenceFile& commands) {
     const std::string package = intent.field("package");
     const std::string dish = intent.field("dish");
     if (mOpen == Known::Yes && package == mPackage && dish == mDish) {

@@ -8,8 +8,7 @@ namespace voice {
 
 namespace {
 
-// "Launch Apps" and "WebSearch" name their data "launch_apps" and "web_search"; the other search agent shares the
-// latter.
+// "Launch Apps" becomes "launch_apps", "WebSearch" and the other search agent "web_search".
 std::string dataName(const std::string& agent) {
     if (agent == "Naver") {
         return "web_search";
@@ -25,33 +24,33 @@ std::string dataName(const std::string& agent) {
     return name;
 }
 
-// "<list>" and "*" become what was said.
-std::string filledIn(const std::string& value, const Filling& filling) {
+// Replaces "<list>" and "*" by what was said.
+std::string filledIn(const std::string& value, const SlotValues& slots) {
     const bool isList = value.size() > 2 && value.front() == '<' && value.back() == '>';
-    const auto found = filling.find(isList ? value.substr(1, value.size() - 2) : value);
-    return isList || value == "*" ? (found == filling.end() ? "" : found->second) : value;
+    const auto found = slots.find(isList ? value.substr(1, value.size() - 2) : value);
+    return isList || value == "*" ? (found == slots.end() ? "" : found->second) : value;
 }
 
-Intent makeIntent(const Command& command, const Filling& filling) {
+Intent makeIntent(const Command& command, const SlotValues& slots) {
     Intent intent{command.agent, command.actionName, command.actionType, {}};
     for (const auto& [name, value] : command.fields) {
-        intent.fields.emplace_back(name, filledIn(value, filling));
+        intent.fields.emplace_back(name, filledIn(value, slots));
     }
     return intent;
 }
 
 }  // namespace
 
-std::optional<Intent> understand(const std::string& sentence, const CommandFile& commands, Dialogue& dialogue) {
-    const std::vector<std::string> words = splitWords(sentence);
+std::optional<Intent> understand(const std::string& text, const SentenceFile& commands, Dialogue& dialogue) {
+    const std::vector<std::string> words = splitWords(text);
     for (const Command& command : commands.commands) {
         if (!dialogue.allows(command)) {
             continue;
         }
-        for (const Phrase& phrase : command.sentences) {
-            Filling filling;
-            if (matches(phrase, commands.lists, words, filling)) {
-                Intent intent = makeIntent(command, filling);
+        for (const Sentence& sentence : command.sentences) {
+            SlotValues slots;
+            if (matches(sentence, commands.lists, words, slots)) {
+                Intent intent = makeIntent(command, slots);
                 dialogue.settle(intent, commands);
                 return intent;
             }
@@ -60,7 +59,7 @@ std::optional<Intent> understand(const std::string& sentence, const CommandFile&
     return std::nullopt;
 }
 
-std::string toJson(const Intent& intent, const std::string& sentence) {
+std::string toJson(const Intent& intent, const std::string& text) {
     nlohmann::json data = nlohmann::json::object();
     for (const auto& [name, value] : intent.fields) {
         data[name] = value;
@@ -68,7 +67,7 @@ std::string toJson(const Intent& intent, const std::string& sentence) {
     nlohmann::json result{{"agent", intent.agent},
                           {"action_type", intent.actionType},
                           {"action_name", intent.actionName},
-                          {"utterance", sentence}};
+                          {"utterance", text}};
     if (!data.empty()) {
         result["action_data"] = {{dataName(intent.agent), std::move(data)}};
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A little noise under the sound. Digital silence (a muted source, a player's gap) has no spectrum, and the decoder's
-// noise estimate is upset by it for the words that follow.
+// Adds a little noise to the samples. Digital silence (a muted source, a gap in a player's output) has no spectrum, and
+// it spoils the decoder's noise estimate for the words after it.
 #pragma once
 
 #include <cstddef>

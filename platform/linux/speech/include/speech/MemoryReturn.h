@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
-// Gives what was freed back to the system. Models and utterances are many small pieces, often of a thread of their own,
-// whose share of the heap would otherwise keep their pages: a hundred megabytes for each change of the language, tens
-// for an utterance.
+// Returns freed memory to the system. Models and utterances consist of many small allocations, often in the heap of one
+// thread, which would otherwise keep their pages: a hundred megabytes for each change of the language, and tens of
+// megabytes for each utterance.
 #pragma once
 
 #include <malloc.h>
 
 namespace speech {
 
-// The first member of what owns models, or the first variable of their work, so that it is destroyed after them.
+// Make it the first member of a class that owns models, or the first variable of a function that uses them, so that it
+// is destroyed after them.
 struct MemoryReturn {
     ~MemoryReturn() { malloc_trim(0); }
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Tells speech from the room's own noise by level, for a hundredth of what decoding costs: nothing is decoded while
-// nobody speaks. Not thread-safe.
+// Distinguishes speech from the room's noise by its level. It takes a hundredth of the time of decoding, so that
+// nothing is decoded while nobody speaks. Not thread-safe.
 #pragma once
 
 #include <cstddef>
@@ -10,19 +10,19 @@ namespace speech {
 
 class SpeechGate {
 public:
-    // marginDb: how far above the room's noise a sound must be. hold: milliseconds for which the gate stays open after
-    // the last such sound.
+    // marginDb: how much louder than the room's noise a sound must be. holdMilliseconds: how long the gate stays open
+    // after the last such sound.
     SpeechGate(double marginDb, int holdMilliseconds);
 
-    // 16 kHz samples. Levels are judged in frames of 10 ms, a remainder with the next call.
+    // 16 kHz samples, judged in steps of 10 ms; the next call continues an incomplete step.
     void accept(const int16_t* samples, std::size_t count);
 
     bool isOpen() const { return mSilentFrames < mHoldFrames; }
-    // Since the last loud sound; grows without bound while it is silent.
+    // The time since the last loud sound.
     int silentMilliseconds() const { return mSilentFrames * kFrameMilliseconds; }
-    // Of loud sound since the gate was last closed by hand.
+    // The duration of all loud sounds since close().
     int heardMilliseconds() const { return mHeardFrames * kFrameMilliseconds; }
-    // Closes the gate; what was learnt about the room stays.
+    // Closes the gate. The estimate of the room's noise remains.
     void close();
 
 private:
@@ -38,7 +38,7 @@ private:
     int mLoudFrames = 0;  // in a row
     int mHeardFrames = 0;
     double mFloorDb;
-    // Of the frame being filled.
+    // The incomplete step.
     double mEnergy = 0;
     std::size_t mFilled = 0;
     int mPrevious = 0;

@@ -3,6 +3,8 @@
 
 #include <unistd.h>
 
+#include <utility>
+
 namespace OrvaneDA {
 
 namespace {
@@ -39,12 +41,11 @@ int WakeupAudioIn::FetchData(void*& data, unsigned int& size) {
         {
             std::lock_guard<std::mutex> lock(mQueueMutex);
             if (!mQueue.empty()) {
-                PCMData& oldest = mQueue.front();
+                const PCMData oldest = takeOldest();
                 if (oldest.data != nullptr) {
                     data = oldest.data;
                     size = oldest.size;
                 }
-                mSpare.splice(mSpare.begin(), mQueue, mQueue.begin());
                 return 0;
             }
         }
@@ -61,8 +62,7 @@ int WakeupAudioIn::ReturnData(void* data) {
 void WakeupAudioIn::implDataHandled(char* data, int size) {
     std::lock_guard<std::mutex> lock(mQueueMutex);
     if (mQueue.size() > MAX_WAITING) {
-        delete[] mQueue.front().data;
-        mSpare.splice(mSpare.begin(), mQueue, mQueue.begin());
+        delete[] takeOldest().data;
     }
     if (mSpare.empty()) {
         mQueue.emplace_back(data, size);
@@ -71,6 +71,12 @@ void WakeupAudioIn::implDataHandled(char* data, int size) {
     mSpare.front().data = data;
     mSpare.front().size = size;
     mQueue.splice(mQueue.end(), mSpare, mSpare.begin());
+}
+
+WakeupAudioIn::PCMData WakeupAudioIn::takeOldest() {
+    const PCMData oldest = std::exchange(mQueue.front(), PCMData(nullptr, 0));
+    mSpare.splice(mSpare.begin(), mQueue, mQueue.begin());
+    return oldest;
 }
 
 void WakeupAudioIn::clearQueue() {

@@ -44,6 +44,9 @@ private:
         unsigned int size;
     };
 
+    // With the mutex held: moves the oldest record to the spare ones and returns what it held.
+    PCMData takeOldest();
+
     std::list<PCMData> mQueue;  // oldest first
     std::mutex mQueueMutex;
     std::list<PCMData> mSpare;  // records without a block, for reuse: queueing a block allocates no record

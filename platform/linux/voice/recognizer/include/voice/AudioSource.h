@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The microphone for one utterance, through the platform's own audio input, so that the recognizer hears what every
-// other listener hears, a replayed recording included.
+// The microphone for one utterance. It uses the platform's own audio input, so that a replayed recording reaches the
+// recognizer too.
 #pragma once
 
 #include <cstddef>
@@ -18,15 +18,15 @@ public:
     AudioSource(const AudioSource&) = delete;
     AudioSource& operator=(const AudioSource&) = delete;
 
-    // Starts capture: 16 kHz, one channel. May block while the sound server is reached. False when there is no sound.
+    // Starts capture: 16 kHz, one channel. Blocks while it connects to the sound server. False if there is no input.
     bool open();
-    // Blocks for sound. The number of samples; 0 when it has failed or was interrupted.
+    // Blocks until there are samples. Returns their number; 0 after a failure or an interruption.
     std::size_t read(int16_t* samples, std::size_t most);
-    // Ends capture and a read in progress. Any thread.
+    // Stops capture and a read in progress. Any thread.
     void interrupt();
 
 private:
-    std::mutex mMutex;  // of starting and ending
+    std::mutex mMutex;  // guards start and stop
     audio_in_h mInput = nullptr;
     bool mCapturing = false;
     bool mInterrupted = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A recognizer that is loaded, with the sentences that it knows.
+// A loaded recognizer and its sentences.
 #pragma once
 
 #include <future>
@@ -8,24 +8,24 @@
 #include <string>
 
 #include "speech/MemoryReturn.h"
-#include "voice/CommandFile.h"
 #include "voice/Languages.h"
 #include "voice/Recognizer.h"
+#include "voice/SentenceFile.h"
 
 namespace voice {
 
 struct Engine {
     speech::MemoryReturn memoryReturn;
     Language language;
-    CommandFile commands;                    // not changed any more
-    std::unique_ptr<Recognizer> recognizer;  // under the mutex: a cancelled utterance may still be at it
+    SentenceFile commands;                   // constant after loading
+    std::unique_ptr<Recognizer> recognizer;  // with the mutex held: a canceled utterance may still use it
     std::mutex mutex;
 };
 
-// One that is being loaded on a thread of its own. get() gives null when it could not be: logged there.
+// An engine that another thread loads. Null if that failed; loadEngine has logged it.
 using EngineFuture = std::shared_future<std::shared_ptr<Engine>>;
 
-// commandsPath may be empty: no sentences yet. An empty language id: none is installed.
+// commandsPath may be empty: no sentences yet. Returns null and logs a line if it fails.
 std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& commandsPath);
 
 }  // namespace voice

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The languages that can be recognised: those of voice/data/languages.json whose models are installed.
+// The languages of voice/data/languages.json whose models are installed.
 #pragma once
 
 #include <string>
@@ -12,10 +12,10 @@ struct Language {
     std::string acousticModel;  // absolute folder
     std::string dictionary;     // absolute file
     std::string languageModel;  // absolute file, for the free end of a search; may be missing
-    std::string commands;       // absolute file of sentences; empty: the one that the manager is given
+    std::string commands;       // absolute file of sentences; empty: the manager's
 };
 
-// A table that is missing or broken is logged and gives no language.
+// Empty if the table is missing or broken; a line in the log says why.
 std::vector<Language> installedLanguages(const std::string& tablePath);
 
 }  // namespace voice

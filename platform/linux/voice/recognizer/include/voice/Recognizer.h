@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A speech recognizer: what an engine must offer to turn one utterance into words. Used by one thread at a time.
-// Adding one: a class of this interface and a line in makeRecognizer.
+// A recognizer turns one utterance after the other into text. One thread at a time uses it. To add one, implement this
+// interface and choose it in makeRecognizer (Engine.cpp).
 #pragma once
 
 #include <cstddef>
@@ -8,26 +8,26 @@
 #include <memory>
 #include <string>
 
-#include "voice/CommandFile.h"
 #include "voice/Languages.h"
+#include "voice/SentenceFile.h"
 
 namespace voice {
 
 class Recognizer {
 public:
     virtual ~Recognizer() = default;
-    // All throw std::exception when the engine fails.
+    // All functions throw std::exception when the recognizer fails.
     virtual void begin() = 0;
     // 16 kHz samples of the utterance, a few milliseconds to a few seconds.
     virtual void accept(const int16_t* samples, std::size_t count) = 0;
-    // The words until now, for display; empty when there are none.
+    // The partial result; empty if there is none.
     virtual std::string partial() = 0;
-    // Ends the utterance. The sentence, or empty when what was said is none.
+    // Ends the utterance and returns its text; empty for a rejection.
     virtual std::string finish() = 0;
 };
 
-// Reads the language's models and makes the sentences of `commands` known; those that cannot be said are taken out of
-// it. Takes up to a second. Throws std::exception when a model is missing or broken.
-std::unique_ptr<Recognizer> makeRecognizer(const Language& language, CommandFile& commands);
+// Loads the models of the language, which takes up to a second. Removes each sentence that has a word without a
+// pronunciation from `commands`. Throws std::exception if a model is missing or broken.
+std::unique_ptr<Recognizer> makeRecognizer(const Language& language, SentenceFile& commands);
 
 }  // namespace voice

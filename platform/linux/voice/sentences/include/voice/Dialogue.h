@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-// What has been said before, as far as it changes what is understood now: the question that was asked back, and the
-// recipe that is open, its step and its reading. Only what is known for certain is acted on: a recipe may also have
-// been opened by touch. Main loop only.
+// The earlier requests that change the meaning of the next one: the question that the assistant asked, the open recipe,
+// its step, and the state of its reading. A person may also open a recipe by touch, so the dialogue acts only on what
+// it knows for certain. Main loop only.
 #pragma once
 
 #include <string>
 
-#include "voice/CommandFile.h"
+#include "voice/SentenceFile.h"
 
 namespace voice {
 
@@ -24,18 +24,18 @@ class Dialogue {
 public:
     void forget() { *this = Dialogue(); }
 
-    // Whether a command that only follows another fits now.
+    // Whether a command that must follow another one fits now.
     bool allows(const Command& command) const { return command.onlyAfter.empty() || command.onlyAfter == mLastAction; }
 
-    // Settles what the intent means here and now, and remembers it. An impossible one becomes the answer that says so.
-    void settle(Intent& intent, const CommandFile& commands);
+    // Adapts the intent to the dialogue and remembers it. An impossible action becomes the action that reports so.
+    void settle(Intent& intent, const SentenceFile& commands);
 
 private:
     enum class Known { No, Yes, Unknown };
     enum class Reading { Unknown, Off, On, Paused };
 
-    void settleRecipe(Intent& intent, const CommandFile& commands);
-    void openRecipe(Intent& intent, const CommandFile& commands);
+    void settleRecipe(Intent& intent, const SentenceFile& commands);
+    void openRecipe(Intent& intent, const SentenceFile& commands);
     void turnPage(Intent& intent, int by);
     void read(Intent& intent);
 

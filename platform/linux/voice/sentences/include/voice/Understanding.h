@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-// From a sentence to the NLU result. docs/understanding.md shows both ends.
+// From a recognized text to the NLU result, which docs/understanding.md describes.
 #pragma once
 
 #include <optional>
 #include <string>
 
-#include "voice/CommandFile.h"
 #include "voice/Dialogue.h"
+#include "voice/SentenceFile.h"
 
 namespace voice {
 
-// What the sentence means in this dialogue; nothing when it is no command, or none that fits now.
-std::optional<Intent> understand(const std::string& sentence, const CommandFile& commands, Dialogue& dialogue);
+// The intent of the text at this point of the dialogue; nothing if no sentence fits.
+std::optional<Intent> understand(const std::string& text, const SentenceFile& commands, Dialogue& dialogue);
 
-std::string toJson(const Intent& intent, const std::string& sentence);
+std::string toJson(const Intent& intent, const std::string& text);
 
 }  // namespace voice

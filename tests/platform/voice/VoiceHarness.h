@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The voice room with a microphone that a test speaks into, on a real main loop.
+// The voice-control interface on a real main loop, with a microphone whose samples the test provides.
 #pragma once
 
 #include <functional>
@@ -10,10 +10,10 @@
 #include "voice_control_manager.h"
 #include "voice_control_setting.h"
 
-// What the microphone hears next. Without anything left it waits, as a microphone never does, so that a test decides.
+// Samples for the microphone. Without any, a read waits, so that the test decides when time passes.
 namespace microphone {
 void speak(const speech::Samples& samples);
-// From now on, once what was spoken is over: silence without end.
+// Silence without end after the samples so far.
 void fallSilent();
 void breakDown();  // every read fails
 void disappear();  // it cannot be opened
@@ -22,24 +22,24 @@ bool isOpen();
 int opened();  // how often
 }  // namespace microphone
 
-// Where the program's data is: the installed one unless a test says otherwise.
+// Sets the data folder of the program.
 void setDataRoot(const std::string& path);
 
 // One event of the voice interface, as text: "service 1->2", "partial open the", "final ...", "result <text>",
 // "rejected", "error -905", "speech", "state 1->2", "language en_US->en_GB".
 using Events = std::vector<std::string>;
 
-class VoiceRoom {
+class VoiceHarness {
 public:
-    VoiceRoom();
-    ~VoiceRoom();
+    VoiceHarness();
+    ~VoiceHarness();
 
-    // Initialises, prepares, and loads the installed commands; false when it does not become ready.
+    // Initializes, prepares, and loads the installed sentences; false if the manager does not become ready.
     bool makeReady();
     void setCallbacks();
     bool runUntil(const std::function<bool()>& condition);
     bool runUntilEvent(const std::string& event, int times = 1);
-    // Runs until everything posted by now has been done.
+    // Runs until the main loop has done everything that is posted already.
     void settle();
     int count(const std::string& event) const;
     std::string firstWith(const std::string& prefix) const;

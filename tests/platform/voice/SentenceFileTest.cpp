@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "voice/CommandFile.h"
+#include "voice/SentenceFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,15 +14,15 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
-using voice::CommandFile;
-using voice::parseCommands;
+using voice::parseSentenceFile;
+using voice::SentenceFile;
 
 struct Parsed {
     explicit Parsed(const std::string& text)
-        : file(parseCommands(text, [this](int line, const std::string&) { faults.push_back(line); })) {}
+        : file(parseSentenceFile(text, [this](int line, const std::string&) { faults.push_back(line); })) {}
 
     std::vector<int> faults;
-    CommandFile file;
+    SentenceFile file;
 };
 
 TEST(ACommandFile, HoldsNamesSoundsFieldsAndSentences) {
@@ -97,7 +97,7 @@ TEST(TheInstalledCommandFile, HasNoFaultAndCanBeSaidWhole) {
     std::ifstream in(ORVANE_DATA "/voice/data/preloaded_commands.txt");
     const Parsed parsed({std::istreambuf_iterator<char>(in), {}});
     EXPECT_THAT(parsed.faults, IsEmpty());
-    CommandFile file = parsed.file;
+    SentenceFile file = parsed.file;
     std::size_t sentences = 0;
     for (const voice::Command& command : file.commands) {
         sentences += command.sentences.size();

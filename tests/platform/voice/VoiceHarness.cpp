@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "VoiceRoom.h"
+#include "VoiceHarness.h"
 
 #include <Ecore.h>
 
@@ -131,7 +131,7 @@ int audio_in_read(audio_in_h, void* buffer, unsigned int length) {
 }
 }
 
-VoiceRoom::VoiceRoom() {
+VoiceHarness::VoiceHarness() {
     privateBusAddress();
     ecore_app_no_system_modules();
     ecore_init();
@@ -140,14 +140,14 @@ VoiceRoom::VoiceRoom() {
     setDataRoot(ORVANE_DATA);
 }
 
-VoiceRoom::~VoiceRoom() {
+VoiceHarness::~VoiceHarness() {
     vc_mgr_deinitialize();
     vc_setting_deinitialize();
     settle();
     ecore_shutdown();
 }
 
-bool VoiceRoom::makeReady() {
+bool VoiceHarness::makeReady() {
     vc_setting_initialize();
     if (vc_mgr_initialize() != VC_ERROR_NONE) {
         return false;
@@ -158,7 +158,7 @@ bool VoiceRoom::makeReady() {
            vc_mgr_set_preloaded_commands_from_file(ORVANE_DATA "/voice/data/preloaded_commands.txt") == VC_ERROR_NONE;
 }
 
-void VoiceRoom::setCallbacks() {
+void VoiceHarness::setCallbacks() {
     vc_mgr_set_state_changed_cb(onState, this);
     vc_mgr_set_service_state_changed_cb(onServiceState, this);
     vc_mgr_set_all_result_cb(onResult, this);
@@ -168,7 +168,7 @@ void VoiceRoom::setCallbacks() {
     vc_mgr_set_current_language_changed_cb(onLanguage, this);
 }
 
-bool VoiceRoom::runUntil(const std::function<bool()>& condition) {
+bool VoiceHarness::runUntil(const std::function<bool()>& condition) {
     struct Wait {
         const std::function<bool()>& condition;
         double until;
@@ -188,51 +188,51 @@ bool VoiceRoom::runUntil(const std::function<bool()>& condition) {
     return condition();
 }
 
-bool VoiceRoom::runUntilEvent(const std::string& event, int times) {
+bool VoiceHarness::runUntilEvent(const std::string& event, int times) {
     return runUntil([&] { return count(event) >= times; });
 }
 
-void VoiceRoom::settle() {
+void VoiceHarness::settle() {
     bool done = false;
     postToMainLoop([&done] { done = true; });
     runUntil([&done] { return done; });
 }
 
-int VoiceRoom::count(const std::string& event) const {
+int VoiceHarness::count(const std::string& event) const {
     return static_cast<int>(std::count(events.begin(), events.end(), event));
 }
 
-std::string VoiceRoom::firstWith(const std::string& prefix) const {
+std::string VoiceHarness::firstWith(const std::string& prefix) const {
     const auto found = std::find_if(events.begin(), events.end(),
                                     [&](const std::string& event) { return event.rfind(prefix, 0) == 0; });
     return found == events.end() ? "" : found->substr(prefix.size());
 }
 
-std::string VoiceRoom::errorMessage() const {
+std::string VoiceHarness::errorMessage() const {
     char* text = nullptr;
     vc_mgr_get_error_message(&text);
     const std::unique_ptr<char, decltype(&std::free)> owned(text, &std::free);
     return text ? text : "<null>";
 }
 
-void VoiceRoom::note(const std::string& event) {
+void VoiceHarness::note(const std::string& event) {
     events.push_back(std::this_thread::get_id() == mainThread ? event : event + " on the wrong thread");
     if (onEvent) {
         onEvent(event);
     }
 }
 
-void VoiceRoom::onState(vc_state_e before, vc_state_e now, void* self) noexcept {
-    static_cast<VoiceRoom*>(self)->note("state " + std::to_string(before) + "->" + std::to_string(now));
+void VoiceHarness::onState(vc_state_e before, vc_state_e now, void* self) noexcept {
+    static_cast<VoiceHarness*>(self)->note("state " + std::to_string(before) + "->" + std::to_string(now));
 }
 
-void VoiceRoom::onServiceState(vc_service_state_e before, vc_service_state_e now, void* self) noexcept {
-    static_cast<VoiceRoom*>(self)->note("service " + std::to_string(before) + "->" + std::to_string(now));
+void VoiceHarness::onServiceState(vc_service_state_e before, vc_service_state_e now, void* self) noexcept {
+    static_cast<VoiceHarness*>(self)->note("service " + std::to_string(before) + "->" + std::to_string(now));
 }
 
-bool VoiceRoom::onResult(vc_result_event_e event, vc_cmd_list_h list, const char* text, const char*,
-                         void* data) noexcept {
-    auto* self = static_cast<VoiceRoom*>(data);
+bool VoiceHarness::onResult(vc_result_event_e event, vc_cmd_list_h list, const char* text, const char*,
+                            void* data) noexcept {
+    auto* self = static_cast<VoiceHarness*>(data);
     self->note(event == VC_RESULT_EVENT_REJECTED ? "rejected" : std::string("result ") + text);
     self->pids.clear();
     for (int code = vc_cmd_list_first(list); code == VC_ERROR_NONE; code = vc_cmd_list_next(list)) {
@@ -249,19 +249,19 @@ bool VoiceRoom::onResult(vc_result_event_e event, vc_cmd_list_h list, const char
     return self->inResult && self->inResult(list);
 }
 
-void VoiceRoom::onPreResult(vc_pre_result_event_e event, const char* text, void* self) noexcept {
-    static_cast<VoiceRoom*>(self)->note((event == VC_PRE_RESULT_EVENT_FINAL ? "final " : "partial ") +
-                                        std::string(text));
+void VoiceHarness::onPreResult(vc_pre_result_event_e event, const char* text, void* self) noexcept {
+    static_cast<VoiceHarness*>(self)->note((event == VC_PRE_RESULT_EVENT_FINAL ? "final " : "partial ") +
+                                           std::string(text));
 }
 
-void VoiceRoom::onError(vc_error_e reason, void* self) noexcept {
-    static_cast<VoiceRoom*>(self)->note("error " + std::to_string(reason));
+void VoiceHarness::onError(vc_error_e reason, void* self) noexcept {
+    static_cast<VoiceHarness*>(self)->note("error " + std::to_string(reason));
 }
 
-void VoiceRoom::onSpeech(void* self) noexcept {
-    static_cast<VoiceRoom*>(self)->note("speech");
+void VoiceHarness::onSpeech(void* self) noexcept {
+    static_cast<VoiceHarness*>(self)->note("speech");
 }
 
-void VoiceRoom::onLanguage(const char* before, const char* now, void* self) noexcept {
-    static_cast<VoiceRoom*>(self)->note(std::string("language ") + before + "->" + now);
+void VoiceHarness::onLanguage(const char* before, const char* now, void* self) noexcept {
+    static_cast<VoiceHarness*>(self)->note(std::string("language ") + before + "->" + now);
 }

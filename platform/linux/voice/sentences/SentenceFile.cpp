@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "voice/CommandFile.h"
+#include "voice/SentenceFile.h"
 
 #include <algorithm>
 #include <fstream>
@@ -29,12 +29,12 @@ std::vector<std::string> splitAt(const std::string& text, char mark) {
     return parts;
 }
 
-// Which kind of lines the section at hand has.
+// The kind of lines in a section.
 enum class Section { None, Sounds, Names, RecipeSteps, Sentences };
 
 class Reader {
 public:
-    Reader(CommandFile& into, const LineFault& report) : mInto(into), mReport(report) {}
+    Reader(SentenceFile& into, const LineFault& report) : mInto(into), mReport(report) {}
 
     void read(const std::string& text) {
         std::istringstream in(text);
@@ -83,7 +83,7 @@ private:
     }
 
     void openSection(const std::string& header) {
-        mSection = Section::None;  // a bad header must not add to the section before
+        mSection = Section::None;  // the lines after a wrong header must not go to the section before
         if (header == "sounds") {
             mSection = Section::Sounds;
         } else if (header == "recipe steps") {
@@ -118,7 +118,7 @@ private:
         if (!sphinx::isPhoneSequence(phones)) {
             throw std::invalid_argument("unknown sounds \"" + phones + "\"");
         }
-        mInto.sounds[parsePhrase(word).parts.at(0).text].push_back(phones);
+        mInto.sounds[parseSentence(word).parts.at(0).text].push_back(phones);
     }
 
     void readSteps(const std::string& line) {
@@ -126,31 +126,31 @@ private:
         std::size_t used = 0;
         const int steps = std::stoi(count, &used);
         if (used != count.size() || steps < 1) {
-            throw std::invalid_argument("\"" + count + "\" is no number of steps");
+            throw std::invalid_argument("\"" + count + "\" is not a number of steps");
         }
         mInto.recipeSteps[dish] = steps;
     }
 
     void readName(const std::string& line) {
-        const auto [value, phrase] = splitField(line);
-        Phrase parsed = parsePhrase(phrase);
+        const auto [value, text] = splitField(line);
+        Sentence spoken = parseSentence(text);
         std::set<std::string> inner;
-        collectLists(parsed, inner);
+        collectLists(spoken, inner);
         if (!inner.empty()) {
             throw std::invalid_argument("a name cannot name another list");
         }
-        mInto.lists[mList].push_back({value, std::move(parsed)});
+        mInto.lists[mList].push_back({value, std::move(spoken)});
     }
 
     void readSentence(const std::string& line) {
-        Phrase phrase = parsePhrase(line);
-        requireLists(phrase);
-        mInto.commands.back().sentences.push_back(std::move(phrase));
+        Sentence sentence = parseSentence(line);
+        requireLists(sentence);
+        mInto.commands.back().sentences.push_back(std::move(sentence));
     }
 
-    void requireLists(const Phrase& phrase) const {
+    void requireLists(const Sentence& sentence) const {
         std::set<std::string> lists;
-        collectLists(phrase, lists);
+        collectLists(sentence, lists);
         for (const std::string& list : lists) {
             const auto found = mInto.lists.find(list);
             if (found == mInto.lists.end() || found->second.empty()) {
@@ -168,7 +168,7 @@ private:
         }
     }
 
-    CommandFile& mInto;
+    SentenceFile& mInto;
     const LineFault& mReport;
     Section mSection = Section::None;
     std::string mList;
@@ -177,20 +177,20 @@ private:
 
 }  // namespace
 
-CommandFile parseCommands(const std::string& text, const LineFault& report) {
-    CommandFile commands;
+SentenceFile parseSentenceFile(const std::string& text, const LineFault& report) {
+    SentenceFile commands;
     Reader(commands, report).read(text);
     return commands;
 }
 
-bool readCommands(const std::string& path, CommandFile& commands) {
+bool readSentenceFile(const std::string& path, SentenceFile& commands) {
     std::ifstream in(path);
     const std::string text{std::istreambuf_iterator<char>(in), {}};
     if (!in) {
         dlog_print(DLOG_ERROR, "orvane-voice", "cannot read %s", path.c_str());
         return false;
     }
-    commands = parseCommands(text, [&path](int line, const std::string& what) {
+    commands = parseSentenceFile(text, [&path](int line, const std::string& what) {
         dlog_print(DLOG_WARN, "orvane-voice", "%s:%d: %s", path.c_str(), line, what.c_str());
     });
     return true;

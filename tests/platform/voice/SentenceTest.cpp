@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "voice/Phrase.h"
+#include "voice/Sentence.h"
 
 #include <gtest/gtest.h>
 
@@ -7,18 +7,18 @@
 
 namespace {
 
-using voice::Filling;
 using voice::matches;
 using voice::NameLists;
-using voice::parsePhrase;
+using voice::parseSentence;
+using voice::SlotValues;
 using voice::splitWords;
 
 const NameLists kApps{
-    {"app", {{"org.music", parsePhrase("[the] music [player]")}, {"org.notes", parsePhrase("notes")}}}};
+    {"app", {{"org.music", parseSentence("[the] music [player]")}, {"org.notes", parseSentence("notes")}}}};
 
-bool fits(const std::string& phrase, const std::string& sentence, Filling* filling = nullptr) {
-    Filling own;
-    return matches(parsePhrase(phrase), kApps, splitWords(sentence), filling ? *filling : own);
+bool fits(const std::string& phrase, const std::string& sentence, SlotValues* filling = nullptr) {
+    SlotValues own;
+    return matches(parseSentence(phrase), kApps, splitWords(sentence), filling ? *filling : own);
 }
 
 TEST(APhrase, FitsTheSentencesItDescribesAndNoOthers) {
@@ -52,7 +52,7 @@ TEST(APhrase, FitsTheSentencesItDescribesAndNoOthers) {
 }
 
 TEST(APhrase, TellsWhichNameWasSaid) {
-    Filling filling;
+    SlotValues filling;
     EXPECT_TRUE(fits("open <app>", "open the music player", &filling));
     EXPECT_EQ(filling["app"], "org.music");
     EXPECT_TRUE(fits("open <app>", "open notes", &filling));
@@ -60,7 +60,7 @@ TEST(APhrase, TellsWhichNameWasSaid) {
 }
 
 TEST(APhrase, TellsTheWordsOfItsFreeEnd) {
-    Filling filling;
+    SlotValues filling;
     EXPECT_TRUE(fits("search for *", "search for pie and cake", &filling));
     EXPECT_EQ(filling["*"], "pie and cake");
 }
@@ -82,23 +82,23 @@ TEST(APhrase, MayLeaveOutTwentyPartsButNeverAll) {
         optional += "[a] ";
     }
     EXPECT_TRUE(fits(optional + "b", "a a a b"));
-    EXPECT_THROW(parsePhrase(optional + "[a] b"), std::invalid_argument);
+    EXPECT_THROW(parseSentence(optional + "[a] b"), std::invalid_argument);
     for (const char* text : {"[a]", "[a] [b]", "b | [a]", "([a] | b)"}) {
-        EXPECT_THROW(parsePhrase(text), std::invalid_argument) << text;
+        EXPECT_THROW(parseSentence(text), std::invalid_argument) << text;
     }
 }
 
 TEST(APhrase, ThatIsNotWellFormedIsRefused) {
     for (const char* text : {"", "   ", "(", ")", "open (a", "open [a", "a ]", "()", "[]", "(a|)", "|", "<", "<>",
                              "<app", "* a", "a $ b", "a 7", "\xff"}) {
-        EXPECT_THROW(parsePhrase(text), std::invalid_argument) << text;
+        EXPECT_THROW(parseSentence(text), std::invalid_argument) << text;
     }
-    EXPECT_THROW(parsePhrase(std::string(100000, '(') + "a"), std::invalid_argument);
+    EXPECT_THROW(parseSentence(std::string(100000, '(') + "a"), std::invalid_argument);
 }
 
 TEST(APhrase, KnowsItsWordsAndThoseOfItsNames) {
     std::set<std::string> words;
-    collectWords(parsePhrase("(open | start) [the] <app>"), kApps, words);
+    collectWords(parseSentence("(open | start) [the] <app>"), kApps, words);
     EXPECT_EQ(words, (std::set<std::string>{"open", "start", "the", "music", "player", "notes"}));
 }
 

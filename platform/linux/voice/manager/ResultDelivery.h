@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+// Delivers a result: first to the all-result callback, and then to the clients that registered for its agent. Main loop
+// only.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "Callbacks.h"
+#include "voice/Dialogue.h"
+
+namespace voice {
+
+class ResultDelivery {
+public:
+    using ResultCallback = Callback<vc_mgr_all_result_cb>;
+
+    // The clients get the result unless the callback carries it out (returns true) or isCurrent() is false after it.
+    // If the callback selects commands, only their clients get it.
+    void deliver(const ResultCallback& callback, const Intent& intent, const std::string& text,
+                 const std::function<bool()>& isCurrent);
+    void reject(const ResultCallback& callback);
+
+    // Selects commands of the result. Returns vc_error_e; only within the callback.
+    int select(vc_cmd_list_h list);
+
+private:
+    struct Commands;
+
+    bool call(const ResultCallback& callback, vc_result_event_e event, vc_cmd_list_h list, const char* text,
+              const char* message);
+    void sendTo(const Commands& commands, const std::string& text, const std::string& json) const;
+
+    bool mInCallback = false;
+    bool mSelected = false;
+    std::vector<vc_cmd_h> mSelection;
+};
+
+}  // namespace voice

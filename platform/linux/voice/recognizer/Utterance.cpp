@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "voice/Utterance.h"
+
+#include <exception>
+#include <stdexcept>
+#include <utility>
+
+#include "UtteranceProgress.h"
+#include "process/Guard.h"
+#include "speech/MemoryReturn.h"
+
+namespace voice {
+
+namespace {
+
+constexpr std::size_t kBlock = 256;  // 16 ms
+
+}  // namespace
+
+Utterance::Utterance(EngineFuture engine, UtteranceSettings settings, UtteranceEvents events)
+    : mEngine(std::move(engine)), mSettings(settings), mEvents(std::move(events)) {}
+
+void Utterance::cancel() {
+    mCanceled = true;
+    mSource.interrupt();
+}
+
+void Utterance::run() noexcept {
+    const speech::MemoryReturn memoryReturn;
+    process::contained("the utterance's thread", [this] {
+        try {
+            recognize();
+        } catch (const std::exception& fault) {
+            mEvents.failed(fault.what());
+        }
+    });
+}
+
+void Utterance::recognize() {
+    if (!mSource.open()) {
+        throw std::runtime_error("No sound source");
+    }
+    mEvents.recording();
+    const std::shared_ptr<Engine> engine = mEngine.get();
+    if (!engine) {
+        throw std::runtime_error("No speech recognizer");
+    }
+    std::lock_guard lock(engine->mutex);
+    UtteranceProgress progress(mSettings, mEvents);
+    engine->recognizer->begin();
+    readBlocks(*engine->recognizer, progress);
+    if (mCanceled) {
+        return;
+    }
+    mSource.interrupt();
+    mEvents.processing();
+    mEvents.done(progress.hasSpeech() ? engine->recognizer->finish() : "");
+}
+
+void Utterance::readBlocks(Recognizer& recognizer, UtteranceProgress& progress) {
+    int16_t block[kBlock];
+    while (!mFinish && !mCanceled && !progress.isOver()) {
+        const std::size_t count = mSource.read(block, kBlock);
+        if (count == 0 && !mCanceled) {
+            throw std::runtime_error("The sound source has failed");
+        }
+        progress.accept(recognizer, block, count);
+    }
+}
+
+}  // namespace voice

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+// A sentence of the sentence file as a tree:  (open | start) [the] <app> [app]   or   search for *
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace voice {
+
+struct Sentence {
+    enum Kind {
+        Word,     // text
+        All,      // the parts in order
+        OneOf,    // one of the parts; an empty All makes it optional
+        Name,     // one of the names of the list `text`
+        Anything  // any words up to the end
+    };
+    Kind kind = All;
+    std::string text;
+    std::vector<Sentence> parts;
+};
+
+// A name of a list. The result contains its value.
+struct Named {
+    std::string value;
+    Sentence spoken;
+};
+using NameLists = std::map<std::string, std::vector<Named>>;
+
+// Throws std::invalid_argument, with a text for the log, if the sentence is malformed. Words become lower case.
+Sentence parseSentence(const std::string& text);
+
+// Adds the words of the sentence and of the lists that it names.
+void collectWords(const Sentence& sentence, const NameLists& lists, std::set<std::string>& words);
+
+// Adds the lists that it names.
+void collectLists(const Sentence& sentence, std::set<std::string>& lists);
+
+// For each named list the value of the name that was said, and under "*" the words of the free end.
+using SlotValues = std::map<std::string, std::string>;
+
+// Whether the sentence fits the words; then `slots` has its values.
+bool matches(const Sentence& sentence, const NameLists& lists, const std::vector<std::string>& words,
+             SlotValues& slots);
+
+std::vector<std::string> splitWords(const std::string& text);
+
+}  // namespace voice

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+// The contents of the sentence file, which docs/understanding.md describes.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "sphinx/Dictionary.h"
+#include "voice/Sentence.h"
+
+namespace voice {
+
+// A field of the result's data: a text, "<list>", or "*".
+using Fields = std::vector<std::pair<std::string, std::string>>;
+
+// The sentences with one intent.
+struct Command {
+    std::string agent;
+    std::string actionName;
+    std::string actionType;
+    std::string onlyAfter;  // the action that must precede it; empty: any
+    Fields fields;
+    std::vector<Sentence> sentences;
+};
+
+struct SentenceFile {
+    NameLists lists;
+    sphinx::Pronunciations sounds;           // take precedence over the dictionary
+    std::map<std::string, int> recipeSteps;  // by the dish's value in its list
+    std::vector<Command> commands;
+};
+
+using LineFault = std::function<void(int line, const std::string& what)>;
+
+// Reports each wrong line with its number, and leaves it out.
+SentenceFile parseSentenceFile(const std::string& text, const LineFault& report);
+
+// Reads the file and logs each fault. False if the file cannot be read.
+bool readSentenceFile(const std::string& path, SentenceFile& commands);
+
+}  // namespace voice

@@ -11,7 +11,7 @@ namespace {
 using nlohmann::json;
 
 bool giveError(const Exchange& exchange) {
-    exchange.stream.write(textOf({exchange.fault.at("status"), R"({"error": "as told"})", {}}));
+    exchange.stream.write(textOf({exchange.fault.at("status"), R"({"error": "requested by the household"})", {}}));
     return true;
 }
 
@@ -20,7 +20,7 @@ bool sendOn(const Exchange& exchange) {
     return true;
 }
 
-// The plain answer's, unless the fault names another.
+// The status of the normal reply, unless the fault has one.
 int statusOf(const Exchange& exchange) {
     return exchange.fault.value("status", exchange.answer.status);
 }
@@ -78,7 +78,7 @@ bool close(const Exchange&) {
     return false;
 }
 
-// The body goes on until the connection ends.
+// Without a length, the body ends with the connection.
 std::string headWithoutLength(const Exchange& exchange) {
     return "HTTP/1.1 " + std::to_string(statusOf(exchange)) + " -\r\nContent-Type: application/json\r\n\r\n";
 }
@@ -90,7 +90,7 @@ bool cutOff(const Exchange& exchange) {
     return false;
 }
 
-// Ends when the client has had enough.
+// Ends when the client closes the connection.
 bool neverEnd(const Exchange& exchange) {
     exchange.stream.write(headWithoutLength(exchange) + "{\"families\": [");
     const std::string block(65536, ' ');
@@ -101,7 +101,7 @@ bool neverEnd(const Exchange& exchange) {
 
 struct Kind {
     bool (*commit)(const Exchange&);
-    const char* number;  // what it needs besides; null: nothing
+    const char* number;  // the members that it needs; null: none
     const char* text;
 };
 
@@ -128,7 +128,7 @@ const std::map<std::string, Kind>& kinds() {
 void checkFault(const json& fault) {
     const auto kind = kinds().find(fault.at("kind").get<std::string>());
     if (kind == kinds().end()) {
-        throw std::invalid_argument("no such kind of fault: " + fault.dump());
+        throw std::invalid_argument("unknown kind of fault: " + fault.dump());
     }
     fault.value("request", 1);
     fault.value("status", 200);

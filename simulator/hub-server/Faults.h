@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the hub does instead of a plain answer, as the household's file tells it.
+// What the hub does instead of its normal reply, as the household's file requests.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -9,17 +9,17 @@
 
 namespace sim::hub {
 
-// Throws std::exception unless it is {"kind": .., "request": N} with what its kind needs.
+// Throws std::exception unless the fault has a known kind and the members that the kind needs.
 void checkFault(const nlohmann::json& fault);
 
 struct Exchange {
     const Socket& socket;
     Stream& stream;
-    const Answer& answer;  // the one that would be given
+    const Answer& answer;  // the normal reply
     const nlohmann::json& fault;
 };
 
-// False when the connection is to be closed. Throws std::runtime_error when the client leaves.
+// Returns false if the server must close the connection. Throws std::runtime_error if the client closes it.
 bool misbehave(const Exchange& exchange);
 
 }  // namespace sim::hub

@@ -14,11 +14,11 @@ namespace {
 
 using nlohmann::json;
 
-// The list under `key`, an empty one when there is none.
+// The list under `key`; inserts an empty one if it is missing.
 json& list(json& object, const char* key) {
     json& found = *object.emplace(key, json::array()).first;
     if (!found.is_array()) {
-        throw std::invalid_argument(std::string(key) + " is no list");
+        throw std::invalid_argument(std::string(key) + " is not a list");
     }
     return found;
 }
@@ -28,7 +28,7 @@ void checkNamed(json& element) {
     element.emplace("name", "").first->get_ref<const std::string&>();
 }
 
-// Everything that is used later is looked at here, so that a mistake in the file shows at once.
+// Checks everything that the hub uses later, so that it reports a mistake in the file at once.
 json parse(const std::string& text) {
     json content = json::parse(text);
     const json& account = content.at("account");

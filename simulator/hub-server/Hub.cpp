@@ -45,7 +45,7 @@ std::string unescaped(const std::string& text) {
     return plain;
 }
 
-// Nothing unless the path is /v1/families/ID/users.
+// The ID of the path /v1/families/ID/users; empty for another path.
 std::string familyIn(const std::string& path) {
     const std::string start = std::string(kFamilies) + "/";
     const std::size_t ends = start.size() + sizeof kUsers - 1;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The hub itself: signs in and answers. Any thread.
+// The simulated hub: signs in clients and answers requests. Any thread.
 #pragma once
 
 #include <mutex>
@@ -18,7 +18,7 @@ public:
 
     struct Outcome {
         Answer answer;
-        nlohmann::json fault;  // null: none
+        nlohmann::json fault;  // null if there is none
     };
     Outcome take(const Request& request);
     Record& record() { return mRecord; }

@@ -24,7 +24,7 @@ Request parseHead(const std::string& head) {
     std::getline(lines, line);
     Request request;
     if (!(std::istringstream(line) >> request.method >> request.path)) {
-        throw std::runtime_error("no request line");
+        throw std::runtime_error("there is no request line");
     }
     while (std::getline(lines, line)) {
         const auto colon = line.find(':');
@@ -40,7 +40,7 @@ std::size_t lengthOf(const Request& request) {
     const std::string length = request.header("content-length");
     const std::size_t bytes = length.empty() ? 0 : std::stoul(length);
     if (bytes > kLongest) {
-        throw std::runtime_error("too long a request");
+        throw std::runtime_error("the request is too long");
     }
     return bytes;
 }
@@ -56,10 +56,10 @@ bool Reader::fill() {
     const std::string more = mStream.read();
     mPending += more;
     if (mPending.size() > 2 * kLongest) {
-        throw std::runtime_error("too long a request");
+        throw std::runtime_error("the request is too long");
     }
     if (!mPending.empty() && std::isupper(static_cast<unsigned char>(mPending[0])) == 0) {
-        throw std::runtime_error("no request");
+        throw std::runtime_error("not a request");
     }
     return !more.empty();
 }
@@ -76,7 +76,7 @@ std::optional<Request> Reader::next() {
     const std::size_t length = lengthOf(request);
     while (mPending.size() < start + length) {
         if (!fill()) {
-            throw std::runtime_error("half a request");
+            throw std::runtime_error("the request is incomplete");
         }
     }
     request.body = mPending.substr(start, length);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What HTTP carries, as far as a hub needs it: one request after the other on a connection.
+// The part of HTTP that the hub needs: requests on one connection, one after the other.
 #pragma once
 
 #include <map>
@@ -13,7 +13,7 @@ namespace sim::hub {
 struct Request {
     std::string method;
     std::string path;
-    std::map<std::string, std::string> headers;  // names in small letters
+    std::map<std::string, std::string> headers;  // names in lower case
     std::string body;
 
     std::string header(const std::string& name) const;
@@ -22,13 +22,13 @@ struct Request {
 struct Answer {
     int status;
     std::string body;
-    std::string location;  // empty: none
+    std::string location;  // empty if there is none
 };
 
 class Reader {
 public:
     explicit Reader(Stream& stream) : mStream(stream) {}
-    // Nothing at the connection's end. Throws std::runtime_error on what is no request or too long.
+    // Empty at the end of the connection. Throws std::runtime_error if the request is invalid or too long.
     std::optional<Request> next();
 
 private:

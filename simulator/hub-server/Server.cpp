@@ -29,7 +29,7 @@ Socket listenOn(int port) {
     return listener;
 }
 
-// For this thread and those it starts: a client that leaves is seen where it is written to.
+// In this thread and those that it starts, so that writing to a closed connection fails instead.
 void blockPipeSignal() {
     sigset_t signals;
     sigemptyset(&signals);
@@ -86,7 +86,7 @@ void Server::removeThoseOver() {
     }
 }
 
-// A client that leaves in the middle is its own affair.
+// A connection that breaks ends only itself.
 void Server::serve(Connection& connection) {
     try {
         const auto stream = makeStream(connection.socket, mIdentity);

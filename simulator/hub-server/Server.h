@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Listens on loopback. One thread accepts, one more serves each connection; both end with the server.
+// Listens on loopback. One thread accepts connections, and one thread for each connection serves it. The destructor
+// joins all of them.
 #pragma once
 
 #include <atomic>
@@ -13,14 +14,14 @@ namespace sim::hub {
 
 class Server {
 public:
-    // Port 0: any free one. Without an identity it speaks plain HTTP. Throws std::runtime_error.
+    // Port 0 selects a free port. Without an identity, the server uses plain HTTP. Throws std::runtime_error.
     Server(Hub& hub, int port, const Identity* identity);
     ~Server();
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
 
     int port() const;
-    // Taken in so far, those over too. Any thread.
+    // The number of connections accepted so far. Any thread.
     int connections() const { return mAccepted; }
 
 private:
@@ -34,14 +35,14 @@ private:
     void accept();
     void serve(Connection& connection);
     void removeThoseOver();
-    // False when the connection is to be closed.
+    // Returns false if the connection must be closed.
     bool answer(const Socket& socket, Stream& stream, const Request& request);
 
     Hub& mHub;
     const Identity* mIdentity;
     Socket mListener;
     std::atomic<int> mAccepted{0};
-    std::list<Connection> mConnections;  // the accepting thread's, and the destructor's after it
+    std::list<Connection> mConnections;  // used by the accepting thread, and later by the destructor
     std::thread mAccepting;
 };
 

@@ -33,7 +33,7 @@ public:
         for (std::size_t done = 0; done < bytes.size();) {
             const ssize_t count = send(mSocket, bytes.data() + done, bytes.size() - done, MSG_NOSIGNAL);
             if (count < 0) {
-                throw std::runtime_error("the client does not listen any more");
+                throw std::runtime_error("the client has closed the connection");
             }
             done += static_cast<std::size_t>(count);
         }
@@ -48,7 +48,7 @@ public:
     SecureStream(int socket, SSL_CTX* context) : mSsl(SSL_new(context)) {
         if (!mSsl || SSL_set_fd(mSsl.get(), socket) != 1 || SSL_accept(mSsl.get()) != 1) {
             ERR_clear_error();
-            throw std::runtime_error("the client refuses to be secured");
+            throw std::runtime_error("the TLS handshake failed");
         }
     }
 
@@ -63,7 +63,7 @@ public:
     void write(const std::string& bytes) override {
         if (SSL_write(mSsl.get(), bytes.data(), static_cast<int>(bytes.size())) <= 0) {
             ERR_clear_error();
-            throw std::runtime_error("the client does not listen any more");
+            throw std::runtime_error("the client has closed the connection");
         }
     }
 

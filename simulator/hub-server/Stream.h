@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// One connection, plain or secured. Used by one thread, but for interrupt().
+// One connection, with or without TLS. One thread at a time may use it, except for interrupt().
 #pragma once
 
 #include <memory>
@@ -17,9 +17,10 @@ public:
     Socket& operator=(Socket&&) = delete;
 
     int get() const { return mHandle; }
-    // Any thread: whoever waits on it goes on.
+    // Any thread. Ends every wait on the socket.
     void interrupt() const;
-    // True when the other end left, or was interrupted, within the time; -1: however long it takes.
+    // Waits until the peer closes the connection, somebody interrupts it, or the time is over. -1 waits without a
+    // limit. Returns false if the time is over.
     bool isLeftWithin(int milliseconds) const;
 
 private:
@@ -29,12 +30,12 @@ private:
 class Stream {
 public:
     virtual ~Stream() = default;
-    // "" at the end. Both throw std::runtime_error when the connection breaks.
+    // Returns "" at the end. Both throw std::runtime_error if the connection breaks.
     virtual std::string read() = 0;
     virtual void write(const std::string& bytes) = 0;
 };
 
-// Certificate and key of the server.
+// The certificate and the key of the server.
 class Identity {
 public:
     // PEM files. Throws std::runtime_error.
@@ -48,7 +49,7 @@ private:
     std::unique_ptr<ssl_ctx_st, Free> mContext;
 };
 
-// The socket stays the caller's. Secured when there is an identity; throws std::runtime_error when that fails.
+// The caller keeps the socket. With an identity, the stream uses TLS. Throws std::runtime_error if the handshake fails.
 std::unique_ptr<Stream> makeStream(const Socket& socket, const Identity* identity);
 
 }  // namespace sim::hub

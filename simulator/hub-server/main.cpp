@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // orvane-sim-hub HOUSEHOLD [--port N] [--certificate PEM --key PEM]: prints "port N" when it listens and ends with
-// SIGTERM or SIGINT. Its record is "hub".
+// SIGTERM or SIGINT. Writes the record "hub".
 #include <signal.h>
 
 #include <cstdio>
@@ -40,7 +40,7 @@ bool parse(int count, char** arguments, Options& options) {
     return !options.household.empty() && options.certificate.empty() == options.key.empty();
 }
 
-// Before any thread, so that none is chosen to be interrupted by them.
+// Before any thread exists, so that only sigwait() receives them.
 sigset_t blockEndings() {
     sigset_t endings;
     sigemptyset(&endings);

@@ -7,7 +7,7 @@ namespace curl {
 
 namespace {
 
-// The handle's options point to what a request owns, so they end with it.
+// The handle's options point to data of the request, so they are reset when the request ends.
 class Reset {
 public:
     explicit Reset(Handle& handle) : mHandle(handle) {}
@@ -53,7 +53,7 @@ void Client::setRequest(const std::string& url, const std::string& token) {
 
 void Client::setLimits() {
     mHandle.set(CURLOPT_NOSIGNAL, 1L);
-    mHandle.set(CURLOPT_QUICK_EXIT, 1L);  // does not wait for the resolver's thread, so that the limits hold
+    mHandle.set(CURLOPT_QUICK_EXIT, 1L);  // do not wait for the resolver's thread, which could exceed the time limits
     mHandle.set(CURLOPT_CONNECTTIMEOUT_MS, mLimits.connectMilliseconds);
     mHandle.set(CURLOPT_TIMEOUT_MS, mLimits.requestMilliseconds);
 }

@@ -16,14 +16,14 @@ struct Limits {
 };
 
 // Sends requests over HTTP and HTTPS, one after the other, and keeps the connections between them. One thread at a time
-// may use it. Each request blocks until its reply or a limit. Always checks certificates. Does not follow redirections,
-// so that no other host receives the token.
+// may use it. Each request blocks until its reply arrives or a time limit expires. Always checks certificates. Does not
+// follow redirects, so that no other host receives the token.
 class Client {
 public:
     // `authorities`: a PEM file of certificates to trust instead of the system's; empty for the system's.
     Client(const Limits& limits, const std::string& authorities) : mLimits(limits), mAuthorities(authorities) {}
 
-    // Throw Error if there is no complete reply. A status that is not a success is a reply too.
+    // Throw Error if no complete reply arrives. A reply with an error status is still a reply.
     Reply get(const std::string& url, const std::string& token);
     Reply post(const std::string& url, const std::string& token, const std::string& json);
 

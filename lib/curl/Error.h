@@ -13,7 +13,7 @@ enum class Failure {
     BAD_REPLY    // incomplete, too long, or not HTTP
 };
 
-// Why there is no complete reply. Out of memory is std::bad_alloc instead.
+// The reason why a request got no complete reply. Running out of memory throws std::bad_alloc instead.
 class Error : public std::runtime_error {
 public:
     Error(Failure failure, const std::string& text) : std::runtime_error(text), mFailure(failure) {}
@@ -23,7 +23,7 @@ private:
     Failure mFailure;
 };
 
-// Throws the error of a CURLcode unless it is CURLE_OK. `detail` describes it better than the code does; may be empty.
+// Throws the error for a CURLcode unless it is CURLE_OK. `detail` describes the error more precisely; may be empty.
 void check(int code, const std::string& detail = {});
 
 }  // namespace curl

@@ -7,7 +7,8 @@ namespace curl {
 
 namespace {
 
-// Must happen before the first handle. Nothing undoes it, because another library of the process may also use curl.
+// Must run before the first handle is created. Never cleaned up, because another library in the process may also use
+// curl.
 void initialize() {
     static const CURLcode code = curl_global_init(CURL_GLOBAL_DEFAULT);
     check(code);

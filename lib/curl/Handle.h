@@ -20,9 +20,9 @@ public:
     }
     // Blocks until the transfer ends.
     CURLcode perform() noexcept { return curl_easy_perform(mHandle.get()); }
-    // Of the last reply; 0 if there is none.
+    // The status of the last reply; 0 without a reply.
     long status() const noexcept;
-    // Forgets all options and keeps the connections.
+    // Resets all options but keeps the connections.
     void reset() noexcept { curl_easy_reset(mHandle.get()); }
 
 private:

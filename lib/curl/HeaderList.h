@@ -8,7 +8,7 @@ struct curl_slist;
 
 namespace curl {
 
-// The headers of a request, "Name: value" each. Must outlive the transfer.
+// The headers of a request, each as "Name: value". Must outlive the transfer.
 class HeaderList {
 public:
     void append(const std::string& header);

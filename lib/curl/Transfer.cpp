@@ -5,7 +5,8 @@
 
 namespace curl {
 
-// curl calls this for each line. An empty line ends the head, also the head of an interim reply (status 1xx).
+// curl calls this for each header line. An empty line ends the headers, including those of an interim reply (status
+// 1xx).
 std::size_t Transfer::onHeadLine(const char* line, std::size_t, std::size_t count, void* transfer) noexcept {
     auto& self = *static_cast<Transfer*>(transfer);
     const bool isEnd = *line == '\r' || *line == '\n';
@@ -45,8 +46,8 @@ void Transfer::check(CURLcode code) const {
     if (mIsTooLong) {
         throw Error(Failure::BAD_REPLY, "more than " + std::to_string(mMaximumBytes) + " bytes");
     }
-    // A connection that breaks within the body leaves half a reply. Where TLS ends without its closing message, newer
-    // versions of curl report this error, and older ones report the end of the body.
+    // A connection that breaks within the body leaves an incomplete reply. If TLS ends without its closing message,
+    // newer versions of curl report this error, and older ones report the end of the body.
     if (code == CURLE_RECV_ERROR && mHasBody) {
         throw Error(Failure::BAD_REPLY, std::string("the reply breaks off: ") + mDetail);
     }

@@ -8,7 +8,7 @@
 
 namespace curl {
 
-// One transfer: runs a request whose options are set at the handle, and receives its reply.
+// One transfer: sends the request that the handle's options describe, and receives the reply.
 class Transfer {
 public:
     // A body of more than `maximumBytes` is a bad reply.
@@ -27,8 +27,8 @@ private:
     Handle& mHandle;
     std::size_t mMaximumBytes;
     std::string mBody;
-    bool mHasBody = false;    // the head is complete, and its status is a success
-    bool mIsStopped = false;  // the head is complete, and its status is not a success
+    bool mHasBody = false;    // the headers are complete and report success
+    bool mIsStopped = false;  // the headers are complete and report an error
     bool mIsTooLong = false;
     char mDetail[CURL_ERROR_SIZE] = "";  // the error's text
 };

@@ -49,12 +49,12 @@ bool Url::isSecure() const {
 
 bool Url::isLoopback() const {
     const std::string host = part(CURLUPART_HOST);
-    in_addr address{};  // only an address is in 127.0.0.0/8; the name 127.example is not
+    in_addr address{};  // the host name 127.example is not an address in 127.0.0.0/8
     return host == "localhost" || host == "[::1]" ||
            (inet_pton(AF_INET, host.c_str(), &address) == 1 && ntohl(address.s_addr) >> 24 == IN_LOOPBACKNET);
 }
 
-// Empty if the address has no such part.
+// Empty if the address does not have this part.
 std::string Url::part(int which) const {
     char* text = nullptr;
     const bool found = curl_url_get(mUrl.get(), static_cast<CURLUPart>(which), &text, 0) == CURLUE_OK;

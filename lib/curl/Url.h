@@ -11,14 +11,14 @@ namespace curl {
 // A parsed address, for http or https.
 class Url {
 public:
-    // Throws std::invalid_argument unless it is an http or https address with a host and without a user name, a query,
-    // and a fragment.
+    // Throws std::invalid_argument unless the text is an http or https address with a host and without a user name,
+    // query, or fragment.
     explicit Url(const std::string& text);
 
-    // The address without a slash at its end.
+    // The address without a trailing slash.
     std::string base() const;
     bool isSecure() const;
-    // The host is this machine.
+    // Whether the host is the local machine.
     bool isLoopback() const;
 
 private:
@@ -30,7 +30,7 @@ private:
     std::unique_ptr<Curl_URL, Cleanup> mUrl;
 };
 
-// Percent-escapes a text as one segment of a path.
+// Percent-encodes a text as one segment of a path.
 std::string escaped(const std::string& text);
 
 }  // namespace curl

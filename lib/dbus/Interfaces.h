@@ -8,7 +8,7 @@
 
 namespace dbus {
 
-// By the interface's name. Throws std::runtime_error when there is none.
+// Finds an interface by name. Throws std::runtime_error if it does not exist.
 gio::Interface interface(const std::string& name);
 
 }  // namespace dbus

@@ -18,7 +18,7 @@ struct ChangesetUnref {
 }  // namespace
 
 Client::Client(Changed changed) : mChanged(std::move(changed)) {
-    // The client reports on the main context of the thread that creates it.
+    // The client emits its signals on the main context of the thread that creates it.
     gio::IoThread::get().run([this] {
         mClient = dconf_client_new();
         g_signal_connect(

@@ -7,9 +7,9 @@
 
 namespace gio {
 
-// The address of the session or system bus; empty when none is known.
+// The address of the session or system bus; empty if it is unknown.
 std::string addressOf(GBusType type);
-// A well-known or unique name.
+// Whether the text is a valid well-known or unique name.
 bool isBusName(const std::string& text);
 bool isUtf8(const std::string& text);
 

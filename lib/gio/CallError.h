@@ -8,7 +8,7 @@ namespace gio {
 
 class Error;
 
-// Why a call over D-Bus failed.
+// The reason why a D-Bus call failed.
 class CallError : public std::runtime_error {
 public:
     explicit CallError(const Error& error);
@@ -17,9 +17,9 @@ public:
 
     // The D-Bus error's name ("org.freedesktop.DBus.Error.AccessDenied") if the receiver or the bus sent one.
     const std::string& name() const { return mName; }
-    // No connection has the receiver's name, or the receiver does not know the object, interface, or method.
+    // No connection owns the receiver's name, or the receiver does not have the object, interface, or method.
     bool hasNoReceiver() const;
-    // The receiver did not answer in time.
+    // The receiver did not reply in time.
     bool isTimeout() const { return mTimeout; }
 
 private:

@@ -92,7 +92,7 @@ void Connection::emitSignal(const std::string& path, const std::string& interfac
                             const Variant& arguments) const {
     if (mBus) {
         Error error;
-        // Fails only when the bus is gone.
+        // Fails only if the connection is lost.
         g_dbus_connection_emit_signal(mBus.get(), nullptr, path.c_str(), interface.c_str(), signal.c_str(),
                                       arguments.get(), error.out());
     }

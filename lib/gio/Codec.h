@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// How C++ types travel over D-Bus. For each type: its signature, and conversions to a floating value and back. Included
-// by Variant.h.
+// Conversions between C++ types and D-Bus values. Each type has a signature and conversions to and from a floating
+// value. Included by Variant.h.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 namespace gio {
 
-// A text of any bytes but zero: ay with a terminating zero. Reads as empty when the terminator is missing.
+// A text of arbitrary nonzero bytes: ay with a terminating zero. Reads as empty if the terminator is missing.
 struct Bytes {
     std::string text;
 };
@@ -22,7 +22,7 @@ struct ObjectPath {
     std::string path;
 };
 
-// Throws std::invalid_argument for a text that is not UTF-8, because it would end the connection.
+// Throws std::invalid_argument for a text that is not UTF-8, because sending it would close the connection.
 GVariant* newText(std::string_view text);
 GVariant* newArray(const std::string& elementType, const std::vector<Variant>& elements);
 GVariant* newTuple(const std::vector<Variant>& fields);

@@ -98,14 +98,14 @@ std::shared_ptr<GDBusConnection> Connection::share() const {
 void Connection::flush() const {
     if (isOpen()) {
         Error error;
-        g_dbus_connection_flush_sync(mBus.get(), nullptr, error.out());  // fails only when the bus is gone
+        g_dbus_connection_flush_sync(mBus.get(), nullptr, error.out());  // fails only if the connection is lost
     }
 }
 
 void Connection::close() {
     if (mIsPrivate && isOpen()) {
         Error error;
-        g_dbus_connection_close_sync(mBus.get(), nullptr, error.out());  // fails only when it is closed already
+        g_dbus_connection_close_sync(mBus.get(), nullptr, error.out());  // fails only if it is already closed
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A connection to a message bus. Calls block for at most their timeout; everything may be called from any thread. The
-// handlers of signals, names, and exported objects run on the connection's context, in the order in which the bus sent
-// what they handle. An exception that leaves a handler ends the process, except from a method's handler.
+// A connection to a message bus. Thread-safe. Calls block for at most their timeout. The handlers of signals, names,
+// and exported objects run on the connection's context, in the order in which the bus sent the messages. An exception
+// that leaves a handler ends the process, except in a method handler.
 #pragma once
 
 #include <functional>
@@ -18,7 +18,7 @@
 
 namespace gio {
 
-// An interface of an object. As the source of a signal, an empty field stands for any.
+// An interface of an object. As the source of a signal, an empty field matches any value.
 struct Target {
     std::string name;
     std::string path;
@@ -27,7 +27,7 @@ struct Target {
 
 struct CallOptions {
     int milliseconds = 5000;
-    bool starts = true;  // the bus starts the receiver if it does not run
+    bool starts = true;  // the bus starts the receiver if it is not running
 };
 
 // The bus itself.
@@ -35,15 +35,15 @@ extern const Target kBus;
 
 class Connection {
 public:
-    // Blocks. Throws std::runtime_error. The connection closes when it is destroyed.
+    // Blocks. Throws std::runtime_error. Destroying the object closes the connection.
     static Connection open(const std::string& address, const Context& context);
-    // The one that this process shares with GIO and its other users, and which does not end the process when it closes.
+    // The connection that GIO shares within this process. The process does not end when this connection closes.
     static Connection openShared(GBusType type, const Context& context);
-    // Does not block. `then` runs on the context, with a connection that is not open if the bus does not answer in
-    // time.
+    // Does not block. `then` runs on the context; if the bus does not reply in time, it receives a connection that is
+    // not open.
     static void openAsync(const std::string& address, const Context& context, unsigned milliseconds,
                           std::function<void(Connection)> then);
-    // Never open: each call fails for this reason.
+    // A connection that is never open: each call fails with this reason.
     explicit Connection(std::string whyNot) : mWhyNot(std::move(whyNot)) {}
 
     Connection(Connection&&) = default;
@@ -51,7 +51,7 @@ public:
     ~Connection() { close(); }
 
     bool isOpen() const { return mBus && !g_dbus_connection_is_closed(mBus.get()); }
-    const std::string& whyNot() const { return mWhyNot; }  // of a connection that never was open
+    const std::string& whyNot() const { return mWhyNot; }  // for a connection that was never open
     std::string uniqueName() const;
     const Context& context() const { return mContext; }
 
@@ -63,27 +63,27 @@ public:
     void callAsync(const Target& target, const char* method, const Variant& arguments, const CallOptions& options,
                    Answer answer) const;
 
-    // The signal of the source, with this first argument unless it is empty.
+    // Subscribes to the source's signal. If `firstArgument` is not empty, the signal's first argument must match it.
     using SignalHandler = std::function<void(const Variant& arguments)>;
     Registration subscribe(const Target& source, const std::string& signal, SignalHandler handler,
                            const std::string& firstArgument = "") const;
     void emitSignal(const std::string& path, const std::string& interface, const std::string& signal,
                     const Variant& arguments) const;
-    // Once, when the connection is lost.
+    // Called once, when the connection is lost.
     Registration onClosed(std::function<void()> handler) const;
 
     // The unique name of the owner; empty without one.
     std::string ownerOf(const std::string& name) const;
     bool hasOwner(const std::string& name) const { return !ownerOf(name).empty(); }
-    // Takes the name, or returns an empty handle when another connection has it. Throws CallError.
+    // Acquires the name, or returns an empty handle if another connection owns it. Throws CallError.
     OwnedName ownName(const std::string& name) const;
-    // The unique name of the owner, now and at each change; empty without one.
+    // Reports the unique name of the owner, now and after each change; empty without an owner.
     using OwnerHandler = std::function<void(const std::string& owner)>;
     Registration watchName(const std::string& name, OwnerHandler handler) const;
 
-    // An exception of `onCall` becomes the error org.freedesktop.DBus.Error.Failed with its text, unless the call is
-    // answered already. To answer later, move the call. Properties are read-only. Throws std::runtime_error when the
-    // path has the interface already.
+    // An exception from `onCall` becomes the error org.freedesktop.DBus.Error.Failed with its text, unless the call
+    // already has a reply. To reply later, move the call. Properties are read-only. Throws std::runtime_error if the
+    // path already has the interface.
     using MethodHandler = std::function<void(MethodCall& call)>;
     using PropertyReader = std::function<Variant(const std::string& name)>;
     Registration exportObject(const std::string& path, const Interface& interface, MethodHandler onCall,
@@ -91,7 +91,7 @@ public:
     void emitPropertyChanged(const std::string& path, const std::string& interface, const std::string& property,
                              const Variant& value) const;
 
-    // Blocks until everything that was sent has left the process.
+    // Blocks until all queued messages have been sent.
     void flush() const;
     void close();
 

@@ -10,8 +10,8 @@ namespace {
 
 using Work = std::function<void()>;
 
-// GLib passes work on under its own locks, which ThreadSanitizer does not see. It sees this one: what happens before
-// the work is attached happens before it runs.
+// GLib hands over work under its own locks, which ThreadSanitizer does not see. This lock shows it that attaching the
+// work happens before running it.
 std::mutex handover;
 
 gboolean runOnce(gpointer data) noexcept {
@@ -24,7 +24,7 @@ void destroyWork(gpointer data) noexcept {
     delete static_cast<Work*>(data);
 }
 
-// What is created meanwhile belongs to the context. The caller must have acquired it.
+// Sources created while this object exists belong to the context. The caller must have acquired the context.
 class Default {
 public:
     explicit Default(GMainContext* context) : mContext(context) { g_main_context_push_thread_default(mContext); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A GLib main context. Signals, answers, and calls of exported objects run on the thread that iterates it.
+// A GLib main context. Handlers of signals, replies, and calls to exported objects run on the thread that iterates it.
 #pragma once
 
 #include <gio/gio.h>
@@ -11,9 +11,9 @@ namespace gio {
 
 class Context {
 public:
-    // A new one, which nothing iterates yet.
+    // Creates a context that no thread iterates yet.
     Context();
-    // The default context: the one that g_main_loop_new(nullptr, ...) iterates.
+    // The default context, which g_main_loop_new(nullptr, ...) iterates.
     static Context main();
 
     GMainContext* get() const { return mContext.get(); }
@@ -22,8 +22,8 @@ public:
     void post(std::function<void()> work) const;
     void postAfter(unsigned milliseconds, std::function<void()> work) const;
 
-    // Runs `work` and returns when it is done: directly on the context's own thread or if no thread iterates the
-    // context, otherwise on its thread. Throws what `work` throws. Never hold a lock that work on the thread takes.
+    // Runs `work` on the context's thread and waits for it. Runs it directly if the caller is on that thread or if no
+    // thread iterates the context. Rethrows the exceptions of `work`. Do not hold a lock that work on the thread takes.
     void run(const std::function<void()>& work) const;
 
 private:

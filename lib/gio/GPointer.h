@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owners of what GLib counts references of or allocates.
+// Smart pointers for GLib objects and allocations.
 #pragma once
 
 #include <gio/gio.h>

@@ -20,7 +20,7 @@ Interface::Interface(GResource* resource, const std::string& name) {
     const std::string path = "/org/orvane/dbus/" + name + ".xml";
     const std::unique_ptr<GBytes, BytesUnref> xml(
         g_resource_lookup_data(resource, path.c_str(), G_RESOURCE_LOOKUP_FLAGS_NONE, error.out()));
-    // The data of a resource ends with a zero that is not counted.
+    // The data of a resource has a terminating zero that its size does not include.
     mNode.reset(
         xml ? g_dbus_node_info_new_for_xml(static_cast<const char*>(g_bytes_get_data(xml.get(), nullptr)), error.out())
             : nullptr);

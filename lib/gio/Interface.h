@@ -11,7 +11,7 @@ namespace gio {
 // The description of a D-Bus interface.
 class Interface {
 public:
-    // From the file NAME.xml below /org/orvane/dbus/ in the resource. Throws std::runtime_error when there is none.
+    // Reads the file NAME.xml in /org/orvane/dbus/ of the resource. Throws std::runtime_error if it does not exist.
     Interface(GResource* resource, const std::string& name);
 
     std::string name() const { return get()->name; }

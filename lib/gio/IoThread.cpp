@@ -8,12 +8,12 @@
 namespace gio {
 
 IoThread& IoThread::get() {
-    // Never destroyed: static objects of the product still call it while the process ends.
+    // Never destroyed: static objects of the product still call it while the process exits.
     static IoThread* instance = new IoThread;
     return *instance;
 }
 
-// Returns when the thread iterates the context, so that Context::run() never runs anything on another one.
+// Returns after the thread has begun to iterate the context, so that Context::run() never runs work on another thread.
 IoThread::IoThread() : mLoop(Context()) {
     std::promise<void> running;
     post([&] { running.set_value(); });

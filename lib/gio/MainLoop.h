@@ -21,7 +21,7 @@ public:
     void run() const {
         mContext.run([this] { g_main_loop_run(mLoop.get()); });
     }
-    // Any thread. Before run(), makes it return at once.
+    // Any thread. If called before run(), run() returns immediately.
     void quit() const {
         mContext.post([loop = mLoop] { g_main_loop_quit(loop.get()); });
     }

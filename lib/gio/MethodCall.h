@@ -8,7 +8,7 @@
 
 namespace gio {
 
-// A call of a method of an exported object. Dropped without a reply or an error, it leaves its caller to the caller's
+// A method call to an exported object. If it is destroyed without a reply or an error, the caller waits until its
 // timeout.
 class MethodCall {
 public:
@@ -18,7 +18,7 @@ public:
     const std::string& method() const { return mMethod; }
     const Variant& arguments() const { return mArguments; }
 
-    // At most one of these, once. Any thread.
+    // Call at most one of these, at most once. Any thread.
     void reply(const Variant& result = {});
     void fail(const std::string& errorName, const std::string& text);
     bool isAnswered() const { return mInvocation == nullptr; }

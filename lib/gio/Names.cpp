@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Names of a bus: who owns one, owning one, and watching one.
+// Bus names: finding the owner, acquiring a name, and watching for owner changes.
 #include "gio/Connection.h"
 
 namespace gio {
@@ -46,7 +46,7 @@ OwnedName Connection::ownName(const std::string& name) const {
 void OwnedName::releaseName() {
     if (const auto bus = std::move(mBus)) {
         Error error;
-        // Fails only when the bus is gone.
+        // Fails only if the connection is lost.
         Variant(g_dbus_connection_call_sync(bus.get(), kBus.name.c_str(), kBus.path.c_str(), kBus.interface.c_str(),
                                             "ReleaseName", Variant::tuple(mName).get(), nullptr, G_DBUS_CALL_FLAGS_NONE,
                                             RELEASE_MS, nullptr, error.out()));

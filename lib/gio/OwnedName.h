@@ -7,7 +7,7 @@
 
 namespace gio {
 
-// A well-known name of this process's connection; released when it is destroyed.
+// A well-known name that this process's connection owns. Released when the object is destroyed.
 class OwnedName {
 public:
     OwnedName() = default;
@@ -20,9 +20,9 @@ public:
     }
     ~OwnedName() { releaseName(); }
 
-    // Whether the name was taken.
+    // Whether the name was acquired.
     explicit operator bool() const { return mBus != nullptr; }
-    // Blocks. What was sent to the name has arrived when this returns.
+    // Blocks. All messages sent to the name have arrived when this returns.
     void releaseName();
 
 private:

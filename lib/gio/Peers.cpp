@@ -3,7 +3,7 @@
 
 namespace gio {
 
-// The bus watches the name before it answers what is asked next.
+// The bus processes requests in order, so the watch is active before it answers the next query.
 Peers::Peer& Peers::find(const std::string& name) {
     const auto [found, isNew] = mPeers.try_emplace(name);
     if (isNew) {

@@ -12,14 +12,14 @@
 
 namespace gio {
 
-// Facts about the other connections on a bus, each asked of the bus once and kept until the connection leaves the bus
-// or the name gets another owner. Use it on the connection's context only: there the bus announces a change before
-// anything that it sends later, so what is kept is never older than the message at hand.
+// Caches facts about the other connections on a bus. Each fact is queried once and kept until the connection leaves the
+// bus or the name changes its owner. Use it only on the connection's context: there, the notice of a change arrives
+// before any later message, so the cache is never older than the message being handled.
 class Peers {
 public:
     explicit Peers(const Connection& connection) : mConnection(connection) {}
 
-    // By unique name. Nothing if the connection is gone.
+    // Looks up a connection by its unique name. Empty if the connection is gone.
     std::optional<uid_t> userOf(const std::string& name);
     std::optional<pid_t> processOf(const std::string& name);
     // The unique name of a well-known name's owner; empty without one.

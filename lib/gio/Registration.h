@@ -8,9 +8,9 @@
 
 namespace gio {
 
-// A subscription, watch, or exported object. Ends when it is destroyed, on any thread: its handler does not run anymore
-// then. Destroyed within the handler, it lets the handler finish. Never destroy it while holding a lock that the
-// handler takes.
+// A subscription, watch, or exported object, which ends when this object is destroyed. Any thread may destroy it, and
+// the handler does not run afterward. If the handler itself destroys it, the handler still finishes. Do not destroy it
+// while holding a lock that the handler takes.
 class Registration {
 public:
     Registration() = default;

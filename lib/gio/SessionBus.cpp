@@ -19,7 +19,7 @@ Connection openSession() {
 
 }  // namespace
 
-// Neither is ever destroyed: other threads still call while the process ends.
+// Never destroyed: other threads may still use them while the process exits.
 const Connection& sessionBus() {
     static const auto* instance = new Connection(openSession());
     return *instance;

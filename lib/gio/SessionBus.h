@@ -6,10 +6,10 @@
 
 namespace gio {
 
-// The process's connection to the session bus, whose handlers run on the IO thread. Opened on first use; lives until
-// the process ends. Without a bus it is not open, and every call fails with the reason.
+// The process's connection to the session bus. Its handlers run on the IO thread. Opened on first use, and lives until
+// the process exits. Without a bus, every call fails with the reason.
 const Connection& sessionBus();
-// Who else is on it. On the IO thread only.
+// The other connections on the session bus. IO thread only.
 Peers& sessionPeers();
 
 }  // namespace gio

@@ -14,11 +14,11 @@ namespace gio {
 template <typename T>
 struct Codec;
 
-// A value as D-Bus carries it, or nothing. Owns one reference; values never change, and threads may share them.
+// A D-Bus value, or nothing. Owns one reference. Values are immutable, so threads may share them.
 class Variant {
 public:
     Variant() = default;
-    // Takes over a reference, also a floating one. Null makes an empty variant.
+    // Takes ownership of a reference, floating or not. Null makes an empty variant.
     explicit Variant(GVariant* reference) : mValue(reference ? g_variant_take_ref(reference) : nullptr) {}
     Variant(const Variant& other) : mValue(other.mValue ? g_variant_ref(other.mValue) : nullptr) {}
     Variant(Variant&& other) noexcept : mValue(std::exchange(other.mValue, nullptr)) {}
@@ -28,7 +28,7 @@ public:
     }
     ~Variant() { reset(); }
 
-    // Codec.h has the types that T may be; a Variant is wrapped, as v. A text that is not UTF-8 throws
+    // Codec.h lists the possible types for T. A Variant is wrapped as v. A text that is not UTF-8 throws
     // std::invalid_argument.
     template <typename T>
     static Variant of(const T& value) {
@@ -44,13 +44,13 @@ public:
     bool is() const {
         return hasType(Codec<T>::type());
     }
-    // Throws std::runtime_error when the value is of another type.
+    // Throws std::runtime_error if the value has another type.
     template <typename T>
     T as() const {
         expectType(Codec<T>::type());
         return Codec<T>::read(mValue);
     }
-    // The arguments of a method or signal, as as().
+    // The arguments of a method or signal, converted like as().
     template <typename... T>
     std::tuple<T...> fields() const {
         return as<std::tuple<T...>>();
@@ -64,7 +64,7 @@ public:
             g_variant_unref(std::exchange(mValue, nullptr));
         }
     }
-    // As GVariant's text format has it, without types.
+    // GVariant's text format, without type annotations.
     std::string print() const;
 
 private:

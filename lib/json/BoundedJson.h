@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Parses JSON from outside with limits on its depth and size, so that no text can exhaust the stack or the memory.
+// Parses untrusted JSON with limits on its depth and size, so that no input can exhaust the stack or the memory.
 #pragma once
 
 #include <nlohmann/json.hpp>

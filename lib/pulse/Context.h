@@ -12,10 +12,10 @@ class Context {
 public:
     enum class State { Connecting, Ready, Ended };
     using OnState = std::function<void(State)>;
-    // What another program, or this one, has changed at the server.
+    // Changes at the server, by this program or another.
     struct OnChange {
-        std::function<void()> volume;    // of a loudspeaker or of a role, or the default loudspeaker
-        std::function<void()> playback;  // a stream began, paused, or ended
+        std::function<void()> volume;    // a volume or the default loudspeaker changed
+        std::function<void()> playback;  // a stream started, paused, resumed, or ended
     };
 
     // `onState` is called on the loop with every state and must not destroy the context. Throws std::runtime_error.
@@ -24,11 +24,11 @@ public:
     Context(const Context&) = delete;
     Context& operator=(const Context&) = delete;
 
-    // Begins to connect; never starts a server. False when that fails at once.
+    // Begins to connect; never starts a server. False if that fails immediately.
     bool connect();
     // Connecting or ready.
     bool isGood() const { return PA_CONTEXT_IS_GOOD(pa_context_get_state(mContext)); }
-    // Of a ready context. Called on the loop.
+    // Requires a ready context. Called on the loop.
     void watch(OnChange onChange);
 
     pa_context* get() const { return mContext; }

@@ -7,8 +7,8 @@
 
 namespace pulse {
 
-// Lets PulseAudio use the default GLib main context. Everything on the thread that iterates the context, without a
-// lock.
+// Lets PulseAudio use the default GLib main context. Use it only on the thread that iterates the context; no lock is
+// needed.
 class GlibMainloop {
 public:
     pa_mainloop_api* api() const { return pa_glib_mainloop_get_api(mLoop.get()); }

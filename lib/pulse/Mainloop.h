@@ -5,8 +5,8 @@
 
 namespace pulse {
 
-// Owns PulseAudio's event loop and the thread that runs it. Everything that belongs to a loop is used under a Lock of
-// that loop. The loop calls back with the lock held.
+// Owns PulseAudio's event loop and the thread that runs it. Hold a Lock of the loop to use anything that belongs to it.
+// Callbacks run with the lock held.
 class Mainloop {
 public:
     // Starts the thread. Throws std::runtime_error.
@@ -15,12 +15,12 @@ public:
     Mainloop(const Mainloop&) = delete;
     Mainloop& operator=(const Mainloop&) = delete;
 
-    // Joins the thread: nothing calls back any more. Without the lock.
+    // Joins the thread; no callback runs afterward. Must not be called with the lock held.
     void stop() noexcept;
 
     pa_mainloop_api* api() const { return pa_threaded_mainloop_get_api(mLoop); }
 
-    // A thread may take it several times. On the loop's own thread it does nothing.
+    // Recursive. Does nothing on the loop's own thread.
     class Lock {
     public:
         explicit Lock(const Mainloop& loop);

@@ -8,12 +8,12 @@
 
 namespace pulse {
 
-// Owns a request to the sound server with its callback. When it is destroyed, the request is still carried out, but the
-// callback is not called any more. Created and destroyed under the loop's lock.
+// Owns a request to the sound server with its callback. Destroying it does not cancel the request, but the callback no
+// longer runs. Created and destroyed under the loop's lock.
 class Operation {
 public:
     Operation() = default;
-    // Null when the request could not be sent.
+    // Null if the request could not be sent.
     explicit Operation(pa_operation* owned, std::shared_ptr<void> callback = nullptr)
         : mCallback(std::move(callback)), mOperation(owned) {}
 
@@ -32,8 +32,8 @@ private:
     std::unique_ptr<pa_operation, Cancel> mOperation;
 };
 
-// Waits for the answer, without the loop's lock and never on the loop's thread. False when the connection breaks or the
-// time is up.
+// Waits for the answer. Call it without the loop's lock, and not on the loop's thread. False if the connection breaks
+// or the wait times out.
 bool finish(const Mainloop& loop, Operation operation, std::chrono::milliseconds limit);
 
 }  // namespace pulse

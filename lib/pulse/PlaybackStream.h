@@ -16,7 +16,7 @@ class PlaybackStream {
 public:
     struct Events {
         std::function<void()> ready;
-        // Fills in the next samples.
+        // Fills the buffer with the next samples.
         std::function<void(int16_t* samples, std::size_t count)> wanted;
     };
     struct Settings {
@@ -26,14 +26,14 @@ public:
         unsigned latency;  // in milliseconds
     };
 
-    // Plays as soon as it is ready. The events come on the loop and must not destroy the stream; either may be empty.
-    // Throws std::runtime_error.
+    // Starts playing as soon as the stream is ready. The events come on the loop and must not destroy the stream;
+    // either may be empty. Throws std::runtime_error.
     PlaybackStream(const Context& context, const Settings& settings, Events events);
     ~PlaybackStream();
     PlaybackStream(const PlaybackStream&) = delete;
     PlaybackStream& operator=(const PlaybackStream&) = delete;
 
-    // Pauses the stream or lets it play on. `done` is called on the loop.
+    // Pauses or resumes the stream. `done` is called on the loop.
     Operation pause(bool paused, std::function<void(bool succeeded)> done);
 
 private:

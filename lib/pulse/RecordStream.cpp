@@ -25,7 +25,7 @@ RecordStream::RecordStream(const Context& context, const char* name, int rate, i
     pa_buffer_attr buffer{};
     buffer.maxlength = static_cast<uint32_t>(-1);
     buffer.fragsize = static_cast<uint32_t>(fragment);
-    // Otherwise the source chooses the latency, which may be seconds.
+    // Without this flag, the source chooses the latency, which may be seconds.
     if (pa_stream_connect_record(mStream, nullptr, &buffer, PA_STREAM_ADJUST_LATENCY) < 0) {
         pa_stream_unref(mStream);
         throw std::runtime_error(context.error());

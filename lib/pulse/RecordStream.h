@@ -13,14 +13,14 @@ class RecordStream {
 public:
     struct Events {
         std::function<void()> ready;
-        // Captured bytes; null data stands for a hole of that many bytes.
+        // Captured bytes. Null data means a gap of that many bytes.
         std::function<void(const void* data, std::size_t bytes)> data;
-        // The stream could not be opened or has ended, for this reason.
+        // The stream could not be opened, or it ended; the text is the reason.
         std::function<void(const char* why)> failed;
     };
 
-    // Captures from the server's default source, or from the one that PULSE_SOURCE names, in pieces of `fragment`
-    // bytes. The events come on the loop and must not destroy the stream. Throws std::runtime_error.
+    // Captures from the server's default source, or from the one in PULSE_SOURCE, in fragments of `fragment` bytes. The
+    // events come on the loop and must not destroy the stream. Throws std::runtime_error.
     RecordStream(const Context& context, const char* name, int rate, int channels, std::size_t fragment, Events events);
     ~RecordStream();
     RecordStream(const RecordStream&) = delete;

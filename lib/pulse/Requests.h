@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Requests to a ready context. Each calls back on the loop while its Operation exists.
+// Requests to a ready context. Each callback runs on the loop, as long as the Operation exists.
 #pragma once
 
 #include <functional>
@@ -14,12 +14,12 @@ namespace pulse {
 // Called last, once.
 using Done = std::function<void(bool succeeded)>;
 
-// Of the default loudspeaker; not called when there is none.
+// The volume of the default loudspeaker. Without a loudspeaker, `result` is not called.
 Operation readLoudspeaker(const Context& context, std::function<void(const Volume&)> result);
 Operation writeLoudspeakerVolume(const Context& context, const Volume& volume, Done done);
 Operation writeLoudspeakerMute(const Context& context, bool muted, Done done);
 
-// The volume that the server gives to all streams of a media role.
+// The volume that the server applies to all streams of a media role.
 struct RoleVolume {
     std::string role;
     Volume volume;

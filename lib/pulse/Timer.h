@@ -8,8 +8,8 @@
 
 namespace pulse {
 
-// Calls `then` once on the loop, unless it is destroyed before. Created and destroyed under the loop's lock; `then` may
-// destroy it.
+// Calls `then` once on the loop, unless the timer is destroyed first. Created and destroyed under the loop's lock;
+// `then` may destroy it.
 class Timer {
 public:
     Timer(pa_mainloop_api* loop, std::chrono::milliseconds delay, std::function<void()> then);

@@ -14,11 +14,11 @@ public:
         : mVolume(volume), mChannels(channels), mMuted(muted) {}
 
     bool isMuted() const { return mMuted; }
-    // Of the loudest channel; 1 is full volume. A mute does not change it.
+    // The volume of the loudest channel; 1 is full volume. Muting does not change it.
     double share() const { return static_cast<double>(pa_cvolume_max(&mVolume)) / PA_VOLUME_NORM; }
-    // A muted volume keeps the balance of its channels, which volume 0 would lose.
+    // Muting keeps the balance of the channels, which volume 0 would lose.
     void mute() { mMuted = true; }
-    // Ends a mute and keeps the balance of the channels.
+    // Unmutes and keeps the balance of the channels.
     void set(double share);
 
     const pa_cvolume& volume() const { return mVolume; }

@@ -18,15 +18,15 @@ struct Close {
 // Owns an open sound file. One thread at a time.
 class Reader {
 public:
-    // Any format that the library knows. Throws std::runtime_error with the reason.
+    // Accepts any format that the library supports. Throws std::runtime_error with the reason.
     explicit Reader(const std::string& path);
 
     int rate() const { return mInfo.samplerate; }
     int channels() const { return mInfo.channels; }
     int64_t frames() const { return mInfo.frames; }
     bool seek(int64_t frame) { return sf_seek(mFile.get(), frame, SEEK_SET) == frame; }
-    // Reads interleaved samples from -1 to 1. Returns the number of frames read, which is smaller than `frames` at the
-    // end and in a broken file.
+    // Reads interleaved samples from -1 to 1. Returns the number of frames read, which is less than `frames` at the end
+    // of the file or if the file is damaged.
     std::size_t read(float* samples, std::size_t frames);
 
 private:
@@ -34,7 +34,7 @@ private:
     std::unique_ptr<SNDFILE, Close> mFile;
 };
 
-// Writes a complete WAV file of 16-bit samples. Throws std::runtime_error with the reason and leaves what is written.
+// Writes a complete WAV file of 16-bit samples. Throws std::runtime_error with the reason and may leave a partial file.
 void writeWav(const std::string& path, int rate, int channels, const int16_t* samples, std::size_t frames);
 
 }  // namespace sndfile

@@ -15,7 +15,7 @@ namespace sphinx {
 
 namespace {
 
-// The library reports errors only as text, on the thread that called it.
+// The library reports errors only as text, on the calling thread.
 thread_local std::string lastError;
 
 void keepError(void*, err_lvl_t level, const char* format, ...) noexcept {

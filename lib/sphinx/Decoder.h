@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owner of PocketSphinx's decoder. One thread at a time uses a decoder; two decoders may run on two threads.
+// Owns a PocketSphinx decoder. One thread at a time may use a decoder; separate decoders may run on separate threads.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@ struct ps_decoder_s;
 
 namespace sphinx {
 
-// The decoder could not be created, or refused its input. what() contains the library's last error.
+// The decoder could not be created or rejected its input. what() contains the library's last error.
 struct Error : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -22,7 +22,7 @@ struct Error : std::runtime_error {
 // Command-line style options by name, without the leading dash.
 using Options = std::map<std::string, std::string>;
 
-// A word of the best path with its first and last frame. A frame lasts 10 ms.
+// A word of the best path with its first and last frame. A decoder frame lasts 10 ms.
 struct Segment {
     std::string word;
     int firstFrame = 0;
@@ -40,18 +40,18 @@ public:
     Decoder(const Decoder&) = delete;
     Decoder& operator=(const Decoder&) = delete;
 
-    // Each replaces the search before. Throw Error.
+    // Each replaces the previous search. Throw Error.
     void searchKeyphrases(const std::string& keyphraseFile);
     void searchGrammar(const Fsg& grammar);
 
-    // Begins an utterance. Resets the adaptation to the person and the room.
+    // Begins an utterance and discards the adaptation to the previous person and room.
     void start();
-    // `whole`: these are all samples of the utterance, so they are normalized together.
+    // `whole`: these are all the samples of the utterance, and they are normalized together.
     void accept(const int16_t* samples, std::size_t count, bool whole = false);
-    // Does nothing if no utterance has begun.
+    // Does nothing outside an utterance.
     void finish();
 
-    // The best text so far; empty if there is none.
+    // The best text so far; may be empty.
     std::string text() const;
     std::vector<Segment> segments() const;
     // Converts a probability to the natural logarithm.

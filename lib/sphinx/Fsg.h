@@ -16,10 +16,10 @@ public:
     // States are numbered from 0. The weights use the decoder's base of logarithms.
     Fsg(const Decoder& decoder, int states, int start, int final);
 
-    // Add an arc with or without a word. probability: 0 (never) to 1.
+    // Add an arc with or without a word. probability: from 0 (never) to 1.
     void addWord(int from, int to, const std::string& word, double probability = 1.0);
     void addSilent(int from, int to, double probability = 1.0);
-    // Call it after the last arc.
+    // Call this after adding the last arc.
     void close();
 
     fsg_model_s* handle() const { return mModel.get(); }

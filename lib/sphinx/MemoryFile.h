@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A file in memory, for text that the decoder reads only from a path.
+// A file in memory, for text that the decoder can read only from a path.
 #pragma once
 
 #include <sys/mman.h>
@@ -21,7 +21,7 @@ public:
     MemoryFile(const MemoryFile&) = delete;
     MemoryFile& operator=(const MemoryFile&) = delete;
 
-    // Valid in this process during the object's lifetime.
+    // Valid in this process as long as the object exists.
     std::string path() const { return "/proc/self/fd/" + std::to_string(mDescriptor); }
 
 private:

@@ -6,11 +6,11 @@
 
 namespace sphinx {
 
-// Makes a path absolute. A relative one starts at the model folder: ORVANE_MODEL_ROOT, or the folder in which Debian
-// installs PocketSphinx's models.
+// Makes a path absolute. A relative path starts at the model directory: ORVANE_MODEL_ROOT, or the directory where
+// Debian installs PocketSphinx's models.
 std::string modelPath(const std::string& path);
 
-// Whether the folder has all files of an acoustic model.
+// Whether the directory has all files of an acoustic model.
 bool isAcousticModel(const std::string& folder);
 
 }  // namespace sphinx

@@ -32,7 +32,7 @@ std::string immutableUri(const std::string& file) {
 
 }  // namespace
 
-// Error codes may be extended ones, whose low byte is the plain code.
+// An extended error code has the primary code in its low byte.
 bool Error::isBusy() const {
     return (mCode & 0xff) == SQLITE_BUSY;
 }
@@ -45,7 +45,7 @@ Database::Database(const std::string& file, Access access, int busyMilliseconds)
     const std::string name = access == Access::READ_ALONE ? immutableUri(file) : file;
     sqlite3* opened = nullptr;
     const int code = sqlite3_open_v2(name.c_str(), &opened, flagsOf(access), nullptr);
-    mDatabase.reset(opened);  // not null after a failure either: it holds the error's text
+    mDatabase.reset(opened);  // set even after a failure, because it holds the error message
     if (code != SQLITE_OK) {
         fail(code);
     }

@@ -14,20 +14,20 @@ enum class Access {
     READ,
     WRITE,
     CREATE,     // writes, and creates the file if it is missing
-    READ_ALONE  // reads the file without its log; nobody may write it meanwhile
+    READ_ALONE  // reads the file without its log; the file must not change meanwhile
 };
 
 // One connection to a database file. One thread at a time may use it. All functions throw sqlite::Error.
 class Database {
 public:
-    // The first statement reads the file, not the constructor. A statement waits up to `busyMilliseconds` for another
-    // connection's lock.
+    // The constructor does not read the file; the first statement does. A statement waits up to `busyMilliseconds` for
+    // another connection's lock.
     Database(const std::string& file, Access access, int busyMilliseconds);
 
     void execute(const std::string& sql);
-    // True also if `access` was to write and the file permits only reading.
+    // Also true if `access` requested writing but the file is read-only.
     bool isReadOnly() const;
-    // Throws the error that the last call on this connection returned as `code`.
+    // Throws the error for `code`, which the last call on this connection returned.
     [[noreturn]] void fail(int code) const;
     sqlite3* get() const { return mDatabase.get(); }
 

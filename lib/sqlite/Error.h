@@ -6,14 +6,14 @@
 
 namespace sqlite {
 
-// An error of SQLite, with its text. Out of memory is std::bad_alloc instead.
+// An SQLite error with its message. Running out of memory throws std::bad_alloc instead.
 class Error : public std::runtime_error {
 public:
     Error(int code, const std::string& text) : std::runtime_error(text), mCode(code) {}
 
     // Another connection holds the lock.
     bool isBusy() const;
-    // The file, or a file beside it, cannot be opened or written.
+    // The database file or one of its auxiliary files cannot be opened or written.
     bool isAccessRefused() const;
 
 private:

@@ -10,7 +10,7 @@ struct sqlite3_stmt;
 
 namespace sqlite {
 
-// One prepared statement. Must end before its database. All functions throw sqlite::Error.
+// One prepared statement. Must be destroyed before its database. All functions throw sqlite::Error.
 class Statement {
 public:
     Statement(const Database& database, const std::string& sql);
@@ -20,10 +20,10 @@ public:
     Statement& bind(int parameter, int number);
     // False after the last row.
     bool step();
-    // Runs a statement without rows and makes it ready to run again.
+    // Runs a statement that returns no rows, and resets it for reuse.
     void run();
 
-    // Columns count from 0. The text is valid until the next step; a null is "".
+    // Columns count from 0. The text is valid until the next step; NULL reads as "".
     const char* text(int column) const;
     int number(int column) const;
 

@@ -5,7 +5,7 @@
 
 namespace sqlite {
 
-// IMMEDIATE takes the write lock now. A transaction that starts as a reader and then writes can fail without waiting
+// IMMEDIATE takes the write lock now. A transaction that starts with a read and then writes can fail without waiting
 // for the lock.
 Transaction::Transaction(Database& database) : mDatabase(database) {
     database.execute("BEGIN IMMEDIATE");

@@ -5,7 +5,7 @@
 
 namespace sqlite {
 
-// A transaction that writes. The destructor rolls it back unless it is committed. Must end before its database.
+// A write transaction. The destructor rolls it back unless it is committed. Must be destroyed before its database.
 class Transaction {
 public:
     explicit Transaction(Database& database);

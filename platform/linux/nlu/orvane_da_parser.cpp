@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "Response.h"
-#include "dlog.h"
+#include "process/Guard.h"
 
 namespace {
 
@@ -41,12 +41,9 @@ vrp_response_data_s* vrp_response_data_parse(const char* json) {
     if (!json) {
         return nullptr;
     }
-    try {
-        return std::make_unique<vrp_response_data_s>(nlu::parseResponse(json)).release();
-    } catch (const std::exception& fault) {
-        dlog_print(DLOG_ERROR, "orvane-nlu", "no NLU result: %s", fault.what());
-        return nullptr;
-    }
+    constexpr vrp_response_data_s* failure = nullptr;
+    return process::guarded(failure, "vrp_response_data_parse",
+                            [&] { return std::make_unique<vrp_response_data_s>(nlu::parseResponse(json)).release(); });
 }
 
 void vrp_response_data_destroy(vrp_response_data_s* response) {

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <memory>
+
 #include "WakeupContext.h"
+#include "process/Guard.h"
 
 namespace nuance {
 
 // This interface passes ownership by plain pointers.
 IWakeupCtx* IWakeupCtx::Create() {
-    return new wakeup::WakeupContext(wakeup::makeSpotter);
+    constexpr wakeup::WakeupContext* failure = nullptr;
+    return process::guarded(failure, "IWakeupCtx::Create",
+                            [] { return std::make_unique<wakeup::WakeupContext>(wakeup::makeSpotter).release(); });
 }
 
 void IWakeupCtx::Destroy(IWakeupCtx* ctx) {

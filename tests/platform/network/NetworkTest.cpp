@@ -15,6 +15,9 @@
 
 namespace {
 
+// Far below the 25 s that a call to a bus or a manager without a reply would take, far above what a busy machine needs.
+constexpr std::chrono::seconds kWatchdog{10};
+
 constexpr std::uint32_t DISCONNECTED = 20, CONNECTED_LOCAL = 50, CONNECTED_SITE = 60, CONNECTED_GLOBAL = 70;
 
 std::string systemBus() {
@@ -76,7 +79,7 @@ protected:
 
 TEST_F(AConnection, IsMadeBeforeMainWithoutWaiting) {
     EXPECT_EQ(connection.result, CONNECTION_ERROR_NONE);
-    EXPECT_LT(connection.took, std::chrono::milliseconds(500));
+    EXPECT_LT(connection.took, kWatchdog);
 }
 
 TEST_F(AConnection, WithoutAManagerIsOfTheKindOfTheDefaultRoute) {
@@ -155,7 +158,7 @@ TEST_F(AConnection, HoldsUpNobodyWhileTheManagerHangsAndAsksItAgain) {
     for (const char* kind : {"vpn", "802-11-wireless", "bluetooth"}) {
         mManager->become(CONNECTED_GLOBAL, kind);
     }
-    // The longest that anybody had to wait for an answer, or for the thread of all other rooms.
+    // The longest wait for a reply, or for the IO thread.
     std::chrono::steady_clock::duration longest{};
     EXPECT_TRUE(runMainLoopUntil([&] {
         const auto start = std::chrono::steady_clock::now();
@@ -164,7 +167,7 @@ TEST_F(AConnection, HoldsUpNobodyWhileTheManagerHangsAndAsksItAgain) {
         longest = std::max(longest, std::chrono::steady_clock::now() - start);
         return now == network::kindOfDefaultRoute();
     })) << "a manager that does not answer is not asked for the kind";
-    EXPECT_LT(longest, std::chrono::milliseconds(500));
+    EXPECT_LT(longest, kWatchdog);
     // One question at the first signal and one at all others are lost.
     ASSERT_TRUE(runMainLoopUntil([&] { return mManager->unanswered() == 2; }));
     mManager->freeze(false);

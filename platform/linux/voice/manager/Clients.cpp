@@ -8,6 +8,7 @@
 #include "dbus/Interfaces.h"
 #include "dlog.h"
 #include "gio/SessionBus.h"
+#include "process/Owner.h"
 
 namespace voice {
 
@@ -18,89 +19,105 @@ constexpr char kPath[] = "/org/orvane/VoiceControl";
 constexpr char kClientPath[] = "/org/orvane/VoiceClient";
 constexpr char kClientInterface[] = "org.orvane.VoiceClient1";
 constexpr int kTimeoutMilliseconds = 1000;
-struct Registration {
-    Client client;
-    std::set<std::string> agents;
-    gio::Registration watch;
+
+class Registry {
+public:
+    Registry();
+
+    std::vector<Client> clientsFor(const std::string& agent) const;
+
+private:
+    struct Registration {
+        Client client;
+        std::set<std::string> agents;
+        gio::Registration watch;
+    };
+
+    void serve();
+    void remember(const std::string& name, std::set<std::string> agents);
+    void ownerChanged(const std::string& name, const std::string& owner);
+
+    const gio::Connection& mBus = gio::sessionBus();
+    gio::Peers& mPeers = gio::sessionPeers();
+    mutable std::mutex mMutex;
+    std::vector<Registration> mRegistrations;
+    // Destroyed before the list, so that no call finds it gone.
+    gio::Registration mObject;
+    gio::OwnedName mName;
 };
 
-std::mutex mutex;
-
-// With the mutex held. Never destroyed: the IO thread still serves while the process ends.
-std::vector<Registration>& registrations() {
-    static auto* instance = new std::vector<Registration>;
-    return *instance;
-}
-
-void ownerChanged(const std::string& name, const std::string& owner) {
-    if (!owner.empty()) {
+Registry::Registry() {
+    if (!mBus.isOpen()) {
+        dlog_print(DLOG_WARN, "orvane-voice", "no session bus, so no clients");
         return;
     }
-    std::lock_guard lock(mutex);
-    const auto gone = std::find_if(registrations().begin(), registrations().end(),
-                                   [&](const Registration& r) { return r.client.busName == name; });
-    if (gone != registrations().end()) {
-        registrations().erase(gone);
+    try {
+        serve();
+    } catch (const gio::CallError& error) {
+        dlog_print(DLOG_WARN, "orvane-voice", "no clients, as the name %s cannot be had: %s", kName, error.what());
+    }
+}
+
+// The name comes last, because an application that waits for it may register at once.
+void Registry::serve() {
+    mObject = mBus.exportObject(kPath, dbus::interface(kName + std::string("1")), [this](gio::MethodCall& call) {
+        const auto [domains] = call.arguments().fields<std::vector<std::string>>();
+        remember(call.sender(), std::set<std::string>(domains.begin(), domains.end()));
+        call.reply();
+    });
+    mName = mBus.ownName(kName);
+    if (!mName) {
+        dlog_print(DLOG_WARN, "orvane-voice", "no clients, as the name %s cannot be had: another process has it",
+                   kName);
     }
 }
 
 // On the IO thread. A second registration of the same caller replaces the first.
-void remember(const std::string& name, std::set<std::string> agents) {
-    const int pid = gio::sessionPeers().processOf(name).value_or(0);
-    std::lock_guard lock(mutex);
-    for (Registration& known : registrations()) {
+void Registry::remember(const std::string& name, std::set<std::string> agents) {
+    const int pid = mPeers.processOf(name).value_or(0);
+    const std::lock_guard lock(mMutex);
+    for (Registration& known : mRegistrations) {
         if (known.client.busName == name) {
             known.agents = std::move(agents);
             return;
         }
     }
-    auto watch = gio::sessionBus().watchName(name, [name](const std::string& owner) { ownerChanged(name, owner); });
-    registrations().push_back({{name, pid}, std::move(agents), std::move(watch)});
+    auto watch = mBus.watchName(name, [this, name](const std::string& owner) { ownerChanged(name, owner); });
+    mRegistrations.push_back({{name, pid}, std::move(agents), std::move(watch)});
 }
 
-void onRegister(gio::MethodCall& call) {
-    const auto [domains] = call.arguments().fields<std::vector<std::string>>();
-    remember(call.sender(), std::set<std::string>(domains.begin(), domains.end()));
-    call.reply();
-}
-
-// The name comes last, because an application that waits for it may register at once. Neither ends before the process.
-void startServing() {
-    const gio::Connection& bus = gio::sessionBus();
-    if (!bus.isOpen()) {
-        dlog_print(DLOG_WARN, "orvane-voice", "no session bus, so no clients");
+// On the IO thread.
+void Registry::ownerChanged(const std::string& name, const std::string& owner) {
+    if (!owner.empty()) {
         return;
     }
-    std::string whyNot = "another process has it";
-    static auto* const object = new gio::Registration;
-    static auto* const name = new gio::OwnedName;
-    try {
-        *object = bus.exportObject(kPath, dbus::interface(kName + std::string("1")), onRegister);
-        *name = bus.ownName(kName);
-    } catch (const gio::CallError& error) {
-        whyNot = error.what();
-    }
-    if (!*name) {
-        dlog_print(DLOG_WARN, "orvane-voice", "no clients, as the name %s cannot be had: %s", kName, whyNot.c_str());
+    const std::lock_guard lock(mMutex);
+    const auto gone = std::find_if(mRegistrations.begin(), mRegistrations.end(),
+                                   [&](const Registration& known) { return known.client.busName == name; });
+    if (gone != mRegistrations.end()) {
+        mRegistrations.erase(gone);
     }
 }
 
-}  // namespace
-
-void serveClients() {
-    static std::once_flag once;
-    std::call_once(once, startServing);
-}
-
-std::vector<Client> clientsFor(const std::string& agent) {
-    std::lock_guard lock(mutex);
+std::vector<Client> Registry::clientsFor(const std::string& agent) const {
+    const std::lock_guard lock(mMutex);
     std::vector<Client> clients;
-    for (const Registration& registration : registrations()) {
+    for (const Registration& registration : mRegistrations) {
         if (registration.agents.count(agent) != 0) {
             clients.push_back(registration.client);
         }
     }
     return clients;
+}
+
+}  // namespace
+
+void serveClients() {
+    process::shared<Registry>();
+}
+
+std::vector<Client> clientsFor(const std::string& agent) {
+    return process::shared<Registry>().clientsFor(agent);
 }
 
 void deliverResult(const Client& client, const std::string& text, const std::string& json) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Applications that have asked for the results of certain agents, by D-Bus. docs/dbus.md has the interface. The list is
-// kept by the thread that serves the bus and read from the main loop.
+// Applications that registered over D-Bus for the results of certain agents (docs/dbus.md). The list is
+// kept on the IO thread and read on the main loop.
 #pragma once
 
 #include <string>
@@ -13,13 +13,13 @@ struct Client {
     int pid = 0;
 };
 
-// Begins to take registrations; once a process. Without a bus nobody registers.
+// Accepts registrations from now on. Without a bus, or if another process owns the name, there are no clients.
 void serveClients();
 
-// Those that want the agent's results, in the order of their registration.
+// The clients registered for the agent, in the order of their registration.
 std::vector<Client> clientsFor(const std::string& agent);
 
-// Hands the result over; does not wait.
+// Sends the result without waiting for the reply.
 void deliverResult(const Client& client, const std::string& text, const std::string& json);
 
 }  // namespace voice

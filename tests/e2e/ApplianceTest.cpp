@@ -71,7 +71,7 @@ TEST(SpeechInTheRoom, ReachesTheMicrophone) {
     sim::until("the voice has been recorded", [&] { return recording.loudSamples(3000) > 500; });
 }
 
-TEST(AnAppliance, KeepsItsEnvironmentInItsOwnFolder) {
+TEST(AnAppliance, KeepsItsEnvironmentInItsOwnDirectory) {
     Appliance appliance;
     const std::string folder = appliance.folder().path();
     for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {

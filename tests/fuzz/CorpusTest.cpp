@@ -55,15 +55,15 @@ std::size_t tryAll(const Input& input, const char* folder) {
 
 }  // namespace
 
-class FromOutside : public testing::TestWithParam<Input> {};
+class AFuzzEntry : public testing::TestWithParam<Input> {};
 
-TEST_P(FromOutside, WhatOnceBrokeItIsBorne) {
+TEST_P(AFuzzEntry, SurvivesTheInputsThatOnceBrokeIt) {
     tryAll(GetParam(), "regressions");
 }
 
-TEST_P(FromOutside, EveryKnownShapeIsBorne) {
+TEST_P(AFuzzEntry, SurvivesEveryInputOfTheCorpus) {
     EXPECT_GT(tryAll(GetParam(), "corpus"), 5u);
 }
 
-INSTANTIATE_TEST_SUITE_P(, FromOutside, testing::ValuesIn(kInputs),
+INSTANTIATE_TEST_SUITE_P(, AFuzzEntry, testing::ValuesIn(kInputs),
                          [](const auto& input) { return std::string(input.param.name); });

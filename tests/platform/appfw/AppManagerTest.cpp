@@ -31,7 +31,7 @@ int terminate(const char* id) {
     return code;
 }
 
-TEST(AnApplicationThatRuns, IsKnownByItsIdAndByItsProcess) {
+TEST(ARunningApplication, IsFoundByItsIdAndByItsProcess) {
     EXPECT_FALSE(runs(SERVICE_ID));
     RunningService service;
     EXPECT_TRUE(runs(SERVICE_ID));
@@ -41,7 +41,7 @@ TEST(AnApplicationThatRuns, IsKnownByItsIdAndByItsProcess) {
     free(id);
 }
 
-TEST(AnApplicationThatRuns, IsNotCalledByTheOtherNamesOfItsProcess) {
+TEST(ARunningApplication, KeepsItsIdWhenItsProcessOwnsOtherNames) {
     OtherApp app("zz.example.app");
     for (const char* other : {"org.orvane.Focus.Playback", "org.orvane.VoiceControl", "org.freedesktop.Something"}) {
         app.own(other);
@@ -52,7 +52,7 @@ TEST(AnApplicationThatRuns, IsNotCalledByTheOtherNamesOfItsProcess) {
     free(id);
 }
 
-TEST(AnApplicationThatRuns, EndsInOrderWhenItIsTerminated) {
+TEST(ARunningApplication, ShutsDownCleanlyWhenItIsTerminated) {
     RunningService service;
     EXPECT_EQ(terminate(SERVICE_ID), APP_MANAGER_ERROR_NONE);
     EXPECT_EQ(service.rest(), "terminate\n");
@@ -60,7 +60,7 @@ TEST(AnApplicationThatRuns, EndsInOrderWhenItIsTerminated) {
     EXPECT_FALSE(runs(SERVICE_ID));
 }
 
-TEST(AnApplicationThatRuns, AndCannotBeTerminatedIsAFailure) {
+TEST(ARunningApplication, ThatCannotBeTerminatedReturnsAnError) {
     const OtherApp app("com.example.stubborn");  // knows no request to close
     EXPECT_EQ(terminate("com.example.stubborn"), APP_MANAGER_ERROR_REQUEST_FAILED);
 }
@@ -75,7 +75,7 @@ TEST(AnApplicationThatDoesNotRun, HasNoContext) {
     EXPECT_EQ(app_manager_get_app_context("com.example.nowhere", nullptr), APP_MANAGER_ERROR_INVALID_PARAMETER);
 }
 
-TEST(AProcessThatIsNoApplication, HasNoId) {
+TEST(AProcessThatIsNotAnApplication, HasNoId) {
     Program sleeper({"sleep", "infinity"});
     char* id = nullptr;
     EXPECT_EQ(app_manager_get_app_id(sleeper.process().id(), &id), APP_MANAGER_ERROR_NO_SUCH_APP);
@@ -109,7 +109,7 @@ protected:
         std::filesystem::path(getenv("XDG_DATA_HOME")) / "dbus-1/services" / (std::string(SERVICE_ID) + ".service");
 };
 
-TEST_F(AnInstalledApplication, IsStartedByARequestWhichItThenGets) {
+TEST_F(AnInstalledApplication, IsStartedByARequestAndReceivesIt) {
     OtherApp other("com.example.other");
     EXPECT_FALSE(runs(SERVICE_ID));
     app_control_h request = nullptr;
@@ -124,7 +124,7 @@ TEST_F(AnInstalledApplication, IsStartedByARequestWhichItThenGets) {
     end();
 }
 
-TEST_F(AnInstalledApplication, IsStartedAnewByARequestThatComesWhileItEnds) {
+TEST_F(AnInstalledApplication, IsStartedAgainByARequestThatArrivesWhileItShutsDown) {
     OtherApp other("com.example.other");
     Program ending({"env", "SERVICE_ASKS_LAST=org.orvane.da-service", APPFW_SERVICE});
     EXPECT_EQ(ending.line(), "create");

@@ -63,24 +63,24 @@ protected:
     std::filesystem::path mPipe;
 };
 
-TEST_F(ADesktopApplication, IsStartedByItsIdAndThatIsItsReply) {
+TEST_F(ADesktopApplication, IsStartedByItsIdAndTheReplyIsAppStarted) {
     app_control_set_app_id(mRequest, APP_ID);
     expectStart("desk");
 }
 
-TEST_F(ADesktopApplication, IsGivenTheUri) {
+TEST_F(ADesktopApplication, ReceivesTheUri) {
     app_control_set_app_id(mRequest, APP_ID);
     app_control_set_uri(mRequest, URI);
     expectStart(std::string("desk ") + URI);
 }
 
-TEST_F(ADesktopApplication, OpensTheUrisOfItsSchemeForTheViewOperation) {
+TEST_F(ADesktopApplication, OpensUrisOfItsSchemeForTheViewOperation) {
     app_control_set_operation(mRequest, APP_CONTROL_OPERATION_VIEW);
     app_control_set_uri(mRequest, URI);
     expectStart(std::string("desk ") + URI);
 }
 
-TEST_F(ADesktopApplication, IsNotFoundForAnotherSchemeOrNoUriAtAll) {
+TEST_F(ADesktopApplication, IsNotFoundForAnotherSchemeOrWithoutAUri) {
     app_control_set_operation(mRequest, APP_CONTROL_OPERATION_VIEW);
     for (const char* uri : {"unknownscheme:x", "no uri", ""}) {
         app_control_set_uri(mRequest, uri);
@@ -88,7 +88,7 @@ TEST_F(ADesktopApplication, IsNotFoundForAnotherSchemeOrNoUriAtAll) {
     }
 }
 
-TEST_F(ADesktopApplication, IsNotWhatARequestWithoutIdAndOtherOperationGoesTo) {
+TEST_F(ADesktopApplication, DoesNotReceiveARequestWithoutAnIdForAnotherOperation) {
     app_control_set_operation(mRequest, APP_CONTROL_OPERATION_MAIN);
     app_control_set_uri(mRequest, URI);
     EXPECT_EQ(send(), APP_CONTROL_ERROR_INVALID_PARAMETER);

@@ -51,7 +51,7 @@ protected:
     event_handler_h mHandler = nullptr;
 };
 
-TEST_F(AnEventOfTheAccountService, IsToldOnTheMainLoopWithItsData) {
+TEST_F(AnEventOfTheAccountService, ReachesTheHandlerOnTheMainLoopWithItsData) {
     const OtherApp account(ACCOUNT_ID);
     account.announce(EVENT);
     ASSERT_TRUE(hear(1));
@@ -61,7 +61,7 @@ TEST_F(AnEventOfTheAccountService, IsToldOnTheMainLoopWithItsData) {
     EXPECT_EQ(mHeard.data.entries[0].second.value, "value");
 }
 
-TEST_F(AnEventOfTheAccountService, IsNotBelievedOfAnotherApplication) {
+TEST_F(AnEventOfTheAccountService, IsIgnoredIfAnotherApplicationEmitsIt) {
     const OtherApp impostor("com.example.impostor");
     const OtherApp account(ACCOUNT_ID);
     impostor.announce(EVENT);
@@ -71,7 +71,7 @@ TEST_F(AnEventOfTheAccountService, IsNotBelievedOfAnotherApplication) {
     ASSERT_TRUE(hear(2));
 }
 
-TEST_F(AnEventOfTheAccountService, IsHeardOfAServiceThatStartsAgain) {
+TEST_F(AnEventOfTheAccountService, ReachesTheHandlerAfterTheServiceRestarts) {
     OtherApp first(ACCOUNT_ID);
     first.announce(EVENT);
     ASSERT_TRUE(hear(1));
@@ -81,7 +81,7 @@ TEST_F(AnEventOfTheAccountService, IsHeardOfAServiceThatStartsAgain) {
     EXPECT_TRUE(hear(2));
 }
 
-TEST_F(AnEventOfTheAccountService, IsToldNoMoreOnceTheHandlerIsRemovedEvenIfItHasArrived) {
+TEST_F(AnEventOfTheAccountService, DoesNotReachARemovedHandlerEvenIfItHasArrived) {
     Heard others;
     event_handler_h other = nullptr;
     ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &others, &other), EVENT_ERROR_NONE);
@@ -96,7 +96,7 @@ TEST_F(AnEventOfTheAccountService, IsToldNoMoreOnceTheHandlerIsRemovedEvenIfItHa
     event_remove_event_handler(other);
 }
 
-TEST_F(AnEventOfTheAccountService, ThatHasArrivedIsNotToldToAHandlerThatIsAddedLater) {
+TEST_F(AnEventOfTheAccountService, ThatHasArrivedDoesNotReachAHandlerAddedLater) {
     const OtherApp account(ACCOUNT_ID);
     account.announce(EVENT);
     settle();
@@ -111,7 +111,7 @@ TEST_F(AnEventOfTheAccountService, ThatHasArrivedIsNotToldToAHandlerThatIsAddedL
     EXPECT_EQ(mHeard.count, 1);
 }
 
-TEST(AnEventName, ThatNamesNoApplicationIsRefused) {
+TEST(AnEventName, WithoutAnApplicationIdIsRefused) {
     event_handler_h handler = nullptr;
     for (const char* name : {"", "event.", "event.x", "org.orvane.account.notification"}) {
         EXPECT_EQ(event_add_event_handler(name, onEvent, nullptr, &handler), EVENT_ERROR_INVALID_PARAMETER) << name;

@@ -55,7 +55,7 @@ protected:
     Received mReceived;
 };
 
-TEST_F(AnApplication, GetsMessagesWholeWhateverTheirBytesAndLength) {
+TEST_F(AnApplication, ReceivesMessagesOfAnyBytesAndLengthUnchanged) {
     bundle_s message;
     std::string bytes;
     for (int byte = 1; byte < 256; ++byte) {
@@ -74,7 +74,7 @@ TEST_F(AnApplication, GetsMessagesWholeWhateverTheirBytesAndLength) {
     }
 }
 
-TEST_F(AnApplication, IsNotHeldUpByAMessageOfVeryManyEntries) {
+TEST_F(AnApplication, AcceptsAMessageWithManyEntries) {
     bundle_s message;
     for (int i = 0; i < 300000; ++i) {
         bundle_add_str(&message, std::to_string(i).c_str(), "");
@@ -82,13 +82,13 @@ TEST_F(AnApplication, IsNotHeldUpByAMessageOfVeryManyEntries) {
     EXPECT_EQ(appfw::toBundle(appfw::toEntries(message)).entries.size(), 300000U);
 }
 
-TEST_F(AnApplication, GetsAMessageWithoutEntriesAsOne) {
+TEST_F(AnApplication, ReceivesAMessageWithoutEntries) {
     EXPECT_EQ(send("partial", {}), MESSAGE_PORT_ERROR_NONE);
     ASSERT_TRUE(receives(1));
     EXPECT_TRUE(mReceived.last.entries.empty());
 }
 
-TEST_F(AnApplication, IsToldWhoSendsAndThePortToAnswerToIfThereIsOne) {
+TEST_F(AnApplication, ReceivesTheSenderAndItsReplyPortIfThereIsOne) {
     bundle_s message;
     EXPECT_EQ(send("partial", message), MESSAGE_PORT_ERROR_NONE);
     ASSERT_TRUE(receives(1));
@@ -103,7 +103,7 @@ TEST_F(AnApplication, IsToldWhoSendsAndThePortToAnswerToIfThereIsOne) {
               MESSAGE_PORT_ERROR_INVALID_PARAMETER);
 }
 
-TEST_F(AnApplication, IsNotToldThatAnotherSendsThanWhoDoes) {
+TEST_F(AnApplication, RefusesASenderThatClaimsAnotherApplicationsId) {
     const OtherApp other("com.example.other");
     EXPECT_FALSE(other.message(APP_ID, "partial", APP_ID));
     EXPECT_FALSE(other.message(APP_ID, "partial", "com.example.nowhere"));
@@ -116,7 +116,7 @@ TEST_F(AnApplication, IsNotToldThatAnotherSendsThanWhoDoes) {
     EXPECT_EQ(mReceived.app, "");
 }
 
-TEST_F(AnApplication, ThatCannotAnswerIsAFailureAndNotOneWithoutPorts) {
+TEST_F(AnApplication, ThatDoesNotReplyCausesAnIoErrorInsteadOfPortNotFound) {
     OtherApp other("com.example.other");
     other.failCalls("org.freedesktop.DBus.Error.NoReply");
     bool exists = true;
@@ -126,14 +126,14 @@ TEST_F(AnApplication, ThatCannotAnswerIsAFailureAndNotOneWithoutPorts) {
     EXPECT_EQ(message_port_send_trusted_message("com.example.other", "partial", &message), MESSAGE_PORT_ERROR_IO_ERROR);
 }
 
-TEST_F(AnApplication, CannotRegisterAPortWithoutANameThatIsText) {
+TEST_F(AnApplication, CannotRegisterAPortWithoutAValidName) {
     for (const char* name : {static_cast<const char*>(nullptr), "", "\xff"}) {
         EXPECT_EQ(message_port_register_trusted_local_port(name, onMessage, nullptr),
                   MESSAGE_PORT_ERROR_INVALID_PARAMETER);
     }
 }
 
-TEST_F(AnApplication, IsSeenToHaveAPortOnlyWhileItIsRegistered) {
+TEST_F(AnApplication, HasAPortOnlyWhileItIsRegistered) {
     bool exists = false;
     EXPECT_EQ(message_port_check_trusted_remote_port(APP_ID, "partial", &exists), MESSAGE_PORT_ERROR_NONE);
     EXPECT_TRUE(exists);
@@ -155,7 +155,7 @@ TEST_F(AnApplication, ThatDoesNotRunHasNoPorts) {
               MESSAGE_PORT_ERROR_INVALID_PARAMETER);
 }
 
-TEST_F(AnApplication, ThatRegistersAPortAgainKeepsItsIdAndTheNewCallbackTakesOver) {
+TEST_F(AnApplication, ThatRegistersAPortAgainKeepsItsIdAndUsesTheNewCallback) {
     Received later;
     EXPECT_EQ(message_port_register_trusted_local_port("partial", onMessage, &later), mId);
     EXPECT_EQ(send("partial", {}), MESSAGE_PORT_ERROR_NONE);
@@ -165,7 +165,7 @@ TEST_F(AnApplication, ThatRegistersAPortAgainKeepsItsIdAndTheNewCallbackTakesOve
     EXPECT_EQ(send("partial", {}), MESSAGE_PORT_ERROR_PORT_NOT_FOUND) << "there is one port only";
 }
 
-TEST_F(AnApplication, GetsNothingMoreOnceThePortIsUnregisteredEvenWhatHasArrived) {
+TEST_F(AnApplication, ReceivesNothingAfterUnregisteringThePortNotEvenMessagesThatHaveArrived) {
     Received others;
     const int other = message_port_register_trusted_local_port("other", onMessage, &others);
     send("partial", {});
@@ -176,7 +176,7 @@ TEST_F(AnApplication, GetsNothingMoreOnceThePortIsUnregisteredEvenWhatHasArrived
     message_port_unregister_trusted_local_port(other);
 }
 
-TEST_F(AnApplication, RefusesCallersOfAnotherUser) {
+TEST_F(AnApplication, RefusesCallsFromAnotherUser) {
     if (getuid() != 0) {
         GTEST_SKIP() << "only root can become another user";
     }

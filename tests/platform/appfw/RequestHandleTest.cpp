@@ -19,7 +19,7 @@ protected:
     app_control_h mRequest = nullptr;
 };
 
-TEST_F(ARequestHandle, GivesNullForFieldsThatWereNeverSet) {
+TEST_F(ARequestHandle, ReturnsNullForFieldsThatWereNeverSet) {
     char text = 0;
     for (const auto get : {app_control_get_app_id, app_control_get_operation, app_control_get_uri}) {
         char* value = &text;
@@ -28,7 +28,7 @@ TEST_F(ARequestHandle, GivesNullForFieldsThatWereNeverSet) {
     }
 }
 
-TEST_F(ARequestHandle, ReplacesAnExtraBySingleValueOrArray) {
+TEST_F(ARequestHandle, ReplacesAnExtraWithASingleValueOrAnArray) {
     const char* list[] = {"a", "b"};
     bool array = false;
     EXPECT_EQ(app_control_add_extra_data(mRequest, "key", "one"), APP_CONTROL_ERROR_NONE);
@@ -46,7 +46,7 @@ TEST_F(ARequestHandle, ReplacesAnExtraBySingleValueOrArray) {
     free(value);
 }
 
-TEST_F(ARequestHandle, RefusesExtrasThatAreNone) {
+TEST_F(ARequestHandle, RefusesInvalidExtras) {
     const char* list[] = {"a"};
     char* value = nullptr;
     EXPECT_EQ(app_control_add_extra_data(mRequest, "", "x"), APP_CONTROL_ERROR_INVALID_PARAMETER);
@@ -57,7 +57,7 @@ TEST_F(ARequestHandle, RefusesExtrasThatAreNone) {
     EXPECT_EQ(app_control_get_extra_data(mRequest, "key", &value), APP_CONTROL_ERROR_KEY_NOT_FOUND);
 }
 
-TEST_F(ARequestHandle, RefusesCallsWithoutAHandleAKeyOrAPlaceForTheAnswer) {
+TEST_F(ARequestHandle, RefusesCallsWithoutAHandleAKeyOrAnOutputArgument) {
     app_control_add_extra_data(mRequest, "key", "one");
     char* value = nullptr;
     char** values = nullptr;
@@ -87,7 +87,7 @@ TEST_F(ARequestHandle, RefusesCallsWithoutAHandleAKeyOrAPlaceForTheAnswer) {
     EXPECT_EQ(codes, std::vector<int>(codes.size(), APP_CONTROL_ERROR_INVALID_PARAMETER));
 }
 
-TEST_F(ARequestHandle, IsWalkedInTheOrderOfTheKeysUntilTheCallbackHasEnough) {
+TEST_F(ARequestHandle, IteratesOverItsKeysInOrderUntilTheCallbackReturnsFalse) {
     for (const char* key : {"c", "a", "b"}) {
         app_control_add_extra_data(mRequest, key, "x");
     }
@@ -103,7 +103,7 @@ TEST_F(ARequestHandle, IsWalkedInTheOrderOfTheKeysUntilTheCallbackHasEnough) {
     EXPECT_EQ(seen, "ab");
 }
 
-TEST_F(ARequestHandle, WithTextThatIsNoUtf8IsRefusedAndLeavesTheBusOpen) {
+TEST_F(ARequestHandle, WithInvalidUtf8IsRefusedAndLeavesTheBusOpen) {
     app_control_set_app_id(mRequest, "org.example.anybody");
     app_control_set_operation(mRequest, "\xff");
     EXPECT_EQ(app_control_send_launch_request(mRequest, nullptr, nullptr), APP_CONTROL_ERROR_INVALID_PARAMETER);

@@ -36,7 +36,7 @@ protected:
     OtherApp mApp{APP_ID};
 };
 
-TEST_F(ARequest, ComesInOrderWithExtrasOfAnyBytes) {
+TEST_F(ARequest, ArrivesInOrderWithExtrasOfAnyBytes) {
     ASSERT_TRUE(
         mApp.ask(SERVICE_ID, "first", {{"list", {true, {"a", "b"}}}, {"none", {true, {}}}, {"word", one("\xff\x01")}}));
     ASSERT_TRUE(mApp.ask(SERVICE_ID, "second"));
@@ -47,7 +47,7 @@ TEST_F(ARequest, ComesInOrderWithExtrasOfAnyBytes) {
     EXPECT_EQ(mService.line(), "operation second");
 }
 
-TEST_F(ARequest, IsAnsweredWithSingleAndArrayExtras) {
+TEST_F(ARequest, ReceivesAReplyWithSingleAndArrayExtras) {
     ASSERT_TRUE(mApp.ask(SERVICE_ID, "answer", {}, "the token"));
     const OtherApp::Answer answer = mApp.answered();
     EXPECT_EQ(answer.token, "the token");
@@ -56,12 +56,12 @@ TEST_F(ARequest, IsAnsweredWithSingleAndArrayExtras) {
     EXPECT_EQ(mService.lineWith("answered"), "answered 0");
 }
 
-TEST_F(ARequest, WithoutATokenCannotBeAnswered) {
+TEST_F(ARequest, WithoutATokenCannotReceiveAReply) {
     ASSERT_TRUE(mApp.ask(SERVICE_ID, "answer"));
     EXPECT_EQ(mService.lineWith("answered"), "answered -22");
 }
 
-TEST_F(ARequest, OfTheServiceBringsOperationUriAndExtras) {
+TEST_F(ARequest, FromTheServiceContainsItsOperationUriAndExtras) {
     ASSERT_TRUE(haveAsked(APP_ID, "greet"));
     const OtherApp::Asked asked = mApp.asked();
     EXPECT_EQ(asked.operation, "greet");
@@ -70,7 +70,7 @@ TEST_F(ARequest, OfTheServiceBringsOperationUriAndExtras) {
     EXPECT_EQ(mService.lineWith("sent"), "sent 0");
 }
 
-TEST_F(ARequest, TakesOneReplyToItsOwnToken) {
+TEST_F(ARequest, AcceptsOneReplyToItsOwnToken) {
     ASSERT_TRUE(haveAsked(APP_ID, "first"));
     const OtherApp::Asked first = mApp.asked();
     OtherApp::Asked guessed = first;
@@ -86,13 +86,13 @@ TEST_F(ARequest, TakesOneReplyToItsOwnToken) {
     EXPECT_EQ(mService.lineWith("reply"), "reply -2 to second");
 }
 
-TEST_F(ARequest, HasFailedWhenItsReplyHasAResultThatThereIsNot) {
+TEST_F(ARequest, FailsIfItsReplyHasAnUnknownResult) {
     ASSERT_TRUE(haveAsked(APP_ID, "greet"));
     ASSERT_TRUE(mApp.reply(mApp.asked(), 77));
     EXPECT_EQ(mService.lineWith("reply"), "reply -1 to greet");
 }
 
-TEST_F(ARequest, FailsWhenItsReceiverLeavesTheBusBeforeItAnswers) {
+TEST_F(ARequest, FailsWhenItsReceiverLeavesTheBusBeforeItReplies) {
     ASSERT_TRUE(haveAsked(APP_ID, "greet"));
     EXPECT_EQ(mService.lineWith("sent"), "sent 0");
     mApp.leave();
@@ -105,7 +105,7 @@ TEST_F(ARequest, ToAnApplicationThatIsNotInstalledFailsAndIsLogged) {
     EXPECT_EQ(mService.lineWith("sent"), "sent -101");
 }
 
-TEST_F(ARequest, ToWhatIsNoApplicationIdFailsAndIsLogged) {
+TEST_F(ARequest, ToAnInvalidApplicationIdFailsAndIsLogged) {
     ASSERT_TRUE(haveAsked("not an id", "greet"));
     EXPECT_NE(mService.lineWith("not an id is not installed"), "");
     EXPECT_EQ(mService.lineWith("sent"), "sent -101");

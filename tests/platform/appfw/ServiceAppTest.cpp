@@ -14,35 +14,35 @@
 
 namespace {
 
-TEST(AskedForHelp, TheServicePrintsItAndEndsWell) {
+TEST(TheHelpOption, PrintsTheUsageAndExitsWithZero) {
     Program service({APPFW_SERVICE, "--help"});
     EXPECT_EQ(service.line(), "Usage: orvane-da-service [--help]");
     service.rest();
     EXPECT_EQ(service.wait(), 0);
 }
 
-TEST(AnUnknownOption, IsToldInOneLineAndEndsWithTwo) {
+TEST(AnUnknownOption, PrintsOneLineAndExitsWithTwo) {
     Program service({APPFW_SERVICE, "--nonsense"});
     EXPECT_NE(service.line().find("--nonsense"), std::string::npos);
     EXPECT_EQ(service.rest(), "");
     EXPECT_EQ(service.wait(), 2);
 }
 
-TEST(AServiceThatGivesUp, EndsWithoutBeingTerminated) {
+TEST(AServiceWhoseCreateCallbackFails, ExitsWithoutTheTerminateCallback) {
     Program service({"env", "SERVICE_GIVES_UP=1", APPFW_SERVICE});
     EXPECT_EQ(service.rest(), "create\n");
     EXPECT_NE(service.wait(), 0);
 }
 
 // Other tests go on with the bus that they share.
-class TheBus : public testing::Test {
+class TheService : public testing::Test {
 protected:
     void TearDown() override { setenv("DBUS_SESSION_BUS_ADDRESS", mShared.c_str(), 1); }
 
     const std::string mShared = getenv("DBUS_SESSION_BUS_ADDRESS");
 };
 
-TEST_F(TheBus, MissingIsToldInOneLineAndKeepsTheServiceFromStarting) {
+TEST_F(TheService, LogsOneLineAndDoesNotStartWithoutASessionBus) {
     setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus", 1);
     Program service({APPFW_SERVICE});
     EXPECT_NE(service.line().find("there is no session bus"), std::string::npos);
@@ -50,7 +50,7 @@ TEST_F(TheBus, MissingIsToldInOneLineAndKeepsTheServiceFromStarting) {
     EXPECT_NE(service.wait(), 0);
 }
 
-TEST_F(TheBus, RefusingTheNameIsToldInItsOwnWordsAndKeepsTheServiceFromStarting) {
+TEST_F(TheService, LogsTheBusErrorAndDoesNotStartIfTheBusRefusesItsName) {
     const PrivateBus bus(openBus(getenv("XDG_RUNTIME_DIR"), "<deny own=\"org.orvane.da-service\"/>"));
     Program service({APPFW_SERVICE});
     const std::string line = service.line();
@@ -60,7 +60,7 @@ TEST_F(TheBus, RefusingTheNameIsToldInItsOwnWordsAndKeepsTheServiceFromStarting)
     EXPECT_NE(service.wait(), 0);
 }
 
-TEST_F(TheBus, GoingAwayIsToldInOneLineAndEndsTheServiceInOrder) {
+TEST_F(TheService, LogsOneLineAndShutsDownCleanlyWhenTheBusGoesAway) {
     std::optional<PrivateBus> bus(std::in_place);
     RunningService service;
     bus.reset();
@@ -74,14 +74,14 @@ protected:
     RunningService mService;
 };
 
-TEST_F(ARunningService, KeepsASecondOneFromStarting) {
+TEST_F(ARunningService, PreventsASecondOneFromStarting) {
     Program second({APPFW_SERVICE});
     EXPECT_NE(second.line().find("the service runs already"), std::string::npos);
     EXPECT_EQ(second.rest(), "");
     EXPECT_NE(second.wait(), 0);
 }
 
-TEST_F(ARunningService, EndsInOrderWhenItIsAskedToCloseAfterWhatCameBefore) {
+TEST_F(ARunningService, HandlesEarlierRequestsAndThenShutsDownCleanlyOnAClose) {
     OtherApp app;
     ASSERT_TRUE(app.ask(SERVICE_ID, "last"));
     EXPECT_TRUE(app.call(SERVICE_ID, "Close")) << "answered before it ends";
@@ -89,7 +89,7 @@ TEST_F(ARunningService, EndsInOrderWhenItIsAskedToCloseAfterWhatCameBefore) {
     EXPECT_EQ(mService.wait(), 0);
 }
 
-TEST_F(ARunningService, LogsWhatTheMainLoopComplainsOfInALineButNotThatATimerHadEndedWhenItIsDeleted) {
+TEST_F(ARunningService, LogsAMainLoopErrorInOneLineButNotTheDeletionOfATimerThatHasEnded) {
     OtherApp app;
     ASSERT_TRUE(app.ask(SERVICE_ID, "delete"));
     EXPECT_EQ(mService.line(), "operation delete");
@@ -98,7 +98,7 @@ TEST_F(ARunningService, LogsWhatTheMainLoopComplainsOfInALineButNotThatATimerHad
     EXPECT_EQ(mService.line(), "deleted");
 }
 
-TEST(ARequestThatComesWhileTheServiceEnds, IsNotHandedToIt) {
+TEST(ARequestThatArrivesWhileTheServiceShutsDown, DoesNotReachTheService) {
     Program service({"env", "SERVICE_ASKS_LAST=connection", APPFW_SERVICE});
     EXPECT_EQ(service.line(), "create");
     OtherApp app;
@@ -107,7 +107,7 @@ TEST(ARequestThatComesWhileTheServiceEnds, IsNotHandedToIt) {
     EXPECT_EQ(service.wait(), 0);
 }
 
-TEST_P(ARunningService, EndsInOrderAtASignal) {
+TEST_P(ARunningService, ShutsDownCleanlyOnASignal) {
     mService.process().signal(GetParam());
     EXPECT_EQ(mService.rest(), "terminate\n");
     EXPECT_EQ(mService.wait(), 0);

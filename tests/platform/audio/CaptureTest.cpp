@@ -123,7 +123,7 @@ TEST(ABlockedSpeechRead, EndsWhenTheCaptureIsUnpreparedByAnotherThread) {
     room.thaw();
 }
 
-TEST(ASoundServerThatStandsStill, FailsTheReadAfterAWhile) {
+TEST(ASoundServerThatHangs, FailsTheReadAfterAWhile) {
     SoundRoom room;
     const AudioIn microphone;
     microphone.capture(0.1);

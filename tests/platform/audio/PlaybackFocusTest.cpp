@@ -158,7 +158,7 @@ TEST(AFocusWatch, DoesNotReportWhatPlayedBefore) {
     EXPECT_THAT(second->all(), testing::ElementsAre(kAlarmPlays));
 }
 
-TEST(AFocusWatch, DoesNotReportWhatPlayedBeforeAServerThatStandsStill) {
+TEST(AFocusWatch, DoesNotReportWhatPlayedBeforeTheServerHung) {
     SoundRoom room;
     const Child music = player();
     ASSERT_TRUE(eventually(mediaPlay));
@@ -171,7 +171,7 @@ TEST(AFocusWatch, DoesNotReportWhatPlayedBeforeAServerThatStandsStill) {
     EXPECT_THAT(changes->all(), testing::ElementsAre(kBellPlays));
 }
 
-TEST(AFocusWatch, DoesNotTakeAServerThatStandsStillForSilence) {
+TEST(AFocusWatch, DoesNotMistakeAHungServerForSilence) {
     SoundRoom room;
     Watch changes;
     const Child music = player();

@@ -49,7 +49,7 @@ protected:
 using BackEnds = testing::Types<OrvaneDA::SRecorderSSE, OrvaneDA::SRecorderOriginal>;
 TYPED_TEST_SUITE(ARealRecorder, BackEnds, );
 
-TYPED_TEST(ARealRecorder, GivesUpTheMicrophoneWithTheFocusAndCapturesAgainWithIt) {
+TYPED_TEST(ARealRecorder, ReleasesTheMicrophoneWithTheFocusAndResumesWhenTheFocusReturns) {
     Blocks blocks;
     TypeParam recorder;
     recorder.addListener(&blocks);
@@ -72,7 +72,7 @@ TYPED_TEST(ARealRecorder, GivesUpTheMicrophoneWithTheFocusAndCapturesAgainWithIt
     recorder.stopRecord();
 }
 
-TYPED_TEST(ARealRecorder, GivesUpMicrophoneAndFocusWithItsEnd) {
+TYPED_TEST(ARealRecorder, ReleasesMicrophoneAndFocusOnDestruction) {
     Blocks blocks;
     {
         TypeParam recorder;
@@ -84,7 +84,7 @@ TYPED_TEST(ARealRecorder, GivesUpMicrophoneAndFocusWithItsEnd) {
     EXPECT_TRUE(eventually([] { return !isCaptured(); }));
 }
 
-TYPED_TEST(ARealRecorder, MayEndWhileAnotherProcessHasTheFocus) {
+TYPED_TEST(ARealRecorder, MayBeDestroyedWhileAnotherProcessHasTheFocus) {
     Blocks blocks;
     auto recorder = std::make_unique<TypeParam>();
     recorder->addListener(&blocks);

@@ -67,7 +67,7 @@ TEST_F(TheRecordingFocus, ShowsItsReasonOnTheBus) {
     }
 }
 
-TEST_F(AStreamThatLosesTheFocus, GetsTheReasonAndGetsItBackWhenTheOtherProcessEnds) {
+TEST_F(AStreamThatLosesTheFocus, ReceivesTheReasonAndRegainsTheFocusWhenTheOtherProcessEnds) {
     Stream stream;
     ASSERT_EQ(stream.acquire(), 0);
     Child alarm = holder(kAlarm);
@@ -117,7 +117,7 @@ TEST_F(AStreamThatLosesTheFocus, StopsWaitingWhenItReleases) {
     EXPECT_FALSE(waitsAtTheBus());
 }
 
-TEST_F(AStreamThatLosesTheFocus, HasLostItToTheSystemWhenTheOtherGivesNoReason) {
+TEST_F(AStreamThatLosesTheFocus, LosesItToTheSystemIfTheOtherProcessGivesNoReason) {
     const gio::Variant reasons[] = {{}, gio::Variant::of(11), gio::Variant::of(-1), gio::Variant::of("alarm")};
     for (const gio::Variant& reason : reasons) {
         Stream stream;
@@ -159,7 +159,7 @@ TEST_F(TheRecordingFocus, GoesToTheNewestStreamOfTheProcessAndBack) {
     EXPECT_THAT(media->all(), IsEmpty());
 }
 
-TEST_F(TheRecordingFocus, IsGivenUpWhenItsStreamIsDestroyed) {
+TEST_F(TheRecordingFocus, IsReleasedWhenItsStreamIsDestroyed) {
     Stream stream;
     ASSERT_EQ(stream.acquire(), 0);
     EXPECT_EQ(stream.destroy(), 0);
@@ -217,7 +217,7 @@ TEST_F(AnAudioStream, GetsNoCallbackAfterItIsDestroyed) {
     EXPECT_TRUE(leftBefore.get()) << "the destruction waits for the callback that runs";
 }
 
-TEST_F(AnAudioStream, GetsNoCallbackForItsOwnReleasesAndAcquisitionsHoweverFast) {
+TEST_F(AnAudioStream, GetsNoCallbackForItsOwnReleasesAndAcquisitionsEvenInQuickSuccession) {
     Stream stream;
     for (int times = 0; times < 500; ++times) {
         ASSERT_EQ(stream.acquire(), 0);
@@ -227,7 +227,7 @@ TEST_F(AnAudioStream, GetsNoCallbackForItsOwnReleasesAndAcquisitionsHoweverFast)
     EXPECT_THAT(stream->all(), IsEmpty());
 }
 
-TEST_F(AnAudioStream, KnowsTheHolderAfterALongQuarrel) {
+TEST_F(AnAudioStream, KnowsTheHolderAfterManyFocusChanges) {
     Stream stream;
     std::atomic<bool> ended{false};
     auto quarrel = std::async(std::launch::async, [&] {
@@ -268,7 +268,7 @@ TEST_F(AnAudioStream, RejectsInvalidArguments) {
     EXPECT_EQ(sound_manager_set_focus_reacquisition(nullptr, true), SOUND_MANAGER_ERROR_INVALID_PARAMETER);
 }
 
-TEST(WithoutABus, TheFocusCannotBeAcquiredAndTheLogSaysSoOnce) {
+TEST(WithoutABus, TheFocusCannotBeAcquiredAndOneLineIsLogged) {
     FILE* pipe = popen("DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere ORVANE_LOG=stderr " FOCUS_HOLDER " 6 2>&1", "r");
     std::string said;
     for (int letter = 0; (letter = fgetc(pipe)) != EOF;) {

@@ -47,24 +47,24 @@ protected:
     Folder folder;
 };
 
-using ARecordingReplayed = Replay;
+using AReplayedRecording = Replay;
 
 }  // namespace
 
-TEST_F(ARecordingReplayed, IsReadSampleForSampleWhenItsRateFits) {
+TEST_F(AReplayedRecording, IsReadSampleForSampleWhenItsRateFits) {
     const tone::Samples played = tone::sine(440, 16000, 2.048);
     replay(16000, 1, played, "fast");
     const AudioIn microphone;
     EXPECT_EQ(microphone.capture(2.048), played);
 }
 
-TEST_F(ARecordingReplayed, IsReadFasterThanRealTimeAtFastPace) {
+TEST_F(AReplayedRecording, IsReadFasterThanRealTimeAtFastPace) {
     replay(16000, 1, tone::sine(440, 16000, 120), "fast");
     const AudioIn microphone;
     microphone.capture(120);  // in real time longer than the test's timeout
 }
 
-TEST_F(ARecordingReplayed, TakesAtLeastItsLengthInRealTime) {
+TEST_F(AReplayedRecording, TakesAtLeastItsLengthInRealTime) {
     replay(16000, 1, tone::sine(440, 16000, 5), "realtime");
     const SpeechIn microphone;
     const auto before = Clock::now();
@@ -73,7 +73,7 @@ TEST_F(ARecordingReplayed, TakesAtLeastItsLengthInRealTime) {
     EXPECT_THAT(tone::amplitudeAt(440, 16000, captured), DoubleNear(8000, 100));
 }
 
-TEST_F(ARecordingReplayed, IsConvertedFromAnyRateWithoutFalseTones) {
+TEST_F(AReplayedRecording, IsConvertedFromAnyRateWithoutFalseTones) {
     for (const int rate : {8000, 11025, 22050, 44100, 48000}) {
         tone::Samples played = tone::sine(1000, rate, 1.5);
         if (rate > 40000) {
@@ -91,7 +91,7 @@ TEST_F(ARecordingReplayed, IsConvertedFromAnyRateWithoutFalseTones) {
     }
 }
 
-TEST_F(ARecordingReplayed, OfTwoChannelsIsMixedToOne) {
+TEST_F(AReplayedRecording, WithTwoChannelsIsMixedToOne) {
     replay(16000, 2, tone::stereo(tone::sine(1000, 16000, 1), tone::sine(3000, 16000, 1, 4000)), "fast");
     const SpeechIn speech;
     const tone::Samples captured = speech.capture(0.8);
@@ -99,7 +99,7 @@ TEST_F(ARecordingReplayed, OfTwoChannelsIsMixedToOne) {
     EXPECT_THAT(tone::amplitudeAt(3000, 16000, captured), DoubleNear(2000, 80));
 }
 
-TEST_F(ARecordingReplayed, IsFollowedByAQuietRoomInRealTime) {
+TEST_F(AReplayedRecording, IsFollowedByAQuietRoomInRealTime) {
     replay(16000, 1, tone::sine(440, 16000, 0.5), "fast");
     const AudioIn microphone;
     microphone.capture(0.512);
@@ -110,7 +110,7 @@ TEST_F(ARecordingReplayed, IsFollowedByAQuietRoomInRealTime) {
     EXPECT_LT(tone::level(quiet), 4);
 }
 
-TEST_F(ARecordingReplayed, GoesOnWhereItWasWhenTheMicrophoneIsOpenedAgain) {
+TEST_F(AReplayedRecording, ContinuesWhereItStoppedWhenTheMicrophoneIsOpenedAgain) {
     tone::Samples played = tone::sine(500, 16000, 1.024);
     const tone::Samples second = tone::sine(2000, 16000, 2);
     played.insert(played.end(), second.begin(), second.end());
@@ -125,7 +125,7 @@ TEST_F(ARecordingReplayed, GoesOnWhereItWasWhenTheMicrophoneIsOpenedAgain) {
     EXPECT_LT(tone::amplitudeAt(500, 16000, captured), 100);
 }
 
-TEST_F(ARecordingReplayed, EndsItsReadWhenTheCaptureStops) {
+TEST_F(AReplayedRecording, EndsItsReadWhenTheCaptureStops) {
     replay(16000, 1, tone::sine(440, 16000, 5), "realtime");
     const AudioIn microphone;
     auto reading = std::async(std::launch::async, [&] {
@@ -137,7 +137,7 @@ TEST_F(ARecordingReplayed, EndsItsReadWhenTheCaptureStops) {
     EXPECT_LT(reading.get(), 0) << "a read of the whole half second succeeds";
 }
 
-TEST_F(ARecordingReplayed, FailsToOpenWhenItsFileCannotBeRead) {
+TEST_F(AReplayedRecording, FailsToOpenWhenItsFileCannotBeRead) {
     std::ofstream(folder.path() + "/broken.wav") << "RIFF....WAVEfmt nonsense";
     for (const char* name : {"/broken.wav", "/missing.wav"}) {
         replayFile(folder.path() + name, "realtime");
@@ -152,7 +152,7 @@ TEST_F(ARecordingReplayed, FailsToOpenWhenItsFileCannotBeRead) {
     }
 }
 
-TEST_F(ARecordingReplayed, FailsToOpenAtAnUnknownPace) {
+TEST_F(AReplayedRecording, FailsToOpenAtAnUnknownPace) {
     replay(16000, 1, tone::sine(440, 16000, 1), "brisk");
     audio_in_h input = nullptr;
     ASSERT_EQ(audio_in_create(16000, AUDIO_CHANNEL_MONO, AUDIO_SAMPLE_TYPE_S16_LE, &input), 0);

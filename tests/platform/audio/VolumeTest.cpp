@@ -54,7 +54,7 @@ constexpr sound_type_e kAll[] = {SOUND_TYPE_SYSTEM, SOUND_TYPE_NOTIFICATION, SOU
 
 }  // namespace
 
-TEST(AVolume, ReadsBackEveryLevelOfEveryType) {
+TEST(AVolume, IsReadBackAtEveryLevelForEveryType) {
     const SoundRoom room;
     for (const sound_type_e type : kAll) {
         for (int level = 0; level <= 15; ++level) {
@@ -85,7 +85,7 @@ TEST(TheMediaVolume, IsThatOfTheLoudspeaker) {
     EXPECT_TRUE(microphone.captureUntil([](const auto& captured) { return toneIn(captured) > 7500; }));
 }
 
-TEST(TheAlarmVolume, MovesAlarmsAndNothingElse) {
+TEST(TheAlarmVolume, AffectsAlarmsAndNothingElse) {
     const SoundRoom room;
     ASSERT_EQ(sound_manager_set_volume(SOUND_TYPE_ALARM, 0), 0);
     ASSERT_EQ(sound_manager_set_volume(SOUND_TYPE_NOTIFICATION, 15), 0);
@@ -130,7 +130,7 @@ TEST(AVolumeChange, IsReportedWhenALevelBecomesKnownAfterARegistrationWithoutASe
     EXPECT_TRUE(changes->await({SOUND_TYPE_ALARM, 15}));
 }
 
-TEST(AVolumeChange, IsReportedAfterAServerStoodStill) {
+TEST(AVolumeChange, IsReportedAfterTheServerHung) {
     SoundRoom room;
     Watching changes;
     standStillAfter(room, [&] { room.control({"set-sink-volume", "@DEFAULT_SINK@", "40%"}); });

@@ -56,7 +56,7 @@ protected:
 
 }  // namespace
 
-TEST_F(AWakeWordDetection, KeepsTheLastTwoSecondsWithItsLevelInTheName) {
+TEST_F(AWakeWordDetection, StoresTheLastTwoSecondsWithItsLevelInTheFileName) {
     const SpeechIn speech;
     tone::Samples captured = speech.capture(3.2);
     EXPECT_EQ(sse_trigger_wakeup_word_recording(87), 0);
@@ -72,7 +72,7 @@ TEST_F(AWakeWordDetection, KeepsTheLastTwoSecondsWithItsLevelInTheName) {
     }
 }
 
-TEST_F(AWakeWordDetection, KeepsNoMoreThanFifty) {
+TEST_F(AWakeWordDetection, KeepsAtMostFiftyRecordings) {
     const SpeechIn speech;
     speech.capture(0.1);
     for (int level = 0; level < 55; ++level) {
@@ -85,7 +85,7 @@ TEST_F(AWakeWordDetection, KeepsNoMoreThanFifty) {
     }
 }
 
-TEST_F(AWakeWordDetection, IsOneLineInTheLogWhenItCannotBeKept) {
+TEST_F(AWakeWordDetection, LogsOneLineWhenItsRecordingCannotBeStored) {
     setenv("ORVANE_WAKEUP_RECORDINGS", "/proc/nowhere", 1);
     const SpeechIn speech;
     speech.capture(0.1);
@@ -97,7 +97,7 @@ TEST_F(AWakeWordDetection, IsOneLineInTheLogWhenItCannotBeKept) {
     EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
 }
 
-TEST_F(AWakeWordDetection, KeepsNothingWithoutAFolder) {
+TEST_F(AWakeWordDetection, StoresNothingWithoutADirectory) {
     unsetenv("ORVANE_WAKEUP_RECORDINGS");
     const SpeechIn speech;
     speech.capture(0.1);

@@ -18,10 +18,10 @@ namespace fs = std::filesystem;
 const std::string beforeMain = tzplatform_mkpath(TZPLATFORM_DATA_ROOT, "voice/data");
 
 // A machine's LED class files, in a folder of the test's own.
-class MicLed : public testing::Test {
+class TheMicrophoneLed : public testing::Test {
 protected:
-    MicLed() { setenv("ORVANE_SYSFS_ROOT", mHome.folder().c_str(), 1); }
-    ~MicLed() override { unsetenv("ORVANE_SYSFS_ROOT"); }
+    TheMicrophoneLed() { setenv("ORVANE_SYSFS_ROOT", mHome.folder().c_str(), 1); }
+    ~TheMicrophoneLed() override { unsetenv("ORVANE_SYSFS_ROOT"); }
 
     fs::path led(const std::string& name) const { return fs::path(mHome.folder()) / "class" / "leds" / name; }
     void add(const std::string& name, int brightest) const {
@@ -40,14 +40,14 @@ protected:
 
 }  // namespace
 
-TEST_F(MicLed, OfAMachineWithoutOneIsNotSupported) {
+TEST_F(TheMicrophoneLed, IsNotSupportedOnAMachineWithoutOne) {
     EXPECT_EQ(device_touchkey_set_mic_led(true), DEVICE_ERROR_NOT_SUPPORTED);
     add("input3::capslock", 1);
     EXPECT_EQ(device_touchkey_set_mic_led(true), DEVICE_ERROR_NOT_SUPPORTED);
     EXPECT_EQ(brightness("input3::capslock"), "unwritten");
 }
 
-TEST_F(MicLed, LightsAtItsBrightestAndDarkens) {
+TEST_F(TheMicrophoneLed, IsSetToFullBrightnessAndTurnedOff) {
     add("front:mic", 255);
     EXPECT_EQ(device_touchkey_set_mic_led(true), DEVICE_ERROR_NONE);
     EXPECT_EQ(brightness("front:mic"), "255");
@@ -55,7 +55,7 @@ TEST_F(MicLed, LightsAtItsBrightestAndDarkens) {
     EXPECT_EQ(brightness("front:mic"), "0");
 }
 
-TEST_F(MicLed, ThatShowsMutingIsLitWhileTheMicrophoneIsOff) {
+TEST_F(TheMicrophoneLed, ThatShowsMutingIsOnWhileTheMicrophoneIsOff) {
     add("platform::micmute", 1);
     EXPECT_EQ(device_touchkey_set_mic_led(true), DEVICE_ERROR_NONE);
     EXPECT_EQ(brightness("platform::micmute"), "0");
@@ -63,34 +63,34 @@ TEST_F(MicLed, ThatShowsMutingIsLitWhileTheMicrophoneIsOff) {
     EXPECT_EQ(brightness("platform::micmute"), "1");
 }
 
-TEST_F(MicLed, ThatCannotBeWrittenFails) {
+TEST_F(TheMicrophoneLed, ThatCannotBeWrittenFails) {
     fs::create_directories(led("front:mic") / "brightness");
     EXPECT_EQ(device_touchkey_set_mic_led(true), DEVICE_ERROR_OPERATION_FAILED);
 }
 
-TEST(TheDisplay, OfAMachineWithoutAScreenSaverIsNotSupported) {
+TEST(TheDisplay, IsNotSupportedWithoutAScreenSaver) {
     privateBusAddress();
     EXPECT_EQ(display_change_state(DISPLAY_STATE_NORMAL), DEVICE_ERROR_NOT_SUPPORTED);
     EXPECT_EQ(display_change_state(DISPLAY_STATE_SCREEN_OFF), DEVICE_ERROR_NOT_SUPPORTED);
 }
 
-TEST(TheDataRoot, IsTheBuildTreesWhereNothingIsInstalledAndIsKnownBeforeMain) {
+TEST(TheDataRoot, IsInTheBuildTreeIfNothingIsInstalledAndIsKnownBeforeMain) {
     EXPECT_EQ(beforeMain, BUILD_DATA_ROOT "/voice/data");
 }
 
-TEST(TheDataRoot, IsTheOnlyFolderThatIsKnown) {
+TEST(TheDataRoot, IsTheOnlyKnownDirectory) {
     EXPECT_EQ(tzplatform_mkpath(static_cast<tzplatform_variable>(1), "x"), nullptr);
     EXPECT_EQ(tzplatform_mkpath(TZPLATFORM_DATA_ROOT, nullptr), nullptr);
 }
 
-TEST(TheDataRoot, GivesEachThreadATextOfItsOwn) {
+TEST(TheDataRoot, ReturnsASeparateTextToEachThread) {
     const char* ours = tzplatform_mkpath(TZPLATFORM_DATA_ROOT, "a");
     std::thread([] { tzplatform_mkpath(TZPLATFORM_DATA_ROOT, "another"); }).join();
     EXPECT_STREQ(ours, BUILD_DATA_ROOT "/a");
 }
 
 // Programs of their own, because the root is found once.
-TEST(TheDataRoot, IsTheChosenOneOrTheInstalledOneBesideTheProgram) {
+TEST(TheDataRoot, IsTheConfiguredDirectoryOrTheInstalledOneBesideTheProgram) {
     const std::string self = fs::read_symlink("/proc/self/exe");
     const PrivateHome home;
     const std::string prefix = home.folder();

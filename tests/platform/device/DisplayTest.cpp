@@ -39,7 +39,7 @@ TEST(TheDisplay, IsWokenThroughTheScreenSaver) {
     EXPECT_EQ(saver.activities, 1);
 }
 
-TEST(TheDisplay, OfADesktopIsNotTurnedOff) {
+TEST(TheDisplay, CannotBeTurnedOffOnADesktop) {
     const ScreenSaver saver;
     EXPECT_EQ(display_change_state(DISPLAY_STATE_SCREEN_OFF), DEVICE_ERROR_NOT_SUPPORTED);
     EXPECT_EQ(saver.activities, 0);

@@ -18,7 +18,7 @@ std::string listOf(const std::string& elements) {
     return R"({"users": [)" + elements + "]}";
 }
 
-TEST(AListOfTheHub, IsRefusedCompletelyIfAnyPartIsInvalid) {
+TEST(AListFromTheHub, IsRefusedCompletelyIfAnyPartIsInvalid) {
     const std::string replies[] = {"",
                                    " ",
                                    "null",
@@ -52,7 +52,7 @@ TEST(AListOfTheHub, IsRefusedCompletelyIfAnyPartIsInvalid) {
     }
 }
 
-TEST(AListOfTheHub, MayContainOtherMembers) {
+TEST(AListFromTheHub, MayContainOtherMembers) {
     const std::string reply = R"({"version": 2, "users": [{"age": 7, "id": "12345678", "name": "Ann", "tags": [1]}]})";
     const auto users = hub::readList(reply, "users", kLongestId);
     ASSERT_EQ(users.size(), 1U);
@@ -60,13 +60,13 @@ TEST(AListOfTheHub, MayContainOtherMembers) {
     EXPECT_EQ(users[0].name, "Ann");
 }
 
-TEST(AListOfTheHub, HasAnEmptyNameInPlaceOfOneThatIsNotAText) {
+TEST(AListFromTheHub, HasAnEmptyNameInPlaceOfOneThatIsNotAText) {
     for (const char* element : {R"({"id": "a"})", R"({"id": "a", "name": null})", R"({"id": "a", "name": ["Ann"]})"}) {
         EXPECT_EQ(hub::readList(listOf(element), "users", kLongestId).at(0).name, "") << element;
     }
 }
 
-TEST(AListOfTheHub, IsRefusedIfItIsTooLong) {
+TEST(AListFromTheHub, IsRefusedIfItIsTooLong) {
     std::string elements = R"({"id": "0"})";
     for (int i = 1; i < 10000; ++i) {
         elements += R"(,{"id": "0"})";

@@ -112,7 +112,7 @@ TEST_F(ASlowHub, ThatStopsWithinAReplyTimesOutAfterTheRequestLimit) {
     expectTimeOut(kShortRequest, uri());
 }
 
-TEST_F(ASlowHub, ThatStopsWithinAFailureReturnsItsStatus) {
+TEST_F(ASlowHub, ThatStopsWithinAnErrorReplyReturnsItsStatus) {
     start();
     setFaults({{{"kind", "stall"}, {"status", 503}}});
     hub::Connection connection(curl::Limits{kLong, kLong, 1 << 20});

@@ -57,7 +57,7 @@ TEST_F(ADatabase, IsSeparateFromAnother) {
     EXPECT_THAT(walk(other.get(), "Profile", VRD_ERROR_NO_TABLE), IsEmpty());
 }
 
-TEST_F(ADatabase, ReturnsThatThereIsNoSuchTableWithoutALogLine) {
+TEST_F(ADatabase, ReturnsNoSuchTableWithoutALogLine) {
     const Manager manager = openDatabase("Morning Brief");
     EXPECT_THAT(logOf([&] { walk(manager.get(), "MorningBrief", VRD_ERROR_NO_TABLE); }), IsEmpty());
 }
@@ -109,7 +109,7 @@ TEST_F(ADatabase, IsOpenedAgainAfterSomebodyReplacesItsFile) {
     EXPECT_THAT(walk(openDatabase("Profile").get(), "Profile"), ElementsAre("userId:1=4"));
 }
 
-TEST_F(ADatabase, LiesInTheUsersDataFolderByDefault) {
+TEST_F(ADatabase, IsInTheUsersDataDirectoryByDefault) {
     unsetenv("ORVANE_DB_DIR");
     setenv("XDG_DATA_HOME", path().c_str(), 1);
     const Manager manager = openDatabase("Profile");

@@ -20,7 +20,7 @@ using testing::HasSubstr;
 
 class ADamagedFile : public DatabaseFolder {};
 class ALockedDatabase : public DatabaseFolder {};
-class AMissingFolder : public DatabaseFolder {};
+class AMissingDirectory : public DatabaseFolder {};
 
 std::string contentOf(const std::string& file) {
     std::ifstream stream(file, std::ios::binary);
@@ -51,7 +51,7 @@ TEST_F(ADamagedFile, FailsEachUseWithOneLogLineAndStaysAsItIs) {
     EXPECT_EQ(contentOf(file("Profile")), content);
 }
 
-TEST_F(ADamagedFile, ThatIsAFolderFailsWithOneLogLineUntilItIsRemoved) {
+TEST_F(ADamagedFile, ThatIsADirectoryFailsWithOneLogLineUntilItIsRemoved) {
     std::filesystem::create_directory(file("Profile"));
     Manager manager;
     EXPECT_THAT(logOf([&] { manager = openDatabase("Profile"); }),
@@ -60,7 +60,7 @@ TEST_F(ADamagedFile, ThatIsAFolderFailsWithOneLogLineUntilItIsRemoved) {
     expectToWork(manager);
 }
 
-TEST_F(AMissingFolder, FailsEachUseWithOneLogLineUntilItCanBeCreated) {
+TEST_F(AMissingDirectory, FailsEachUseWithOneLogLineUntilItCanBeCreated) {
     const std::string folder = path() + "/not/yet";
     put(path() + "/not", "in its way");
     setenv("ORVANE_DB_DIR", folder.c_str(), 1);

@@ -31,7 +31,7 @@ private:
     std::unique_ptr<ManagerStandIn> mManager;
 };
 
-TEST(ASystemBus, IsFoundWhenItComesAndWhenItComesBack) {
+TEST(ASystemBus, IsUsedWhenItAppearsAndWhenItReturns) {
     const PrivateHome home;
     const std::string address = "unix:path=" + home.folder() + "/system-bus";
     const std::string configuration = home.folder() + "/system-bus.conf";

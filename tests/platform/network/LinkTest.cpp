@@ -93,7 +93,7 @@ TEST_F(ALink, WithADefaultRouteConnectsUntilItIsTakenDown) {
     EXPECT_EQ(mTold.size(), 3U) << "each change is told once";
 }
 
-TEST_F(ALink, OfIpv6AloneConnectsUntilItIsTakenDown) {
+TEST_F(ALink, WithOnlyIpv6ConnectsUntilItIsTakenDown) {
     plug("up0");
     ASSERT_TRUE(useIpv6("up0", true));
     ASSERT_TRUE(ip("-6 address add 2001:db8::2/64 nodad dev up0") && ip("-6 route add default via 2001:db8::1"));
@@ -102,7 +102,7 @@ TEST_F(ALink, OfIpv6AloneConnectsUntilItIsTakenDown) {
     EXPECT_TRUE(isTold(CONNECTION_TYPE_DISCONNECTED));
 }
 
-TEST_F(ALink, WhoseCableIsPulledOutDisconnectsUntilItIsBack) {
+TEST_F(ALink, WhoseCableIsUnpluggedDisconnectsUntilItIsPluggedInAgain) {
     plug("up0");
     ASSERT_TRUE(ip("route add default via 192.0.2.1"));
     EXPECT_TRUE(isTold(CONNECTION_TYPE_ETHERNET));
@@ -118,7 +118,7 @@ TEST_F(ALink, OfAModemIsCellular) {
     EXPECT_TRUE(isTold(CONNECTION_TYPE_CELLULAR));
 }
 
-TEST_F(ALink, BesideARouteThatRefusesEverythingDoesNotConnect) {
+TEST_F(ALink, WithAnUnreachableDefaultRouteDoesNotConnect) {
     plug("up0");
     ASSERT_TRUE(ip("route add unreachable default metric 1") && ip("-6 route add unreachable default metric 1"));
     EXPECT_EQ(type(), CONNECTION_TYPE_DISCONNECTED);

@@ -77,16 +77,16 @@ protected:
 
 }  // namespace
 
-TEST_F(AConnection, IsMadeBeforeMainWithoutWaiting) {
+TEST_F(AConnection, IsCreatedBeforeMainWithoutBlocking) {
     EXPECT_EQ(connection.result, CONNECTION_ERROR_NONE);
     EXPECT_LT(connection.took, kWatchdog);
 }
 
-TEST_F(AConnection, WithoutAManagerIsOfTheKindOfTheDefaultRoute) {
+TEST_F(AConnection, WithoutAManagerHasTheTypeOfTheDefaultRoute) {
     EXPECT_TRUE(becomes(network::kindOfDefaultRoute()));
 }
 
-TEST_F(AConnection, IsOfTheKindThatTheManagerSays) {
+TEST_F(AConnection, HasTheTypeThatTheManagerReports) {
     const struct {
         std::uint32_t state;
         const char* type;
@@ -108,7 +108,7 @@ TEST_F(AConnection, IsOfTheKindThatTheManagerSays) {
     }
 }
 
-TEST_F(AConnection, FollowsAManagerThatComesAndGoes) {
+TEST_F(AConnection, FollowsAManagerThatAppearsAndDisappears) {
     mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
     mManager->appear();
     EXPECT_TRUE(isTold(CONNECTION_TYPE_WIFI));
@@ -116,7 +116,7 @@ TEST_F(AConnection, FollowsAManagerThatComesAndGoes) {
     EXPECT_TRUE(isTold(network::kindOfDefaultRoute()));
 }
 
-TEST_F(AConnection, ThatStaysAsItIsTellsNothing) {
+TEST_F(AConnection, ThatDoesNotChangeReportsNothing) {
     mManager->become(CONNECTED_SITE, "802-11-wireless");
     mManager->appear();
     ASSERT_TRUE(isTold(CONNECTION_TYPE_WIFI));
@@ -127,7 +127,7 @@ TEST_F(AConnection, ThatStaysAsItIsTellsNothing) {
     EXPECT_EQ(mTold, std::vector{CONNECTION_TYPE_CELLULAR});
 }
 
-TEST_F(AConnection, CallsNoMoreOnceItsCallbackIsUnset) {
+TEST_F(AConnection, DoesNotCallBackAfterItsCallbackIsUnset) {
     mManager->appear();
     mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
     ASSERT_TRUE(isTold(CONNECTION_TYPE_WIFI));
@@ -150,7 +150,7 @@ TEST_F(AConnection, CallsNoMoreOnceItsCallbackIsUnset) {
     EXPECT_EQ(connection_destroy(other), CONNECTION_ERROR_INVALID_PARAMETER);
 }
 
-TEST_F(AConnection, HoldsUpNobodyWhileTheManagerHangsAndAsksItAgain) {
+TEST_F(AConnection, DoesNotBlockWhileTheManagerHangsAndAsksItAgain) {
     mManager->appear();
     mManager->become(CONNECTED_GLOBAL, "gsm");
     ASSERT_TRUE(isTold(CONNECTION_TYPE_CELLULAR));
@@ -203,7 +203,7 @@ TEST_F(AConnection, MayBeDestroyedInTheCallbackOfAnother) {
     connection_destroy(last);
 }
 
-TEST_F(AConnection, IsReadFromAnyThread) {
+TEST_F(AConnection, CanBeReadOnAnyThread) {
     mManager->appear();
     mManager->become(CONNECTED_GLOBAL, "gsm");
     ASSERT_TRUE(becomes(CONNECTION_TYPE_CELLULAR));

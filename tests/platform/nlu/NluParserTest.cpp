@@ -32,7 +32,7 @@ constexpr char kSearch[] = R"({
     "agent": "WebSearch", "action_type": "Action", "action_name": "Web Search",
     "action_data": {"web_search": {"provider": "google", "search_term": "r\u00f6sti", "url": "https://example.org/"}}})";
 
-TEST(AnNluResult, GivesAgentTypeAndName) {
+TEST(AnNluResult, ContainsAnAgentATypeAndAName) {
     const Response response = parse(kSearch);
     ASSERT_TRUE(response);
     EXPECT_EQ(read(vrp_response_data_get_agent, response.get()), "WebSearch");
@@ -40,7 +40,7 @@ TEST(AnNluResult, GivesAgentTypeAndName) {
     EXPECT_EQ(read(vrp_response_data_get_action_name, response.get()), "Web Search");
 }
 
-TEST(AnNluResult, GivesTheDataOfASearch) {
+TEST(AnNluResult, ContainsTheDataOfASearch) {
     const Response response = parse(kSearch);
     vrp_action_data_s* data = nullptr;
     vrp_web_search_data_s* search = nullptr;
@@ -51,7 +51,7 @@ TEST(AnNluResult, GivesTheDataOfASearch) {
     EXPECT_EQ(read(vrp_web_search_data_get_url, search), "https://example.org/");
 }
 
-TEST(AnNluResult, GivesThePackagesOfApplicationsAndRecipes) {
+TEST(AnNluResult, ContainsThePackagesOfApplicationsAndRecipes) {
     const Response response =
         parse(R"({"action_data": {"launch_apps": {"package": "a"}, "recipe": {"package": "b"}}})");
     vrp_action_data_s* data = nullptr;
@@ -64,7 +64,7 @@ TEST(AnNluResult, GivesThePackagesOfApplicationsAndRecipes) {
     EXPECT_EQ(read(vrp_recipe_data_get_package, recipe), "b");
 }
 
-TEST(AnNluResult, WithPartsOfTheWrongTypeHasNoSuchParts) {
+TEST(AnNluResult, TreatsFieldsOfTheWrongTypeAsMissing) {
     const Response response = parse(
         R"({"agent": 7, "action_type": null, "action_name": ["x"],
             "action_data": {"launch_apps": [], "web_search": "x", "recipe": {"package": {}}}})");
@@ -84,14 +84,14 @@ TEST(AnNluResult, WithPartsOfTheWrongTypeHasNoSuchParts) {
     EXPECT_EQ(read(vrp_recipe_data_get_package, recipe), "<null>");
 }
 
-TEST(AnNluResult, WithoutActionDataSaysSo) {
+TEST(AnNluResult, WithoutActionDataReturnsNoData) {
     const Response response = parse("{}");
     vrp_action_data_s* data = nullptr;
     EXPECT_EQ(vrp_response_data_get_action_data(response.get(), &data), VRP_ERROR_NO_DATA);
     EXPECT_EQ(data, nullptr);
 }
 
-TEST(TextThatIsNoNluResult, GivesNoResponse) {
+TEST(TextThatIsNotAnNluResult, IsRefused) {
     for (const char* text :
          {"", "{", "null", "[]", "\"text\"", "{\"a\": \xff}", "{} {}", "{\"agent\": \"\xc3\x28\"}"}) {
         EXPECT_FALSE(parse(text)) << text;
@@ -99,7 +99,7 @@ TEST(TextThatIsNoNluResult, GivesNoResponse) {
     EXPECT_EQ(vrp_response_data_parse(nullptr), nullptr);
 }
 
-TEST(TextThatIsNoNluResult, MayBeNestedWithoutEnd) {
+TEST(TextThatIsNotAnNluResult, MayBeNestedDeeply) {
     EXPECT_FALSE(parse(std::string(500000, '[')));
     std::string deep;
     for (int i = 0; i < 60000; ++i) {
@@ -109,7 +109,7 @@ TEST(TextThatIsNoNluResult, MayBeNestedWithoutEnd) {
     EXPECT_FALSE(parse("{\"agent\":" + std::string(10000, '[') + std::string(10000, ']') + "}"));
 }
 
-TEST(TextThatIsNoNluResult, MayBeHuge) {
+TEST(TextThatIsNotAnNluResult, MayBeHuge) {
     EXPECT_FALSE(parse("{\"agent\": \"" + std::string(5000000, 'x') + "\"}"));
 }
 

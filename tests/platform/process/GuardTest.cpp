@@ -30,7 +30,7 @@ TEST(AGuardedFunction, ReturnsItsOwnCodeWhenMemoryRunsOut) {
     EXPECT_THAT(GetCapturedStderr(), testing::StartsWith("E/orvane-platform light_lamp: "));
 }
 
-TEST(AGuardedFunction, SurvivesWhatIsNoStandardException) {
+TEST(AGuardedFunction, SurvivesANonstandardException) {
     CaptureStderr();
     EXPECT_EQ(guarded(nullptr, "find_lamp", []() -> const char* { throw 1; }), nullptr);
     EXPECT_EQ(GetCapturedStderr(), "E/orvane-platform find_lamp: unknown exception\n");

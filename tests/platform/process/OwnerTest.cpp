@@ -77,7 +77,7 @@ struct User {
     First& first;
 };
 
-TEST_F(AnOwner, DestroysWhatAnObjectUsesAfterTheObject) {
+TEST_F(AnOwner, DestroysAnObjectBeforeWhatItUses) {
     ownerOfUser = &mOwner;
     mOwner.get<User>();
     mOwner.end();

@@ -136,7 +136,7 @@ TEST_F(SettingsTest, TheCallbacksOfAKeyRunInTheOrderOfTheirSubscriptions) {
     vconf_ignore_key_changed("db/watched", b);
 }
 
-TEST_F(SettingsTest, AResetOfTheFolderByAnotherProcessReachesTheCallback) {
+TEST_F(SettingsTest, AResetOfTheDirectoryByAnotherProcessReachesTheCallback) {
     ASSERT_TRUE(dconf("write /db/folder/watched 1"));
     int told = 0;
     vconf_notify_key_changed("db/folder/watched", hear, &told);

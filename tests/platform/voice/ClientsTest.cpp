@@ -118,13 +118,13 @@ TEST_F(AResult, GoesOnlyToTheCommandsThatAreSelected) {
     EXPECT_EQ(mRecipes.results, 0);
 }
 
-TEST_F(AResult, CarriedOutByTheServiceGoesToNobody) {
+TEST_F(AResult, CarriedOutByTheServiceReachesNoApplication) {
     mVoice.inResult = [](vc_cmd_list_h) { return true; };
     hear("what time is it");
     EXPECT_EQ(mClock.results + mOther.results, 0);
 }
 
-TEST_F(AResult, CanceledByTheServiceGoesToNobodyEvenWhenSelected) {
+TEST_F(AResult, CanceledByTheServiceReachesNoApplicationEvenWhenSelected) {
     mVoice.inResult = [](vc_cmd_list_h list) {
         vc_mgr_cancel();
         vc_mgr_set_selected_results(list);
@@ -134,7 +134,7 @@ TEST_F(AResult, CanceledByTheServiceGoesToNobodyEvenWhenSelected) {
     EXPECT_EQ(mClock.results + mOther.results, 0);
 }
 
-TEST_F(AResult, GoesNoMoreToAnApplicationThatHasLeft) {
+TEST_F(AResult, DoesNotReachAnApplicationThatHasLeft) {
     mRecipes.leave();
     ASSERT_TRUE(mVoice.runUntil([] { return voice::clientsFor("Recipe").size() == 1; }));
     hear("read out the recipe");

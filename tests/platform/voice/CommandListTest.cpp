@@ -32,7 +32,7 @@ protected:
     vc_cmd_h mCommands[3] = {};
 };
 
-TEST_F(ACommandList, IsWalkedFromTheFirstToTheLast) {
+TEST_F(ACommandList, IteratesFromTheFirstToTheLast) {
     ASSERT_EQ(vc_cmd_list_first(mList), VC_ERROR_NONE);
     EXPECT_EQ(current(), mCommands[0]);
     ASSERT_EQ(vc_cmd_list_next(mList), VC_ERROR_NONE);
@@ -42,7 +42,7 @@ TEST_F(ACommandList, IsWalkedFromTheFirstToTheLast) {
     EXPECT_EQ(current(), mCommands[2]);
 }
 
-TEST_F(ACommandList, LosesACommandThatItIsToldToRemoveButDoesNotDestroyIt) {
+TEST_F(ACommandList, RemovesACommandWithoutDestroyingIt) {
     EXPECT_EQ(vc_cmd_list_remove(mList, mCommands[0]), VC_ERROR_NONE);
     EXPECT_EQ(vc_cmd_list_remove(mList, mCommands[0]), VC_ERROR_INVALID_PARAMETER);
     vc_cmd_list_first(mList);
@@ -57,7 +57,7 @@ TEST_F(ACommandList, KeepsItsPlaceWhenAnEarlierCommandIsRemoved) {
     EXPECT_EQ(current(), mCommands[1]);
 }
 
-TEST(AnEmptyCommandList, SaysThatItIsEmpty) {
+TEST(AnEmptyCommandList, ReturnsThatItIsEmpty) {
     vc_cmd_list_h list = nullptr;
     ASSERT_EQ(vc_cmd_list_create(&list), VC_ERROR_NONE);
     EXPECT_EQ(vc_cmd_list_first(list), VC_ERROR_EMPTY);
@@ -67,7 +67,7 @@ TEST(AnEmptyCommandList, SaysThatItIsEmpty) {
     EXPECT_EQ(vc_cmd_list_destroy(list, true), VC_ERROR_NONE);
 }
 
-TEST(ACommand, OfTheProductsOwnHasNoProcessAndNoJson) {
+TEST(ACommand, CreatedByTheProductHasNoProcessAndNoJson) {
     vc_cmd_h command = nullptr;
     ASSERT_EQ(vc_cmd_create(&command), VC_ERROR_NONE);
     int pid = -1;

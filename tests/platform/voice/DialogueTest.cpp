@@ -31,7 +31,7 @@ protected:
     std::string mPackage;
 };
 
-TEST_F(ARecipeDialogue, ThatKnowsNothingForbidsNothing) {
+TEST_F(ARecipeDialogue, InitiallyAllowsEveryCommand) {
     for (const char* action : {"Next Step", "Previous Step", "Pause Read Out", "Resume Read Out", "Close Recipe"}) {
         Dialogue fresh;
         Intent intent{"Recipe", action, "Action", {{"package", "general"}}};
@@ -57,14 +57,14 @@ TEST_F(ARecipeDialogue, KnowsTheFirstAndTheLastStep) {
     EXPECT_EQ(say("Next Step"), "Next Step");
 }
 
-TEST_F(ARecipeDialogue, GoesOnForeverInARecipeOfUnknownLength) {
+TEST_F(ARecipeDialogue, HasNoLastStepInARecipeOfUnknownLength) {
     open("cake");
     for (int i = 0; i < 50; ++i) {
         EXPECT_EQ(say("Next Step"), "Next Step");
     }
 }
 
-TEST_F(ARecipeDialogue, KnowsWhatTheReadingDoes) {
+TEST_F(ARecipeDialogue, KnowsTheStateOfTheReading) {
     open("soup");
     EXPECT_EQ(say("Pause Read Out"), "Read Out Not Started");
     EXPECT_EQ(say("Resume Read Out"), "Read Out Not Started");

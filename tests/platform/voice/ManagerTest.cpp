@@ -126,7 +126,7 @@ TEST_F(ARecognitionSession, CanceledWhileProcessingGivesNoResult) {
     EXPECT_EQ(mVoice.firstWith("result "), "what time is it");
 }
 
-TEST_F(ARecognitionSession, CanceledWithinItsResultIsReadyOnce) {
+TEST_F(ARecognitionSession, CanceledInTheResultCallbackBecomesReadyOnce) {
     mVoice.inResult = [](vc_cmd_list_h) {
         EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_NONE);
         return false;
@@ -161,7 +161,7 @@ TEST_F(ARecognitionSession, EndsInALoudRoomWithoutSilence) {
 }
 
 // A rustle 12 dB louder than the room is an utterance in a quiet room, and ignored while loud media plays.
-TEST_F(ARecognitionSession, NeedsLouderSpeechTheLouderTheMediaPlays) {
+TEST_F(ARecognitionSession, NeedsLouderSpeechWhenTheMediaIsLouder) {
     const auto recognizesWhatFollows = [this](const char* volume) {
         vc_mgr_set_private_data("MediaVolume", volume);
         mVoice.events.clear();
@@ -221,7 +221,7 @@ TEST_F(ARecognitionSession, WithoutClientsReportsOneCommandOfTheService) {
     EXPECT_THAT(mVoice.jsons[0], HasSubstr("\"agent\":\"Recipe\""));
 }
 
-TEST_F(ARecognitionSession, IsEndedByDeinitializingInTheMiddle) {
+TEST_F(ARecognitionSession, EndsWhenTheManagerIsDeinitialized) {
     say("open the notes");
     ASSERT_TRUE(start());
     EXPECT_EQ(vc_mgr_deinitialize(), VC_ERROR_NONE);

@@ -25,7 +25,7 @@ struct Parsed {
     SentenceFile file;
 };
 
-TEST(ACommandFile, HoldsNamesSoundsFieldsAndSentences) {
+TEST(ASentenceFile, ContainsNamesPronunciationsFieldsAndSentences) {
     const Parsed parsed(R"(
 # a comment
 [names app]
@@ -56,7 +56,7 @@ set a timer
     EXPECT_EQ(parsed.file.commands[1].onlyAfter, "Open App");
 }
 
-TEST(ACommandFile, LeavesOutBadLinesByTheirNumbersAndKeepsTheRest) {
+TEST(ASentenceFile, ReportsBadLinesByNumberAndKeepsTheRest) {
     const Parsed parsed(
         "a sentence of nothing\n"  // 1
         "[Agent / Action]\n"
@@ -83,7 +83,7 @@ TEST(ACommandFile, LeavesOutBadLinesByTheirNumbersAndKeepsTheRest) {
     EXPECT_EQ(parsed.file.commands[1].sentences.size(), 1U);
 }
 
-TEST(ACommandFile, OfAnyBytesIsSurvived) {
+TEST(ASentenceFile, MayContainAnyBytes) {
     std::string bytes;
     for (int i = 0; i < 100000; ++i) {
         bytes += static_cast<char>(i * 7919 % 256);
@@ -93,7 +93,7 @@ TEST(ACommandFile, OfAnyBytesIsSurvived) {
     EXPECT_THAT(Parsed(std::string(1000000, 'a')).faults, ElementsAre(1));
 }
 
-TEST(TheInstalledCommandFile, HasNoFaultAndCanBeSaidWhole) {
+TEST(TheInstalledSentenceFile, HasNoFaultsAndEverySentenceCanBeSpoken) {
     std::ifstream in(ORVANE_DATA "/voice/data/preloaded_commands.txt");
     const Parsed parsed({std::istreambuf_iterator<char>(in), {}});
     EXPECT_THAT(parsed.faults, IsEmpty());
@@ -112,7 +112,7 @@ TEST(TheInstalledCommandFile, HasNoFaultAndCanBeSaidWhole) {
     EXPECT_EQ(sayable, sentences);
 }
 
-TEST(ASentence, WithAWordThatNobodyCanSayIsLeftOutAlone) {
+TEST(ASentence, WithAnUnpronounceableWordIsDroppedAndTheOthersRemain) {
     Parsed parsed("[names app]\na = qzxqzx\nb = music\n[A / B]\nopen <app>\nopen the xqzqx\n");
     ASSERT_THAT(parsed.faults, IsEmpty());
     voice::soundsOf(parsed.file, sphinx::modelPath("en-us/cmudict-en-us.dict"));

@@ -21,7 +21,7 @@ bool fits(const std::string& phrase, const std::string& sentence, SlotValues* fi
     return matches(parseSentence(phrase), kApps, splitWords(sentence), filling ? *filling : own);
 }
 
-TEST(APhrase, FitsTheSentencesItDescribesAndNoOthers) {
+TEST(ASentence, MatchesTheUtterancesItDescribesAndNoOthers) {
     struct {
         const char* phrase;
         const char* sentence;
@@ -51,7 +51,7 @@ TEST(APhrase, FitsTheSentencesItDescribesAndNoOthers) {
     }
 }
 
-TEST(APhrase, TellsWhichNameWasSaid) {
+TEST(ASentence, CapturesTheSpokenName) {
     SlotValues filling;
     EXPECT_TRUE(fits("open <app>", "open the music player", &filling));
     EXPECT_EQ(filling["app"], "org.music");
@@ -59,13 +59,13 @@ TEST(APhrase, TellsWhichNameWasSaid) {
     EXPECT_EQ(filling["app"], "org.notes");
 }
 
-TEST(APhrase, TellsTheWordsOfItsFreeEnd) {
+TEST(ASentence, CapturesTheWordsOfItsFreeTail) {
     SlotValues filling;
     EXPECT_TRUE(fits("search for *", "search for pie and cake", &filling));
     EXPECT_EQ(filling["*"], "pie and cake");
 }
 
-TEST(APhrase, IsGivenUpWhenItCouldBeSaidInFarTooManyWays) {
+TEST(ASentence, DoesNotMatchWhenItHasTooManyVariants) {
     std::string phrase;
     std::string sentence;
     for (int i = 0; i < 200; ++i) {
@@ -76,7 +76,7 @@ TEST(APhrase, IsGivenUpWhenItCouldBeSaidInFarTooManyWays) {
     EXPECT_FALSE(fits(phrase + "b", sentence + "c")) << "would take for ever";
 }
 
-TEST(APhrase, MayLeaveOutTwentyPartsButNeverAll) {
+TEST(ASentence, MayHaveTwentyOptionalPartsButMustKeepAWord) {
     std::string optional;
     for (int i = 0; i < 20; ++i) {
         optional += "[a] ";
@@ -88,7 +88,7 @@ TEST(APhrase, MayLeaveOutTwentyPartsButNeverAll) {
     }
 }
 
-TEST(APhrase, ThatIsNotWellFormedIsRefused) {
+TEST(ASentence, ThatIsMalformedIsRefused) {
     for (const char* text : {"", "   ", "(", ")", "open (a", "open [a", "a ]", "()", "[]", "(a|)", "|", "<", "<>",
                              "<app", "* a", "a $ b", "a 7", "\xff"}) {
         EXPECT_THROW(parseSentence(text), std::invalid_argument) << text;
@@ -96,7 +96,7 @@ TEST(APhrase, ThatIsNotWellFormedIsRefused) {
     EXPECT_THROW(parseSentence(std::string(100000, '(') + "a"), std::invalid_argument);
 }
 
-TEST(APhrase, KnowsItsWordsAndThoseOfItsNames) {
+TEST(ASentence, ListsItsWordsAndThoseOfItsNames) {
     std::set<std::string> words;
     collectWords(parseSentence("(open | start) [the] <app>"), kApps, words);
     EXPECT_EQ(words, (std::set<std::string>{"open", "start", "the", "music", "player", "notes"}));

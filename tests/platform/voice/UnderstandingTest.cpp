@@ -24,7 +24,7 @@ protected:
     voice::Dialogue mDialogue;
 };
 
-TEST_F(TheInstalledSentences, MeanWhatTheySay) {
+TEST_F(TheInstalledSentences, HaveTheExpectedMeanings) {
     const char* const general = "com.generalrecipe.app";
     struct {
         const char* sentence;
@@ -76,7 +76,7 @@ TEST_F(TheInstalledSentences, SearchForAnything) {
     EXPECT_EQ(result["action_data"]["web_search"]["search_term"], "rain in spain");
 }
 
-TEST_F(TheInstalledSentences, AskBackAndUnderstandTheAnswerOnlyThen) {
+TEST_F(TheInstalledSentences, AskAQuestionAndAcceptItsAnswerOnlyAfterIt) {
     EXPECT_TRUE(understand("ten minutes").is_null());
     EXPECT_EQ(understand("set a timer")["action_type"], "Follow-Up");
     const json answer = understand("ten minutes");
@@ -85,7 +85,7 @@ TEST_F(TheInstalledSentences, AskBackAndUnderstandTheAnswerOnlyThen) {
     EXPECT_TRUE(understand("five minutes").is_null());
 }
 
-TEST_F(TheInstalledSentences, LeaveOtherSentencesAlone) {
+TEST_F(TheInstalledSentences, DoNotMatchOtherUtterances) {
     for (const char* sentence : {"", "open", "open the door", "close", "search for", "what is the meaning of life"}) {
         EXPECT_TRUE(understand(sentence).is_null()) << sentence;
     }

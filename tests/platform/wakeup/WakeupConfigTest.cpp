@@ -9,7 +9,7 @@ namespace {
 using wakeup::parseWakeupConfig;
 using wakeup::WakeupConfig;
 
-TEST(AWakeConfiguration, GivesTheWakeWordItsPronunciationsTheModelAndTheThreshold) {
+TEST(AWakeConfiguration, ContainsTheWakeWordItsPronunciationsTheModelAndTheThreshold) {
     int warnings = 0;
     const WakeupConfig config = parseWakeupConfig(
         R"({"phrase": "hey you", "pronunciations": {"you": ["Y UW", "Y AH"]}, "model": "de/de", "dictionary": "d",

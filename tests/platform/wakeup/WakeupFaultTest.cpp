@@ -22,7 +22,7 @@ protected:
     EngineHarness mEngine;
 };
 
-TEST_F(AnEngine, WithoutItsFolderWarnsThatTheFileCannotBeOpened) {
+TEST_F(AnEngine, WithoutItsDirectoryWarnsThatTheFileCannotBeOpened) {
     EXPECT_FALSE(mEngine.ctx->Initialize("/nowhere/at/all//", "vocon_config.json"));
     EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::FILE_OPEN_FAILED));
     EXPECT_THAT(mEngine.listener.details[0], testing::HasSubstr("/nowhere/at/all"));
@@ -128,7 +128,7 @@ TEST_F(AnEngine, StartedTwiceWarns) {
     EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::ALREADY_LISTENING));
 }
 
-TEST_F(AnEngine, InitializedWhileListeningReportsAnErrorAndListensOn) {
+TEST_F(AnEngine, InitializedWhileListeningReportsAnErrorAndKeepsListening) {
     ASSERT_TRUE(mEngine.load("ENU", "quorbit"));
     mEngine.listen();
     EXPECT_FALSE(mEngine.load("ENU", "vexal"));

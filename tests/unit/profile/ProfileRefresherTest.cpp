@@ -122,7 +122,7 @@ TEST_F(ProfileRefresherTest, DestructionFreesTheRecordsAfterTheHubAndBeforeTheDa
                      "vrd_bundle_destroy()", "vrd_bundle_destroy()", "vrd_manager_destroy()"}));
 }
 
-TEST_F(ProfileRefresherTest, ConstructionAndDestructionHaveTheirOrder) {
+TEST_F(ProfileRefresherTest, ConstructionAndDestructionMakeTheirCallsInOrder) {
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
     { ProfileRefresher refresher; }
     EXPECT_EQ(fake::platform().texts(),

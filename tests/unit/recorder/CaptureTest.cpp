@@ -4,10 +4,10 @@
 using CaptureTest = PlatformTest;
 
 template <typename Recorder>
-class CaptureOfBothRecorders : public PlatformTest {};
-TYPED_TEST_SUITE(CaptureOfBothRecorders, BothRecorders);
+class CaptureOfBothRecordersTest : public PlatformTest {};
+TYPED_TEST_SUITE(CaptureOfBothRecordersTest, BothRecorders);
 
-TYPED_TEST(CaptureOfBothRecorders, EachEnabledListenerReceivesACopyAndTheOthersNothing) {
+TYPED_TEST(CaptureOfBothRecordersTest, EachEnabledListenerReceivesACopyAndTheOthersNothing) {
     CountingListener first;
     CountingListener disabled;
     CountingListener second;
@@ -31,7 +31,7 @@ TYPED_TEST(CaptureOfBothRecorders, EachEnabledListenerReceivesACopyAndTheOthersN
     EXPECT_EQ(second.first, 1234);
 }
 
-TYPED_TEST(CaptureOfBothRecorders, AFailedReadResetsTheDeviceInOrderAndTheSameThreadContinues) {
+TYPED_TEST(CaptureOfBothRecordersTest, AFailedReadResetsTheDeviceInOrderAndTheSameThreadContinues) {
     CountingListener listener;
     listener.setEnabled(true);
     TypeParam recorder;
@@ -73,7 +73,7 @@ TEST_F(CaptureTest, AnyResultOfTheCaptureLibraryExceptZeroIsAFailedRead) {
     EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);
 }
 
-TYPED_TEST(CaptureOfBothRecorders, AnUnpreparedRecorderReadsNothing) {
+TYPED_TEST(CaptureOfBothRecordersTest, AnUnpreparedRecorderReadsNothing) {
     std::atomic<int> pauses{0};
     fake::mainLoop().onSleep([&](unsigned microseconds) {
         EXPECT_EQ(microseconds, 1000u);
@@ -117,7 +117,7 @@ TEST_F(CaptureTest, AnEmptyReadSetsTheLevelToMinusSixtyAndPausesAMillisecond) {
     EXPECT_EQ(paused, 1000u);
 }
 
-TYPED_TEST(CaptureOfBothRecorders, AFailedReadSetsTheLevelToMinusSixtyAndPausesAMillisecond) {
+TYPED_TEST(CaptureOfBothRecordersTest, AFailedReadSetsTheLevelToMinusSixtyAndPausesAMillisecond) {
     std::atomic<unsigned> paused{0};
     fake::queueSamples(std::vector<short>(256, 16384));
     fake::queueReadResult(-802);

@@ -4,10 +4,10 @@
 using RecorderTest = PlatformTest;
 
 template <typename Recorder>
-class DeviceOfBothRecorders : public PlatformTest {};
-TYPED_TEST_SUITE(DeviceOfBothRecorders, BothRecorders);
+class DeviceOfBothRecordersTest : public PlatformTest {};
+TYPED_TEST_SUITE(DeviceOfBothRecordersTest, BothRecorders);
 
-TEST_F(RecorderTest, ANewRecorderSSEIsPreparedAndHoldsTheFocus) {
+TEST_F(RecorderTest, ANewSseRecorderIsPreparedAndHoldsTheFocus) {
     { SRecorderSSE recorder; }
     EXPECT_EQ(deviceCalls(),
               joined({{"sound_manager_create_stream_information(6)", "sound_manager_set_focus_reacquisition(1)",
@@ -18,7 +18,7 @@ TEST_F(RecorderTest, ANewRecorderSSEIsPreparedAndHoldsTheFocus) {
                       {"sse_deinit()", "sse_destroy()", "sound_manager_destroy_stream_information()"}}));
 }
 
-TEST_F(RecorderTest, ANewRecorderOriginalIsPreparedAndHoldsTheFocus) {
+TEST_F(RecorderTest, ANewOriginalRecorderIsPreparedAndHoldsTheFocus) {
     { SRecorderOriginal recorder; }
     EXPECT_EQ(deviceCalls(), joined({{"sound_manager_create_stream_information(6)",
                                       "sound_manager_set_focus_reacquisition(1)", "audio_in_create(16000, 1, 2)"},
@@ -75,7 +75,7 @@ TEST_F(RecorderTest, AFailureToReleaseTheFocusIsLogged) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to release focus :-9"));
 }
 
-TYPED_TEST(DeviceOfBothRecorders, ASecondInitAndASecondPrepareAreErrorsAndMakeNoDeviceCall) {
+TYPED_TEST(DeviceOfBothRecordersTest, ASecondInitAndASecondPrepareAreErrorsAndMakeNoDeviceCall) {
     TypeParam recorder;
     fake::platform().forgetCalls();
     recorder._audio_init();
@@ -85,7 +85,7 @@ TYPED_TEST(DeviceOfBothRecorders, ASecondInitAndASecondPrepareAreErrorsAndMakeNo
     EXPECT_TRUE(deviceCalls().empty());
 }
 
-TYPED_TEST(DeviceOfBothRecorders, APrepareBeforeTheInitIsAnErrorAndLeavesTheRecorderUninitialized) {
+TYPED_TEST(DeviceOfBothRecordersTest, APrepareBeforeTheInitIsAnErrorAndLeavesTheRecorderUninitialized) {
     TypeParam recorder;
     recorder._audio_unprepare();
     recorder._audio_deinit();
@@ -97,7 +97,7 @@ TYPED_TEST(DeviceOfBothRecorders, APrepareBeforeTheInitIsAnErrorAndLeavesTheReco
     EXPECT_EQ(fake::platform().countLogged("Already initialized"), 0u);
 }
 
-TYPED_TEST(DeviceOfBothRecorders, ADeinitWhilePreparedIsAnErrorAndLeavesTheRecorderPrepared) {
+TYPED_TEST(DeviceOfBothRecordersTest, ADeinitWhilePreparedIsAnErrorAndLeavesTheRecorderPrepared) {
     TypeParam recorder;
     fake::platform().forgetCalls();
     recorder._audio_deinit();
@@ -107,7 +107,7 @@ TYPED_TEST(DeviceOfBothRecorders, ADeinitWhilePreparedIsAnErrorAndLeavesTheRecor
     EXPECT_TRUE(deviceCalls().empty());
 }
 
-TYPED_TEST(DeviceOfBothRecorders, ASecondUnprepareIsOnlyLogged) {
+TYPED_TEST(DeviceOfBothRecordersTest, ASecondUnprepareIsOnlyLogged) {
     TypeParam recorder;
     const std::string entry = std::is_same<TypeParam, SRecorderOriginal>::value ? "audio_unprepare" : "";
     recorder._audio_unprepare();
@@ -117,7 +117,7 @@ TYPED_TEST(DeviceOfBothRecorders, ASecondUnprepareIsOnlyLogged) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Already unprepared"));
 }
 
-TYPED_TEST(DeviceOfBothRecorders, ASecondDeinitIsAnErrorAndMakesNoDeviceCall) {
+TYPED_TEST(DeviceOfBothRecordersTest, ASecondDeinitIsAnErrorAndMakesNoDeviceCall) {
     TypeParam recorder;
     recorder._audio_unprepare();
     recorder._audio_deinit();
@@ -127,7 +127,7 @@ TYPED_TEST(DeviceOfBothRecorders, ASecondDeinitIsAnErrorAndMakesNoDeviceCall) {
     EXPECT_TRUE(deviceCalls().empty());
 }
 
-TYPED_TEST(DeviceOfBothRecorders, AFailedStartReturnsItsCodeAndLeavesTheRecorderUnprepared) {
+TYPED_TEST(DeviceOfBothRecordersTest, AFailedStartReturnsItsCodeAndLeavesTheRecorderUnprepared) {
     TypeParam recorder;
     const bool original = std::is_same<TypeParam, SRecorderOriginal>::value;
     recorder._audio_unprepare();
@@ -138,7 +138,7 @@ TYPED_TEST(DeviceOfBothRecorders, AFailedStartReturnsItsCodeAndLeavesTheRecorder
     EXPECT_EQ(fake::platform().countLogged("Already prepared"), 0u);
 }
 
-TYPED_TEST(DeviceOfBothRecorders, AFailedStopStillReleasesTheFocusAndLeavesTheRecorderUnprepared) {
+TYPED_TEST(DeviceOfBothRecordersTest, AFailedStopStillReleasesTheFocusAndLeavesTheRecorderUnprepared) {
     TypeParam recorder;
     const bool original = std::is_same<TypeParam, SRecorderOriginal>::value;
     fake::platform().answer(original ? "audio_in_unprepare" : "sse_unprepare", -5);
@@ -150,7 +150,7 @@ TYPED_TEST(DeviceOfBothRecorders, AFailedStopStillReleasesTheFocusAndLeavesTheRe
     EXPECT_EQ(fake::platform().countLogged("Already unprepared"), 1u);
 }
 
-TYPED_TEST(DeviceOfBothRecorders, AFocusStateThatCannotBeReadIsLoggedAndCountsAsNotHeld) {
+TYPED_TEST(DeviceOfBothRecordersTest, AFocusStateThatCannotBeReadIsLoggedAndCountsAsNotHeld) {
     TypeParam recorder;
     fake::platform().answer("sound_manager_get_focus_state", -4);
     fake::platform().forgetCalls();
@@ -161,7 +161,7 @@ TYPED_TEST(DeviceOfBothRecorders, AFocusStateThatCannotBeReadIsLoggedAndCountsAs
     EXPECT_EQ(fake::platform().countLogged("[Recorder ERROR] Fail to get focus state : -4"), 2u);
 }
 
-TYPED_TEST(DeviceOfBothRecorders, AFailureOfTheFocusIsLoggedForTheOperationThatNeedsIt) {
+TYPED_TEST(DeviceOfBothRecordersTest, AFailureOfTheFocusIsLoggedForTheOperationThatNeedsIt) {
     TypeParam recorder;
     fake::platform().answer("sound_manager_get_focus_state", -4);
     for (const char* operation : {"_audio_unprepare", "_audio_prepare"}) {
@@ -175,7 +175,7 @@ TYPED_TEST(DeviceOfBothRecorders, AFailureOfTheFocusIsLoggedForTheOperationThatN
     }
 }
 
-TYPED_TEST(DeviceOfBothRecorders, AHeldFocusIsNeitherAcquiredNorBoundAgain) {
+TYPED_TEST(DeviceOfBothRecordersTest, AHeldFocusIsNeitherAcquiredNorBoundAgain) {
     fake::setFocus(SOUND_STREAM_FOCUS_STATE_ACQUIRED);
     TypeParam recorder;
     EXPECT_EQ(fake::platform().count("sound_manager_acquire_focus"), 0u);
@@ -184,7 +184,7 @@ TYPED_TEST(DeviceOfBothRecorders, AHeldFocusIsNeitherAcquiredNorBoundAgain) {
     EXPECT_EQ(fake::platform().count("sse_prepare") + fake::platform().count("audio_in_prepare"), 1u);
 }
 
-TYPED_TEST(DeviceOfBothRecorders, TheDeviceStartsWithoutTheFocus) {
+TYPED_TEST(DeviceOfBothRecordersTest, TheDeviceStartsWithoutTheFocus) {
     fake::platform().answer("sound_manager_acquire_focus", -702);
     TypeParam recorder;
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "[Recorder ERROR] Fail to acquire focus : -702"));
@@ -193,7 +193,7 @@ TYPED_TEST(DeviceOfBothRecorders, TheDeviceStartsWithoutTheFocus) {
     EXPECT_EQ(fake::platform().count("sse_prepare") + fake::platform().count("audio_in_prepare"), 1u);
 }
 
-TYPED_TEST(DeviceOfBothRecorders, AFailureToBindTheStreamIsLoggedAndTheDeviceStarts) {
+TYPED_TEST(DeviceOfBothRecordersTest, AFailureToBindTheStreamIsLoggedAndTheDeviceStarts) {
     fake::platform().answer("sse_set_stream_info", -1);
     fake::platform().answer("audio_in_set_sound_stream_info", -1);
     TypeParam recorder;

@@ -71,7 +71,7 @@ TEST_F(FocusTest, ThePlaybackFocusDoesNotMatter) {
     EXPECT_EQ(fake::platform().count("sse_unprepare"), 0u);
 }
 
-TEST_F(FocusTest, AnAcquiredFocusWhilePreparedAndALostOneWhileNotChangeNothing) {
+TEST_F(FocusTest, GainingTheFocusWhilePreparedOrLosingItWhileUnpreparedChangesNothing) {
     SRecorderSSE recorder;
     change(RECORDING, ACQUIRED);
     EXPECT_EQ(fake::platform().count("sse_prepare"), 1u);

@@ -7,10 +7,10 @@
 using ReadThreadTest = PlatformTest;
 
 template <typename Recorder>
-class ReadThreadOfBothRecorders : public PlatformTest {};
-TYPED_TEST_SUITE(ReadThreadOfBothRecorders, BothRecorders);
+class ReadThreadOfBothRecordersTest : public PlatformTest {};
+TYPED_TEST_SUITE(ReadThreadOfBothRecordersTest, BothRecorders);
 
-TYPED_TEST(ReadThreadOfBothRecorders, DestructionEndsTheReadThreadBeforeItStopsTheDevice) {
+TYPED_TEST(ReadThreadOfBothRecordersTest, DestructionEndsTheReadThreadBeforeItStopsTheDevice) {
     const bool original = std::is_same<TypeParam, SRecorderOriginal>::value;
     bool finished = false;
     fake::platform().onCall(original ? "audio_in_unprepare" : "sse_unprepare", [&](const fake::Call&) {
@@ -24,7 +24,7 @@ TYPED_TEST(ReadThreadOfBothRecorders, DestructionEndsTheReadThreadBeforeItStopsT
     EXPECT_TRUE(finished);
 }
 
-TYPED_TEST(ReadThreadOfBothRecorders, ASecondStartWhileTheRecorderRecordsDoesNothing) {
+TYPED_TEST(ReadThreadOfBothRecordersTest, ASecondStartWhileTheRecorderRecordsDoesNothing) {
     TypeParam recorder;
     recorder.startRecord();
     ASSERT_TRUE(fake::platform().waitUntil(
@@ -55,14 +55,14 @@ void startTwoThreads(SRecorder& recorder) {
 
 }  // namespace
 
-TYPED_TEST(ReadThreadOfBothRecorders, TwoStartsCloseTogetherStartTwoThreadsAndAStopEndsBoth) {
+TYPED_TEST(ReadThreadOfBothRecordersTest, TwoStartsCloseTogetherStartTwoThreadsAndAStopEndsBoth) {
     TypeParam recorder;
     startTwoThreads(recorder);
     recorder.stopRecord();
     EXPECT_EQ(fake::platform().countLogged("_audio_record finish"), 2u);
 }
 
-TYPED_TEST(ReadThreadOfBothRecorders, TwoThreadsNeverUseTheDeviceAtOnce) {
+TYPED_TEST(ReadThreadOfBothRecordersTest, TwoThreadsNeverUseTheDeviceAtOnce) {
     std::atomic<int> inside{0};
     std::atomic<int> most{0};
     std::atomic<int> uses{0};
@@ -97,7 +97,7 @@ struct Exposed : Recorder {
 
 }  // namespace
 
-TYPED_TEST(ReadThreadOfBothRecorders, AStartDuringAStopDoesNotKeepTheStoppedThreadRunning) {
+TYPED_TEST(ReadThreadOfBothRecordersTest, AStartDuringAStopDoesNotKeepTheStoppedThreadRunning) {
     const char* read = std::is_same<TypeParam, SRecorderOriginal>::value ? "audio_in_read" : "sse_read";
     std::atomic<bool> reading{false};
     std::atomic<bool> goOn{false};
@@ -121,7 +121,7 @@ TYPED_TEST(ReadThreadOfBothRecorders, AStartDuringAStopDoesNotKeepTheStoppedThre
     EXPECT_EQ(fake::platform().countLogged("_audio_record finish"), 2u);
 }
 
-TYPED_TEST(ReadThreadOfBothRecorders, AStopRightAfterAStartEndsTheThread) {
+TYPED_TEST(ReadThreadOfBothRecordersTest, AStopRightAfterAStartEndsTheThread) {
     TypeParam recorder;
     for (int i = 0; i < 20; ++i) {
         recorder.startRecord();
@@ -131,7 +131,7 @@ TYPED_TEST(ReadThreadOfBothRecorders, AStopRightAfterAStartEndsTheThread) {
     EXPECT_EQ(fake::platform().countLogged("Read Thread Start"), fake::platform().countLogged("_audio_record finish"));
 }
 
-TYPED_TEST(ReadThreadOfBothRecorders, AStopWithoutAThreadDoesNothing) {
+TYPED_TEST(ReadThreadOfBothRecordersTest, AStopWithoutAThreadDoesNothing) {
     TypeParam recorder;
     fake::platform().forgetCalls();
     recorder.stopRecord();

@@ -60,7 +60,7 @@ TEST_F(LifecycleTest, TheEntryPointPassesThreeCallbacksAndReturnsTheLoopsResult)
     EXPECT_EQ(loggers().back(), "~MessagePort") << "the service destroys its port";
 }
 
-TEST_F(LifecycleTest, ModulesAreCreatedInTheirOrder) {
+TEST_F(LifecycleTest, ModulesAreCreatedInOrder) {
     fake::setSupportedLanguages({"de_DE"});
     fake::setSetting("db/menu_widget/language", std::string("de_DE.UTF-8"));
     service = std::make_unique<OrvaneDA::Service>();
@@ -93,7 +93,7 @@ TEST_F(LifecycleTest, TheRecorderStartsBeforeTheTrigger) {
     EXPECT_EQ(entry.message, "");
 }
 
-TEST_F(LifecycleTest, TerminationDestroysTheModulesInTheirOrder) {
+TEST_F(LifecycleTest, TerminationDestroysTheModulesInOrder) {
     create();
     Util::Singleton<Util::SoundStreamWatcher>::getInstance();
     fake::platform().forgetCalls();

@@ -18,7 +18,7 @@ Texts started(const std::string& volume, int mode) {
 
 }  // namespace
 
-TEST_F(RequestTest, AStartPassesModeAndVolumeToTheSession) {
+TEST_F(RequestTest, AStartPassesModeAndVolumeToTheRecognitionSession) {
     create();
     request("start_voice_engine", {{"key_start_mode", "PTT"}, {"current_volume", "7"}});
     EXPECT_EQ(session(), started("7", 3));
@@ -65,14 +65,14 @@ TEST_F(RequestTest, AStartWithoutANetworkReportsIt) {
     EXPECT_EQ(sent(), Texts{state("Error", "WifiOff")});
 }
 
-TEST_F(RequestTest, AStartThatTheSessionRefusesReportsServiceNotReady) {
+TEST_F(RequestTest, ARefusedStartReportsServiceNotReady) {
     create();
     fake::platform().answer("vc_mgr_start", VC_ERROR_INVALID_STATE);
     request("start_voice_engine");
     EXPECT_EQ(sent(), Texts{state("Error", "ServiceNotReady")});
 }
 
-TEST_F(RequestTest, AStopIsPassedToAnIdleSession) {
+TEST_F(RequestTest, AStopWithoutARecognitionSessionIsPassedOn) {
     create();
     request("stop_voice_engine");
     EXPECT_EQ(session(), Texts{"vc_mgr_stop()"});
@@ -86,7 +86,7 @@ TEST_F(RequestTest, ACloseCancelsAndSendsNoState) {
     EXPECT_TRUE(sent().empty());
 }
 
-TEST_F(RequestTest, ACloseOfARunningSessionSendsNoState) {
+TEST_F(RequestTest, ACloseDuringARecognitionSessionSendsNoState) {
     create();
     fake::serviceState(VC_SERVICE_STATE_READY, VC_SERVICE_STATE_RECORDING);
     request("close_voice_engine");
@@ -94,7 +94,7 @@ TEST_F(RequestTest, ACloseOfARunningSessionSendsNoState) {
     EXPECT_EQ(sent(), Texts{state("Recording", "None")});
 }
 
-TEST_F(RequestTest, ACancelOfAnIdleSessionSendsStandByAndThenCancels) {
+TEST_F(RequestTest, ACancelWithoutARecognitionSessionSendsStandByAndThenCancels) {
     create();
     fake::platform().onCall("vc_mgr_cancel",
                             [&](const fake::Call&) { EXPECT_TRUE(fake::platform().logged(DLOG_INFO, "StandBy")); });

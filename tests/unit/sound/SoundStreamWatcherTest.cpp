@@ -147,7 +147,7 @@ TEST_F(SoundStreamWatcherTest, AFailedRegistrationIsLoggedAndKeepsTheFirstResult
     EXPECT_TRUE(watcher.isSoundStreamAvailable());
 }
 
-TEST_F(SoundStreamWatcherTest, PlatformCallsHaveTheirOrder) {
+TEST_F(SoundStreamWatcherTest, PlatformCallsAreMadeInOrder) {
     { SoundStreamWatcher watcher; }
     EXPECT_EQ(fake::platform().texts(),
               (Texts{"sound_manager_get_current_playback_focus()", "sound_manager_add_focus_state_watch_cb(1)",

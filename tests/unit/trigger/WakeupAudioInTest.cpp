@@ -41,7 +41,7 @@ bool hasData(WakeupAudioIn& feed) {
 
 }  // namespace
 
-TEST(AWakeupAudioFeed, GivesTheBlocksInTheOrderOfTheirArrival) {
+TEST(AFeed, ReturnsTheBlocksInTheOrderOfTheirArrival) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     EXPECT_EQ(feed.Start(), 0);
@@ -54,7 +54,7 @@ TEST(AWakeupAudioFeed, GivesTheBlocksInTheOrderOfTheirArrival) {
     EXPECT_EQ(feed.Stop(), 0);
 }
 
-TEST(AWakeupAudioFeed, GivesTheBlockThatTheRecorderAllocatedAndNoCopy) {
+TEST(AFeed, ReturnsTheRecordersBlockWithoutACopy) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     char* block = new char[8];
@@ -66,7 +66,7 @@ TEST(AWakeupAudioFeed, GivesTheBlockThatTheRecorderAllocatedAndNoCopy) {
     feed.ReturnData(data);
 }
 
-TEST(AWakeupAudioFeedOf501Blocks, DropsTheOldestWhenAnotherArrives) {
+TEST(AFeedOf501Blocks, DropsTheOldestWhenAnotherArrives) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     for (int i = 0; i < 501; ++i) {
@@ -82,7 +82,7 @@ TEST(AWakeupAudioFeedOf501Blocks, DropsTheOldestWhenAnotherArrives) {
     EXPECT_EQ(left, 500);
 }
 
-TEST(AClosedWakeupAudioFeed, GivesNothingEvenWhenBlocksAreQueued) {
+TEST(AClosedFeed, ReturnsNothingEvenWhenBlocksAreQueued) {
     WakeupAudioIn feed;
     deliver(feed, 7);
     EXPECT_EQ(fetch(feed), -1);
@@ -90,9 +90,9 @@ TEST(AClosedWakeupAudioFeed, GivesNothingEvenWhenBlocksAreQueued) {
 }
 
 // Runs code in the first pause of the feed, while the engine's thread waits for a block.
-class AnOpenWakeupAudioFeedThatIsEmpty : public PlatformTest {
+class AnOpenEmptyFeed : public PlatformTest {
 protected:
-    AnOpenWakeupAudioFeedThatIsEmpty() { feed.setEnabled(true); }
+    AnOpenEmptyFeed() { feed.setEnabled(true); }
     int fetchWith(const std::function<void()>& meanwhile) {
         fake::mainLoop().onSleep([&](unsigned microseconds) {
             EXPECT_EQ(microseconds, 1000u);
@@ -108,7 +108,7 @@ protected:
     int pauses = 0;
 };
 
-TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, MakesTheEngineWaitForTheNextBlock) {
+TEST_F(AnOpenEmptyFeed, MakesTheEngineWaitForTheNextBlock) {
     EXPECT_EQ(fetchWith([&] {
                   EXPECT_FALSE(hasData(feed)) << "the queue is not locked while the engine waits";
                   deliver(feed, 42);
@@ -117,12 +117,12 @@ TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, MakesTheEngineWaitForTheNextBlock) {
     EXPECT_EQ(pauses, 1);
 }
 
-TEST_F(AnOpenWakeupAudioFeedThatIsEmpty, ReleasesTheEngineWithinAMillisecondWhenItIsClosed) {
+TEST_F(AnOpenEmptyFeed, ReleasesTheEngineWithinAMillisecondWhenItIsClosed) {
     EXPECT_EQ(fetchWith([&] { feed.setEnabled(false); }), -1);
     EXPECT_EQ(pauses, 1);
 }
 
-TEST(AWakeupAudioFeed, GivesNothingForANullBlock) {
+TEST(AFeed, ReturnsNothingForANullBlock) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     feed.onDataHandled(nullptr, 8);
@@ -131,14 +131,14 @@ TEST(AWakeupAudioFeed, GivesNothingForANullBlock) {
     EXPECT_EQ(fetch(feed), 5);
 }
 
-TEST(AnEmptyWakeupAudioFeed, HasNoData) {
+TEST(AnEmptyFeed, HasNoData) {
     WakeupAudioIn feed;
     bool available = true;
     EXPECT_EQ(feed.HasData(available), 0);
     EXPECT_FALSE(available);
 }
 
-TEST(AWakeupAudioFeed, LosesNoBlockBetweenTwoThreads) {
+TEST(AFeed, LosesNoBlockBetweenTwoThreads) {
     WakeupAudioIn feed;
     feed.setEnabled(true);
     std::thread engine([&] {
@@ -153,12 +153,12 @@ TEST(AWakeupAudioFeed, LosesNoBlockBetweenTwoThreads) {
     EXPECT_FALSE(hasData(feed));
 }
 
-TEST(AWakeupAudioFeed, IgnoresTheReturnOfANullBlock) {
+TEST(AFeed, IgnoresTheReturnOfANullBlock) {
     WakeupAudioIn feed;
     EXPECT_EQ(feed.ReturnData(nullptr), 0);
 }
 
-TEST(AClearedWakeupAudioFeed, IsEmpty) {
+TEST(AClearedFeed, IsEmpty) {
     WakeupAudioIn feed;
     deliver(feed, 1);
     deliver(feed, 2);

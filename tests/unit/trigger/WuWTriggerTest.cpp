@@ -174,7 +174,7 @@ TEST_F(WuWTriggerTest, ADetectionDoesNotMakeTheEngineWaitForTheCallback) {
     EXPECT_FALSE(waited);
 }
 
-TEST_F(WuWTriggerTest, AShotNeedsACallbackButNoEnabledTrigger) {
+TEST_F(WuWTriggerTest, AShotNeedsACallbackButNotAnEnabledTrigger) {
     WuWTrigger trigger;
     trigger._shot(1);
     countShotsOf(trigger);
@@ -286,7 +286,7 @@ TEST_F(WuWTriggerTest, ACancellationIsOnlyLogged) {
     EXPECT_EQ(fake::platform().logs().size(), 1u);
 }
 
-TEST_F(WuWTriggerTest, AnErrorIsSixErrorLinesWithItsNameAndDetail) {
+TEST_F(WuWTriggerTest, AnErrorLogsSixErrorLinesWithItsNameAndDetail) {
     WuWTrigger trigger;
     fake::platform().forgetCalls();
     trigger.OnError(Error::COULD_NOT_FIND_ACMOD, "/models");
@@ -299,7 +299,7 @@ TEST_F(WuWTriggerTest, AnErrorIsSixErrorLinesWithItsNameAndDetail) {
                             "  - code   : (COULD_NOT_FIND_ACMOD)", "  - detail : /models", std::string(36, '=')}));
 }
 
-TEST_F(WuWTriggerTest, AWarningIsSixWarningLinesWithItsNameAndDetail) {
+TEST_F(WuWTriggerTest, AWarningLogsSixWarningLinesWithItsNameAndDetail) {
     WuWTrigger trigger;
     fake::platform().forgetCalls();
     trigger.OnWarning(Warning::ALREADY_LISTENING, "twice");

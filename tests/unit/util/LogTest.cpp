@@ -82,7 +82,7 @@ TEST_F(LogTest, ALambdasLineNamesOperatorCall) {
     EXPECT_EQ(fake::output().at(0).text.find("[operator():"), 0u);
 }
 
-TEST_F(LogTest, AMessageWithoutTextIsPrefixAndColorReset) {
+TEST_F(LogTest, AMessageWithoutTextLogsOnlyPrefixAndColorReset) {
     silent();
     const std::string at = std::to_string(line);
     EXPECT_EQ(fake::platform().logs().at(0).text, "\033[34m[" + self() + "] LogTest.cpp: silent(" + at + ") > \033[0m");

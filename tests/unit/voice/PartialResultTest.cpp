@@ -36,7 +36,7 @@ TEST_F(PartialResultTest, TheFirstSignOfSpeechReplacesTheTimeoutOnceAndNotifiesT
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "==== Speech detected ===="));
 }
 
-TEST_F(PartialResultTest, APartialResultBeforeTheDetectionNotifiesAndTheDetectionDoesNothing) {
+TEST_F(PartialResultTest, APartialResultBeforeTheDetectionNotifiesTheUiAndTheDetectionDoesNothing) {
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "a");
     EXPECT_EQ(fake::mainLoop().interval(0), 10.0);
     fake::mainLoop().advance(5);

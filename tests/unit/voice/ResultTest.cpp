@@ -89,7 +89,7 @@ TEST_F(ResultTest, ARejectionReportsAnErrorAndCancelsAndWritesNoFile) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Rejected event"));
 }
 
-TEST_F(ResultTest, ASecondResultOfOneSessionIsCanceled) {
+TEST_F(ResultTest, ASecondResultOfARecognitionSessionIsCanceled) {
     EXPECT_TRUE(result(nlu("Weather", "Simple", "Show")));
     reports.clear();
     fake::platform().forgetCalls();

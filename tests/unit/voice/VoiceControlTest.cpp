@@ -245,7 +245,7 @@ TEST_F(VoiceControlTest, AStartInAnUnknownModeEndsBySilence) {
     EXPECT_EQ(fake::platform().textsOf({"vc_mgr_set_recognition"}), Texts{"vc_mgr_set_recognition_mode(0)"});
 }
 
-TEST_F(VoiceControlTest, AStartClearsWhatTheLastSessionReceivedBeforeItStartsTheEngine) {
+TEST_F(VoiceControlTest, AStartClearsWhatTheLastRecognitionSessionReceivedBeforeItStartsTheEngine) {
     VoiceControl control;
     collectReportsOf(control);
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "old");
@@ -350,7 +350,7 @@ TEST_F(VoiceControlTest, ARecordingWithSpeechThatTimesOutIsStopped) {
     EXPECT_EQ(reports.back(), "[open]");
 }
 
-TEST_F(VoiceControlTest, AProcessingThatTimesOutReportsAnErrorAndIsCanceled) {
+TEST_F(VoiceControlTest, ProcessingThatTimesOutReportsAnErrorAndIsCanceled) {
     VoiceControl control;
     collectReportsOf(control);
     fake::serviceState(RECORDING, PROCESSING);

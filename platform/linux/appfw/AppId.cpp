@@ -10,7 +10,7 @@ namespace appfw {
 
 namespace {
 
-// Never destroyed: other threads still name it while the process ends.
+// Never destroyed: other threads still use it while the process exits.
 std::string& mine() {
     static auto* instance = new std::string;
     return *instance;
@@ -26,7 +26,7 @@ bool isApplication(const std::string& name) {
     return true;
 }
 
-// Empty when the bus does not answer.
+// Empty if the bus does not answer.
 std::vector<std::string> namesOnTheBus() {
     try {
         const auto answer = gio::sessionBus().call(gio::kBus, "ListNames");
@@ -44,7 +44,7 @@ std::vector<std::string> applications() {
     return names;
 }
 
-// 0 when it is gone.
+// 0 if the connection is gone.
 pid_t processOf(const std::string& name) {
     try {
         const auto answer = gio::sessionBus().call(gio::kBus, "GetConnectionUnixProcessID", gio::Variant::tuple(name));

@@ -7,11 +7,11 @@
 
 namespace appfw {
 
-// The application id of a process: of its bus names, the alphabetically first that belongs to an application; empty
-// without one. Blocks for a few round trips.
+// The application id of a process: the alphabetically first of its bus names that belongs to an application. Empty if
+// it has none. Blocks for a few round trips.
 std::string appIdOf(pid_t pid);
 
-// This process's own application id, once it has one.
+// The application id of this process, as soon as it has one.
 const std::string& ownAppId();
 void setOwnAppId(const std::string& id);
 

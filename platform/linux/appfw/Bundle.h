@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a bundle is, and how it travels: a(ayay).
+// A bundle and its D-Bus form, a(ayay).
 #pragma once
 
 #include <string>
@@ -15,8 +15,8 @@ struct bundle_keyval_s {
 };
 
 struct bundle_s {
-    std::vector<std::pair<std::string, bundle_keyval_s>> entries;  // in the order of their arrival
-    std::unordered_map<std::string, std::size_t> places;           // of each key among them
+    std::vector<std::pair<std::string, bundle_keyval_s>> entries;  // in insertion order
+    std::unordered_map<std::string, std::size_t> places;           // the index of each key
 };
 
 namespace appfw {

@@ -5,7 +5,7 @@
 
 namespace appfw {
 
-// Applications of the desktop, which are known by their desktop file only. Both return an app_control_error_e.
+// Desktop applications, which are identified only by their desktop files. Both functions return an app_control_error_e.
 int launchDesktopApp(const std::string& id, const std::string& uri);
 int openInDefaultApp(const std::string& uri);
 

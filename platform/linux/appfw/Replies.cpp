@@ -21,7 +21,7 @@ struct Expected {
 
 std::mutex mutex;
 
-// With the mutex held. Never destroyed: other threads still send and receive while the process ends.
+// Call with the mutex held. Never destroyed: other threads still send and receive while the process exits.
 std::map<std::string, Expected>& expected() {
     static auto* instance = new std::map<std::string, Expected>;
     return *instance;
@@ -38,7 +38,7 @@ std::vector<std::string> tokensOf(const std::string& peer) {
     return tokens;
 }
 
-// Arrives after everything that the connection sent, its replies included.
+// This notice arrives after all messages of the connection, including its replies.
 void onOwnerChanged(const gio::Variant& arguments) {
     const auto [name, before, after] = arguments.fields<std::string, std::string, std::string>();
     if (name.front() != ':' || !after.empty()) {
@@ -49,7 +49,7 @@ void onOwnerChanged(const gio::Variant& arguments) {
     }
 }
 
-// Never destroyed: the bus is watched until the process ends.
+// Never destroyed: it watches the bus until the process exits.
 void watchPeers() {
     static const auto* const watch =
         new gio::Registration(gio::sessionBus().subscribe(gio::kBus, "NameOwnerChanged", onOwnerChanged));
@@ -62,7 +62,7 @@ std::string expectReply(const app_control_s& request, app_control_reply_cb callb
     if (callback == nullptr) {
         return "";
     }
-    const gio::Text token(g_uuid_string_random());  // so that other applications cannot guess it
+    const gio::Text token(g_uuid_string_random());  // random, so that other applications cannot guess it
     std::lock_guard lock(mutex);
     expected().insert({token.get(), {request, callback, userData, ""}});
     return token.get();
@@ -74,11 +74,11 @@ void expectReplyFrom(const std::string& token, const std::string& peer) {
         std::lock_guard lock(mutex);
         const auto found = expected().find(token);
         if (found == expected().end()) {
-            return;  // answered already
+            return;  // already answered
         }
         found->second.peer = peer;
     }
-    // It may have left before the watch began.
+    // The peer may have left the bus before the watch began.
     if (peer.empty() || !gio::sessionBus().hasOwner(peer)) {
         takeReply(token, APP_CONTROL_RESULT_FAILED, {});
     }

@@ -37,7 +37,7 @@ Extras toExtras(const WireExtras& wire) {
             extra.values.push_back(value.text);
         }
         if (!array) {
-            extra.values.resize(1);  // a single value is a list of one
+            extra.values.resize(1);  // a single value is stored as a list of one
         }
         extras[key.text] = std::move(extra);
     }

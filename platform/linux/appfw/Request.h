@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What an app_control_h is, and how it travels. docs/dbus.md has the wire form.
+// The object behind an app_control_h, and its D-Bus form, which docs/dbus.md describes.
 #pragma once
 
 #include <map>
@@ -22,7 +22,8 @@ struct app_control_s {
     std::optional<std::string> operation;
     std::optional<std::string> uri;
     Extras extras;
-    // Of a received request: the unique bus name of its sender, and the token of the reply; empty when none is wanted.
+    // For a received request: the sender's unique bus name, and the reply token, which is empty if the sender wants no
+    // reply.
     std::string sender;
     std::string token;
 };
@@ -34,7 +35,7 @@ using WireExtras = std::vector<std::tuple<gio::Bytes, bool, std::vector<gio::Byt
 WireExtras toWire(const Extras& extras);
 Extras toExtras(const WireExtras& wire);
 
-// From the arguments of Launch: all but the receiver and the sender. Throws std::runtime_error for other arguments.
+// Reads the arguments of Launch, except the receiver and the sender. Throws std::runtime_error if they are invalid.
 app_control_s toRequest(const gio::Variant& arguments);
 
 struct Reply {
@@ -42,7 +43,7 @@ struct Reply {
     app_control_result_e result;
     Extras extras;
 };
-// From the arguments of Reply. An unknown result counts as a failure. Throws std::runtime_error for other arguments.
+// Reads the arguments of Reply. An unknown result counts as a failure. Throws std::runtime_error if they are invalid.
 Reply toReply(const gio::Variant& arguments);
 
 }  // namespace appfw

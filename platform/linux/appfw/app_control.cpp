@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int LAUNCH_MILLISECONDS = 10000;  // a start of the application included
+constexpr int LAUNCH_MILLISECONDS = 10000;  // includes starting the application
 
 using Field = std::optional<std::string> app_control_s::*;
 
@@ -36,7 +36,7 @@ int get(app_control_h request, Field field, char** text) {
     return APP_CONTROL_ERROR_NONE;
 }
 
-// Null without such an extra; `code` then has the reason.
+// Null if the extra does not exist; `code` then contains the reason.
 const Extra* find(app_control_h request, const char* key, const void* output, int& code) {
     code = APP_CONTROL_ERROR_INVALID_PARAMETER;
     if (request == nullptr || key == nullptr || output == nullptr) {
@@ -47,7 +47,7 @@ const Extra* find(app_control_h request, const char* key, const void* output, in
     return found == request->extras.end() ? nullptr : &found->second;
 }
 
-// D-Bus texts are UTF-8; others would end the connection.
+// D-Bus texts must be UTF-8; sending any other text would close the connection.
 bool isText(const std::optional<std::string>& text) {
     return gio::isUtf8(text.value_or(""));
 }
@@ -57,14 +57,14 @@ gio::Target applicationOf(const std::string& name) {
 }
 
 int failureOf(const std::string& id, const gio::CallError& error) {
-    dlog_print(DLOG_ERROR, "orvane-appfw", "%s did not take the request: %s", id.c_str(), error.what());
+    dlog_print(DLOG_ERROR, "orvane-appfw", "%s did not accept the request: %s", id.c_str(), error.what());
     if (!gio::sessionBus().isOpen()) {
         return APP_CONTROL_ERROR_IO_ERROR;
     }
     return error.isTimeout() ? APP_CONTROL_ERROR_TIMED_OUT : APP_CONTROL_ERROR_LAUNCH_FAILED;
 }
 
-// A desktop application cannot answer, so its start is the reply.
+// A desktop application cannot reply, so its successful start counts as the reply.
 int started(int code, const std::string& token) {
     if (code == APP_CONTROL_ERROR_NONE) {
         appfw::takeReply(token, APP_CONTROL_RESULT_APP_STARTED, {});
@@ -191,7 +191,7 @@ int app_control_foreach_extra_data(app_control_h app_control, app_control_extra_
     if (app_control == nullptr || callback == nullptr) {
         return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
-    const Extras extras = app_control->extras;  // the callback may add and replace
+    const Extras extras = app_control->extras;  // a copy, because the callback may change the extras
     for (const auto& [key, extra] : extras) {
         if (!callback(app_control, key.c_str(), user_data)) {
             break;
@@ -209,7 +209,7 @@ int app_control_send_launch_request(app_control_h app_control, app_control_reply
         return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
     if (!isText(app_control->operation) || !isText(app_control->uri)) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "a request is no UTF-8 text");
+        dlog_print(DLOG_ERROR, "orvane-appfw", "a request contains text that is not UTF-8");
         return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
     const std::string token = appfw::expectReply(*app_control, callback, user_data);

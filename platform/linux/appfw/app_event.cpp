@@ -22,11 +22,11 @@ struct event_handler_s {
 
 namespace {
 
-// On the main loop, by ids that are never reused: what is posted for a handler that is removed meanwhile finds none.
+// Main loop only. Ids are never reused, so work that was posted for a removed handler finds no handler.
 std::map<gsize, std::unique_ptr<event_handler_s>> handlers;
 gsize lastId = 0;
 
-// An event is named "event.<application id>.<event>". Empty for another name.
+// An event is named "event.<application id>.<event>". Empty for any other name.
 std::string applicationOf(const std::string& event) {
     constexpr char HEAD[] = "event.";
     const auto end = event.rfind('.');
@@ -44,7 +44,7 @@ void deliver(gsize id, const gio::Variant& arguments) {
     postToMainLoop([id, message = appfw::toBundle(std::get<1>(arguments.as<Emitted>()))]() mutable {
         const auto found = handlers.find(id);
         if (found != handlers.end()) {
-            // Copied, because the callback may remove it.
+            // Copied, because the callback may remove the handler.
             const std::string name = found->second->name;
             const event_cb callback = found->second->callback;
             callback(name.c_str(), &message, found->second->userData);
@@ -64,7 +64,7 @@ int event_add_event_handler(const char* event_name, event_cb callback, void* use
         return EVENT_ERROR_IO_ERROR;
     }
     auto handler = std::make_unique<event_handler_s>(event_handler_s{++lastId, event_name, callback, user_data, {}});
-    // Subscribed with the application's name, so that GDBus passes on only its owner's signals.
+    // The subscription names the application, so that GDBus delivers only signals from the owner of that name.
     handler->subscription = gio::sessionBus().subscribe(
         {app, "/org/orvane/Event", "org.orvane.Event1"}, "Emitted",
         [id = handler->id](const gio::Variant& arguments) { deliver(id, arguments); }, event_name);

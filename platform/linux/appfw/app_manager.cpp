@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Running applications: those whose id has an owner on the bus.
+// Running applications. An application is running if its id has an owner on the bus.
 #include "app_manager.h"
 
 #include <cstring>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Trusted message ports. Messages arrive on the IO thread, which checks their sender; callbacks run on the main loop.
+// Trusted message ports. The IO thread receives messages and checks their senders; callbacks run on the main loop.
 #include "message_port.h"
 
 #include <unistd.h>
@@ -32,13 +32,13 @@ struct Port {
 std::mutex mutex;
 int lastId = 0;
 
-// With the mutex held. Never destroyed: other threads still send and receive while the process ends.
+// Call with the mutex held. Never destroyed: other threads still send and receive while the process exits.
 std::map<int, Port>& ports() {
     static auto* instance = new std::map<int, Port>;
     return *instance;
 }
 
-// With the mutex held; 0 without such a port.
+// Call with the mutex held. 0 if the port does not exist.
 int find(const std::string& name) {
     for (const auto& [id, port] : ports()) {
         if (port.name == name) {
@@ -60,7 +60,7 @@ void deliver(int id, bundle_s message, const std::string& app, const std::string
             std::lock_guard lock(mutex);
             const auto found = ports().find(id);
             if (found == ports().end()) {
-                return;  // unregistered meanwhile
+                return;  // unregistered in the meantime
             }
             port = found->second;
         }
@@ -69,7 +69,7 @@ void deliver(int id, bundle_s message, const std::string& app, const std::string
     });
 }
 
-// Whether the sender is the application that it says it is; it may also say none.
+// Whether the sender owns the application id that it claims. It may also claim none.
 bool isItself(const std::string& sender, const std::string& app) {
     return app.empty() || gio::sessionPeers().ownerOf(app) == sender;
 }
@@ -89,7 +89,7 @@ void onSend(gio::MethodCall& call) {
 
 void onCall(gio::MethodCall& call) {
     if (gio::sessionPeers().userOf(call.sender()) != getuid()) {
-        call.fail(ACCESS_DENIED, "ports answer only their own user");
+        call.fail(ACCESS_DENIED, "message ports accept calls only from their own user");
     } else if (call.method() == "HasPort") {
         const auto [port] = call.arguments().fields<std::string>();
         call.reply(gio::Variant::tuple(idOf(port) != 0));
@@ -98,7 +98,7 @@ void onCall(gio::MethodCall& call) {
     }
 }
 
-// Never destroyed: the ports are served until the process ends.
+// Never destroyed: the ports stay available until the process exits.
 bool servePorts() {
     static const auto* const served =
         new gio::Registration(gio::sessionBus().exportObject(PATH, dbus::interface(INTERFACE), onCall));
@@ -113,7 +113,7 @@ int failureOf(const gio::CallError& error) {
                                                                    : MESSAGE_PORT_ERROR_IO_ERROR;
 }
 
-// Throws gio::CallError. An application that does not run is not started.
+// Throws gio::CallError. Does not start the application if it is not running.
 gio::Variant callPort(const char* app, const char* method, const gio::Variant& arguments) {
     return gio::sessionBus().call({app, PATH, INTERFACE}, method, arguments, {5000, false});
 }
@@ -146,7 +146,7 @@ int message_port_check_trusted_remote_port(const char* remote_app_id, const char
     } catch (const gio::CallError& error) {
         return failureOf(error);
     } catch (const std::runtime_error&) {
-        return MESSAGE_PORT_ERROR_IO_ERROR;  // an answer of another type
+        return MESSAGE_PORT_ERROR_IO_ERROR;  // a reply of another type
     }
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Life cycle of the service: D-Bus calls arrive on the IO thread and are queued for the main loop, which a signal or
-// Close ends.
+// Lifecycle of the service. D-Bus calls arrive on the IO thread and are queued for the main loop. A signal or the Close
+// method ends the main loop.
 #include "service_app.h"
 
 #include <Ecore.h>
@@ -24,21 +24,21 @@ namespace {
 constexpr char APP_ID[] = "org.orvane.da-service";
 constexpr char HELP[] =
     "Usage: orvane-da-service [--help]\n"
-    "The voice-assistant service of the appliance. It runs until SIGTERM, SIGINT or a request to close.\n"
+    "The voice-assistant service of the appliance. It runs until it receives SIGTERM, SIGINT, or a request to close.\n"
     "\n"
     "Environment:\n"
-    "  DBUS_SESSION_BUS_ADDRESS  the bus of the applications\n"
+    "  DBUS_SESSION_BUS_ADDRESS  the bus that connects the applications\n"
     "  DBUS_SYSTEM_BUS_ADDRESS   the bus of NetworkManager\n"
     "  PULSE_SERVER              the sound server\n"
-    "  ORVANE_DATA_ROOT          folder of the program's data (voice/data/...)\n"
-    "  ORVANE_DB_DIR             folder of the local databases\n"
-    "  ORVANE_HUB_CA             authorities (PEM) to trust for the hub server instead of the machine's\n"
-    "  ORVANE_LOG                journal, stderr or off\n"
-    "  ORVANE_SYSFS_ROOT         where class/leds is looked for instead of /sys\n"
-    "  ORVANE_MODEL_ROOT         folder of the speech models\n"
-    "  ORVANE_AUDIO_REPLAY       sound file that is heard instead of the microphone\n"
+    "  ORVANE_DATA_ROOT          directory of the program's data (voice/data/...)\n"
+    "  ORVANE_DB_DIR             directory of the local databases\n"
+    "  ORVANE_HUB_CA             certificate authorities (PEM) to trust for the hub instead of the system's\n"
+    "  ORVANE_LOG                journal, stderr, or off\n"
+    "  ORVANE_SYSFS_ROOT         directory that contains class/leds, instead of /sys\n"
+    "  ORVANE_MODEL_ROOT         directory of the speech models\n"
+    "  ORVANE_AUDIO_REPLAY       sound file to use instead of the microphone\n"
     "  ORVANE_AUDIO_REPLAY_PACE  realtime or fast\n"
-    "  ORVANE_WAKEUP_RECORDINGS  folder that keeps the sound before each wake-up\n";
+    "  ORVANE_WAKEUP_RECORDINGS  directory for recordings of the sound before each wake-word detection\n";
 
 struct App {
     service_app_lifecycle_callback_s* callbacks;
@@ -61,7 +61,7 @@ Eina_Bool onSignal(void*, int, void*) noexcept {
     return ECORE_CALLBACK_DONE;
 }
 
-// Requests wait for the main loop, and so for the end of the create callback. Each call is answered before it is
+// Requests wait for the main loop, and therefore for the create callback to finish. Each call is answered before it is
 // carried out, so that Close is answered before the loop can end.
 void onCall(const App& app, gio::MethodCall& call) {
     call.reply();
@@ -78,7 +78,7 @@ void onCall(const App& app, gio::MethodCall& call) {
     }
 }
 
-// What the service has on the bus while it runs.
+// The service's objects and name on the bus while it runs.
 struct Presence {
     gio::Registration object;
     gio::Registration loss;
@@ -90,7 +90,7 @@ bool refuse(const std::string& reason) {
     return false;
 }
 
-// The object is exported before the name is owned, so that no request finds the name without the object.
+// Exports the object before it acquires the name, so that no request finds the name without the object.
 bool join(const App& app, Presence& presence) {
     const gio::Connection& bus = gio::sessionBus();
     if (!bus.isOpen()) {
@@ -114,8 +114,8 @@ bool join(const App& app, Presence& presence) {
     return true;
 }
 
-// Deleting a timer that has ended by itself is harmless, but it is three errors to EFL, two of them of its objects in
-// general.
+// Deleting a timer that has already expired is harmless, but EFL logs three errors about it, two of them in its object
+// system.
 bool isOfAnEndedTimer(const std::string& function) {
     return function == "ecore_timer_del" || function == "efl_data_scope_safe_get" || function == "efl_unref";
 }
@@ -133,7 +133,7 @@ void logEfl(const Eina_Log_Domain*, Eina_Log_Level, const char*, const char* fun
 int run(const App& app) {
     ecore_app_no_system_modules();
     if (ecore_init() == 0) {
-        fprintf(stderr, "%s: the main loop cannot be set up\n", APP_ID);
+        fprintf(stderr, "%s: cannot set up the main loop\n", APP_ID);
         return EXIT_FAILURE;
     }
     eina_log_print_cb_set(logEfl, nullptr);
@@ -143,11 +143,11 @@ int run(const App& app) {
     if (created) {
         ecore_main_loop_begin();
     }
-    presence.name.releaseName();  // so that requests start the service anew
+    presence.name.releaseName();  // so that new requests start the service again
     if (created) {
         app.callbacks->terminate(app.userData);
     }
-    gio::sessionBus().flush();  // the answer to Close, and what the callbacks sent last
+    gio::sessionBus().flush();  // sends the reply to Close and the callbacks' last messages
     closeMainLoopPost();
     ecore_shutdown();
     return created ? EXIT_SUCCESS : EXIT_FAILURE;
@@ -161,7 +161,7 @@ int service_app_main(int argc, char** argv, service_app_lifecycle_callback_s* ca
         return EXIT_SUCCESS;
     }
     if (argc > 1) {
-        fprintf(stderr, "orvane-da-service: unknown option %s; --help tells the options\n", argv[1]);
+        fprintf(stderr, "orvane-da-service: unknown option %s; see --help\n", argv[1]);
         return 2;
     }
     return run({callback, user_data});

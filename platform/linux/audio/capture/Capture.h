@@ -8,20 +8,19 @@
 
 namespace audio {
 
-// A capture stream as both capture interfaces use it, with a source from prepare() to unprepare(). Any thread may call
-// these while another one reads.
+// The capture stream behind both capture interfaces. It has a source between prepare() and unprepare(). Any thread may
+// call these while another thread reads.
 class Capture {
 public:
     explicit Capture(const Format& format) : mFormat(format) {}
 
     const Format& format() const { return mFormat; }
-    // These return audio_io_error_e.
-    // Does not wait for the sound server: without it, the reads fail. Throws std::runtime_error when the source cannot
-    // be opened.
+    // These return audio_io_error_e. Does not wait for the sound server; without a server, reads fail. Throws
+    // std::runtime_error if the source cannot be opened.
     int prepare();
     // Ends a read in progress.
     int unprepare();
-    // Blocks until all frames are read.
+    // Blocks until it has read all frames.
     int read(int16_t* samples, std::size_t frames);
 
 private:
@@ -30,7 +29,7 @@ private:
     std::shared_ptr<CaptureSource> mSource;
 };
 
-// AUDIO_IO_ERROR_NONE when the platform captures this format. `channel` and `type` are audio_channel_e and
+// AUDIO_IO_ERROR_NONE if the platform can capture this format. `channel` and `type` are audio_channel_e and
 // audio_sample_type_e.
 int checkFormat(int rate, int channel, int type);
 

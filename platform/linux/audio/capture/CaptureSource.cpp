@@ -25,7 +25,7 @@ struct Entry {
     std::unique_ptr<CaptureSource> (*open)(const Format&);
 };
 
-// The first entry that is chosen counts.
+// The first entry that the environment selects is used.
 const Entry kSources[] = {
     {[] { return named("ORVANE_AUDIO_REPLAY"); }, open<ReplaySource>},
     {[] { return true; }, open<PulseSource>},

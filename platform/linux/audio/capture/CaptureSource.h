@@ -17,15 +17,15 @@ struct Format {
 class CaptureSource {
 public:
     virtual ~CaptureSource() = default;
-    // Blocks until `frames` interleaved frames are read. False when the source fails or is interrupted. A source that
-    // keeps failing waits a little in each call, so that its reader need not.
+    // Blocks until it has read `frames` interleaved frames. False if the source fails or is interrupted. A source that
+    // keeps failing pauses in each call, so that its reader does not have to.
     virtual bool read(int16_t* samples, std::size_t frames) = 0;
     // Ends the read in progress and all later ones. Any thread.
     virtual void interrupt() noexcept = 0;
 };
 
-// Opens the source that the environment names, or else the sound server, which may come later. Throws
-// std::runtime_error with one line that names the reason.
+// Opens the source that the environment names, or the sound server by default, which may become available later. Throws
+// std::runtime_error with the reason in one line.
 std::unique_ptr<CaptureSource> openCaptureSource(const Format& format);
 
 }  // namespace audio

@@ -16,7 +16,7 @@ void Outage::began(const std::string& why) {
 void Outage::end() {
     const std::lock_guard lock(mMutex);
     if (mOut.exchange(false)) {
-        dlog_print(DLOG_INFO, "orvane-audio", "sound is captured again");
+        dlog_print(DLOG_INFO, "orvane-audio", "capturing sound again");
     }
 }
 

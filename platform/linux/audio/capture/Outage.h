@@ -8,8 +8,8 @@
 
 namespace audio {
 
-// The state of capture in the whole process: logs once when it begins to fail and once when it works again, however
-// often readers try in between. Any thread.
+// Tracks capture failures for the whole process. Logs once when capture begins to fail and once when it works again,
+// even if readers retry many times in between. Any thread.
 class Outage {
 public:
     void began(const std::string& why);
@@ -18,8 +18,7 @@ public:
             end();
         }
     }
-    // How long a read waits for frames: short at first, longer when the outage lasts, so that a reader that tries again
-    // and again costs little.
+    // How long a read waits for frames. The wait grows during a long outage, so that retries use little CPU time.
     std::chrono::milliseconds patience() const;
 
 private:

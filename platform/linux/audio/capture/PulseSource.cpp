@@ -27,7 +27,7 @@ PulseSource::PulseSource(const Format& format)
     process::shared<SoundServer>().add(*this);
 }
 
-// At the end of the process the server is gone already, and so is the stream.
+// When the process exits, the connection is already closed, and the stream with it.
 PulseSource::~PulseSource() {
     process::contained("end of capture", [this] {
         auto& server = process::shared<SoundServer>();
@@ -64,7 +64,7 @@ void PulseSource::logFailure() {
         why = mWhy;
     }
     if (why.empty()) {
-        why = server.connected() ? "the sound source gives nothing" : server.error();
+        why = server.connected() ? "the sound source delivers no samples" : server.error();
     }
     process::shared<Outage>().began("sound server: " + why);
 }
@@ -94,10 +94,10 @@ void PulseSource::open(const pulse::Context& context) {
 
 void PulseSource::lost() noexcept {
     mStream.reset();
-    streamFailed("the sound server has gone");
+    streamFailed("lost the connection to the sound server");
 }
 
-// A stream that never carried frames leaves the reader waiting: the server may return within its patience.
+// If the stream never delivered frames, the reader keeps waiting, because the server may return before its timeout.
 void PulseSource::streamFailed(const char* why) {
     mWhy = why;
     if (mFlowing.exchange(false)) {

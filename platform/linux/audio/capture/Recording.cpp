@@ -9,11 +9,11 @@ namespace audio {
 
 namespace {
 
-constexpr int kLobes = 16;     // of the filter, on each side
+constexpr int kLobes = 16;     // on each side of the filter
 constexpr int kPerLobe = 256;  // table entries
 constexpr std::size_t kPiece = 4096;
 
-// One side of a low-pass filter: a sine cardinal under a raised cosine.
+// One side of a low-pass filter: a sinc function with a raised-cosine window.
 using Filter = std::array<float, kLobes * kPerLobe + 2>;
 
 const Filter& filter() {
@@ -83,7 +83,8 @@ bool Recording::load() {
     return frames > 0;
 }
 
-// One channel is the mean of all; two are the file's first two, or its only one twice.
+// Mono output is the mean of all channels. Stereo output uses the file's first two channels, or duplicates its only
+// one.
 void Recording::mix(const float* in, std::size_t frames) {
     const int channels = mFile.channels();
     for (std::size_t i = 0; i < frames; ++i, in += channels) {

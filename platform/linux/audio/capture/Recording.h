@@ -9,15 +9,16 @@
 
 namespace audio {
 
-// Reads a sound file as 16-bit frames of the wanted rate and number of channels, a piece at a time. One thread.
+// Reads a sound file piece by piece as 16-bit frames, converted to the requested rate and number of channels. One
+// thread.
 class Recording {
 public:
     // Throws std::runtime_error with the reason.
     Recording(const std::string& path, const Format& format);
 
-    // After the end there is nothing to read.
+    // After a seek past the end, there are no frames to read.
     void seek(double seconds);
-    // The number of frames read; fewer than `frames` only at the end.
+    // Returns the number of frames read; less than `frames` only at the end.
     std::size_t read(int16_t* out, std::size_t frames);
 
 private:
@@ -29,7 +30,7 @@ private:
 
     sndfile::Reader mFile;
     const Format mFormat;
-    const double mStep;          // frames of the file for one frame read
+    const double mStep;          // frames of the file per output frame
     const double mCutoff;        // of the low-pass filter: 1 is half the file's rate
     std::vector<float> mWindow;  // mixed frames from mFirst on
     int64_t mFirst = 0;

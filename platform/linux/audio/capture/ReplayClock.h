@@ -9,16 +9,16 @@
 
 namespace audio {
 
-// How far the replay of a recording has come in this process. All captures share it, as they would share a microphone:
-// one that opens later, or again, does not start at the recording's beginning. Any thread.
+// The position of a replayed recording in this process. All capture streams share it, like a microphone: a stream that
+// opens later or again does not start at the beginning of the recording. Any thread.
 class ReplayClock {
 public:
-    // The clock of this recording. It runs on without captures.
+    // The clock of this recording. It keeps running without capture streams.
     static std::shared_ptr<ReplayClock> of(const std::string& path);
 
-    // Seconds since the first call: the position of a capture in real time.
+    // Seconds since the first call: the position of a real-time capture.
     double elapsed();
-    // The position of the foremost capture that reads as fast as it can.
+    // The furthest position that any capture has reached in fast mode.
     double furthest();
     void reached(double seconds);
 

@@ -9,7 +9,7 @@ namespace audio {
 
 namespace {
 
-// A reader that is later than this misses frames, as with a real microphone.
+// A reader that falls further behind misses frames, as with a real microphone.
 constexpr std::chrono::seconds kBacklog{1};
 
 std::string text(const char* variable) {
@@ -65,7 +65,7 @@ bool ReplaySource::read(int16_t* samples, std::size_t frames) {
     return waitUntilDue();
 }
 
-// A microphone never gives digital silence.
+// A microphone never delivers digital silence.
 void ReplaySource::addQuiet(int16_t* samples, std::size_t frames) {
     for (std::size_t i = 0; i < frames * mFormat.channels; ++i) {
         mNoise = mNoise * 1664525 + 1013904223;

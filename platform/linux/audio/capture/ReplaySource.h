@@ -12,14 +12,13 @@
 
 namespace audio {
 
-// Replaces the microphone with a recording. All work is done on the reader's thread.
-//
-// ORVANE_AUDIO_REPLAY names the file: any rate and any number of channels. ORVANE_AUDIO_REPLAY_PACE is "realtime" (the
-// default) or "fast", as fast as the reader reads. After the end of the file comes the noise of a quiet room, in real
-// time, without end.
+// Replaces the microphone with a recording. All work happens on the reader's thread. ORVANE_AUDIO_REPLAY names the
+// file, which may have any rate and number of channels. ORVANE_AUDIO_REPLAY_PACE is "realtime" (the default) or "fast"
+// (as fast as the reader reads). After the end of the file, the source delivers the noise of a quiet room, in real time
+// and without end.
 class ReplaySource : public CaptureSource {
 public:
-    // Throws std::runtime_error with one line that names the reason.
+    // Throws std::runtime_error with the reason in one line.
     explicit ReplaySource(const Format& format);
 
     bool read(int16_t* samples, std::size_t frames) override;
@@ -36,7 +35,7 @@ private:
     const bool mFast;
     std::unique_ptr<Recording> mRecording;  // null after the end
     std::shared_ptr<ReplayClock> mClock;
-    double mBegan = 0;         // where in the recording this capture began, in seconds
+    double mBegan = 0;         // the position in the recording where this capture began, in seconds
     int64_t mRead = 0;         // frames since then
     Clock::time_point mStart;  // when the first of them was due
     uint32_t mNoise = 0x2545F491;

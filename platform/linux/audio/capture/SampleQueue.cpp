@@ -19,7 +19,7 @@ void SampleQueue::push(const char* data, std::size_t bytes) {
     }
     write(data, bytes);
     if (mWanted != 0 && mCount >= mWanted) {
-        // Unlocked first, so that the reader does not wait for the lock when it wakes up.
+        // Unlocks first, so that the reader does not wait for the lock when it wakes.
         lock.unlock();
         mEnough.notify_one();
     }

@@ -9,21 +9,22 @@
 
 namespace audio {
 
-// Passes captured bytes from the sound server's thread to the reader, which wakes up once, when all the bytes that it
-// waits for have come. What is not read in time is dropped, the oldest bytes first.
+// Passes captured bytes from the sound server's thread to the reader. The reader wakes only when all the bytes it waits
+// for have arrived. A full queue drops the oldest bytes.
 class SampleQueue {
 public:
     enum class Taken { All, TimedOut, Ended };
 
     explicit SampleQueue(std::size_t capacity) : mRing(capacity) {}
 
-    // Null data stands for silence. Never blocks on the reader.
+    // Null data means silence. Never waits for the reader.
     void push(const char* data, std::size_t bytes);
-    // Waits for `bytes` (at most the capacity) and takes them; nothing is taken otherwise.
+    // Waits for `bytes` (at most the capacity) and takes them all, or takes nothing if the wait fails.
     Taken take(char* out, std::size_t bytes, std::chrono::milliseconds limit);
-    // Drops what is queued. The take() in progress, or else the next one, returns Ended. Later ones wait for new bytes.
+    // Drops the queued bytes. The take() in progress, or otherwise the next one, returns Ended. Later ones wait for new
+    // bytes.
     void breakOff();
-    // Every take() in progress and every later one returns Ended.
+    // Makes the take() in progress and all later ones return Ended.
     void end();
 
 private:

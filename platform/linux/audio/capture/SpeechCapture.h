@@ -7,8 +7,8 @@
 
 namespace audio {
 
-// Captures speech: mixes the source's channels into one and, when ORVANE_WAKEUP_RECORDINGS names a folder, keeps the
-// last two seconds for a file after a wake-word detection.
+// Captures speech and mixes the source's channels into one. If ORVANE_WAKEUP_RECORDINGS is set, it also keeps the last
+// two seconds, to write them to a file after a wake-word detection.
 class SpeechCapture {
 public:
     SpeechCapture(const Format& format, int frames);
@@ -26,7 +26,7 @@ private:
     const int mMost;
     std::vector<int16_t> mBlock;
     std::mutex mMutex;
-    std::vector<int16_t> mLast;  // a ring; empty without a folder
+    std::vector<int16_t> mLast;  // a ring buffer; empty if ORVANE_WAKEUP_RECORDINGS is not set
     std::size_t mNext = 0;
 };
 

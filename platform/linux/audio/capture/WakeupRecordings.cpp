@@ -60,7 +60,8 @@ void writeWakeupRecording(const std::vector<int16_t>& samples, int rate, int lev
         sndfile::writeWav(path, rate, 1, samples.data(), samples.size());
         dropOldest(folder);
     } catch (const std::exception& fault) {
-        dlog_print(DLOG_WARN, "orvane-audio", "the wake-up is not kept in %s: %s", path.c_str(), fault.what());
+        dlog_print(DLOG_WARN, "orvane-audio", "cannot save the recording of the wake-word detection to %s: %s",
+                   path.c_str(), fault.what());
         std::error_code ignored;
         fs::remove(path, ignored);
     }

@@ -32,7 +32,7 @@ int audio_in_destroy(audio_in_h input) {
     });
 }
 
-// Nothing to do: the focus belongs to the stream information, not to the device.
+// Does nothing, because the focus belongs to the stream information, not to the device.
 int audio_in_set_sound_stream_info(audio_in_h input, sound_stream_info_h stream_info) {
     return input && stream_info ? AUDIO_IO_ERROR_NONE : AUDIO_IO_ERROR_INVALID_PARAMETER;
 }
@@ -53,7 +53,7 @@ int audio_in_unprepare(audio_in_h input) {
 
 int audio_in_read(audio_in_h input, void* buffer, unsigned int length) {
     const unsigned int frame = input ? sizeof(int16_t) * input->capture.format().channels : 0;
-    // A whole read must fit into half a second of sound.
+    // A read may cover at most half a second of sound.
     if (!input || !buffer || length < frame ||
         length / frame > static_cast<unsigned>(input->capture.format().rate) / 2) {
         return AUDIO_IO_ERROR_INVALID_PARAMETER;

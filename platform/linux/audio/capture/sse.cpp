@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The speech capture interface, which has one instance in a process.
+// The speech capture interface, which has one instance per process.
 #include <memory>
 #include <mutex>
 
@@ -37,7 +37,7 @@ private:
     std::shared_ptr<SpeechCapture> mCapture;
 };
 
-// Runs the action on the instance; without one, or after an exception, the call fails.
+// Runs the action on the instance. Without an instance, or after an exception, the call fails.
 template <typename Action>
 int withCapture(int failure, const char* function, const Action& action) {
     return guarded(failure, function, [&]() -> int {
@@ -79,7 +79,7 @@ int sse_unprepare(void) {
                        [](SpeechCapture& capture) { return capture.device().unprepare(); });
 }
 
-// Undoes nothing, before or after sse_destroy().
+// Does nothing, whether it is called before or after sse_destroy().
 int sse_deinit(void) {
     return AUDIO_IO_ERROR_NONE;
 }

@@ -76,12 +76,12 @@ void Focus::request(sound_stream_info_h stream, Then then) {
     }
     if (!mBus.isOpen()) {
         if (!std::exchange(mNoBusLogged, true)) {
-            dlog_print(DLOG_ERROR, "orvane-sound", "no session bus, so that no application can have the focus");
+            dlog_print(DLOG_ERROR, "orvane-sound", "no session bus, so no application can acquire the focus");
         }
         return then(SOUND_MANAGER_ERROR_INTERNAL);
     }
     mRequesting = true;
-    showFocusReason(stream->type);  // whoever loses the focus asks at once
+    showFocusReason(stream->type);  // the application that loses the focus reads it immediately
     ask("RequestName", gio::Variant::tuple(mName, kAllowReplacement | kReplace),
         [this, stream, then = std::move(then)](unsigned answer) { then(answered(stream, answer)); });
 }
@@ -147,11 +147,11 @@ void Focus::nameLost() {
     }
     interrupt(std::nullopt);
     if (mStreams.empty() && !mRequesting) {
-        leave();  // the bus would give the name back
+        leave();  // otherwise the bus would return the name to this process
     }
 }
 
-// Gives the focus to the next stream, unless a request in progress comes first.
+// Gives the focus to the next stream, unless a request in progress takes precedence.
 void Focus::handOver(Reason reason) {
     if (mOwned && !mRequesting && mHolder == nullptr && !mStreams.empty()) {
         const auto next = mStreams.back();
@@ -173,7 +173,7 @@ void Focus::forget(sound_stream_info_h stream) {
     mStreams.erase(std::remove(mStreams.begin(), mStreams.end(), stream), mStreams.end());
 }
 
-// Keeps the stream and not only its handle, which another stream may get later.
+// Keeps the stream itself, because a later stream may get the same handle.
 void Focus::report(sound_stream_info_h handle, sound_stream_focus_state_e state, Reason reason) {
     mThread.post([this, stream = streamOf(handle), handle, state, reason] {
         if (!reason && state == SOUND_STREAM_FOCUS_STATE_RELEASED) {

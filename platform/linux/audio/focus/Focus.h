@@ -14,26 +14,25 @@
 
 namespace audio {
 
-// A focus of sound streams: the ownership of a well-known D-Bus name. The streams of this process share one connection,
-// so they queue here, the newest in front; other processes queue at the bus.
-//
-// The state changes only on the IO thread, where the answers and signals of the bus arrive in one order, so that the
-// holder of the focus is never in doubt. Callers wait for the answer. The callbacks of streams run on the sound thread.
+// A focus of sound streams, which is the ownership of a well-known D-Bus name. The streams of this process share one
+// connection, so they queue here, with the newest first; other processes queue at the bus. The state changes only on
+// the IO thread, which receives the bus's replies and signals in order, so it always knows who holds the focus. Callers
+// wait for the reply. The callbacks of streams run on the sound thread.
 class Focus {
 public:
-    // The process's focus of this kind.
+    // This process's focus of the given kind.
     static Focus& of(sound_stream_focus_mask_e mask);
     explicit Focus(sound_stream_focus_mask_e mask);
 
-    // Both wait for the bus, a second at most, and return sound_manager_error_e. Any thread but the IO thread.
+    // Both wait for the bus for at most one second and return sound_manager_error_e. Any thread except the IO thread.
     int acquire(sound_stream_info_h stream);
-    // A stream that waits for the focus stops waiting.
+    // If the stream waits for the focus, it stops waiting.
     int release(sound_stream_info_h stream);
     // Any thread.
     bool holds(sound_stream_info_h stream) const { return mHolder == stream; }
 
 private:
-    using Reason = std::optional<int>;  // empty: that of the other process that has or had the focus
+    using Reason = std::optional<int>;  // empty: the reason of the other process that has or had the focus
 
     void request(sound_stream_info_h stream, std::function<void(int)> then);
     int answered(sound_stream_info_h stream, unsigned answer);
@@ -51,14 +50,14 @@ private:
     SoundThread& mThread;
     const sound_stream_focus_mask_e mMask;
     const std::string mName;
-    std::mutex mRequests;  // one at a time
+    std::mutex mRequests;  // allows one request at a time
     std::atomic<sound_stream_info_h> mHolder{nullptr};
-    // On the IO thread.
-    std::vector<sound_stream_info_h> mStreams;  // that hold the focus or wait for it, the next one last
+    // IO thread only.
+    std::vector<sound_stream_info_h> mStreams;  // hold the focus or wait for it; the next one is last
     bool mRequesting = false;
     bool mOwned = false;
     bool mNoBusLogged = false;
-    // On the sound thread.
+    // Sound thread only.
     sound_stream_focus_change_reason_e mLostTo = SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM;
     gio::Registration mAcquired;
     gio::Registration mLost;

@@ -29,7 +29,7 @@ private:
     gio::Registration mExport;
 };
 
-// Nothing when the owner does not answer with a number.
+// Empty if the owner does not reply with a number.
 std::optional<int> askReason(const std::string& owner) {
     try {
         const auto answer = gio::sessionBus().call({owner, kPath, "org.freedesktop.DBus.Properties"}, "Get",

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The reason why the owner of a focus took it: a property of an object on the bus, for the application that loses the
-// focus.
+// The reason why an application took the focus. It is a D-Bus property, which the application that loses the focus
+// reads.
 #pragma once
 
 #include <string>
@@ -9,11 +9,11 @@
 
 namespace audio {
 
-// Exports this reason as ours from now on. On the IO thread. Throws std::runtime_error when that fails.
+// Publishes this reason from now on. IO thread only. Throws std::runtime_error on failure.
 void showFocusReason(int reason);
 
-// Asks the owner of the name and waits at most a quarter of a second. Without a valid answer the reason is the system.
-// Not on the IO thread.
+// Queries the owner of the name and waits for at most a quarter of a second. Without a valid reply, the reason is the
+// system. Not on the IO thread.
 sound_stream_focus_change_reason_e focusReasonOf(const std::string& owner);
 
 }  // namespace audio

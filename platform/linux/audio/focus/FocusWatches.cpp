@@ -45,7 +45,7 @@ bool FocusWatches::remove(int id) {
     return true;
 }
 
-// What plays before the first watch is not a change.
+// Streams that already play when the first watch is added do not count as a change.
 void FocusWatches::learn() {
     bool late = false;
     const auto now = whatPlays(&late);
@@ -55,7 +55,7 @@ void FocusWatches::learn() {
     }
 }
 
-// Without a server nothing plays. A server that is only slow is asked again.
+// Without a server, nothing plays. If the server is only slow, the query is repeated.
 bool FocusWatches::check() {
     bool late = false;
     const Playing now = whatPlays(&late).value_or(Playing());

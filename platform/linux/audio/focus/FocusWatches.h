@@ -14,16 +14,16 @@
 namespace audio {
 
 // The watches of both focuses, and the state of the playback focus. Several applications may play at once: the playback
-// focus is acquired for a reason when the first stream of that reason plays, and released with the last. Shared by the
-// process.
+// focus is acquired for a reason when the first stream with that reason starts, and released when the last one ends.
+// Shared by the process.
 class FocusWatches {
 public:
     FocusWatches();
 
-    // Any thread. `mask` may name both. Waits for the sound server, so that no later change is missed. Returns the
-    // watch's id.
+    // Any thread. `mask` may contain both focuses. Waits for the sound server, so that no later change is missed.
+    // Returns the watch's id.
     int add(sound_stream_focus_mask_e mask, sound_stream_focus_state_watch_cb callback, void* data);
-    // False when there is no such watch.
+    // False if the watch does not exist.
     bool remove(int id);
 
     // On the sound thread: calls the watches of this focus.
@@ -45,7 +45,7 @@ private:
     std::mutex mMutex;
     std::map<int, std::shared_ptr<Watch>> mWatches;
     int mLastId = 0;
-    std::optional<Playing> mPlaying;  // empty: not known yet
+    std::optional<Playing> mPlaying;  // empty: still unknown
 };
 
 }  // namespace audio

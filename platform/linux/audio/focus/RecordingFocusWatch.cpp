@@ -24,7 +24,7 @@ RecordingFocusWatch::RecordingFocusWatch()
             });
         },
         kName);
-    // The bus answers in order: when it has answered, it also watches.
+    // The bus processes requests in order, so the watch is active once it answers.
     const std::string owner = gio::sessionBus().ownerOf(kName);
     if (!owner.empty()) {
         mThread.post([this, owner] { mReason = focusReasonOf(owner); });

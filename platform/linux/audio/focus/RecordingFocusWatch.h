@@ -11,8 +11,8 @@ namespace audio {
 
 class FocusWatches;
 
-// Reports to the focus watches, on the sound thread, that an application takes the recording focus or that the last one
-// gives it up. Without a session bus there is nothing to watch. Shared by the process.
+// Reports to the focus watches, on the sound thread, when an application takes the recording focus and when the last
+// one releases it. Does nothing without a session bus. Shared by the process.
 class RecordingFocusWatch {
 public:
     RecordingFocusWatch();
@@ -22,7 +22,7 @@ private:
 
     FocusWatches& mWatches;
     SoundThread& mThread;
-    // On the sound thread: of the application that holds the focus, or held it last.
+    // Sound thread only. The reason of the application that holds the focus, or held it last.
     sound_stream_focus_change_reason_e mReason = SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM;
     gio::Registration mOwnerChanged;
 };

@@ -7,7 +7,7 @@
 #include "audio/Registration.h"
 #include "sound_manager.h"
 
-// A sound stream of a caller of the sound manager.
+// A sound stream that a caller created.
 struct sound_stream_info_s {
     sound_stream_type_e type;
     sound_stream_focus_state_changed_cb callback;  // may be null
@@ -18,7 +18,7 @@ struct sound_stream_info_s {
 
 namespace audio {
 
-// Null when there is no such stream, or it was destroyed. Any thread.
+// Null if the stream does not exist or was destroyed. Any thread.
 std::shared_ptr<sound_stream_info_s> streamOf(sound_stream_info_h handle);
 
 }  // namespace audio

@@ -14,7 +14,7 @@ struct Role {
     sound_stream_focus_change_reason_e reason;
 };
 
-// All others are media: music, video, games, and streams without a role.
+// All other streams are media: music, video, games, and streams without a role.
 constexpr Role kRoles[] = {
     {"system", SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM},
     {"alarm", SOUND_STREAM_FOCUS_CHANGED_BY_ALARM},

@@ -5,7 +5,7 @@
 #include "process/Guard.h"
 #include "sound_manager.h"
 
-// Of several reasons the lowest counts. Media comes before all others, because the product turns media down.
+// Returns the lowest of several reasons. Media is the lowest, because the product turns down media.
 int sound_manager_get_current_playback_focus(sound_stream_focus_change_reason_e* acquired_by, int* flags,
                                              char** extra_info) {
     if (!acquired_by) {

@@ -85,8 +85,8 @@ void SoundServer::set(State state, const std::string& error) {
     mChanged.notify_all();
 }
 
-// Under the loop's lock. While the server is missing the state stays Gone, so that only the first attempt is waited
-// for.
+// Under the loop's lock. While the server is missing, the state stays Gone, so that callers wait only for the first
+// attempt.
 void SoundServer::connect() {
     if (mContext && mContext->isGood()) {
         return;

@@ -9,7 +9,7 @@
 namespace audio {
 
 SoundThread::SoundThread() {
-    process::shared<SoundServer>();  // stops after this thread, whose work asks it
+    process::shared<SoundServer>();  // created first, so that it stops after this thread, whose work uses it
     mThread = std::thread([this] { run(); });
 }
 

@@ -17,7 +17,7 @@ using pulse::Context;
 using pulse::RoleVolume;
 using pulse::Volume;
 
-// Null for media, which has the loudspeaker's volume.
+// Null for media, which uses the loudspeaker's volume.
 const char* roleOf(sound_type_e type) {
     switch (type) {
         case SOUND_TYPE_SYSTEM:
@@ -70,7 +70,7 @@ std::optional<RoleVolume> readRole(const char* role, bool* late) {
     return answered ? std::optional(found) : std::nullopt;
 }
 
-// Sends the request and waits until it has succeeded or failed.
+// Sends the request and waits for its result.
 template <typename Request>
 bool succeeds(const Request& request) {
     bool done = false;

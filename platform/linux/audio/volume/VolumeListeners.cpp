@@ -44,7 +44,7 @@ bool VolumeListeners::remove(sound_manager_volume_changed_cb callback, void* dat
     return true;
 }
 
-// check() updates what is known and reports its changes.
+// check() updates the known levels and reports changes.
 void VolumeListeners::learn() {
     for (const sound_type_e type : kSoundTypes) {
         {
@@ -60,7 +60,8 @@ void VolumeListeners::learn() {
     }
 }
 
-// The listeners to call. The first known level is a change too, for listeners that were added without a server.
+// Returns the listeners to call. For a listener that was added without a server, the first known level also counts as a
+// change.
 VolumeListeners::Listeners VolumeListeners::update(sound_type_e type, int level) {
     const std::lock_guard lock(mMutex);
     const auto known = mKnown.find(type);

@@ -11,15 +11,15 @@
 
 namespace audio {
 
-// The callbacks for volume changes, and the levels that they know. Shared by the process.
+// The callbacks for volume changes and the levels last reported to them. Shared by the process.
 class VolumeListeners {
 public:
     VolumeListeners();
 
-    // Any thread. Waits for the server, so that no later change is missed. A pair that is registered stays registered
-    // once.
+    // Any thread. Waits for the server, so that no later change is missed. Adding a registered pair again has no
+    // effect.
     void add(sound_manager_volume_changed_cb callback, void* data);
-    // False when there is no such pair.
+    // False if the pair is not registered.
     bool remove(sound_manager_volume_changed_cb callback, void* data);
 
 private:

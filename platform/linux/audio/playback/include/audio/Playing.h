@@ -9,11 +9,11 @@
 
 namespace audio {
 
-// What plays: the sound server's streams that are not paused, by the reason that their media role stands for. The value
-// is the name of one of the applications that play for this reason.
+// The sound server's streams that are playing, by the reason that their media role corresponds to. The value names one
+// of the applications that play for this reason.
 using Playing = std::map<sound_stream_focus_change_reason_e, std::string>;
 
-// Asks the server and waits. Empty when there is no answer; `late` is set when the server is connected all the same.
+// Queries the server and waits. Empty without an answer; `late` is then true if the server is still connected.
 std::optional<Playing> whatPlays(bool* late = nullptr);
 
 }  // namespace audio

@@ -7,13 +7,13 @@
 
 namespace audio {
 
-// A callback that a caller of the sound manager has registered. It runs on the sound thread only, and never after end()
-// has returned.
+// A callback that is registered with the sound manager. It runs only on the sound thread, and never after end() has
+// returned.
 class Registration {
 public:
-    // On the sound thread. Does nothing after the end. An exception becomes one line in the log.
+    // Sound thread only. Does nothing after end(). An exception becomes one line in the log.
     void call(const std::function<void()>& callback);
-    // Waits for a call that is running, unless that call itself ends the registration.
+    // Waits for a running callback, unless the callback itself calls this.
     void end();
 
 private:

@@ -10,12 +10,12 @@
 
 namespace audio {
 
-// Watches the sound server for changes by any program and runs a check of the new state on the sound thread. Changes
-// that come together are checked together. Shared by the process.
+// Watches the sound server for changes by any program and runs checks of the new state on the sound thread. Changes in
+// quick succession share one check. Shared by the process.
 class SoundEvents final : private SoundServer::Client {
 public:
-    // Runs soon after each change, and after the server came or went. When it returns false, because the server was too
-    // slow, it runs again later.
+    // Runs shortly after each change, and after the server connects or disconnects. If it returns false because the
+    // server was too slow, it runs again later.
     using Check = std::function<bool()>;
 
     SoundEvents();
@@ -23,7 +23,7 @@ public:
     SoundEvents(const SoundEvents&) = delete;
     SoundEvents& operator=(const SoundEvents&) = delete;
 
-    // Once each.
+    // Call each at most once.
     void onVolume(Check check) { mVolume.set(std::move(check)); }
     void onPlayback(Check check) { mPlayback.set(std::move(check)); }
 

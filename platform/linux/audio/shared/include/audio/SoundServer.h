@@ -15,8 +15,8 @@
 
 namespace audio {
 
-// The connection to the sound server that the process shares. PulseAudio's loop runs on its own thread, "orvane-pulse".
-// While there are clients and no server, it tries to connect ten times a second at first and twice a second later.
+// The process's shared connection to the sound server. PulseAudio's loop runs on its own thread, "orvane-pulse". If
+// clients exist but the server does not, it tries to connect, ten times a second at first and later twice a second.
 class SoundServer {
 public:
     // Both run with the loop's lock held and must not block.
@@ -37,17 +37,17 @@ public:
     const pulse::Mainloop& loop() const { return mLoop; }
     // Calls connected() before it returns if there is a connection. Never waits for the server.
     void add(Client& client);
-    // When this returns, the client is not called any more.
+    // After this returns, the client is not called again.
     void remove(Client& client);
 
-    // Sends a request and waits at most a second for its answer; a first connection may take half a second more.
-    // `start` runs under the loop's lock and may return an empty operation. False when the server cannot be reached or
-    // does not answer in time; `late` is set when it is connected all the same. Any thread but the loop's own.
+    // Sends a request and waits for at most one second for its answer; the first connection may take another half
+    // second. `start` runs under the loop's lock and may return an empty operation. False if the server cannot be
+    // reached or does not answer in time; `late` is then true if it is still connected. Any thread except the loop's.
     using Start = std::function<pulse::Operation(const pulse::Context&)>;
     bool ask(const Start& start, bool* late = nullptr);
 
     bool connected() const;
-    // Why there is no connection.
+    // The reason why the server is not connected.
     std::string error() const;
 
     // Closes the connection and joins the loop's thread.
@@ -68,11 +68,11 @@ private:
     pulse::Mainloop mLoop{"orvane-pulse"};
     // Under the loop's lock.
     std::unique_ptr<pulse::Context> mContext;
-    std::unique_ptr<pulse::Timer> mRetry;  // while the next attempt waits
+    std::unique_ptr<pulse::Timer> mRetry;  // set while the next attempt is pending
     std::vector<Client*> mClients;
     int mAttempts = 0;
 
-    mutable std::mutex mMutex;  // of the two below; the innermost lock
+    mutable std::mutex mMutex;  // guards the two fields below; the innermost lock
     std::condition_variable mChanged;
     State mState = State::Idle;
     std::string mError;

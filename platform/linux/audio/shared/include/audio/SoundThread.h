@@ -9,8 +9,8 @@
 
 namespace audio {
 
-// The thread "orvane-sound", which the process shares. Every callback of the sound manager runs here, and so does slow
-// work that its caller does not wait for. Callbacks may block and may call the sound manager.
+// The thread "orvane-sound", which the process shares. It runs every callback of the sound manager, and slow work that
+// no caller waits for. Callbacks may block and may call the sound manager.
 class SoundThread {
 public:
     SoundThread();
@@ -23,12 +23,12 @@ public:
     void post(std::function<void()> work);
     bool isCurrent() const { return std::this_thread::get_id() == mThread.get_id(); }
 
-    // Waits for the work that is running. What waits is dropped.
+    // Waits for running work and drops queued work.
     void stop() noexcept;
 
 private:
     void run() noexcept;
-    // Empty when the thread stops.
+    // Empty if the thread is stopping.
     std::function<void()> next();
 
     std::mutex mMutex;

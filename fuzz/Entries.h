@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// What comes from outside, one entry for each kind. An entry takes any bytes; it must neither crash, nor throw, nor
-// take long, and aborts when the outcome breaks a promise. libFuzzer calls it with what it makes up, tests/fuzz with
-// what is kept in fuzz/corpus and fuzz/regressions.
+// One entry for each kind of data from outside. An entry accepts any bytes. It must not crash, throw, or take long, and
+// it aborts when a check fails. libFuzzer calls it with generated inputs, and tests/fuzz with the inputs in fuzz/corpus
+// and fuzz/regressions.
 #pragma once
 
 #include <cstddef>
@@ -17,7 +17,7 @@ void nluResult(std::string_view bytes);
 void recording(std::string_view bytes);
 void wakeupConfig(std::string_view bytes);
 
-// Ends the process when a promise is broken.
+// Aborts the process when a check fails.
 void require(bool kept, const char* promise);
 
 }  // namespace fuzz

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A response of the hub (JSON), or the hub's address, which another application sends. The first byte selects one.
+// A reply of the hub (JSON), or the hub's address, which another application sends. The first byte selects one.
 #include <glib.h>
 
 #include <cstring>
@@ -88,7 +88,7 @@ void hubAnswer(std::string_view bytes) {
     try {
         read(bytes[0], std::string(bytes.substr(1)));
     } catch (const std::exception&) {
-        // A wrong response is refused with an exception.
+        // An invalid reply is refused with an exception.
     }
 }
 

@@ -29,7 +29,7 @@ gio::Variant variantOf(std::string_view bytes, const char* type) {
     return gio::Variant(g_variant_new_from_bytes(G_VARIANT_TYPE(type), copy.get(), FALSE));
 }
 
-// What arrives of what is sent.
+// The value that the receiver reads.
 template <typename T>
 T sent(const T& value) {
     return gio::Variant::of(value).template as<T>();

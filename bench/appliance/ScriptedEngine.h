@@ -2,8 +2,7 @@
 // A wake engine that the benchmark commands, so that the moment of each detection is known.
 //   $BENCH_ENGINE_TAKES_AUDIO yes  its thread fetches every block and discards it
 //   $BENCH_ENGINE_DETECTIONS       a pipe; each byte is a wake-word detection while the engine listens. It is recorded
-//   as
-//                                  the event "detection" with the time of the call as "called".
+//                                  as the event "detection" with the time of the call as "called".
 #pragma once
 
 #include <wakeup_engine.h>

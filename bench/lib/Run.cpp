@@ -39,7 +39,7 @@ int runMeasures(int count, char** words, const std::vector<Measure>& measures) {
         return 2;
     }
     const std::vector<std::string> names(words + 2, words + count);
-    std::ofstream file(words[1]);  // before the private /tmp may hide its folder
+    std::ofstream file(words[1]);  // before the private /tmp may hide its directory
     sim::enterPrivateTmp();
     try {
         Figures figures;

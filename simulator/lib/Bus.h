@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A connection to a message bus, and what applications say over it. All on the thread of the default main context.
+// A connection to a message bus, and the calls and signals of applications over it. All on the thread of the default
+// main context.
 #pragma once
 
 #include <functional>

@@ -10,7 +10,7 @@ namespace sim {
 class FileWatch {
 public:
     // `onWritten` runs on the main context each time that the file has been written or replaced. Throws
-    // std::runtime_error when the folder cannot be watched. The object must live until the process ends.
+    // std::runtime_error when the directory cannot be watched. The object must live until the process ends.
     FileWatch(const std::string& folder, std::string name, std::function<void()> onWritten);
     FileWatch(const FileWatch&) = delete;
     FileWatch& operator=(const FileWatch&) = delete;

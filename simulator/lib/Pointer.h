@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owners of GLib's things.
+// Owning pointers for GLib objects.
 #pragma once
 
 #include <gio/gio.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // An acoustic room with a loudspeaker and a microphone that hears it: a private PulseAudio without a sound card. Its
-// files are in a folder of its own in /tmp. The machine's own sound server is not used.
+// files are in a separate directory in /tmp. The machine's own sound server is not used.
 #pragma once
 
 #include <signal.h>

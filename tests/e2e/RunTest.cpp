@@ -59,7 +59,7 @@ public:
         };
         sim::until("all processes of the program have ended", childless, kWatchdogSeconds);
     }
-    // The folders of appliances that it created in its /tmp.
+    // The directories of appliances that it created in its /tmp.
     std::set<std::string> folders() const {
         std::set<std::string> made;
         const std::set<std::string> all = folders("/proc/self/fd/" + std::to_string(mTmp));

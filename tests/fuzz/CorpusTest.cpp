@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the fuzzers hold on to, tried with the ordinary compiler: what once crashed (fuzz/regressions), and what reaches
-// far into the code (fuzz/corpus). An entry ends the process when a promise is broken.
+// Replays the inputs of the fuzzers with the ordinary compiler: inputs that once crashed (fuzz/regressions), and inputs
+// that reach deep into the code (fuzz/corpus). An entry aborts when a check fails.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 namespace {
 
 struct Input {
-    const char* name;  // of its folder
+    const char* name;  // of its directory
     void (*entry)(std::string_view bytes);
 };
 
@@ -43,7 +43,7 @@ std::string contentOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-// How many there were. The last one told of is the one that broke it.
+// Returns the number of inputs. Prints each path first, so that the last one printed is the one that crashed.
 std::size_t tryAll(const Input& input, const char* folder) {
     const auto files = filesIn(std::string(FUZZ_FOLDER "/") + folder + "/" + input.name);
     for (const fs::path& path : files) {

@@ -73,7 +73,7 @@ int main(int count, char** words) {
     const soak::Options options = soak::readOptions(count, words);
     std::ofstream file;
     if (!options.json.empty()) {
-        file.open(options.json);  // before the private /tmp may hide its folder
+        file.open(options.json);  // before the private /tmp may hide its directory
         if (!file) {
             fprintf(stderr, "soak: cannot write %s\n", options.json.c_str());
             return 2;

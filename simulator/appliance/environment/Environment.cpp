@@ -95,7 +95,7 @@ Environment::Environment(const Folder& folder) {
     set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (folder / "session.bus"));
     set("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + (folder / "system.bus"));
     set("PULSE_SERVER", "unix:" + (folder / "pulse.socket"));
-    set("ORVANE_LOG", "stderr");  // into the folder's logs, which tests read, and not into the journal
+    set("ORVANE_LOG", "stderr");  // into the logs in the directory, which tests read, and not into the journal
     set("ORVANE_DATA_ROOT", sourceFolder() + "/data");
     set("ORVANE_SIM_ACCOUNT", folder / "account.json");
     set("ORVANE_SIM_RECORDS", folder.make("records"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A new folder in /tmp. The destructor removes it and everything in it.
+// A new directory in /tmp. The destructor removes it and everything in it.
 #pragma once
 
 #include <string>
@@ -15,9 +15,9 @@ public:
 
     const std::string& path() const { return mPath; }
     std::string operator/(const std::string& name) const { return mPath + "/" + name; }
-    // Creates a folder in it that only this user can enter, and returns its path.
+    // Creates a directory in it that only this user can enter, and returns its path.
     std::string make(const std::string& name) const;
-    // Writes a file, creates its folders, and returns its path. Throws std::runtime_error.
+    // Writes a file, creates its parent directories, and returns its path. Throws std::runtime_error.
     std::string write(const std::string& name, const std::string& content) const;
 
 private:

@@ -16,7 +16,7 @@ namespace sim {
 
 namespace {
 
-// A file or folder in /tmp, open while the new /tmp hides it.
+// A file or directory in /tmp, open while the new /tmp hides it.
 struct Shown {
     std::string path;
     int handle;
@@ -58,7 +58,7 @@ bool enterPrivateTmp(const std::vector<std::string>& shown) {
     } catch (const std::system_error&) {
         return false;
     }
-    // A folder that was opened in the previous namespace cannot be mounted in this one.
+    // A directory that was opened in the previous namespace cannot be mounted in this one.
     std::vector<Shown> entries;
     keep(entries, sourceFolder());
     keep(entries, buildFolder());

@@ -8,9 +8,9 @@
 
 namespace sim {
 
-// Enters a new mount namespace with an empty /tmp. The paths in `shown` (real paths of files or folders below /tmp),
-// the source tree, the build tree, and the working directory remain visible. Call it before the process has threads.
-// Returns false, and leaves /tmp as it is, when the machine does not permit this.
+// Enters a new mount namespace with an empty /tmp. The paths in `shown` (real paths of files or directories below
+// /tmp), the source tree, the build tree, and the working directory remain visible. Call it before the process has
+// threads. Returns false, and leaves /tmp as it is, when the machine does not permit this.
 bool enterPrivateTmp(const std::vector<std::string>& shown = {});
 
 }  // namespace sim

@@ -8,7 +8,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr char kData[] = "share/orvane-da";  // a link to the data folder of the source tree
+constexpr char kData[] = "share/orvane-da";  // a link to the data directory of the source tree
 
 fs::path findBuildFolder() {
     fs::path folder = fs::read_symlink("/proc/self/exe").parent_path();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Reports of the sanitizers, which the processes of the appliance write into the logs in its folder.
+// Reports of the sanitizers, which the processes of the appliance write into the logs in its directory.
 #pragma once
 
 #include "appliance/environment/Folder.h"

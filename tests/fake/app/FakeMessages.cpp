@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Bundles, message ports and events.
+// Bundles, message ports, and events.
 #include "fake/app/FakeMessages.h"
 
 #include <app_event.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Running applications, and those that the bus starts.
+// Running applications, and applications that the bus starts.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -61,7 +61,7 @@ TEST(ARunningApplication, ShutsDownCleanlyWhenItIsTerminated) {
 }
 
 TEST(ARunningApplication, ThatCannotBeTerminatedReturnsAnError) {
-    const OtherApp app("com.example.stubborn");  // knows no request to close
+    const OtherApp app("com.example.stubborn");  // does not implement Close
     EXPECT_EQ(terminate("com.example.stubborn"), APP_MANAGER_ERROR_REQUEST_FAILED);
 }
 
@@ -83,7 +83,7 @@ TEST(AProcessThatIsNotAnApplication, HasNoId) {
     EXPECT_EQ(id, nullptr);
 }
 
-// Tells the bus how to start the service, or no longer.
+// Installs the service on the bus, and removes it again.
 class AnInstalledApplication : public testing::Test {
 protected:
     AnInstalledApplication() {
@@ -97,7 +97,7 @@ protected:
     }
     static void reload() { gio::sessionBus().call(gio::kBus, "ReloadConfig"); }
 
-    // Ends the one that the bus has started.
+    // Terminates the service that the bus has started.
     static void end() {
         EXPECT_EQ(terminate(SERVICE_ID), APP_MANAGER_ERROR_NONE);
         while (runs(SERVICE_ID)) {

@@ -4,8 +4,8 @@
 #include <fstream>
 #include <string>
 
-// The option of dbus-daemon for a session bus that other users may join too, so that the ports' own rule is what keeps
-// them out; `rules` are added. Its file is in the folder.
+// The dbus-daemon option for a session bus that other users may join, so that only the message ports themselves can
+// refuse them. Adds `rules` to the configuration, which it writes into the directory.
 inline std::string openBus(const std::string& folder, const std::string& rules = "") {
     const std::string file = folder + "/bus.conf";
     std::ofstream(file)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Applications that are known by their desktop file only.
+// Applications that only have a desktop file.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -26,7 +26,7 @@ void onReply(app_control_h, app_control_h, app_control_result_e result, void* da
     *reply = {reply->count + 1, result};
 }
 
-// It writes the words of its command into a pipe.
+// The application writes its command line into a pipe.
 class ADesktopApplication : public testing::Test {
 protected:
     ADesktopApplication() {
@@ -47,7 +47,7 @@ protected:
     ~ADesktopApplication() override { app_control_destroy(mRequest); }
 
     int send() { return app_control_send_launch_request(mRequest, onReply, &mReply); }
-    // Sends, and waits for its start and for the reply.
+    // Sends the request, and waits until the application starts and the reply arrives.
     void expectStart(const std::string& words) {
         ASSERT_EQ(send(), APP_CONTROL_ERROR_NONE);
         std::string written;

@@ -16,21 +16,21 @@ namespace {
 constexpr char ACCOUNT_ID[] = "org.orvane.account";
 constexpr char EVENT[] = "event.org.orvane.account.notification";
 
-struct Heard {
+struct Received {
     int count = 0;
     std::string name;
     bundle_s data;
 };
 
-void onEvent(const char* name, bundle* data, void* heard) noexcept {
-    auto* all = static_cast<Heard*>(heard);
+void onEvent(const char* name, bundle* data, void* received) noexcept {
+    auto* all = static_cast<Received*>(received);
     *all = {all->count + 1, name, *data};
 }
 
 class AnEventOfTheAccountService : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &mHeard, &mHandler), EVENT_ERROR_NONE);
+        ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &mReceived, &mHandler), EVENT_ERROR_NONE);
         settle();
     }
     void TearDown() override {
@@ -38,27 +38,27 @@ protected:
             event_remove_event_handler(mHandler);
         }
     }
-    // What was announced waits for the main loop, and what is announced from now on is heard.
+    // Returns when every earlier event is posted to the main loop and the subscription is active.
     static void settle() {
         gio::sessionBus().hasOwner(ACCOUNT_ID);
         gio::IoThread::get().run([] {});
     }
-    bool hear(int count) {
-        return runMainLoopUntil([=] { return mHeard.count == count; });
+    bool receives(int count) {
+        return runMainLoopUntil([=] { return mReceived.count == count; });
     }
 
-    Heard mHeard;
+    Received mReceived;
     event_handler_h mHandler = nullptr;
 };
 
 TEST_F(AnEventOfTheAccountService, ReachesTheHandlerOnTheMainLoopWithItsData) {
     const OtherApp account(ACCOUNT_ID);
     account.announce(EVENT);
-    ASSERT_TRUE(hear(1));
-    EXPECT_EQ(mHeard.name, EVENT);
-    ASSERT_EQ(mHeard.data.entries.size(), 1U);
-    EXPECT_EQ(mHeard.data.entries[0].first, "key");
-    EXPECT_EQ(mHeard.data.entries[0].second.value, "value");
+    ASSERT_TRUE(receives(1));
+    EXPECT_EQ(mReceived.name, EVENT);
+    ASSERT_EQ(mReceived.data.entries.size(), 1U);
+    EXPECT_EQ(mReceived.data.entries[0].first, "key");
+    EXPECT_EQ(mReceived.data.entries[0].second.value, "value");
 }
 
 TEST_F(AnEventOfTheAccountService, IsIgnoredIfAnotherApplicationEmitsIt) {
@@ -68,21 +68,21 @@ TEST_F(AnEventOfTheAccountService, IsIgnoredIfAnotherApplicationEmitsIt) {
     account.announce("event.org.orvane.account.other");
     account.announce(EVENT);
     account.announce(EVENT);
-    ASSERT_TRUE(hear(2));
+    ASSERT_TRUE(receives(2));
 }
 
 TEST_F(AnEventOfTheAccountService, ReachesTheHandlerAfterTheServiceRestarts) {
     OtherApp first(ACCOUNT_ID);
     first.announce(EVENT);
-    ASSERT_TRUE(hear(1));
+    ASSERT_TRUE(receives(1));
     first.leave();
     const OtherApp second(ACCOUNT_ID);
     second.announce(EVENT);
-    EXPECT_TRUE(hear(2));
+    EXPECT_TRUE(receives(2));
 }
 
 TEST_F(AnEventOfTheAccountService, DoesNotReachARemovedHandlerEvenIfItHasArrived) {
-    Heard others;
+    Received others;
     event_handler_h other = nullptr;
     ASSERT_EQ(event_add_event_handler(EVENT, onEvent, &others, &other), EVENT_ERROR_NONE);
     const OtherApp account(ACCOUNT_ID);
@@ -92,7 +92,7 @@ TEST_F(AnEventOfTheAccountService, DoesNotReachARemovedHandlerEvenIfItHasArrived
     EXPECT_EQ(event_remove_event_handler(mHandler), EVENT_ERROR_INVALID_PARAMETER);
     mHandler = nullptr;
     EXPECT_TRUE(runMainLoopUntil([&] { return others.count == 1; }));
-    EXPECT_EQ(mHeard.count, 0);
+    EXPECT_EQ(mReceived.count, 0);
     event_remove_event_handler(other);
 }
 
@@ -101,14 +101,14 @@ TEST_F(AnEventOfTheAccountService, ThatHasArrivedDoesNotReachAHandlerAddedLater)
     account.announce(EVENT);
     settle();
     event_remove_event_handler(mHandler);
-    // The memory of the one is that of the other.
+    // The new handler has the same user data as the removed one.
     SetUp();
     account.announce(EVENT);
     settle();
     bool posted = false;
     postToMainLoop([&] { posted = true; });
     ASSERT_TRUE(runMainLoopUntil([&] { return posted; }));
-    EXPECT_EQ(mHeard.count, 1);
+    EXPECT_EQ(mReceived.count, 1);
 }
 
 TEST(AnEventName, WithoutAnApplicationIdIsRefused) {

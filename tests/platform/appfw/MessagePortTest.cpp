@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Message ports, between this process and itself through the real bus, and with a stranger.
+// Message ports: from this process to itself over the real bus, and from other users' processes.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -65,7 +65,7 @@ TEST_F(AnApplication, ReceivesMessagesOfAnyBytesAndLengthUnchanged) {
     bundle_add_str(&message, bytes.c_str(), bytes.c_str());
     bundle_add_str(&message, "empty", "");
     EXPECT_EQ(send("partial", message), MESSAGE_PORT_ERROR_NONE);
-    EXPECT_EQ(mReceived.messages, 0) << "only the main loop tells";
+    EXPECT_EQ(mReceived.messages, 0) << "only the main loop calls back";
     ASSERT_TRUE(receives(1));
     ASSERT_EQ(mReceived.last.entries.size(), 3U);
     for (int i = 0; i < 3; ++i) {
@@ -182,7 +182,7 @@ TEST_F(AnApplication, RefusesCallsFromAnotherUser) {
     }
     const std::filesystem::path program =
         std::filesystem::temp_directory_path() / ("orvane-stranger-" + std::to_string(getpid()));
-    std::filesystem::copy_file(APPFW_STRANGER, program);  // the build folder may be root's own
+    std::filesystem::copy_file(APPFW_STRANGER, program);  // the build directory may be readable only by root
     Program friendly({program, APP_ID, "partial"});
     EXPECT_EQ(friendly.line(), "0 0");
     ASSERT_TRUE(receives(1));

@@ -13,7 +13,7 @@
 
 class OtherApp {
 public:
-    // On the bus with this id, or without one.
+    // Connects with this id, or without one.
     explicit OtherApp(const std::string& id = "");
     OtherApp(const OtherApp&) = delete;
     OtherApp& operator=(const OtherApp&) = delete;
@@ -37,9 +37,9 @@ public:
     bool ask(const std::string& app, const std::string& operation, const Extras& extras = {},
              const std::string& token = "") const;
     bool reply(const Asked& to, int result, const Extras& extras = {}) const;
-    // Returns when the bus has passed it on.
+    // Returns when the bus has delivered the signal.
     void announce(const std::string& event) const;
-    // Sends an empty message to a port and says that it is this application. False when it is refused.
+    // Sends an empty message to a port and claims to be this application. False if the port refuses it.
     bool message(const std::string& app, const std::string& port, const std::string& claimed) const;
     // From now on, answers every call of its message ports with this error.
     void failCalls(const std::string& error);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A program of its own process, whose output a test reads line by line.
+// A child process whose output a test reads line by line.
 #pragma once
 
 #include <cstdio>
@@ -15,7 +15,7 @@ public:
 
     // The next line; empty at the end.
     std::string line();
-    // The next line that holds `part`; empty when none comes.
+    // The next line that contains `part`; empty if there is none.
     std::string lineWith(const std::string& part);
     std::string rest();
 

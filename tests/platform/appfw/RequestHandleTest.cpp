@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a request holds before it is sent.
+// The fields of a request before it is sent.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -15,7 +15,7 @@ Extra one(const std::string& value) {
     return {false, {value}};
 }
 
-// What the service adds to each request and reply.
+// The extras that the service adds to each request and reply.
 void expectExtras(const Extras& extras) {
     ASSERT_EQ(extras.size(), 2U);
     EXPECT_FALSE(extras.at("word").array);
@@ -26,13 +26,13 @@ void expectExtras(const Extras& extras) {
 
 class ARequest : public testing::Test {
 protected:
-    // Has the service ask an application.
-    bool haveAsked(const std::string& app, const std::string& operation) {
-        return mTeller.ask(SERVICE_ID, "ask", {{"app", one(app)}, {"do", one(operation)}, {"uri", one("file:///x")}});
+    // Makes the service send a request to an application.
+    bool makeServiceSend(const std::string& app, const std::string& operation) {
+        return mSender.ask(SERVICE_ID, "ask", {{"app", one(app)}, {"do", one(operation)}, {"uri", one("file:///x")}});
     }
 
     RunningService mService;
-    OtherApp mTeller;
+    OtherApp mSender;
     OtherApp mApp{APP_ID};
 };
 
@@ -62,7 +62,7 @@ TEST_F(ARequest, WithoutATokenCannotReceiveAReply) {
 }
 
 TEST_F(ARequest, FromTheServiceContainsItsOperationUriAndExtras) {
-    ASSERT_TRUE(haveAsked(APP_ID, "greet"));
+    ASSERT_TRUE(makeServiceSend(APP_ID, "greet"));
     const OtherApp::Asked asked = mApp.asked();
     EXPECT_EQ(asked.operation, "greet");
     EXPECT_EQ(asked.uri, "file:///x");
@@ -71,7 +71,7 @@ TEST_F(ARequest, FromTheServiceContainsItsOperationUriAndExtras) {
 }
 
 TEST_F(ARequest, AcceptsOneReplyToItsOwnToken) {
-    ASSERT_TRUE(haveAsked(APP_ID, "first"));
+    ASSERT_TRUE(makeServiceSend(APP_ID, "first"));
     const OtherApp::Asked first = mApp.asked();
     OtherApp::Asked guessed = first;
     guessed.token = "guessed";
@@ -81,32 +81,32 @@ TEST_F(ARequest, AcceptsOneReplyToItsOwnToken) {
     EXPECT_EQ(mService.lineWith("reply"), "reply 0 to first");
     EXPECT_EQ(mService.line(), "empty[0]");
     EXPECT_EQ(mService.line(), "mood=good");
-    ASSERT_TRUE(haveAsked(APP_ID, "second"));
+    ASSERT_TRUE(makeServiceSend(APP_ID, "second"));
     ASSERT_TRUE(mApp.reply(mApp.asked(), -2));
     EXPECT_EQ(mService.lineWith("reply"), "reply -2 to second");
 }
 
 TEST_F(ARequest, FailsIfItsReplyHasAnUnknownResult) {
-    ASSERT_TRUE(haveAsked(APP_ID, "greet"));
+    ASSERT_TRUE(makeServiceSend(APP_ID, "greet"));
     ASSERT_TRUE(mApp.reply(mApp.asked(), 77));
     EXPECT_EQ(mService.lineWith("reply"), "reply -1 to greet");
 }
 
 TEST_F(ARequest, FailsWhenItsReceiverLeavesTheBusBeforeItReplies) {
-    ASSERT_TRUE(haveAsked(APP_ID, "greet"));
+    ASSERT_TRUE(makeServiceSend(APP_ID, "greet"));
     EXPECT_EQ(mService.lineWith("sent"), "sent 0");
     mApp.leave();
     EXPECT_EQ(mService.lineWith("reply"), "reply -1 to greet");
 }
 
 TEST_F(ARequest, ToAnApplicationThatIsNotInstalledFailsAndIsLogged) {
-    ASSERT_TRUE(haveAsked("com.example.nowhere", "greet"));
+    ASSERT_TRUE(makeServiceSend("com.example.nowhere", "greet"));
     EXPECT_NE(mService.lineWith("com.example.nowhere is not installed"), "");
     EXPECT_EQ(mService.lineWith("sent"), "sent -101");
 }
 
 TEST_F(ARequest, ToAnInvalidApplicationIdFailsAndIsLogged) {
-    ASSERT_TRUE(haveAsked("not an id", "greet"));
+    ASSERT_TRUE(makeServiceSend("not an id", "greet"));
     EXPECT_NE(mService.lineWith("not an id is not installed"), "");
     EXPECT_EQ(mService.lineWith("sent"), "sent -101");
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Prints what the platform tells a service, one line each; asks other applications, and answers, as it is told.
+// Prints one line for each callback of the platform. Sends requests and replies when another application requests it.
 #include <Ecore.h>
 
 #include <cstdio>
@@ -12,12 +12,12 @@
 
 namespace {
 
-// By its id, or by its connection, whoever has the id.
+// The id of the application, or the unique name of this connection, which does not depend on the owner of the id.
 std::string itself(const std::string& how) {
     return how == "connection" ? gio::sessionBus().uniqueName() : how;
 }
 
-// Has an application ask another one.
+// Makes an application send a request to another one.
 void askLast(const std::string& app) {
     app_control_h request = nullptr;
     app_control_create(&request);
@@ -113,7 +113,7 @@ Eina_Bool once(void*) noexcept {
     return ECORE_CALLBACK_CANCEL;
 }
 
-// What the second does to a timer that is no more, EFL always complains of.
+// EFL always logs an error for ecore_timer_reset() on a deleted timer.
 void deleteTimerTwice() {
     Ecore_Timer* timer = ecore_timer_add(60, once, nullptr);
     ecore_timer_del(timer);
@@ -122,7 +122,7 @@ void deleteTimerTwice() {
     puts("deleted");
 }
 
-// The operations "ask", "answer" and "delete" are carried out; the others are only printed.
+// Carries out the operations "ask", "answer", and "delete". Only prints the others.
 void onAppControl(app_control_h request, void*) noexcept {
     const std::string operation = operationOf(request);
     printf("operation %s\n", operation.c_str());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The service's life.
+// The life cycle of the service.
 #include <gtest/gtest.h>
 #include <signal.h>
 
@@ -34,7 +34,7 @@ TEST(AServiceWhoseCreateCallbackFails, ExitsWithoutTheTerminateCallback) {
     EXPECT_NE(service.wait(), 0);
 }
 
-// Other tests go on with the bus that they share.
+// Restores the address of the bus that the other tests share.
 class TheService : public testing::Test {
 protected:
     void TearDown() override { setenv("DBUS_SESSION_BUS_ADDRESS", mShared.c_str(), 1); }

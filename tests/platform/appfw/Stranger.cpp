@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Looks for a port, sends to it, and prints both codes.
+// Checks for a port, sends a message to it, and prints both codes.
 #include <cstdio>
 #include <memory>
 

@@ -76,7 +76,7 @@ public:
         sound_manager_get_focus_state(mHandle, nullptr, &state);
         return state == SOUND_STREAM_FOCUS_STATE_ACQUIRED;
     }
-    // Runs in every callback, before it is reported.
+    // Runs in every callback, before the callback is recorded.
     void inCallback(std::function<void(Change)> work) {
         const std::lock_guard lock(mMutex);
         mInCallback = std::move(work);
@@ -115,7 +115,7 @@ public:
     // `flags` are RequestName's.
     unsigned take(unsigned flags) { return ask("RequestName", gio::Variant::tuple(kName, flags)); }
     void giveBack() { ask("ReleaseName", gio::Variant::tuple(kName)); }
-    // From now on, answers this when it is asked for its reason.
+    // From now on, replies with this reason.
     void show(const gio::Variant& reason) {
         mReason = mBus.exportObject("/org/orvane/Focus", dbus::standInInterface("org.freedesktop.DBus.Properties"),
                                     [reason](auto& call) { call.reply(gio::Variant::tuple(reason)); });

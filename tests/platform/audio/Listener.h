@@ -35,6 +35,6 @@ public:
     SpeechIn& operator=(const SpeechIn&) = delete;
 
     tone::Samples capture(double seconds) const;
-    // The recorder's order after a failed read; the first code that is not 0.
+    // Makes the recorder's calls after a failed read. Returns the first code that is not 0.
     static int reset(audio_channel_e channel = AUDIO_CHANNEL_STEREO);
 };

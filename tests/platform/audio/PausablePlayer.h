@@ -24,7 +24,7 @@ public:
     PausablePlayer(const PausablePlayer&) = delete;
     PausablePlayer& operator=(const PausablePlayer&) = delete;
 
-    // Once it plays.
+    // Returns when it plays.
     void pause(bool paused) {
         pulse::Operation operation;
         {

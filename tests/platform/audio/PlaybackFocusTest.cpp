@@ -51,7 +51,7 @@ private:
     int mId = -1;
 };
 
-// Plays without end.
+// Plays endlessly.
 Child player(const std::vector<std::string>& options = {}) {
     std::vector<std::string> words{"pacat", "--playback", "--latency-msec=50", "--client-name=jukebox"};
     words.insert(words.end(), options.begin(), options.end());

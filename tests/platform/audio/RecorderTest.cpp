@@ -61,7 +61,7 @@ TYPED_TEST(ARealRecorder, ReleasesTheMicrophoneWithTheFocusAndResumesWhenTheFocu
         ASSERT_TRUE(eventually([] { return !isCaptured(); })) << "the microphone is given up";
         EXPECT_FALSE(focus::isOurs());
         const AudioIn other;
-        other.capture(0.1);  // what was on its way has come
+        other.capture(0.1);  // sound that was already captured has arrived
         const int before = blocks.count();
         other.capture(0.2);
         EXPECT_EQ(blocks.count(), before);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A sound server that stands still after it has reported a change.
+// A sound server that hangs after it has reported a change.
 #pragma once
 
 #include <functional>

@@ -16,9 +16,9 @@ Samples sine(double hertz, int rate, double seconds, double amplitude = 8000);
 double amplitudeAt(double hertz, int rate, const Samples& samples);
 // Root mean square.
 double level(const Samples& samples);
-// Left and right interleaved; the shorter decides.
+// Interleaves left and right up to the end of the shorter one.
 Samples stereo(const Samples& left, const Samples& right);
-// Writes a file into the folder and returns its path.
+// Writes a file into the directory and returns its path.
 std::string wav(const std::string& folder, const std::string& name, int rate, int channels, const Samples& samples);
 
 }  // namespace tone

@@ -40,7 +40,7 @@ int volumeOf(sound_type_e type) {
     return volume;
 }
 
-// A tone of this role without end.
+// An endless tone with this role.
 Child player(const SoundRoom& room, const std::string& role) {
     const std::string file = tone::wav(room.folder(), role + ".wav", 16000, 1, tone::sine(1000, 16000, 30));
     return Child({"paplay", "-d", "room", "--latency-msec=50", "--property=media.role=" + role, file});

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 const std::string beforeMain = tzplatform_mkpath(TZPLATFORM_DATA_ROOT, "voice/data");
 
-// A machine's LED class files, in a folder of the test's own.
+// LED class files in a temporary directory.
 class TheMicrophoneLed : public testing::Test {
 protected:
     TheMicrophoneLed() { setenv("ORVANE_SYSFS_ROOT", mHome.folder().c_str(), 1); }
@@ -89,7 +89,7 @@ TEST(TheDataRoot, ReturnsASeparateTextToEachThread) {
     EXPECT_STREQ(ours, BUILD_DATA_ROOT "/a");
 }
 
-// Programs of their own, because the root is found once.
+// Runs separate programs, because a program looks up the root only once.
 TEST(TheDataRoot, IsTheConfiguredDirectoryOrTheInstalledOneBesideTheProgram) {
     const std::string self = fs::read_symlink("/proc/self/exe");
     const PrivateHome home;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The display, woken through a desktop's screen saver on a private bus.
+// Waking the display through a desktop's screen saver on a private bus.
 #include <device.h>
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-// Counts the calls that say that the user is active.
+// Counts the calls of SimulateUserActivity.
 class ScreenSaver {
 public:
     ScreenSaver() {

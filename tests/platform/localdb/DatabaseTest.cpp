@@ -93,7 +93,7 @@ TEST_F(ADatabase, IsCreatedAgainAfterSomebodyRemovesItsFile) {
     EXPECT_THAT(walk(openDatabase("Profile").get(), "Profile"), ElementsAre("userId:1=3"));
 }
 
-// While the database is open, a log lies beside its file. It does not belong to the new file.
+// While the database is open, its write-ahead log is next to its file. The log does not belong to the new file.
 TEST_F(ADatabase, IsOpenedAgainAfterSomebodyReplacesItsFile) {
     update(openDatabase("Other").get(), {});
     const Manager manager = openDatabase("Profile");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Damaged and locked files, and folders that cannot be created.
+// Damaged and locked files, and directories that cannot be created.
 #include <gmock/gmock.h>
 
 #include <cstdlib>

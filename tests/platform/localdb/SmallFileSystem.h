@@ -8,7 +8,8 @@
 
 namespace localdb_test {
 
-// A test that runs in a child process, where a new file system of 1 MiB lies on the databases' folder.
+// A test that runs in a child process, with a new file system of 1 MiB mounted on the databases'
+// directory.
 class SmallFileSystem : public DatabaseFolder {
 protected:
     // Skips the test, and names the reason, where the machine lets no process mount a file system.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A folder of databases for one test, records as plain lists, and child processes.
+// A directory of databases for one test, records as plain lists, and child processes.
 #pragma once
 
 #include <gtest/gtest.h>

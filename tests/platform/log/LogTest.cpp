@@ -21,7 +21,7 @@ namespace {
 
 using testing::HasSubstr;
 
-// What the shell command prints.
+// The output of the shell command.
 std::string outputOf(const std::string& command) {
     FILE* pipe = popen(command.c_str(), "r");
     std::string output;
@@ -63,7 +63,7 @@ std::string log(const std::string& sink, const std::string& what, const std::str
     _exit(0);
 }
 
-// What a program logs to the journal, in `received`. Returns 0 or an error number.
+// Stores the text that a program logs to the journal in `received`. Returns 0 or an error number.
 int readJournal(std::string& received) {
     int ends[2];
     if (pipe(ends) != 0) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A system bus that comes late, goes, and comes back.
+// A system bus that appears late, disappears, and returns.
 #include <gtest/gtest.h>
 #include <net_connection.h>
 
@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::uint32_t CONNECTED_GLOBAL = 70;
 
-// With a manager that says what no route is.
+// A system bus with a manager that reports a type no route has.
 class SystemBus {
 public:
     explicit SystemBus(const std::string& configuration) : mBus("--config-file=" + configuration) {

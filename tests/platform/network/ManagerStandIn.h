@@ -13,7 +13,7 @@
 
 class ManagerStandIn {
 public:
-    // On the bus, but without the name until appear(). Its own thread answers.
+    // Connects to the bus, and owns the name only from appear() on. It answers on its own thread.
     explicit ManagerStandIn(const std::string& busAddress);
     ~ManagerStandIn();
     ManagerStandIn(const ManagerStandIn&) = delete;

@@ -26,7 +26,7 @@ std::string systemBus() {
     return address;
 }
 
-// As the product does: the connection is made by a static object, before main().
+// A static object creates the connection before main(), as in the product.
 struct Connection {
     Connection() {
         systemBus();
@@ -49,29 +49,29 @@ connection_type_e type() {
 class AConnection : public testing::Test {
 protected:
     AConnection() {
-        type();  // so that what comes from now on is a change
+        type();  // so that only later values count as changes
         connection_set_type_changed_cb(
             connection.handle,
             [](connection_type_e changed, void* self) {
                 EXPECT_TRUE(eina_main_loop_is());
-                static_cast<AConnection*>(self)->mTold.push_back(changed);
+                static_cast<AConnection*>(self)->mReported.push_back(changed);
             },
             this);
     }
     ~AConnection() override {
         connection_unset_type_changed_cb(connection.handle);
         mManager.reset();
-        // The next test starts from what the machine itself says.
+        // The next test starts with the type of the machine's default route.
         EXPECT_TRUE(becomes(network::kindOfDefaultRoute()));
     }
     static bool becomes(connection_type_e expected) {
         return runMainLoopUntil([=] { return type() == expected; });
     }
-    bool isTold(connection_type_e expected) {
-        return runMainLoopUntil([=] { return !mTold.empty() && mTold.back() == expected; });
+    bool isReported(connection_type_e expected) {
+        return runMainLoopUntil([=] { return !mReported.empty() && mReported.back() == expected; });
     }
 
-    std::vector<connection_type_e> mTold;
+    std::vector<connection_type_e> mReported;
     std::unique_ptr<ManagerStandIn> mManager = std::make_unique<ManagerStandIn>(systemBus());
 };
 
@@ -104,36 +104,36 @@ TEST_F(AConnection, HasTheTypeThatTheManagerReports) {
     for (const auto& row : rows) {
         mManager->become(row.state, row.type);
         EXPECT_TRUE(becomes(row.expected)) << row.state << " " << row.type;
-        EXPECT_TRUE(isTold(row.expected)) << row.state << " " << row.type;
+        EXPECT_TRUE(isReported(row.expected)) << row.state << " " << row.type;
     }
 }
 
 TEST_F(AConnection, FollowsAManagerThatAppearsAndDisappears) {
     mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
     mManager->appear();
-    EXPECT_TRUE(isTold(CONNECTION_TYPE_WIFI));
+    EXPECT_TRUE(isReported(CONNECTION_TYPE_WIFI));
     mManager->disappear();
-    EXPECT_TRUE(isTold(network::kindOfDefaultRoute()));
+    EXPECT_TRUE(isReported(network::kindOfDefaultRoute()));
 }
 
 TEST_F(AConnection, ThatDoesNotChangeReportsNothing) {
     mManager->become(CONNECTED_SITE, "802-11-wireless");
     mManager->appear();
-    ASSERT_TRUE(isTold(CONNECTION_TYPE_WIFI));
-    mTold.clear();
+    ASSERT_TRUE(isReported(CONNECTION_TYPE_WIFI));
+    mReported.clear();
     mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
     mManager->become(CONNECTED_GLOBAL, "gsm");
-    EXPECT_TRUE(isTold(CONNECTION_TYPE_CELLULAR));
-    EXPECT_EQ(mTold, std::vector{CONNECTION_TYPE_CELLULAR});
+    EXPECT_TRUE(isReported(CONNECTION_TYPE_CELLULAR));
+    EXPECT_EQ(mReported, std::vector{CONNECTION_TYPE_CELLULAR});
 }
 
 TEST_F(AConnection, DoesNotCallBackAfterItsCallbackIsUnset) {
     mManager->appear();
     mManager->become(CONNECTED_GLOBAL, "802-11-wireless");
-    ASSERT_TRUE(isTold(CONNECTION_TYPE_WIFI));
-    mTold.clear();
+    ASSERT_TRUE(isReported(CONNECTION_TYPE_WIFI));
+    mReported.clear();
     mManager->become(CONNECTED_GLOBAL, "gsm");
-    // The change is known, so its call is posted or told; with it unset, none comes.
+    // The type has changed, so the callback is posted or has run. If it is unset now, it must not run anymore.
     while (type() != CONNECTION_TYPE_CELLULAR) {
         std::this_thread::yield();
     }
@@ -145,7 +145,7 @@ TEST_F(AConnection, DoesNotCallBackAfterItsCallbackIsUnset) {
         other, [](connection_type_e, void* count) { ++*static_cast<int*>(count); }, &calls);
     mManager->become(CONNECTED_GLOBAL, "802-3-ethernet");
     EXPECT_TRUE(runMainLoopUntil([&] { return calls > 0; }));
-    EXPECT_TRUE(mTold.empty());
+    EXPECT_TRUE(mReported.empty());
     EXPECT_EQ(connection_destroy(other), CONNECTION_ERROR_NONE);
     EXPECT_EQ(connection_destroy(other), CONNECTION_ERROR_INVALID_PARAMETER);
 }
@@ -153,7 +153,7 @@ TEST_F(AConnection, DoesNotCallBackAfterItsCallbackIsUnset) {
 TEST_F(AConnection, DoesNotBlockWhileTheManagerHangsAndAsksItAgain) {
     mManager->appear();
     mManager->become(CONNECTED_GLOBAL, "gsm");
-    ASSERT_TRUE(isTold(CONNECTION_TYPE_CELLULAR));
+    ASSERT_TRUE(isReported(CONNECTION_TYPE_CELLULAR));
     mManager->freeze(true);
     for (const char* kind : {"vpn", "802-11-wireless", "bluetooth"}) {
         mManager->become(CONNECTED_GLOBAL, kind);
@@ -168,7 +168,7 @@ TEST_F(AConnection, DoesNotBlockWhileTheManagerHangsAndAsksItAgain) {
         return now == network::kindOfDefaultRoute();
     })) << "a manager that does not answer is not asked for the kind";
     EXPECT_LT(longest, kWatchdog);
-    // One question at the first signal and one at all others are lost.
+    // Two calls stay unanswered: one after the first signal, and one for all later signals.
     ASSERT_TRUE(runMainLoopUntil([&] { return mManager->unanswered() == 2; }));
     mManager->freeze(false);
     EXPECT_TRUE(becomes(CONNECTION_TYPE_OTHER)) << "without another signal";

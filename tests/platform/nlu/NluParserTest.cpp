@@ -18,7 +18,7 @@ Response parse(const std::string& json) {
     return Response(vrp_response_data_parse(json.c_str()));
 }
 
-// "<null>" when there is no text; the code must say the same.
+// "<null>" if there is no text. Checks that the code matches.
 template <typename Getter, typename Owner>
 std::string read(Getter getter, Owner* owner) {
     char* text = nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A program whose static object and whose thread still call when main() has returned.
+// A program whose static object and thread still call the owner after main() has returned.
 #include <cstdio>
 #include <thread>
 

@@ -224,6 +224,6 @@ int main(int argc, char** argv) {
         fprintf(stderr, "a memory key still exists after a restart\n");
         return 1;
     }
-    // Ecore is not shut down: its handler of a child's end may still run on another thread.
+    // Ecore is not shut down, because its SIGCHLD handler may still run on another thread.
     return RUN_ALL_TESTS();
 }

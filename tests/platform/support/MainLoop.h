@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The real main loop, run by a test until what it waits for has come.
+// Runs the real main loop until a condition is true.
 #pragma once
 
 #include <Ecore.h>
@@ -7,7 +7,7 @@
 #include <chrono>
 #include <functional>
 
-// False when the watchdog ends first.
+// False if the watchdog ends first.
 inline bool runMainLoopUntil(const std::function<bool()>& condition,
                              std::chrono::milliseconds watchdog = std::chrono::seconds(20)) {
     struct Watch {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A message bus of the tests' own, so that the person's session is never touched.
+// A private message bus, so that the tests never use the developer's session bus.
 #pragma once
 
 #include <fcntl.h>
@@ -23,12 +23,12 @@ public:
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_adddup2(&actions, ends[1], 3);
-        // It ends with this process, however that ends.
+        // The daemon ends with this process, even if this process is killed.
         std::string words[] = {"setpriv",  "--pdeathsig",      "TERM", "dbus-daemon", configuration,
                                "--nofork", "--print-address=3"};
         char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(),
                              words[4].data(), words[5].data(), words[6].data(), nullptr};
-        // The main loop blocks signals, the daemon's end among them.
+        // Ecore's main loop blocks signals, and the daemon would inherit that.
         sigset_t none;
         sigemptyset(&none);
         posix_spawnattr_t attributes;
@@ -69,7 +69,7 @@ private:
     std::string mAddress;
 };
 
-// The one of this test program; started on first use.
+// The address of this test program's bus, which starts on first use.
 inline const std::string& privateBusAddress() {
     static const PrivateBus bus;
     return bus.address();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A home of the tests' own: settings and sockets in a folder that ends with the process.
+// A private home for tests: a temporary directory for settings and sockets.
 #pragma once
 
 #include <stdlib.h>

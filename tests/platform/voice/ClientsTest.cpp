@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Applications that want results, on a private bus.
+// Applications that register for results, on a private bus.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -31,7 +31,7 @@ public:
         mBus.call({"org.orvane.VoiceControl", "/org/orvane/VoiceControl", "org.orvane.VoiceControl1"}, "Register",
                   gio::Variant::tuple(agents));
     }
-    // Once it returns, everything sent to the application before has arrived on its connection.
+    // Returns when everything that was sent to the application before has arrived on its connection.
     void roundTrip() {
         if (mBus.isOpen()) {
             mBus.call(gio::kBus, "GetId");
@@ -62,7 +62,7 @@ protected:
         mOther.registerFor({"Recipe", "Clock"});
         mClock.registerFor({"Clock"});
     }
-    // Applications of the tests before may take a moment to be forgotten.
+    // The service needs a moment to forget applications that have left.
     void TearDown() override {
         mRecipes.leave();
         mOther.leave();
@@ -71,7 +71,7 @@ protected:
             mVoice.runUntil([] { return voice::clientsFor("Recipe").empty() && voice::clientsFor("Clock").empty(); }));
     }
 
-    void hear(const std::string& sentence) {
+    void say(const std::string& sentence) {
         microphone::speak(join({silence(0.4), speech::say("rms", sentence)}));
         microphone::fallSilent();
         ASSERT_EQ(vc_mgr_start(false), VC_ERROR_NONE);
@@ -80,12 +80,12 @@ protected:
     }
 
     void letResultsArrive() {
-        gio::IoThread::get().run([] {});  // what is posted for sending is sent
-        Application().registerFor({});    // the service has answered behind it
+        gio::IoThread::get().run([] {});  // posted results are sent
+        Application().registerFor({});    // the service replies after it has sent them
         for (Application* application : {&mRecipes, &mOther, &mClock}) {
             application->roundTrip();
         }
-        gio::IoThread::get().run([] {});  // what has arrived is handled
+        gio::IoThread::get().run([] {});  // results that have arrived are handled
     }
 
     VoiceHarness mVoice;
@@ -95,7 +95,7 @@ protected:
 };
 
 TEST_F(AResult, GoesToEveryApplicationThatRegisteredForItsAgent) {
-    hear("read out the recipe");
+    say("read out the recipe");
     EXPECT_TRUE(mVoice.runUntil([&] { return mRecipes.results == 1 && mOther.results == 1; }));
     EXPECT_EQ(mClock.results, 0);
     EXPECT_EQ(mRecipes.text, "read out the recipe");
@@ -113,14 +113,14 @@ TEST_F(AResult, GoesOnlyToTheCommandsThatAreSelected) {
         EXPECT_EQ(vc_mgr_set_selected_results(list), VC_ERROR_NONE);
         return false;
     };
-    hear("read out the recipe");
+    say("read out the recipe");
     EXPECT_TRUE(mVoice.runUntil([&] { return mOther.results == 1; }));
     EXPECT_EQ(mRecipes.results, 0);
 }
 
 TEST_F(AResult, CarriedOutByTheServiceReachesNoApplication) {
     mVoice.inResult = [](vc_cmd_list_h) { return true; };
-    hear("what time is it");
+    say("what time is it");
     EXPECT_EQ(mClock.results + mOther.results, 0);
 }
 
@@ -130,14 +130,14 @@ TEST_F(AResult, CanceledByTheServiceReachesNoApplicationEvenWhenSelected) {
         vc_mgr_set_selected_results(list);
         return false;
     };
-    hear("what time is it");
+    say("what time is it");
     EXPECT_EQ(mClock.results + mOther.results, 0);
 }
 
 TEST_F(AResult, DoesNotReachAnApplicationThatHasLeft) {
     mRecipes.leave();
     ASSERT_TRUE(mVoice.runUntil([] { return voice::clientsFor("Recipe").size() == 1; }));
-    hear("read out the recipe");
+    say("read out the recipe");
     EXPECT_TRUE(mVoice.runUntil([&] { return mOther.results == 1; }));
     EXPECT_THAT(mVoice.pids, testing::ElementsAre(getpid()));
 }

@@ -13,7 +13,7 @@ class ARecipeDialogue : public testing::Test {
 protected:
     ARecipeDialogue() { mCommands.recipeSteps["soup"] = 3; }
 
-    // What becomes of the action.
+    // The action name after the dialogue has processed it.
     std::string say(const std::string& action) {
         Intent intent{"Recipe", action, "Action", {{"package", "general"}}};
         mDialogue.settle(intent, mCommands);

@@ -160,7 +160,7 @@ TEST_F(ARecognitionSession, EndsInALoudRoomWithoutSilence) {
     EXPECT_TRUE(mVoice.runUntilEvent("service 2->3"));
 }
 
-// A rustle 12 dB louder than the room is an utterance in a quiet room, and ignored while loud media plays.
+// A rustle 12 dB above the room noise counts as an utterance in a quiet room, but not while loud media plays.
 TEST_F(ARecognitionSession, NeedsLouderSpeechWhenTheMediaIsLouder) {
     const auto recognizesWhatFollows = [this](const char* volume) {
         vc_mgr_set_private_data("MediaVolume", volume);

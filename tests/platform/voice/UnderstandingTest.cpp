@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Sentences of the installed file and what is understood by them.
+// The sentences of the installed file and their meanings.
 #include "voice/Understanding.h"
 
 #include <gtest/gtest.h>

@@ -13,7 +13,7 @@
 // Samples for the microphone. Without any, a read waits, so that the test decides when time passes.
 namespace microphone {
 void speak(const speech::Samples& samples);
-// Silence without end after the samples so far.
+// Endless silence follows the samples so far.
 void fallSilent();
 void breakDown();  // every read fails
 void disappear();  // it cannot be opened
@@ -22,7 +22,7 @@ bool isOpen();
 int opened();  // how often
 }  // namespace microphone
 
-// Sets the data folder of the program.
+// Sets the data directory of the program.
 void setDataRoot(const std::string& path);
 
 // One event of the voice interface, as text: "service 1->2", "partial open the", "final ...", "result <text>",
@@ -39,7 +39,7 @@ public:
     void setCallbacks();
     bool runUntil(const std::function<bool()>& condition);
     bool runUntilEvent(const std::string& event, int times = 1);
-    // Runs until the main loop has done everything that is posted already.
+    // Runs the main loop until it has handled everything posted so far.
     void settle();
     int count(const std::string& event) const;
     std::string firstWith(const std::string& prefix) const;

@@ -181,7 +181,7 @@ struct EngineHarness {
     std::unique_ptr<nuance::IWakeupCtx, DestroyCtx> ctx;  // destroyed first, because it calls the others
 };
 
-// A folder with this configuration.
+// A directory with this configuration.
 class ConfigFolder {
 public:
     explicit ConfigFolder(const std::string& text) {

@@ -54,6 +54,11 @@ bool Client::write(const std::string& path, GVariant* value) {
     return dconf_client_write_fast(mClient, path.c_str(), value, error.out());
 }
 
+bool Client::writeAndWait(const std::string& path, const gio::Variant& value) {
+    gio::Error error;
+    return dconf_client_write_sync(mClient, path.c_str(), value.get(), nullptr, nullptr, error.out());
+}
+
 bool Client::clearFolder(const std::string& folder) {
     const std::unique_ptr<DConfChangeset, ChangesetUnref> changes(dconf_changeset_new());
     dconf_changeset_set(changes.get(), folder.c_str(), nullptr);

@@ -4,6 +4,7 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <stdexcept>
 
 #include "appliance/environment/FactorySettings.h"
@@ -20,7 +21,6 @@ namespace {
 constexpr useconds_t kPollMicroseconds = 10000;
 constexpr double kAnswerSeconds = 4;
 constexpr int kMostCalls = 3;
-constexpr char kDaemon[] = "org.freedesktop.DBus";
 
 }  // namespace
 
@@ -81,10 +81,9 @@ void Appliance::control(const std::string& application, const std::string& actio
 }
 
 void Appliance::kill(const std::string& application) {
-    const auto answer = session().call(kDaemon, "/org/freedesktop/DBus", kDaemon, "GetConnectionUnixProcessID",
-                                       g_variant_new("(s)", application.c_str()));
-    guint32 process = 0;
-    g_variant_get(answer.get(), "(u)", &process);
+    const auto [process] = session()
+                               .call(gio::kBus, "GetConnectionUnixProcessID", gio::Variant::tuple(application))
+                               .fields<std::uint32_t>();
     ::kill(static_cast<pid_t>(process), SIGKILL);
     until(application + " has left the bus", [&] { return !runs(application); });
     mRecord.write("application killed", {{"application", application}});

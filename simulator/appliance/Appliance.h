@@ -43,7 +43,7 @@ public:
     void launch(const std::string& application);
     // Sends a control to a simulated application; docs/simulator.md lists them.
     void control(const std::string& application, const std::string& action, const std::string& argument = {});
-    bool runs(const std::string& application) { return session().hasOwner(application); }
+    bool runs(const std::string& application) const { return session().hasOwner(application); }
     void kill(const std::string& application);
 
     // "ethernet", "wifi", or "none".
@@ -54,8 +54,8 @@ public:
     // Kills the sound server and starts it again; all streams end.
     void restartSound();
 
-    Bus& session() { return mBuses.session(); }
-    Bus& system() { return mBuses.system(); }
+    const gio::Connection& session() const { return mBuses.session(); }
+    const gio::Connection& system() const { return mBuses.system(); }
     Service& service() { return mService; }
     const Room& room() const { return mRoom; }
     // Whether an application records the microphone.

@@ -4,7 +4,7 @@
 // this process is killed.
 #pragma once
 
-#include "lib/Pointer.h"
+#include "gio/GPointer.h"
 #include "lib/Record.h"
 
 namespace sim {
@@ -19,12 +19,12 @@ public:
 
 private:
     void write(const char* line);
-    void listen();
+    void readLine();
     static void onLine(GObject* stream, GAsyncResult* result, gpointer self) noexcept;
 
     Record& mRecord;
-    Pointer<GSubprocess> mProgram;
-    Pointer<GDataInputStream> mOutput;
+    gio::Object<GSubprocess> mProgram;
+    gio::Object<GDataInputStream> mOutput;
     bool mDown = false;
 };
 

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "apps/NetworkManager.h"
 
+#include <cstdint>
+#include <map>
 #include <stdexcept>
+#include <vector>
 
+#include "dbus/StandInInterfaces.h"
 #include "lib/Control.h"
 
 namespace sim {
@@ -11,66 +15,64 @@ namespace {
 
 constexpr char kPath[] = "/org/freedesktop/NetworkManager";
 constexpr char kInterface[] = "org.freedesktop.NetworkManager";
-constexpr char kXml[] =
-    "<interface name='org.freedesktop.NetworkManager'>"
-    "<property name='State' type='u' access='read'/><property name='Connectivity' type='u' access='read'/>"
-    "<property name='PrimaryConnectionType' type='s' access='read'/>"
-    "<property name='PrimaryConnection' type='o' access='read'/>"
-    "<property name='Metered' type='u' access='read'/>"
-    "<signal name='StateChanged'><arg type='u'/></signal></interface>";
-constexpr guint32 kConnected = 70;
-constexpr guint32 kDisconnected = 20;
+constexpr std::uint32_t kConnected = 70;
+constexpr std::uint32_t kDisconnected = 20;
+constexpr std::uint32_t kFull = 4;
+constexpr std::uint32_t kNone = 1;
+constexpr std::uint32_t kUnknown = 0;
 
 }  // namespace
 
-NetworkManager::NetworkManager(const std::string& name) : mName(name), mBus(G_BUS_TYPE_SYSTEM) {
-    mBus.serve(
-        kPath, kXml, [](const std::string&, const std::string&, GVariant*) -> GVariant* { return nullptr; }, false,
+NetworkManager::NetworkManager(const std::string& name) : mName(name) {
+    mObject = mBus.exportObject(
+        kPath, dbus::standInInterface(kInterface), [](gio::MethodCall&) {},
         [this](const std::string& wanted) { return property(wanted); });
-    serveControl(mBus, [this](const std::string& action, const std::string& kind) {
-        if (action != "network") {
-            throw std::runtime_error(mName + " does not know the action " + action);
-        }
-        change(kind);
-    });
+    mControl =
+        exportControl(mBus, [this](const std::string& action, const std::string& kind) { onControl(action, kind); });
+    mClosed = mBus.onClosed([this] { mLoop.quit(); });
 }
 
 void NetworkManager::run() {
-    mBus.own(mName);
-    const Pointer<GMainLoop> loop(g_main_loop_new(nullptr, FALSE));
-    g_main_loop_run(loop.get());
+    const gio::OwnedName name = mBus.ownName(mName);
+    if (!name) {
+        throw std::runtime_error(mName + " already runs");
+    }
+    mLoop.run();
 }
 
-void NetworkManager::change(const std::string& kind) {
+void NetworkManager::onControl(const std::string& action, const std::string& kind) {
+    if (action != "network") {
+        throw std::runtime_error(mName + " does not know the action " + action);
+    }
     if (kind != "ethernet" && kind != "wifi" && kind != "none") {
         throw std::runtime_error("unknown kind of network: " + kind);
     }
     mKind = kind;
-    GVariantBuilder changed;
-    g_variant_builder_init(&changed, G_VARIANT_TYPE("a{sv}"));
+    std::map<std::string, gio::Variant> changed;
     for (const char* name : {"State", "Connectivity", "PrimaryConnectionType", "PrimaryConnection"}) {
-        g_variant_builder_add(&changed, "{sv}", name, property(name));
+        changed[name] = property(name);
     }
-    mBus.emit(kPath, "org.freedesktop.DBus.Properties", "PropertiesChanged",
-              g_variant_new("(sa{sv}@as)", kInterface, &changed, g_variant_new_strv(nullptr, 0)));
-    mBus.emit(kPath, kInterface, "StateChanged", g_variant_new("(u)", mKind == "none" ? kDisconnected : kConnected));
+    mBus.emitSignal(kPath, "org.freedesktop.DBus.Properties", "PropertiesChanged",
+                    gio::Variant::tuple(kInterface, changed, std::vector<std::string>()));
+    mBus.emitSignal(kPath, kInterface, "StateChanged",
+                    gio::Variant::tuple(mKind == "none" ? kDisconnected : kConnected));
 }
 
-GVariant* NetworkManager::property(const std::string& name) const {
+gio::Variant NetworkManager::property(const std::string& name) const {
     const bool on = mKind != "none";
     if (name == "State") {
-        return g_variant_new_uint32(on ? kConnected : kDisconnected);
+        return gio::Variant::of(on ? kConnected : kDisconnected);
     }
     if (name == "Connectivity") {
-        return g_variant_new_uint32(on ? 4 : 1);
+        return gio::Variant::of(on ? kFull : kNone);
     }
     if (name == "PrimaryConnectionType") {
-        return g_variant_new_string(!on ? "" : mKind == "wifi" ? "802-11-wireless" : "802-3-ethernet");
+        return gio::Variant::of(!on ? "" : mKind == "wifi" ? "802-11-wireless" : "802-3-ethernet");
     }
     if (name == "PrimaryConnection") {
-        return g_variant_new_object_path(on ? "/org/freedesktop/NetworkManager/ActiveConnection/1" : "/");
+        return gio::Variant::of(gio::ObjectPath{on ? "/org/freedesktop/NetworkManager/ActiveConnection/1" : "/"});
     }
-    return g_variant_new_uint32(0);
+    return gio::Variant::of(kUnknown);
 }
 
 }  // namespace sim

@@ -3,39 +3,40 @@
 
 #include <cstdio>
 
+#include "dbus/Interfaces.h"
+
 namespace sim {
 
 namespace {
 
 constexpr char kVoiceControlId[] = "org.orvane.VoiceControl";
-constexpr char kClientXml[] =
-    "<interface name='org.orvane.VoiceClient1'><method name='Result'>"
-    "<arg type='s' direction='in'/><arg type='s' direction='in'/></method></interface>";
 
 }  // namespace
 
 RecipeApp::RecipeApp(const std::string& id) : Application(id) {
-    bus().serve("/org/orvane/VoiceClient", kClientXml,
-                [this](const std::string&, const std::string&, GVariant* arguments) -> GVariant* {
-                    const char* text = nullptr;
-                    const char* json = nullptr;
-                    g_variant_get(arguments, "(&s&s)", &text, &json);
-                    record().write("voice result", {{"text", text}, {"json", json}});
-                    return nullptr;
-                });
-    g_bus_watch_name_on_connection(bus().get(), kVoiceControlId, G_BUS_NAME_WATCHER_FLAGS_NONE, onVoiceControlThere,
-                                   nullptr, this, nullptr);
+    keep(bus().exportObject("/org/orvane/VoiceClient", dbus::interface("org.orvane.VoiceClient1"),
+                            [this](gio::MethodCall& call) { onResult(call); }));
+    // Again each time that the service appears on the bus.
+    keep(bus().watchName(kVoiceControlId, [this](const std::string& owner) {
+        if (!owner.empty()) {
+            registerForCommands();
+        }
+    }));
 }
 
-void RecipeApp::onVoiceControlThere(GDBusConnection*, const gchar*, const gchar*, gpointer data) noexcept {
-    auto& self = *static_cast<RecipeApp*>(data);
+void RecipeApp::onResult(gio::MethodCall& call) {
+    const auto [text, json] = call.arguments().fields<std::string, std::string>();
+    record().write("voice result", {{"text", text}, {"json", json}});
+    call.reply();
+}
+
+void RecipeApp::registerForCommands() {
     try {
-        const char* const domains[] = {"Recipe", nullptr};
-        self.bus().call(kVoiceControlId, "/org/orvane/VoiceControl", "org.orvane.VoiceControl1", "Register",
-                        g_variant_new("(^as)", domains));
-        self.record().write("registered");
+        bus().call({kVoiceControlId, "/org/orvane/VoiceControl", "org.orvane.VoiceControl1"}, "Register",
+                   gio::Variant::tuple(std::vector<std::string>{"Recipe"}));
+        record().write("registered");
     } catch (const std::exception& fault) {
-        fprintf(stderr, "%s: cannot register for recipe commands: %s\n", self.id().c_str(), fault.what());
+        fprintf(stderr, "%s: cannot register for recipe commands: %s\n", id().c_str(), fault.what());
     }
 }
 

@@ -11,8 +11,8 @@ public:
     explicit RecipeApp(const std::string& id);
 
 private:
-    // Registers again each time that the service appears on the bus.
-    static void onVoiceControlThere(GDBusConnection*, const gchar*, const gchar* owner, gpointer self) noexcept;
+    void onResult(gio::MethodCall& call);
+    void registerForCommands();
 };
 
 }  // namespace sim

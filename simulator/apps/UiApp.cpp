@@ -91,10 +91,8 @@ void UiApp::start(const std::string& mode) {
 
 // Ignores the reply: without a service there is nothing that a UI can do.
 void UiApp::send(const std::string& operation, const Extras& extras) {
-    GVariant* request =
-        g_variant_new("(ss@a(aybaay)s)", (kOperationBase + operation).c_str(), "", packExtras(extras), "");
-    g_dbus_connection_call(bus().get(), kServiceId, "/org/orvane/Application", "org.orvane.Application1", "Launch",
-                           request, nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, 5000, nullptr, nullptr, nullptr);
+    bus().callAsync({kServiceId, kApplicationPath, kApplicationInterface}, "Launch",
+                    Request{kOperationBase + operation, "", extras, "", ""}.arguments(), {5000, false}, nullptr);
     record().write("sent", {{"operation", operation}});
 }
 

@@ -3,16 +3,11 @@
 
 #include <algorithm>
 
+#include "dbus/StandInInterfaces.h"
+
 namespace sim {
 
 namespace {
-
-constexpr char kXml[] =
-    "<interface name='org.freedesktop.Application'>"
-    "<method name='Activate'><arg type='a{sv}' direction='in'/></method>"
-    "<method name='Open'><arg type='as' direction='in'/><arg type='a{sv}' direction='in'/></method>"
-    "<method name='ActivateAction'><arg type='s' direction='in'/><arg type='av' direction='in'/>"
-    "<arg type='a{sv}' direction='in'/></method></interface>";
 
 std::string pathOf(const std::string& id) {
     std::string path = "/" + id;
@@ -24,19 +19,21 @@ std::string pathOf(const std::string& id) {
 }  // namespace
 
 Viewer::Viewer(const std::string& id) : Application(id) {
-    bus().serve(pathOf(id), kXml,
-                [this](const std::string& method, const std::string&, GVariant* arguments) -> GVariant* {
-                    if (method == "Open") {
-                        const Pointer<GVariant> list(g_variant_get_child_value(arguments, 0));
-                        for (gsize i = 0; i < g_variant_n_children(list.get()); ++i) {
-                            const Pointer<GVariant> uri(g_variant_get_child_value(list.get(), i));
-                            record().write("opened", {{"uri", g_variant_get_string(uri.get(), nullptr)}});
-                        }
-                    } else {
-                        record().write("activated");
-                    }
-                    return nullptr;
-                });
+    keep(bus().exportObject(pathOf(id), dbus::standInInterface("org.freedesktop.Application"),
+                            [this](gio::MethodCall& call) { onDesktopCall(call); }));
+}
+
+void Viewer::onDesktopCall(gio::MethodCall& call) {
+    if (call.method() == "Open") {
+        const auto [uris, platformData] =
+            call.arguments().fields<std::vector<std::string>, std::map<std::string, gio::Variant>>();
+        for (const std::string& uri : uris) {
+            record().write("opened", {{"uri", uri}});
+        }
+    } else {
+        record().write("activated");
+    }
+    call.reply();
 }
 
 }  // namespace sim

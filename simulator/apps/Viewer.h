@@ -9,6 +9,9 @@ namespace sim {
 class Viewer : public Application {
 public:
     explicit Viewer(const std::string& id);
+
+private:
+    void onDesktopCall(gio::MethodCall& call);
 };
 
 }  // namespace sim

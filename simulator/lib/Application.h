@@ -4,8 +4,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "lib/Bus.h"
+#include "gio/Connection.h"
+#include "gio/MainLoop.h"
 #include "lib/Record.h"
 #include "lib/Request.h"
 
@@ -20,9 +22,9 @@ public:
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
-    // Returns after Close, SIGTERM, or SIGINT.
+    // Returns after Close, SIGTERM, SIGINT, or the end of the bus.
     void run();
-    void quit() { g_main_loop_quit(mLoop.get()); }
+    void quit() { mLoop.quit(); }
 
     // Sends nothing when the request wants no reply.
     void reply(const Request& request, int result, const Extras& extras);
@@ -36,18 +38,21 @@ protected:
     // Called for org.orvane.sim.Control1.Do. Throws std::runtime_error for an unknown action.
     virtual void onControl(const std::string& action, const std::string& argument);
 
-    Bus& bus() { return mBus; }
+    const gio::Connection& bus() { return mBus; }
+    // Keeps an exported object or a watch while the application lives.
+    void keep(gio::Registration registration) { mRegistrations.push_back(std::move(registration)); }
     Record& record() { return mRecord; }
     const std::string& id() const { return mId; }
 
 private:
-    GVariant* onApplicationCall(const std::string& method, const std::string& sender, GVariant* arguments);
-    GVariant* onPortCall(const std::string& method, GVariant* arguments);
+    void onApplicationCall(gio::MethodCall& call);
+    void onPortCall(gio::MethodCall& call);
 
     std::string mId;
     Record mRecord;
-    Bus mBus;
-    Pointer<GMainLoop> mLoop;
+    gio::Connection mBus = gio::Connection::openShared(G_BUS_TYPE_SESSION, gio::Context::main());
+    gio::MainLoop mLoop{gio::Context::main()};
+    std::vector<gio::Registration> mRegistrations;
 };
 
 }  // namespace sim

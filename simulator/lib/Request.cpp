@@ -3,31 +3,23 @@
 
 namespace sim {
 
-namespace {
-
-constexpr char kPath[] = "/org/orvane/Application";
-constexpr char kInterface[] = "org.orvane.Application1";
-
-}  // namespace
-
-void sendRequest(Bus& bus, const std::string& application, const Request& request) {
-    bus.call(application, kPath, kInterface, "Launch",
-             g_variant_new("(ss@a(aybaay)s)", request.operation.c_str(), request.uri.c_str(),
-                           packExtras(request.extras), request.token.c_str()));
+void sendRequest(const gio::Connection& bus, const std::string& application, const Request& request) {
+    bus.call({application, kApplicationPath, kApplicationInterface}, "Launch", request.arguments());
 }
 
-void sendReply(Bus& bus, const Request& request, int result, const Extras& extras) {
-    bus.call(request.sender, kPath, kInterface, "Reply",
-             g_variant_new("(si@a(aybaay))", request.token.c_str(), result, packExtras(extras)));
+void sendReply(const gio::Connection& bus, const Request& request, int result, const Extras& extras) {
+    bus.call({request.sender, kApplicationPath, kApplicationInterface}, "Reply",
+             gio::Variant::tuple(request.token, result, toWire(extras)));
 }
 
-void sendClose(Bus& bus, const std::string& application) {
-    bus.call(application, kPath, kInterface, "Close", nullptr);
+void sendClose(const gio::Connection& bus, const std::string& application) {
+    bus.call({application, kApplicationPath, kApplicationInterface}, "Close");
 }
 
-void sendPortMessage(Bus& bus, const std::string& application, const std::string& port, const Entries& entries) {
-    bus.call(application, "/org/orvane/MessagePort", "org.orvane.MessagePort1", "Send",
-             g_variant_new("(s@a(ayay)ss)", port.c_str(), packEntries(entries), "", ""));
+void sendPortMessage(const gio::Connection& bus, const std::string& application, const std::string& port,
+                     const Entries& entries) {
+    bus.call({application, kPortPath, kPortInterface}, "Send",
+             gio::Variant::tuple(port, toWire(entries), std::string(), std::string()));
 }
 
 }  // namespace sim

@@ -4,11 +4,16 @@
 
 #include <string>
 
-#include "lib/Bus.h"
+#include "gio/Connection.h"
+#include "lib/Extras.h"
 
 namespace sim {
 
 inline constexpr char kOperationBase[] = "http://orvane.example/appcontrol/operation/";
+inline constexpr char kApplicationPath[] = "/org/orvane/Application";
+inline constexpr char kApplicationInterface[] = "org.orvane.Application1";
+inline constexpr char kPortPath[] = "/org/orvane/MessagePort";
+inline constexpr char kPortInterface[] = "org.orvane.MessagePort1";
 
 // A call of org.orvane.Application1.Launch.
 struct Request {
@@ -17,13 +22,16 @@ struct Request {
     Extras extras;
     std::string token;   // empty when no reply is wanted
     std::string sender;  // unique bus name; set in received requests
+
+    gio::Variant arguments() const { return gio::Variant::tuple(operation, uri, toWire(extras), token); }
 };
 
-// These throw std::runtime_error when the application does not answer.
-void sendRequest(Bus& bus, const std::string& application, const Request& request);
-void sendReply(Bus& bus, const Request& request, int result, const Extras& extras);
-void sendClose(Bus& bus, const std::string& application);
-// Sends a message to a port of the application (org.orvane.MessagePort1).
-void sendPortMessage(Bus& bus, const std::string& application, const std::string& port, const Entries& entries);
+// These throw gio::CallError.
+void sendRequest(const gio::Connection& bus, const std::string& application, const Request& request);
+void sendReply(const gio::Connection& bus, const Request& request, int result, const Extras& extras);
+void sendClose(const gio::Connection& bus, const std::string& application);
+// Sends a message to a port of the application.
+void sendPortMessage(const gio::Connection& bus, const std::string& application, const std::string& port,
+                     const Entries& entries);
 
 }  // namespace sim

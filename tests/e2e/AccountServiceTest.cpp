@@ -2,16 +2,17 @@
 // The simulated account service.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <mutex>
+
 #include "appliance/Appliance.h"
+#include "dbus/Interfaces.h"
+#include "gio/IoThread.h"
 #include "lib/Request.h"
 
 using sim::Appliance;
 
 namespace {
-
-constexpr char kReplyXml[] =
-    "<interface name='org.orvane.Application1'><method name='Reply'><arg type='s' direction='in'/>"
-    "<arg type='i' direction='in'/><arg type='a(aybaay)' direction='in'/></method></interface>";
 
 struct Reply {
     std::string token;
@@ -19,39 +20,35 @@ struct Reply {
     sim::Extras extras;
 };
 
-// An application that requests the status of the account.
+// An application that requests the status of the account. It receives the replies on the IO thread.
 class Client {
 public:
-    Client() {
-        mBus.serve("/org/orvane/Application", kReplyXml,
-                   [this](const std::string&, const std::string&, GVariant* arguments) -> GVariant* {
-                       const char* token = nullptr;
-                       Reply reply;
-                       GVariant* extras = nullptr;
-                       g_variant_get(arguments, "(&si@a(aybaay))", &token, &reply.result, &extras);
-                       reply.token = token;
-                       reply.extras = sim::unpackExtras(sim::Pointer<GVariant>(extras).get());
-                       replies.push_back(reply);
-                       return nullptr;
-                   });
-    }
-
     void request(const char* token) {
         sim::sendRequest(mBus, sim::kAccount, {"get_service_status", "", {}, token, ""});
     }
-    const Reply& awaitReply() {
-        sim::until("the account service replies", [this] {
-            while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
-            }
-            return !replies.empty();
-        });
-        return replies.front();
+    // The first reply.
+    Reply awaitReply() {
+        sim::until("the account service replies", [this] { return !replies().empty(); });
+        return replies().front();
+    }
+    std::vector<Reply> replies() {
+        const std::lock_guard lock(mMutex);
+        return mReplies;
     }
 
-    std::vector<Reply> replies;
-
 private:
-    sim::Bus mBus{getenv("DBUS_SESSION_BUS_ADDRESS")};
+    void onCall(gio::MethodCall& call) {
+        const auto [token, result, extras] = call.arguments().fields<std::string, int, sim::WireExtras>();
+        const std::lock_guard lock(mMutex);
+        mReplies.push_back({token, result, sim::fromWire(extras)});
+        call.reply();
+    }
+
+    std::mutex mMutex;
+    std::vector<Reply> mReplies;
+    gio::Connection mBus = gio::Connection::open(getenv("DBUS_SESSION_BUS_ADDRESS"), gio::IoThread::get().context());
+    gio::Registration mObject = mBus.exportObject(sim::kApplicationPath, dbus::interface(sim::kApplicationInterface),
+                                                  [this](gio::MethodCall& call) { onCall(call); });
 };
 
 void signIn(const Appliance& appliance) {
@@ -66,7 +63,7 @@ TEST(TheAccountService, RepliesWithTheCredentialsOfTheAccount) {
     signIn(appliance);
     Client client;
     client.request("first");
-    const Reply& reply = client.awaitReply();
+    const Reply reply = client.awaitReply();
     EXPECT_EQ(reply.token, "first");
     EXPECT_EQ(reply.result, 0);
     const sim::Extras expected{{"quorbit_account_status", {"true"}},
@@ -83,7 +80,7 @@ TEST(TheAccountService, ReportsThatNobodyIsSignedIn) {
     appliance.control(sim::kAccount, "behavior", "signed out");
     Client client;
     client.request("token");
-    const Reply& reply = client.awaitReply();
+    const Reply reply = client.awaitReply();
     EXPECT_EQ(reply.result, 0);
     EXPECT_EQ(reply.extras, (sim::Extras{{"quorbit_account_status", {"false"}}}));
 }
@@ -93,7 +90,7 @@ TEST(TheAccountService, CanFailWithAReason) {
     appliance.control(sim::kAccount, "behavior", "failing");
     Client client;
     client.request("token");
-    const Reply& reply = client.awaitReply();
+    const Reply reply = client.awaitReply();
     EXPECT_EQ(reply.result, -1);
     EXPECT_EQ(reply.extras.count("errorMessage"), 1u);
 }
@@ -109,6 +106,6 @@ TEST(TheAccountService, CanBeSlowOrSilent) {
     const double requested = sim::monotonicNow();
     EXPECT_EQ(client.awaitReply().token, "slow");
     EXPECT_GE(sim::monotonicNow() - requested, 0.29);
-    EXPECT_EQ(client.replies.size(), 1u);
+    EXPECT_EQ(client.replies().size(), 1u);
     EXPECT_THROW(appliance.control(sim::kAccount, "behavior", "moody"), std::runtime_error);
 }

@@ -13,12 +13,13 @@ using sim::Appliance;
 
 namespace {
 
-unsigned networkState(sim::Bus& system) {
-    const auto answer = system.call(sim::kNetwork, "/org/freedesktop/NetworkManager", "org.freedesktop.DBus.Properties",
-                                    "Get", g_variant_new("(ss)", "org.freedesktop.NetworkManager", "State"));
-    GVariant* value = nullptr;
-    g_variant_get(answer.get(), "(v)", &value);
-    return g_variant_get_uint32(sim::Pointer<GVariant>(value).get());
+std::uint32_t networkState(const gio::Connection& system) {
+    const auto [state] =
+        system
+            .call({sim::kNetwork, "/org/freedesktop/NetworkManager", "org.freedesktop.DBus.Properties"}, "Get",
+                  gio::Variant::tuple("org.freedesktop.NetworkManager", "State"))
+            .fields<gio::Variant>();
+    return state.as<std::uint32_t>();
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include "appliance/environment/Folder.h"
 #include "appliance/processes/Process.h"
-#include "lib/Bus.h"
+#include "gio/Connection.h"
 
 namespace sim {
 
@@ -18,14 +18,15 @@ public:
     Buses(const Buses&) = delete;
     Buses& operator=(const Buses&) = delete;
 
-    Bus& session() { return mSession; }
-    Bus& system() { return mSystem; }
+    const gio::Connection& session() const { return mSession; }
+    const gio::Connection& system() const { return mSystem; }
 
 private:
     std::unique_ptr<Process> mSystemDaemon;
     std::unique_ptr<Process> mSessionDaemon;
-    Bus mSystem;
-    Bus mSession;
+    gio::Connection mSystem;
+    // Shared with the settings library, which therefore cannot end this process when the bus ends.
+    gio::Connection mSession;
 };
 
 }  // namespace sim

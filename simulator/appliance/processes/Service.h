@@ -10,14 +10,14 @@
 #include "appliance/environment/Folder.h"
 #include "appliance/processes/Process.h"
 #include "appliance/sound/Room.h"
-#include "lib/Bus.h"
+#include "gio/Connection.h"
 #include "lib/Record.h"
 
 namespace sim {
 
 class Service {
 public:
-    Service(const Folder& folder, Bus& session, Record& record, Room& room)
+    Service(const Folder& folder, const gio::Connection& session, Record& record, Room& room)
         : mFolder(folder), mSession(session), mRecord(record), mRoom(room) {}
 
     // Returns when the service listens for the wake word; throws std::runtime_error when it does not. `program`
@@ -42,7 +42,7 @@ private:
     void awaitStart();
 
     const Folder& mFolder;
-    Bus& mSession;
+    const gio::Connection& mSession;
     Record& mRecord;
     Room& mRoom;
     std::unique_ptr<Process> mProcess;

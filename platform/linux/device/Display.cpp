@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The display: the desktop's screen saver on the session bus wakes it, where one runs.
+// The display. The desktop's screen saver on the session bus, if it is running, wakes it.
 #include <device.h>
 
 #include "gio/SessionBus.h"

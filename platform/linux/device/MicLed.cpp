@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The microphone key's light: the machine's microphone LED, where it has one. A desktop's lights up when muted.
+// The light of the microphone key is the machine's microphone LED, if it has one. On a desktop, this LED is on while
+// the microphone is muted.
 #include <device.h>
 #include <stdlib.h>
 

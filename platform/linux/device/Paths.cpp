@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The data root: ORVANE_DATA_ROOT, else the nearest share/orvane-da above the program: the installed one, or the
-// build tree's, which is a link to the data of the source tree.
+// The data root: ORVANE_DATA_ROOT, or else the nearest share/orvane-da above the program. That is the installed
+// directory or, in the build tree, a link to the source tree's data.
 #include <stdlib.h>
 #include <tzplatform_config.h>
 

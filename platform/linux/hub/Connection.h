@@ -12,8 +12,8 @@ namespace hub {
 
 constexpr curl::Limits kLimits{5000, 15000, json::kMaxBytes};
 
-// A hub connection over HTTP, as docs/hub-http.md describes it. All functions except the constructor block for the
-// network. One thread at a time may use it. The log never contains tokens or names.
+// A hub connection over HTTP (docs/hub-http.md). All functions except the constructor block on the network. One thread
+// at a time may use it. It never logs tokens or names.
 class Connection {
 public:
     explicit Connection(const curl::Limits& limits = kLimits);

@@ -10,12 +10,12 @@
 
 namespace hub {
 
-// The length of the longest beginning of a text that fits into `bytes` with its terminator and does not split a UTF-8
+// The length of the longest prefix of a text that fits into `bytes` with its terminator and does not split a UTF-8
 // character.
 std::size_t lengthThatFits(const std::string& text, std::size_t bytes);
 
-// Lists of ks_family_s and ks_family_user_s from malloc(). The caller owns the lists and the records. Throw
-// std::bad_alloc.
+// Make lists of ks_family_s and ks_family_user_s, allocated with malloc(). The caller owns the lists and the records.
+// Throw std::bad_alloc.
 GSList* makeFamilies(const std::vector<Named>& families);
 GSList* makeUsers(const std::vector<Named>& users);
 

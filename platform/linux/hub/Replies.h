@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The hub's JSON, as docs/hub-http.md describes it. The functions throw std::exception, with a text for the log, if a
-// reply is different.
+// Parses the hub's JSON replies (docs/hub-http.md). The functions throw std::exception, with a text for the log, if a
+// reply has another form.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ struct Named {
 };
 
 std::string readSessionToken(const std::string& reply);
-// The list under `key`. No id is empty, is longer than `longestId` bytes, or contains U+0000.
+// The list under `key`. Every id is 1 to `longestId` bytes long and does not contain U+0000.
 std::vector<Named> readList(const std::string& reply, const char* key, std::size_t longestId);
 
 }  // namespace hub

@@ -7,10 +7,10 @@
 
 namespace localdb {
 
-// Which file a path names. It changes when somebody removes or replaces the file.
+// Identifies the file at a path. The identity changes if the file is removed or replaced.
 struct FileIdentity {
     dev_t device = 0;
-    ino_t number = 0;  // 0: there is no file
+    ino_t number = 0;  // 0: the file does not exist
 
     static FileIdentity of(const std::string& path) {
         struct stat status {};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the handles of orvane_da_db.h point to, and what its functions share.
+// The objects behind the handles of orvane_da_db.h, and helpers that its functions share.
 #pragma once
 
 #include "Manager.h"

@@ -36,7 +36,7 @@ fs::path folder() {
     if (const char* home = folderIn("HOME")) {
         return fs::path(home) / ".local" / "share" / "orvane-da" / "db";
     }
-    throw std::runtime_error("no folder for databases: ORVANE_DB_DIR, XDG_DATA_HOME, and HOME are not set");
+    throw std::runtime_error("no directory for databases: ORVANE_DB_DIR, XDG_DATA_HOME, and HOME are not set");
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ bool isValidName(const std::string& name) {
            std::all_of(name.begin(), name.end(), fits);
 }
 
-// Only the owner may read the folder, because it contains the names of the household's users.
+// Only the owner may read the directory, because it contains the names of the household's users.
 std::string fileOf(const std::string& name) {
     const fs::path place = folder();
     std::error_code error;

@@ -28,13 +28,13 @@ void insert(sqlite::Database& database, const std::string& table, const Manager:
     }
 }
 
-// When somebody replaces the file, SQLite would apply the old file's log to the new one. An empty log prevents that.
-// While somebody reads, the checkpoint fails; the next update repeats it.
+// If the file is replaced later, SQLite would apply the old file's log to the new file. Emptying the log prevents that.
+// The checkpoint fails while another connection reads; the next update tries again.
 void emptyLog(sqlite::Database& database) {
     try {
         database.execute("PRAGMA wal_checkpoint(TRUNCATE)");
     } catch (const sqlite::Error&) {
-        // The update is complete without it.
+        // The update is complete without the checkpoint.
     }
 }
 
@@ -47,8 +47,8 @@ void Manager::open() {
     mOpened = FileIdentity::of(mFile);
 }
 
-// Opens the file again if somebody removed or replaced it. A database that could not be opened, or only for reading,
-// may be accessible by now.
+// Opens the file again if it was removed or replaced. Also tries again if the database could not be opened, or only for
+// reading.
 sqlite::Database& Manager::current() {
     if (!mDatabase || !FileIdentity::of(mFile).isSame(mOpened) || mDatabase->isReadOnly()) {
         open();

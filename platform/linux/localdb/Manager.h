@@ -12,8 +12,8 @@
 
 namespace localdb {
 
-// One named database, which any number of processes read and write. Readers see the state before or after an update
-// and never wait for a writer; writers wait for each other. One thread at a time may use it. All functions throw
+// One named database. Any number of processes may read and write it. Readers see the state before or after an update
+// and never wait for writers; writers wait for each other. One thread at a time may use it. All functions throw
 // sqlite::Error and other std::exception.
 class Manager {
 public:
@@ -25,9 +25,9 @@ public:
     explicit Manager(const std::string& name) : mName(name) {}
 
     const std::string& name() const { return mName; }
-    // Opens the database now. The two functions below open it by themselves if it is not open, or no longer current.
+    // Opens the database now. The two functions below also open it, if it is not open or the file was replaced.
     void open();
-    // Returns false if there is no such table.
+    // Returns false if the table does not exist.
     bool walk(const std::string& table, const Visitor& visitor);
     // Replaces all records of the private table.
     void replace(const Records& records);

@@ -11,13 +11,14 @@ namespace {
 
 constexpr int kBusyMilliseconds = 5000;
 
-// The first statement that reads the file: a file that is not a database fails here. Creates the log beside the file.
+// This is the first statement that reads the file, so a file that is not a database fails here. It creates the log
+// beside the file.
 void readSchema(sqlite::Database& database) {
     database.execute("SELECT count(*) FROM sqlite_master");
 }
 
-// In WAL mode readers do not wait for a writer. When several processes open a new file at once, one sets the mode, and
-// the others may find the file locked. They can go on, because the file itself stores the mode.
+// In WAL mode, readers do not wait for writers. If several processes open a new file at once, one sets the mode, and
+// the others may find the file locked. They can continue, because the file stores the mode.
 void setWalMode(sqlite::Database& database) {
     try {
         database.execute("PRAGMA journal_mode=WAL");
@@ -47,8 +48,8 @@ bool hasLog(const std::string& file) {
     return !error && size > 0;
 }
 
-// A reader needs the log of a database in WAL mode, and creates it if it is missing. That is impossible on a read-only
-// medium, but there a database that was closed properly can be read without its log.
+// To read a database in WAL mode, SQLite needs its log and creates it if it is missing. This is impossible on a
+// read-only file system, but there a database that was closed properly can be read without its log.
 std::unique_ptr<sqlite::Database> openForReading(const std::string& file) {
     const bool isAlone = isOnReadOnlyMedium(file) && !hasLog(file);
     const auto access = isAlone ? sqlite::Access::READ_ALONE : sqlite::Access::READ;

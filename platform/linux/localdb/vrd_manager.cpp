@@ -12,7 +12,7 @@ using localdb::kFailures;
 using localdb::kTag;
 using localdb::refuseMissing;
 
-// An invalid name may contain any character, and a log line must stay one line.
+// An invalid name may contain any character, but a log entry must stay on one line.
 int refuseName(std::string name) {
     constexpr std::size_t kLongest = 100;
     const auto isControl = [](unsigned char letter) { return letter < ' ' || letter == 0x7f; };
@@ -22,7 +22,7 @@ int refuseName(std::string name) {
     return VRD_ERROR_INVALID_PARAMETER;
 }
 
-// Runs an operation on the database. A failure becomes a code and one log line that names the database.
+// Runs an operation on the database. A failure becomes an error code and one log line with the database's name.
 template <typename Operation>
 int attempt(const char* verb, const std::string& name, Operation operation) {
     try {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The system log goes to the journal if its socket exists, else to standard error. ORVANE_LOG=stderr or off overrides
-// that. Nothing here throws: C code logs too.
+// The system log goes to the journal if its socket exists, otherwise to standard error. ORVANE_LOG=stderr or off
+// overrides this. Nothing here throws, because C code logs too.
 #include <dlog.h>
 #include <stdarg.h>
 #include <stdio.h>
@@ -53,7 +53,7 @@ char letterOf(log_priority priority) noexcept {
     return index >= 0 && index < 4 ? "DIWE"[index] : '?';
 }
 
-// One system call writes a line, so that the lines of several threads do not mix.
+// A single system call writes each line, so that lines of different threads do not mix.
 void writeToStandardError(log_priority priority, const char* tag, const char* text, size_t length) noexcept {
     char head[64];
     const int size = snprintf(head, sizeof head, "%c/%s ", letterOf(priority), tag);
@@ -61,7 +61,7 @@ void writeToStandardError(log_priority priority, const char* tag, const char* te
                      {const_cast<char*>(text), length},
                      {const_cast<char*>("\n"), 1}};
     if (writev(STDERR_FILENO, parts, 3) < 0) {
-        // There is nowhere to log that the log failed.
+        // A failure is ignored, because it cannot be logged.
     }
 }
 
@@ -71,7 +71,7 @@ extern "C" int dlog_print(log_priority priority, const char* tag, const char* fo
     if (sink() == Sink::OFF) {
         return 0;
     }
-    char text[4096];  // longer lines are cut
+    char text[4096];  // longer lines are truncated
     va_list arguments;
     va_start(arguments, format);
     const int wanted = vsnprintf(text, sizeof text, format, arguments);

@@ -10,8 +10,8 @@ namespace {
 
 using Work = std::function<void()>;
 
-// One queue for all threads keeps the order of the calls. Ecore's own runs a call that the main loop makes at once,
-// within that call.
+// One queue for all threads keeps the order of the calls. Ecore's own queue would run a call from the main loop's
+// thread immediately, within that call.
 struct Queue {
     std::mutex mutex;
     std::deque<Work> waiting;
@@ -19,12 +19,12 @@ struct Queue {
 };
 
 Queue& queue() {
-    // Never destroyed: threads still post while the process ends.
+    // Never destroyed: threads still post work while the process exits.
     static Queue* instance = new Queue;
     return *instance;
 }
 
-// Work that is posted meanwhile comes with a wake-up of its own.
+// Work that is posted in the meantime wakes the main loop again.
 void runWaiting(void*) noexcept {
     std::deque<Work> due;
     {
@@ -39,7 +39,8 @@ void runWaiting(void*) noexcept {
 }  // namespace
 
 void postToMainLoop(Work work) {
-    // Held until Ecore has been called, so that it is not shut down meanwhile. Ecore calls nobody back from here.
+    // Held until the call to Ecore returns, so that Ecore is not shut down during it. Ecore runs no callback within
+    // this call.
     std::lock_guard lock(queue().mutex);
     if (queue().closed) {
         return;

@@ -17,8 +17,8 @@ struct connection_s {
 
 namespace {
 
-// Handles in use, by ids that are never reused. Callbacks are set, run, and unset on the main loop; the list also
-// changes before main().
+// The handles in use. Ids are never reused. Callbacks are set, run, and unset on the main loop; the list also changes
+// before main().
 std::mutex mutex;
 std::vector<std::unique_ptr<connection_s>>& handles() {
     static auto* all = new std::vector<std::unique_ptr<connection_s>>;
@@ -26,7 +26,7 @@ std::vector<std::unique_ptr<connection_s>>& handles() {
 }
 unsigned long lastId = 0;
 
-// The next handle after the one with this id; without an id when there is none.
+// The first handle whose id is greater; has no id if there is no such handle.
 connection_s handleAfter(unsigned long id) {
     std::lock_guard<std::mutex> lock(mutex);
     const auto found =
@@ -34,7 +34,7 @@ connection_s handleAfter(unsigned long id) {
     return found == handles().end() ? connection_s() : **found;
 }
 
-// Callbacks may unset and destroy any handle, so each is looked up when its turn comes.
+// Callbacks may unset and destroy any handle, so each handle is looked up just before its callback.
 void reportToAll(connection_type_e type) {
     for (connection_s handle = handleAfter(0); handle.id != 0; handle = handleAfter(handle.id)) {
         if (handle.callback != nullptr) {
@@ -43,7 +43,7 @@ void reportToAll(connection_type_e type) {
     }
 }
 
-// On the IO thread. The first answer may come before the main loop exists; no callback is set then.
+// IO thread only. The first answer may come before the main loop exists, but then no callback is set yet.
 void postToAll(connection_type_e type) {
     std::lock_guard<std::mutex> lock(mutex);
     if (std::any_of(handles().begin(), handles().end(), [](const auto& handle) { return handle->callback; })) {

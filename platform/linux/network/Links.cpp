@@ -18,7 +18,7 @@ struct FreeAddresses {
     void operator()(ifaddrs* all) const noexcept { freeifaddrs(all); }
 };
 
-// A message of the kernel is only a hint to look again.
+// A message from the kernel only triggers a new check.
 gboolean onNews(GSocket* socket, GIOCondition, gpointer changed) noexcept {
     std::array<char, 16384> skipped;
     while (g_socket_receive_with_blocking(socket, skipped.data(), skipped.size(), FALSE, nullptr, nullptr) > 0) {
@@ -35,8 +35,8 @@ gio::Object<GSocket> openNews() {
     gio::Error error;
     gio::Object<GSocket> news(g_socket_new_from_fd(descriptor, error.out()));
     if (news == nullptr || bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
-        dlog_print(DLOG_WARN, "orvane-network", "a pulled network cable will be noticed late: %s",
-                   error ? error.message().c_str() : "the kernel gives no news of links");
+        dlog_print(DLOG_WARN, "orvane-network", "a disconnected network cable will be detected late: %s",
+                   error ? error.message().c_str() : "the kernel does not report link changes");
         return nullptr;
     }
     return news;

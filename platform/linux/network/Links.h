@@ -11,13 +11,13 @@ namespace network {
 // Whether the interface is up and has a carrier. Any thread.
 bool linkWorks(const std::string& interface);
 
-// The kernel's announcements of links and routes. Routes alone are not enough: those over a pulled cable stay, and
-// those of IPv4 disappear without an announcement when their link is taken down. IO thread only.
+// Watches the kernel's notifications about links and routes. Routes alone are not enough: routes over a disconnected
+// cable remain, and IPv4 routes disappear without a notification when their link goes down. IO thread only.
 class LinkWatch {
 public:
-    // `changed` runs at every change of a link or a route.
+    // `changed` runs after every change of a link or route.
     explicit LinkWatch(std::function<void()> changed);
-    ~LinkWatch() = delete;  // lives until the process ends
+    ~LinkWatch() = delete;  // lives until the process exits
 
 private:
     std::function<void()> mChanged;

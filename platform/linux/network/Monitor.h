@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The machine's kind of connection: from NetworkManager where it runs, otherwise from the default route.
+// The type of the machine's network connection, from NetworkManager if it is running, otherwise from the default route.
 #pragma once
 
 #include <net_connection.h>
@@ -15,13 +15,13 @@ class NetworkManager;
 
 class Monitor {
 public:
-    // Started on first use, on the IO thread, without waiting; lives until the process ends.
+    // Started on first use, on the IO thread; the caller does not wait. Lives until the process exits.
     static Monitor& get();
 
-    // Any thread but the IO thread. Waits at most a second for the first answer.
+    // Any thread except the IO thread. Waits for at most one second for the first answer.
     connection_type_e type();
-    // Replaces the listener. It runs on the IO thread at each change and at a first answer other than disconnected,
-    // which is what a reader gets that does not wait long enough. It must not call the monitor.
+    // Replaces the listener. It runs on the IO thread after each change and after the first answer, unless that is
+    // "disconnected", which readers get if they time out before the first answer. It must not call the monitor.
     void setListener(std::function<void(connection_type_e)> listener);
 
 private:

@@ -16,7 +16,7 @@ constexpr char NAME[] = "org.freedesktop.NetworkManager";
 const gio::Target PROPERTIES{NAME, "/org/freedesktop/NetworkManager", "org.freedesktop.DBus.Properties"};
 constexpr int TIMEOUT_MS = 1000;
 constexpr unsigned RETRY_MS = 2000;
-constexpr std::uint32_t CONNECTED_LOCAL = 50;  // NetworkManager's number: no way out; the states above have one
+constexpr std::uint32_t CONNECTED_LOCAL = 50;  // NetworkManager's state without internet access; higher states have it
 
 connection_type_e kindOf(const std::string& type) {
     if (type == "802-11-wireless") {
@@ -31,7 +31,7 @@ connection_type_e kindOf(const std::string& type) {
     return CONNECTION_TYPE_OTHER;
 }
 
-// The type's own zero when it is missing or of another type.
+// The zero value of T if the property is missing or has another type.
 template <typename T>
 T valueOf(const std::map<std::string, gio::Variant>& properties, const char* name) {
     const auto found = properties.find(name);
@@ -44,7 +44,7 @@ NetworkManager::NetworkManager(std::function<void()> changed) : mChanged(std::mo
     connect();
 }
 
-// A private connection: the one that GIO shares stays lost as long as anybody keeps it.
+// A private connection, because the one that GIO shares stays closed as long as any code holds a reference to it.
 void NetworkManager::connect() {
     gio::Connection::openAsync(gio::addressOf(G_BUS_TYPE_SYSTEM), gio::IoThread::get().context(), TIMEOUT_MS,
                                [this](gio::Connection bus) { connected(std::move(bus)); });
@@ -56,21 +56,21 @@ void NetworkManager::connected(gio::Connection bus) {
         return lost();
     }
     mLoss = mBus.onClosed([this] { lost(); });
-    // Every signal is only a hint to ask.
+    // Every signal only triggers a new query.
     mPropertiesChanged = mBus.subscribe(PROPERTIES, "PropertiesChanged", [this](const gio::Variant&) { ask(); });
     mOwnerChanged = mBus.subscribe(
         gio::kBus, "NameOwnerChanged", [this](const gio::Variant&) { ask(); }, NAME);
     ask();
 }
 
-// Without a system bus nobody manages the network.
+// Without a system bus, there is no NetworkManager.
 void NetworkManager::lost() {
     mLoss.reset();
     gio::IoThread::get().postAfter(RETRY_MS, [this] { connect(); });
     become(State::Absent);
 }
 
-// One question at a time: however many hints come meanwhile, one more follows.
+// One query at a time. All signals that arrive in the meantime cause a single further query.
 void NetworkManager::ask() {
     mAskAgain = mAsking;
     if (mAsking || !mBus.isOpen()) {

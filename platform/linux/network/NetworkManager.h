@@ -9,14 +9,14 @@
 
 namespace network {
 
-// NetworkManager on the system bus, while it runs there and answers. IO thread only, which never waits for either: a
-// missing or lost bus is looked for again, and a question without an answer is asked again.
+// The client of NetworkManager on the system bus. IO thread only; it never blocks. It reconnects to a missing or lost
+// bus and repeats unanswered queries.
 class NetworkManager {
 public:
-    // `changed` runs when it is first known whether NetworkManager runs, and when NetworkManager appears, disappears,
-    // or changes something; never within this constructor.
+    // `changed` runs when it is first known whether NetworkManager is running, and whenever NetworkManager appears,
+    // disappears, or reports a change; never within this constructor.
     explicit NetworkManager(std::function<void()> changed);
-    ~NetworkManager() = delete;  // lives until the process ends
+    ~NetworkManager() = delete;  // lives until the process exits
 
     bool isKnown() const { return mState != State::Unknown; }
     bool isRunning() const { return mState == State::Running; }

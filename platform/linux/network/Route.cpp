@@ -25,8 +25,8 @@ connection_type_e kindOfInterface(const std::string& name) {
     return CONNECTION_TYPE_ETHERNET;
 }
 
-// The name of the interface in the first row whose destination (and, for IPv6, prefix) is zero and whose link works;
-// empty without one. Routes that refuse what is sent name no interface, or the loopback one.
+// The interface of the first row whose destination (and, for IPv6, prefix) is zero and whose link works. Empty if no
+// row matches. Routes that reject packets name no interface, or the loopback interface.
 std::string defaultInterface4() {
     std::ifstream routes("/proc/net/route");
     std::string line;

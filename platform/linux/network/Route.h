@@ -5,7 +5,7 @@
 
 namespace network {
 
-// Kind of the interface that carries the default route, from the kernel; disconnected when there is no such route.
+// The type of the interface of the kernel's default route; disconnected without a default route.
 connection_type_e kindOfDefaultRoute();
 
 }  // namespace network

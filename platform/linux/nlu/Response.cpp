@@ -16,7 +16,7 @@ Text text(const json& object, const char* key) {
     return found != object.end() && found->is_string() ? Text(found->get<std::string>()) : std::nullopt;
 }
 
-// Null unless the member is an object.
+// Null if the member is not an object.
 const json* part(const json& object, const char* key) {
     const auto found = object.find(key);
     return found != object.end() && found->is_object() ? &*found : nullptr;

@@ -32,7 +32,7 @@ struct vrp_response_data_s {
 
 namespace nlu {
 
-// A part that is missing or has another type is absent. Throws std::exception if the text is not a JSON object.
+// A missing part, or one of the wrong type, is absent. Throws std::exception if the text is not a JSON object.
 vrp_response_data_s parseResponse(const char* json);
 
 }  // namespace nlu

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Copies the text for the caller, who frees it with free(). A zero byte in the text ends the copy.
+// Copies the text up to the first zero byte. The caller frees the copy with free().
 int copyText(const Text& text, char** out) {
     *out = nullptr;
     if (!text) {

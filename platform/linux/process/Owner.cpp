@@ -13,8 +13,8 @@ thread_local Call* current = nullptr;
 
 }  // namespace
 
-// The owner itself is never destroyed: a thread that nobody joins may still call while the process exits, and then
-// finds that the owner has ended. All that it owns is destroyed in endOfProcess().
+// The owner itself is never destroyed: a detached thread may still call it while the process exits, and then gets
+// Ended. endOfProcess() destroys everything that it owns.
 Owner& Owner::instance() {
     static Owner& owner = *std::make_unique<Owner>().release();
     return owner;
@@ -22,7 +22,7 @@ Owner& Owner::instance() {
 
 namespace {
 
-// Runs after the destructors of all static objects, which may still call.
+// Runs after the destructors of all static objects, which may still use the owner.
 [[gnu::destructor]] void endOfProcess() {
     Owner::instance().end();
 }
@@ -75,7 +75,7 @@ void Owner::end() noexcept {
     for (auto slot = running.rbegin(); slot != running.rend(); ++slot) {
         (*slot)->stop((*slot)->object.get());
     }
-    // No other thread creates or uses an object any more.
+    // From here on, no other thread creates or uses an object.
     while (!mCreated.empty()) {
         Slot* const newest = mCreated.back();
         mCreated.pop_back();

@@ -7,9 +7,9 @@
 
 #include "gio/GPointer.h"
 
-// A value as a subscriber sees it.
+// A value as a subscriber receives it.
 struct keynode_s {
-    int type = 0;  // VCONF_TYPE_*, 0 if the key has no value, or one of another type
+    int type = 0;  // VCONF_TYPE_*; 0 if the key has no value or one of an unsupported type
     int number = 0;
     double real = 0;
     std::string text;
@@ -17,6 +17,6 @@ struct keynode_s {
 
 namespace settings {
 
-keynode_s nodeOf(GVariant* value);  // null: a key without a value
+keynode_s nodeOf(GVariant* value);  // null: the key has no value
 
 }  // namespace settings

@@ -14,7 +14,7 @@ namespace {
 constexpr char MEMORY[] = "/memory/";
 constexpr char BOOT_ID[] = "/memory/boot-id";
 
-// The settings service writes, and clients reach it over the session bus.
+// The dconf service does the writing, and clients reach it over the session bus.
 bool busIsThere() {
     gio::Error error;
     const gio::Object<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.out()));
@@ -47,7 +47,7 @@ Store::Store()
     forgetAfterRestart();
 }
 
-// Keeps what somebody wrote before the first process with this store ran on the machine.
+// Keeps values that were written before the first process with this store ran on the machine.
 void Store::forgetAfterRestart() {
     const std::string now = bootId();
     const gio::Variant kept = read(BOOT_ID);

@@ -8,17 +8,17 @@
 
 namespace settings {
 
-// The settings store of the process: dconf, where "db/x" is "/db/x" and "memory/x" is "/memory/x". The first use after
-// a restart of the machine removes all keys in memory/. Any thread.
+// The settings store of the process. It uses dconf and maps "db/x" to "/db/x" and "memory/x" to "/memory/x". The first
+// use after a reboot removes all keys in memory/. Any thread.
 class Store {
 public:
     Store();
     // The process's store. Throws process::Ended.
     static Store& get();
 
-    static std::string pathOf(const char* key);  // empty for a key that dconf cannot hold
+    static std::string pathOf(const char* key);  // empty if the key is not a valid dconf path
     gio::Variant read(const std::string& path) const { return mClient.read(path); }
-    bool write(const std::string& path, GVariant* value);  // the value is not floating
+    bool write(const std::string& path, GVariant* value);  // the value must not be floating
     Subscriptions& subscriptions() { return mSubscriptions; }
 
 private:

@@ -57,8 +57,8 @@ void Subscriptions::changed(const std::vector<std::string>& paths) {
     }
 }
 
-// On the main loop, where subscriptions end too. Reads the value now, so that the callback gets what a read in it
-// returns.
+// Main loop only, like unsubscribing. Reads the value now, so that the callback gets the same value as a read within
+// it.
 void Subscriptions::notify(unsigned long id) {
     Subscription subscription{};
     {

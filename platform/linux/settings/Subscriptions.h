@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The subscriptions to keys. Changes arrive on the IO thread, and the callbacks run on the main loop. The callback of a
-// subscription that ends before its posted call runs is not called.
+// The subscriptions to keys. Changes arrive on the IO thread, and callbacks run on the main loop. If a subscription
+// ends before its posted call runs, its callback is not called.
 #pragma once
 
 #include <vconf.h>
@@ -13,10 +13,10 @@ namespace settings {
 
 class Subscriptions {
 public:
-    // The pair of path and callback identifies a subscription. If it exists, it gets the new user data.
+    // The pair of path and callback identifies a subscription. Subscribing again replaces the user data.
     void add(const std::string& path, vconf_callback_fn callback, void* userData);
     bool remove(const std::string& path, vconf_callback_fn callback);
-    // On the IO thread. A path with a closing "/" means all keys in the folder.
+    // IO thread only. A path with a trailing "/" means all keys in that directory.
     void changed(const std::vector<std::string>& paths);
 
 private:
@@ -28,7 +28,7 @@ private:
     };
 
     void notify(unsigned long id);
-    std::vector<Subscription>::iterator find(const std::string& path, vconf_callback_fn callback);  // mutex held
+    std::vector<Subscription>::iterator find(const std::string& path, vconf_callback_fn callback);  // needs the mutex
 
     std::mutex mMutex;
     std::vector<Subscription> mAll;

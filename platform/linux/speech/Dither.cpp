@@ -6,7 +6,7 @@
 namespace speech {
 
 int Dither::noise() {
-    // Xorshift, which is repeatable, so that the same recording gives the same result.
+    // Xorshift is deterministic, so the same recording gives the same result.
     mState ^= mState << 13;
     mState ^= mState >> 17;
     mState ^= mState << 5;

@@ -9,14 +9,15 @@ namespace speech {
 
 namespace {
 
-// All levels are in dB of full scale, without low frequencies (hum, a compressor).
+// All levels are in dB of full scale and exclude low frequencies, such as hum or a compressor.
 constexpr double kQuietestFloor = -72;
 constexpr double kLoudestFloor = -30;
 constexpr double kFirstFloor = -60;
-// For each step of 10 ms. The estimate follows a quieter room within a few steps, and a louder room within seconds.
+// Rates per step of 10 ms. The estimate adapts to a quieter room within a few steps and to a louder room within
+// seconds.
 constexpr double kFallShare = 0.2;
 constexpr double kRiseDb = 0.02;
-// A click is shorter than any sound of speech.
+// Clicks are shorter than any speech sound.
 constexpr int kFramesToOpen = 3;
 
 double levelOf(double energy, std::size_t samples) {

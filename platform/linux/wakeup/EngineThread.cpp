@@ -42,7 +42,7 @@ void EngineThread::setAudioIn(AudioIn* audioIn) {
     }
     mAudioIn = audioIn;
     if (!isOwnThread()) {
-        // The thread may still be in a call to the old input, which its owner may destroy when this returns.
+        // The thread may still be in a call to the old input, and the owner may destroy the input after this returns.
         mChanged.wait(lock, [&] { return mState != State::Listening || mInput == audioIn; });
     }
 }
@@ -55,7 +55,7 @@ bool EngineThread::isListening() {
 std::optional<EngineThread::Warning> EngineThread::start() {
     std::unique_lock lock(mMutex);
     if (!isOwnThread()) {
-        // The listener finishes with one period before the next one begins.
+        // The listener's call for one listening period ends before the next period begins.
         mChanged.wait(lock, [this] { return mState != State::Reporting; });
     }
     if (!mSpotter) {
@@ -108,7 +108,7 @@ void EngineThread::run() {
         if (command.kind == Command::Start) {
             runPeriod(lock, command);
         }
-        // A cancel has done its work by being in the queue.
+        // A cancel command takes effect as soon as it is queued, so there is nothing to do here.
     }
 }
 
@@ -118,7 +118,7 @@ void EngineThread::runPeriod(std::unique_lock<std::mutex>& lock, const Command& 
         outcome = listenUnlocked(lock, start);
     }
     if (!mCommands.empty()) {
-        outcome = {};  // a cancel wins over a detection at the same time
+        outcome = {};  // a cancel takes precedence over a simultaneous detection
     }
     enter(State::Reporting);
     lock.unlock();

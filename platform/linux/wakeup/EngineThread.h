@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// The wake engine's thread.
-//
-// The other threads queue commands, and this thread executes them in order. A start is accepted only while no listening
-// period is running or queued, so every start in the queue is followed by its cancel, except the last one. Therefore a
-// running period is canceled as soon as the queue is not empty, and nobody has to wait for the thread to notice.
+// The wake engine's thread. Other threads queue commands, and this thread executes them in order. A start is accepted
+// only while no listening period is running or queued, so every start in the queue except the last is followed by its
+// cancel. Therefore a running listening period is canceled as soon as the queue is not empty, and callers do not have
+// to wait for the thread.
 #pragma once
 
 #include <chrono>
@@ -25,22 +24,22 @@ public:
     using Warning = nuance::IWakeupListener::Warning;
     using AudioIn = nuance::IWakeupAudioIn;
 
-    // The end of each listening period goes to the reporter, on this thread.
+    // The thread passes the outcome of each listening period to the reporter.
     explicit EngineThread(Reporter& reporter);
     // Cancels the listening period and waits for the thread.
     ~EngineThread();
     EngineThread(const EngineThread&) = delete;
     EngineThread& operator=(const EngineThread&) = delete;
 
-    // For the listening periods that start from now on; null removes it.
+    // Sets the spotter for later listening periods; null removes it.
     void setSpotter(std::shared_ptr<Spotter> spotter);
-    // Cancels a period with another input, and waits until the thread has left that input.
+    // Cancels a listening period with another input and waits until the thread no longer uses that input.
     void setAudioIn(AudioIn* audioIn);
 
     bool isListening();
-    // The reason why no period was started, or nothing. Waits for a report in progress, except on this thread.
+    // Returns the reason for a failure to start, or nothing. Waits for a report in progress, except on this thread.
     std::optional<Warning> start();
-    // Does nothing if there is no period to cancel: it may have ended a moment ago.
+    // Does nothing without a listening period, which may have just ended.
     void cancel();
     bool hasSpotter();
 
@@ -62,7 +61,7 @@ private:
     bool canceledWithin(std::chrono::milliseconds time);
     bool isOwnThread() const { return std::this_thread::get_id() == mThread.get_id(); }
 
-    // With the mutex held.
+    // Call with the mutex held.
     bool isActive() const;
     void queue(Command command);
     void queueCancel();

@@ -6,11 +6,11 @@ namespace wakeup {
 namespace {
 
 constexpr int kHoldMilliseconds = 600;
-// The samples before the first loud one that are searched too: they hold the breath of an H, and enough of the room's
-// noise for the spotter to estimate it.
+// The samples before the first loud one that are searched too. They contain the quiet beginning of an H, and enough of
+// the room's noise for the spotter's noise estimate.
 constexpr std::size_t kHistorySamples = 16000 / 2;
-// Several blocks are decoded at once, because the model then stays in the processor's cache: during talk that takes 3.7
-// % of a core instead of 4.5 %.
+// Several blocks are decoded at once, so that the model stays in the CPU cache. During speech, this takes 3.7 % of a
+// core instead of 4.5 %.
 constexpr std::size_t kBatchSamples = 1024;  // 64 ms
 
 }  // namespace

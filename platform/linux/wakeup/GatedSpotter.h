@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Passes samples to another spotter only while a person speaks, with the half second before, so that almost nothing is
-// computed in a quiet room.
+// Passes samples to another spotter only while a person speaks, including the half second before, so that a quiet room
+// takes almost no CPU time.
 #pragma once
 
 #include <memory>
@@ -27,7 +27,7 @@ private:
     const std::unique_ptr<Spotter> mSpotter;
     speech::SpeechGate mGate;
     speech::Dither mDither;
-    std::vector<int16_t> mPending;  // not passed on yet
+    std::vector<int16_t> mPending;  // not yet passed on
     bool mSearching = false;
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 using Listener = nuance::IWakeupListener;
 
-// The pause before an empty audio input is asked again: the duration of one block of the recorder.
+// The pause before an empty audio input is polled again: the duration of one block.
 constexpr std::chrono::milliseconds kPause{16};
 
 // A block borrowed from the audio input.
@@ -44,7 +44,7 @@ Outcome failure(Listener::Error code, const std::string& detail) {
 Outcome search(Spotter& spotter, nuance::IWakeupAudioIn& audioIn, const CanceledWithin& canceledWithin) {
     std::chrono::milliseconds pause{0};
     while (!canceledWithin(std::exchange(pause, std::chrono::milliseconds{0}))) {
-        // FetchData would wait for a block too, but it may look for one far more often than every kPause.
+        // FetchData would also wait for a block, but it may poll far more often than every kPause.
         bool available = false;
         if (audioIn.HasData(available) == 0 && !available) {
             pause = kPause;
@@ -52,7 +52,7 @@ Outcome search(Spotter& spotter, nuance::IWakeupAudioIn& audioIn, const Canceled
         }
         const Block block(audioIn);
         if (block.failed()) {
-            return failure(Listener::ERROR_FROM_USER_CALLBACK, "the audio input fails");
+            return failure(Listener::ERROR_FROM_USER_CALLBACK, "the audio input failed");
         }
         if (block.empty()) {
             pause = kPause;
@@ -67,7 +67,7 @@ Outcome search(Spotter& spotter, nuance::IWakeupAudioIn& audioIn, const Canceled
 
 Outcome listen(Spotter& spotter, nuance::IWakeupAudioIn& audioIn, const CanceledWithin& canceledWithin) {
     if (audioIn.Start() != 0) {
-        return failure(Listener::ERROR_FROM_USER_CALLBACK, "the audio input does not start");
+        return failure(Listener::ERROR_FROM_USER_CALLBACK, "the audio input did not start");
     }
     try {
         spotter.begin();

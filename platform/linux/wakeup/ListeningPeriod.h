@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// One listening period: from the start of the audio input to its stop.
+// One listening period, from the start to the stop of the audio input.
 #pragma once
 
 #include <chrono>
@@ -11,7 +11,7 @@
 
 namespace wakeup {
 
-// Whether the period is canceled, at the latest when this time has passed. Returns as soon as it is canceled.
+// Waits for up to this time and returns whether the listening period is canceled. Returns early if it is canceled.
 using CanceledWithin = std::function<bool(std::chrono::milliseconds)>;
 
 // Passes blocks from the audio input to the spotter until it detects the wake word, something fails, or the period is

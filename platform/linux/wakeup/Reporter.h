@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Calls the attached listener, if there is one. Thread-safe; no lock is held during a call to the listener.
+// Calls the attached listener, if any. Thread-safe. Holds no lock during a call to the listener.
 #pragma once
 
 #include <mutex>
@@ -26,7 +26,7 @@ public:
 
     void warn(Listener::Warning code, const std::string& detail);
     void fail(Listener::Error code, const std::string& detail);
-    // An exception of the listener becomes an error of its own.
+    // An exception from the listener is reported as an error.
     void report(const Outcome& outcome);
 
 private:

@@ -14,12 +14,12 @@ namespace {
 
 using Listener = nuance::IWakeupListener;
 
-// The search reports scores in steps of 1024 units of its logarithm, lowered by this many steps.
+// The search reports scores in steps of 1024 logarithm units, reduced by this many steps.
 constexpr int kScoreOffset = 1500;
 constexpr int kScoreStep = 1024;
-// The logarithm of the ratio of wake word to phone loop that counts as certain.
+// The logarithm of the ratio between wake word and phone loop that means full confidence.
 constexpr double kLogCertain = 46;
-// The most combinations of the words' pronunciations that are searched.
+// The maximum number of combinations of pronunciations to search.
 constexpr std::size_t kMaxVariants = 64;
 
 std::vector<std::string> wordsOf(const std::string& wakeWord) {
@@ -55,7 +55,7 @@ sphinx::Pronunciations pronunciationsOf(const WakeupConfig& config) {
     return pronunciations;
 }
 
-// One line for each way to say the wake word: the search takes only one pronunciation of a word.
+// One line for each pronunciation of the wake word, because the search supports only one pronunciation per word.
 std::string keyphraseLines(const WakeupConfig& config, const sphinx::Pronunciations& pronunciations) {
     std::vector<std::string> ways{""};
     for (const std::string& word : wordsOf(config.wakeWord)) {

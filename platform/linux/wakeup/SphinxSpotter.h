@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// PocketSphinx's keyphrase search as a spotter. It compares the wake word, in each of its pronunciations, with a loop
-// of all phones.
+// A spotter that uses PocketSphinx's keyphrase search. It compares each pronunciation of the wake word with a loop of
+// all phones.
 #pragma once
 
 #include "Spotter.h"
@@ -12,7 +12,7 @@ namespace wakeup {
 
 class SphinxSpotter final : public Spotter {
 public:
-    // Loads the model. Throws ConfigFault, whose code says what is missing.
+    // Loads the model. Throws ConfigFault, whose code identifies the missing part.
     explicit SphinxSpotter(const WakeupConfig& config);
 
     void begin() override;

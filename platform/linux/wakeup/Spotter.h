@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A spotter searches a stream of samples for the wake word. One thread at a time uses it. To add one, implement this
-// interface and choose it in makeSpotter (Spotters.h).
+// A spotter searches a stream of samples for the wake word. One thread at a time may use it. To add a spotter,
+// implement this interface and select it in makeSpotter (Spotters.h).
 #pragma once
 
 #include <cstddef>
@@ -19,11 +19,11 @@ struct Detection {
 class Spotter {
 public:
     virtual ~Spotter() = default;
-    // Forgets the samples before; the next sample is the first of a new search.
+    // Discards the previous samples and begins a new search with the next one.
     virtual void begin() = 0;
-    // 16 kHz samples. A detection ends the search until the next begin().
+    // Samples at 16 kHz. A detection ends the search until the next begin().
     virtual std::optional<Detection> accept(const int16_t* samples, std::size_t count) = 0;
-    // Ends the search. Returns a detection that only the end of the samples makes certain.
+    // Ends the search. Returns a detection that was not certain before the last sample.
     virtual std::optional<Detection> end() = 0;
 };
 

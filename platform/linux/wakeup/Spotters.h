@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The choice of a spotter.
+// Creates the spotter.
 #pragma once
 
 #include <functional>
@@ -12,8 +12,8 @@ namespace wakeup {
 
 using SpotterFactory = std::function<std::unique_ptr<Spotter>(const WakeupConfig&)>;
 
-// The spotter for this configuration. Loads its models, which takes up to a second. Throws ConfigFault when one is
-// missing, and std::exception.
+// Creates the spotter for this configuration. Loads its models, which takes up to a second. Throws ConfigFault if a
+// model is missing, or another std::exception.
 std::unique_ptr<Spotter> makeSpotter(const WakeupConfig& config);
 
 }  // namespace wakeup

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The configuration of one wake word, as in vocon_config.json.
+// The configuration of one wake word, from vocon_config.json.
 #pragma once
 
 #include <functional>
@@ -15,8 +15,8 @@ struct WakeupConfig {
     sphinx::Pronunciations pronunciations;  // of the wake word's words; the dictionary has the others
     std::string model = "en-us/en-us";      // acoustic model, below the model folder or absolute
     std::string dictionary = "en-us/cmudict-en-us.dict";
-    double threshold = 1e-20;   // 1e-60 to 1; a smaller one detects more, also by mistake
-    double speechMarginDb = 9;  // 0 to 40; louder than the room's noise by this is speech
+    double threshold = 1e-20;   // 1e-60 to 1; a smaller value detects more, including false positives
+    double speechMarginDb = 9;  // 0 to 40; how much louder than the room's noise speech must be
 };
 
 // A fault that makes the configuration unusable.
@@ -27,7 +27,7 @@ struct ConfigFault {
 
 using WarningSink = std::function<void(nuance::IWakeupListener::Warning, const std::string& detail)>;
 
-// Parses the text of the file. An unknown key or a wrong value causes a warning, and the default remains. Throws
+// Parses the text of the file. An unknown key or an invalid value causes a warning, and the default applies. Throws
 // ConfigFault if the text is not a JSON object.
 WakeupConfig parseWakeupConfig(const std::string& text, const WarningSink& warn);
 

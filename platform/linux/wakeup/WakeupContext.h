@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The wake engine as the product uses it: the configuration, the listener, and the thread.
+// The wake engine's interface to the product. Owns the configuration, the reporter, and the thread.
 #pragma once
 
 #include <string>

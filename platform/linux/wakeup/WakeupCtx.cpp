@@ -6,7 +6,7 @@
 
 namespace nuance {
 
-// This interface passes ownership by plain pointers.
+// This interface passes ownership through raw pointers.
 IWakeupCtx* IWakeupCtx::Create() {
     constexpr wakeup::WakeupContext* failure = nullptr;
     return process::guarded(failure, "IWakeupCtx::Create",

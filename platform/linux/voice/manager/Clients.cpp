@@ -54,11 +54,11 @@ Registry::Registry() {
     try {
         serve();
     } catch (const gio::CallError& error) {
-        dlog_print(DLOG_WARN, "orvane-voice", "no clients, as the name %s cannot be had: %s", kName, error.what());
+        dlog_print(DLOG_WARN, "orvane-voice", "no clients: cannot acquire the name %s: %s", kName, error.what());
     }
 }
 
-// The name comes last, because an application that waits for it may register at once.
+// Acquires the name last, because an application that waits for it may register immediately.
 void Registry::serve() {
     mObject = mBus.exportObject(kPath, dbus::interface(kName + std::string("1")), [this](gio::MethodCall& call) {
         const auto [domains] = call.arguments().fields<std::vector<std::string>>();
@@ -72,7 +72,7 @@ void Registry::serve() {
     }
 }
 
-// On the IO thread. A second registration of the same caller replaces the first.
+// IO thread only. A second registration of the same caller replaces the first.
 void Registry::remember(const std::string& name, std::set<std::string> agents) {
     const int pid = mPeers.processOf(name).value_or(0);
     const std::lock_guard lock(mMutex);
@@ -86,7 +86,7 @@ void Registry::remember(const std::string& name, std::set<std::string> agents) {
     mRegistrations.push_back({{name, pid}, std::move(agents), std::move(watch)});
 }
 
-// On the IO thread.
+// IO thread only.
 void Registry::ownerChanged(const std::string& name, const std::string& owner) {
     if (!owner.empty()) {
         return;

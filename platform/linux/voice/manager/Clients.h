@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Applications that registered over D-Bus for the results of certain agents (docs/dbus.md). The list is
-// kept on the IO thread and read on the main loop.
+// Applications that registered over D-Bus for the results of certain agents (docs/dbus.md). The IO thread updates the
+// list, and the main loop reads it.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 namespace voice {
 
 struct Client {
-    std::string busName;  // unique name of its connection
+    std::string busName;  // the unique name of its connection
     int pid = 0;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The commands of the voice interface and their lists.
+// Commands of the voice-control interface, and lists of commands.
 #pragma once
 
 #include <optional>

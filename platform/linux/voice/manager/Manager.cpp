@@ -16,8 +16,8 @@ namespace voice {
 
 namespace {
 
-// How much louder than the room's noise speech must be; more while loud media plays, so that a song is not taken for
-// speech.
+// How much louder than the room's noise speech must be. The margin grows while loud media plays, so that a song is not
+// mistaken for speech.
 constexpr double kSpeechMarginDb = 9;
 constexpr double kMediaMarginDb = 6;
 constexpr int kLoudestMedia = 15;  // the media type's highest level
@@ -239,7 +239,7 @@ void Manager::fail(const std::string& what) {
 }
 
 void Manager::done(Number utterance, const std::string& text) {
-    // With the sentences that the recognizer used, although newer ones may be loaded by now.
+    // Uses the recognizer's sentences, even if newer ones have been loaded in the meantime.
     const auto intent = understand(text, mUtteranceEngine.get()->commands, mDialogue);
     if (intent && callbacks.preResult) {
         callbacks.preResult(VC_PRE_RESULT_EVENT_FINAL, text.c_str());

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The state machine of the voice-control interface. Everything runs on the main loop. It makes all callbacks there too,
-// but never within a call of the interface.
-//
-// Other threads load the models, one load for each, and run the utterances (Utterance.h). They post their events to the
-// main loop, which drops the events of an utterance that is over.
+// The state machine of the voice-control interface. Everything runs on the main loop, including all callbacks, which
+// never run within a call of the interface. Other threads load the models, one thread per load, and run the utterances
+// (Utterance.h). They post events to the main loop, which ignores the events of an utterance that has ended.
 #pragma once
 
 #include <cstdint>
@@ -65,7 +63,7 @@ private:
     void becomeReady();
 
     Settings& mSettings = process::shared<Settings>();
-    std::shared_ptr<bool> mAlive = std::make_shared<bool>(true);  // false: posted work is too late
+    std::shared_ptr<bool> mAlive = std::make_shared<bool>(true);  // false: posted work does nothing
     vc_state_e mState = VC_STATE_INITIALIZED;
     vc_service_state_e mServiceState = VC_SERVICE_STATE_NONE;
     vc_recognition_mode_e mMode = VC_RECOGNITION_MODE_STOP_BY_SILENCE;
@@ -76,10 +74,10 @@ private:
     ResultDelivery mDelivery;
 
     bool mPrepared = false;
-    EngineFuture mEngine;  // loaded last
+    EngineFuture mEngine;  // from the most recent load
     Number mLastLoad = 0;
 
-    std::shared_ptr<Utterance> mUtterance;  // null: there is none
+    std::shared_ptr<Utterance> mUtterance;  // null outside a recognition session
     EngineFuture mUtteranceEngine;
     Number mUtteranceNumber = 0;
     Threads mThreads;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The manager of this process, and calls of the interface to it. Main loop only.
+// The process's manager, and helpers for calls from the C interface. Main loop only.
 #pragma once
 
 #include <memory>
@@ -14,7 +14,7 @@ constexpr process::Failures<int> kFailures{VC_ERROR_OPERATION_FAILED, VC_ERROR_O
 // Holds the manager from vc_mgr_initialize to vc_mgr_deinitialize.
 std::unique_ptr<Manager>& currentManager();
 
-// Calls `body` with the manager and returns its code. Exceptions become codes and a line in the log.
+// Calls `body` with the manager and returns its code. An exception becomes an error code and a line in the log.
 template <typename Body>
 int callManager(const char* function, const Body& body) noexcept {
     return process::guarded(kFailures, function, [&body]() -> int {

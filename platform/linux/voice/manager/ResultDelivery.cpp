@@ -12,7 +12,7 @@
 
 namespace voice {
 
-// The result as a list of commands: one for each client, or else one for the service.
+// The result as a list of commands: one per client, or a single one for the service if there are no clients.
 struct ResultDelivery::Commands {
     Commands(std::vector<Client> to, const std::string& text, const std::string& json)
         : clients(std::move(to)), commands(std::max<std::size_t>(clients.size(), 1)) {

@@ -16,13 +16,13 @@ class ResultDelivery {
 public:
     using ResultCallback = Callback<vc_mgr_all_result_cb>;
 
-    // The clients get the result unless the callback carries it out (returns true) or isCurrent() is false after it.
-    // If the callback selects commands, only their clients get it.
+    // The clients get the result unless the callback returns true, which means that it carried out the result, or
+    // isCurrent() is false afterward. If the callback selects commands, only their clients get the result.
     void deliver(const ResultCallback& callback, const Intent& intent, const std::string& text,
                  const std::function<bool()>& isCurrent);
     void reject(const ResultCallback& callback);
 
-    // Selects commands of the result. Returns vc_error_e; only within the callback.
+    // Selects commands of the result. Call this only within the callback. Returns vc_error_e.
     int select(vc_cmd_list_h list);
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The language of the voice control. One in each process; main loop only.
+// The language of voice control. One instance per process; main loop only.
 #pragma once
 
 #include <functional>
@@ -15,11 +15,11 @@ public:
     // Reads the table of languages again.
     void refresh();
     const std::vector<Language>& languages() const { return mLanguages; }
-    // With an empty id if none is installed.
+    // Has an empty id if no language is installed.
     Language current() const;
-    // False if there are no models for it.
+    // False if the language's models are not installed.
     bool select(const std::string& id);
-    // Sets the one function that select() calls after each change; null removes it.
+    // Sets the function that select() calls after each change; null removes it.
     void observe(std::function<void(const std::string& before, const std::string& now)> changed);
 
 private:

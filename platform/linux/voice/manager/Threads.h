@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Threads that run one function each. Used on one thread.
+// Threads that each run one function. One thread may use this object.
 #pragma once
 
 #include <functional>
@@ -10,15 +10,15 @@ namespace voice {
 
 class Threads {
 public:
-    // An exception of the function is logged with the name.
+    // An exception from the function is logged with the name.
     void start(const char* name, std::function<void()> function);
-    // Frees what the threads that have ended still hold.
+    // Frees the resources of finished threads.
     void reap();
     // Waits for every thread.
     void join() { mRunning.clear(); }
 
 private:
-    std::vector<std::future<void>> mRunning;  // the destructor of each waits
+    std::vector<std::future<void>> mRunning;  // each destructor waits for its thread
 };
 
 }  // namespace voice

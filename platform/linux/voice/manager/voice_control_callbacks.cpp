@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The functions that set and unset the callbacks of the voice-control interface.
+// Set and unset the callbacks of the voice-control interface.
 #include "ManagerCall.h"
 #include "voice_control_manager.h"
 

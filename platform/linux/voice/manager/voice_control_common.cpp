@@ -8,7 +8,7 @@
 
 namespace {
 
-// The command at the list's cursor, or null.
+// The command at the cursor, or null.
 vc_cmd_h current(const vc_cmd_list_s& list) {
     return list.cursor < list.commands.size() ? list.commands[list.cursor] : nullptr;
 }

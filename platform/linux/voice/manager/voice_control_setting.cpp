@@ -46,7 +46,7 @@ int vc_setting_get_enabled(bool* enabled) {
     if (!enabled) {
         return VC_ERROR_INVALID_PARAMETER;
     }
-    // There is no switch for voice control here: the service runs only where somebody wants it.
+    // This platform has no switch to disable voice control.
     *enabled = true;
     return initialized ? VC_ERROR_NONE : VC_ERROR_INVALID_STATE;
 }
@@ -75,7 +75,7 @@ int vc_setting_set_language(const char* language) {
 }
 
 int vc_setting_set_auto_language(bool enable) {
-    // The platform has no language to follow.
+    // This platform has no language setting that voice control could follow.
     return enable ? VC_ERROR_NOT_SUPPORTED : VC_ERROR_NONE;
 }
 }

@@ -11,8 +11,8 @@ namespace voice {
 
 namespace {
 
-// The probability of each phone of the free end and of the filler loop. If it is too low, other speech is taken for a
-// command; if it is too high, an unclear command is rejected.
+// The probability of each phone of the free end and of the filler loop. If it is too low, other speech is mistaken for
+// a command; if it is too high, unclear commands are rejected.
 constexpr double kFreeProbability = 1e-4;
 constexpr double kFillerProbability = 2e-4;
 
@@ -26,11 +26,11 @@ std::set<std::string> wordsOf(const SentenceFile& commands) {
     return words;
 }
 
-// An arc of the grammar, collected before the number of states is known.
+// An arc of the grammar. Arcs are collected first, because the number of states is not yet known.
 struct Arc {
     int from;
     int to;
-    std::string word;  // empty: silent
+    std::string word;  // empty: no word
     double probability;
 };
 
@@ -96,7 +96,7 @@ private:
         }
     }
 
-    // Accepts one phone or more.
+    // Accepts one or more phones.
     void loop(int from, int to, char mark, double probability) {
         const int within = mStates++;
         for (const std::string& phone : sphinx::phones()) {
@@ -116,14 +116,14 @@ bool canBeSaid(const Sentence& sentence, const SentenceFile& commands, const sph
     collectWords(sentence, commands.lists, words);
     for (const std::string& word : words) {
         if (sounds.count(word) == 0) {
-            dlog_print(DLOG_WARN, "orvane-voice", "no pronunciation of \"%s\": its sentence is left out", word.c_str());
+            dlog_print(DLOG_WARN, "orvane-voice", "no pronunciation of \"%s\": skipping its sentence", word.c_str());
             return false;
         }
     }
     return true;
 }
 
-// A name with an unknown word is removed alone, so that the sentences with its list remain.
+// Removes only the name with the unknown word, so that the sentences with its list remain.
 void dropNames(SentenceFile& commands, const sphinx::Pronunciations& sounds) {
     for (auto& [list, names] : commands.lists) {
         names.erase(std::remove_if(names.begin(), names.end(),

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The sentences as a grammar for the decoder. It also has a loop of all phones as a filler for speech that fits no
-// sentence, and another for the free end of a sentence. Each phone in a loop has a low probability, so that a sentence
-// wins where it fits.
+// Builds the decoder's grammar from the sentences. The grammar also has a loop of all phones as a filler for speech
+// that matches no sentence, and another loop for the free end of a sentence. Each phone in a loop has a low
+// probability, so that a matching sentence wins.
 #pragma once
 
 #include "sphinx/Decoder.h"
@@ -11,7 +11,7 @@
 
 namespace voice {
 
-// Prefixes of words that only the decoder sees: a phone of a free end, and a phone of the filler.
+// Prefixes of the decoder's internal words: a phone of a free end, and a phone of the filler.
 constexpr char kFreePhone = '*';
 constexpr char kFillerPhone = '?';
 

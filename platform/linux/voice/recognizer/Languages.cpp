@@ -17,7 +17,7 @@ bool isInstalled(const Language& language) {
     return sphinx::isAcousticModel(language.acousticModel) && std::filesystem::exists(language.dictionary, ignored);
 }
 
-// The sentence file is beside the table, the models are below the model folder.
+// Paths of sentence files are relative to the table, and paths of models are relative to the model directory.
 Language read(const nlohmann::json& entry, const std::filesystem::path& folder) {
     Language language;
     language.id = entry.at("language").get<std::string>();

@@ -12,11 +12,11 @@ namespace voice {
 namespace {
 
 constexpr std::size_t kFrameSamples = 160;
-// A free end is decoded from a little before its first frame in the grammar.
+// Decoding of a free end starts a little before its first frame in the grammar.
 constexpr std::size_t kLeadSamples = 5 * kFrameSamples;
 
 sphinx::Options options(const Language& language, const std::string& dictionary) {
-    // The decoder must not drop silent frames, because a frame's number stands for its time.
+    // The decoder must not drop silent frames, because the number of a frame determines its time.
     return {{"hmm", language.acousticModel},
             {"dict", dictionary},
             {"cmn", "live"},

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// A recognizer that uses PocketSphinx.
-//
-// While the person speaks, it decodes with a grammar of the sentences for the partial results. At the end it decodes
-// the whole utterance again, normalized over its length; this gives the result. It decodes a free end a third time with
-// the open language model, which it loads when it is first needed.
+// A recognizer that uses PocketSphinx. While the person speaks, it decodes with a grammar of the sentences to get
+// partial results. At the end, it decodes the whole utterance again, normalized over its full length, to get the
+// result. It decodes a free end a third time with the open language model, which it loads on first use.
 #pragma once
 
 #include <future>
@@ -25,8 +23,8 @@ public:
     std::string finish() override;
 
 private:
-    // The words that the grammar accepted, without a free end, whose first frame is returned; -1: there is none. Empty:
-    // a rejection.
+    // The accepted words without the free end; empty for a rejection. Also returns the first frame of the free end, or
+    // -1 without one.
     std::string sentence(int& freeFromFrame) const;
     std::string dictate(std::size_t fromSample);
     void loadDictation();

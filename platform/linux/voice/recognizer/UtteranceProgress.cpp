@@ -8,20 +8,20 @@ namespace voice {
 namespace {
 
 constexpr int kBlockMilliseconds = 16;
-// Shorter sounds, such as a door or a pan, are not speech.
+// Shorter sounds, such as a door or a pan, do not count as speech.
 constexpr int kSpeechMilliseconds = 100;
-// Silence that ends an utterance. It is longer than a person's pause within a command.
+// The silence that ends an utterance. It is longer than a pause within a command.
 constexpr int kEndMilliseconds = 800;
-// In a loud room without silence, an utterance ends when its partial result has not changed for this time. It is long
-// enough for the free end of a search, which has no partial result.
+// In a loud room, where silence never comes, an utterance ends when its partial result has not changed for this time.
+// The time is long enough for the free end of a search, which has no partial result.
 constexpr int kSteadyMilliseconds = 4000;
-// The same, as long as there is no partial result.
+// The same limit before the first partial result.
 constexpr int kWordlessMilliseconds = 6000;
-// Limits an utterance in front of a radio.
+// The longest possible utterance, for example when a radio plays.
 constexpr int kLongestMilliseconds = 30000;
-// The samples before the first loud one that belong to the utterance.
+// The number of samples before the first loud one that belong to the utterance.
 constexpr std::size_t kHistory = 16000 * 3 / 10;
-// The time between two partial results.
+// The time between partial results.
 constexpr int kPartialMilliseconds = 96;
 
 }  // namespace
@@ -40,7 +40,7 @@ void UtteranceProgress::accept(Recognizer& recognizer, const int16_t* samples, s
         mChangedAt = mElapsed;
         mEvents.speech();
         feed(recognizer);
-    } else if (!mGate.isOpen() && mPending.size() > 2 * kHistory) {  // an open gate may be the beginning of a word
+    } else if (!mGate.isOpen() && mPending.size() > 2 * kHistory) {  // while the gate is open, a word may be starting
         mGate.close();
         mPending.erase(mPending.begin(), mPending.end() - kHistory);
     }

@@ -15,10 +15,10 @@ namespace voice {
 
 class UtteranceProgress {
 public:
-    // Keeps the references.
+    // Keeps references to its arguments.
     UtteranceProgress(const UtteranceSettings& settings, const UtteranceEvents& events);
 
-    // One block. Reports the beginning of speech and each new partial result.
+    // Processes one block. Reports the beginning of speech and each new partial result.
     void accept(Recognizer& recognizer, const int16_t* samples, std::size_t count);
     bool isOver() const;
     bool hasSpeech() const { return mSpeaking; }
@@ -30,7 +30,7 @@ private:
     const UtteranceSettings& mSettings;
     const UtteranceEvents& mEvents;
     speech::SpeechGate mGate;
-    std::vector<int16_t> mPending;  // not passed to the recognizer yet
+    std::vector<int16_t> mPending;  // not yet passed to the recognizer
     std::string mPartialResult;
     bool mSpeaking = false;
     // In milliseconds.

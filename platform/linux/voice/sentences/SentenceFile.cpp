@@ -29,7 +29,7 @@ std::vector<std::string> splitAt(const std::string& text, char mark) {
     return parts;
 }
 
-// The kind of lines in a section.
+// The kinds of sections.
 enum class Section { None, Sounds, Names, RecipeSteps, Sentences };
 
 class Reader {
@@ -71,7 +71,7 @@ private:
             case Section::Sentences:
                 return line.find('=') == std::string::npos ? readSentence(line) : readField(line);
             case Section::None:
-                throw std::invalid_argument("belongs to no section");
+                throw std::invalid_argument("not in a section");
         }
     }
 
@@ -83,7 +83,7 @@ private:
     }
 
     void openSection(const std::string& header) {
-        mSection = Section::None;  // the lines after a wrong header must not go to the section before
+        mSection = Section::None;  // the lines after an invalid header do not belong to the previous section
         if (header == "sounds") {
             mSection = Section::Sounds;
         } else if (header == "recipe steps") {
@@ -108,7 +108,7 @@ private:
     static std::pair<std::string, std::string> splitField(const std::string& line) {
         const std::size_t mark = line.find('=');
         if (mark == std::string::npos || trim(line.substr(0, mark)).empty() || trim(line.substr(mark + 1)).empty()) {
-            throw std::invalid_argument("must read: name = value");
+            throw std::invalid_argument("expected: name = value");
         }
         return {trim(line.substr(0, mark)), trim(line.substr(mark + 1))};
     }
@@ -137,7 +137,7 @@ private:
         std::set<std::string> inner;
         collectLists(spoken, inner);
         if (!inner.empty()) {
-            throw std::invalid_argument("a name cannot name another list");
+            throw std::invalid_argument("a name cannot refer to another list");
         }
         mInto.lists[mList].push_back({value, std::move(spoken)});
     }
@@ -154,7 +154,7 @@ private:
         for (const std::string& list : lists) {
             const auto found = mInto.lists.find(list);
             if (found == mInto.lists.end() || found->second.empty()) {
-                throw std::invalid_argument("no names in the list <" + list + "> above");
+                throw std::invalid_argument("the list <" + list + "> is empty or is not defined above");
             }
         }
     }

@@ -10,7 +10,7 @@ namespace {
 // Limits the time of the search.
 constexpr int kMaxSteps = 100000;
 
-// Searches by backtracking: `rest` returns whether the rest of the sentence fits the words from a position.
+// Searches by backtracking. `rest` returns whether the rest of the sentence matches the words from a position on.
 class Matcher {
 public:
     using Rest = std::function<bool(std::size_t)>;

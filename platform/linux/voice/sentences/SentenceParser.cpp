@@ -9,12 +9,12 @@ namespace voice {
 
 namespace {
 
-// Limits the depth of the stack.
+// Limits the depth of the recursion.
 constexpr int kMaxDepth = 20;
 // Limits the number of paths through the grammar.
 constexpr int kMaxOptional = 20;
 
-// Whether the sentence fits no words at all. A name always has a word.
+// Whether the sentence matches an empty list of words. A name always has a word.
 bool fitsNothing(const Sentence& sentence) {
     const auto& parts = sentence.parts;
     return (sentence.kind == Sentence::All && std::all_of(parts.begin(), parts.end(), fitsNothing)) ||
@@ -31,7 +31,7 @@ public:
             fail("unexpected \"" + std::string(1, mText[mAt]) + "\"");
         }
         if (fitsNothing(sentence)) {
-            fail("all of it may be left out");
+            fail("every word is optional");
         }
         return sentence;
     }
@@ -57,7 +57,7 @@ private:
 
     Sentence choice(int depth) {
         if (depth > kMaxDepth) {
-            fail("too many brackets within brackets");
+            fail("brackets are nested too deeply");
         }
         Sentence first = sequence(depth);
         if (!isAt('|')) {
@@ -81,7 +81,7 @@ private:
             all.parts.push_back(item(depth));
         }
         if (all.parts.empty()) {
-            fail("nothing to say");
+            fail("a part has no words");
         }
         return all;
     }
@@ -92,7 +92,7 @@ private:
                 return bracketed(')', depth);
             case '[': {
                 if (++mOptional > kMaxOptional) {
-                    fail("too much that may be left out");
+                    fail("too many optional parts");
                 }
                 Sentence inner = bracketed(']', depth);
                 return {Sentence::OneOf, "", {std::move(inner), Sentence{}}};

@@ -24,7 +24,7 @@ std::string dataName(const std::string& agent) {
     return name;
 }
 
-// Replaces "<list>" and "*" by what was said.
+// Replaces "<list>" and "*" with the person's words.
 std::string filledIn(const std::string& value, const SlotValues& slots) {
     const bool isList = value.size() > 2 && value.front() == '<' && value.back() == '>';
     const auto found = slots.find(isList ? value.substr(1, value.size() - 2) : value);

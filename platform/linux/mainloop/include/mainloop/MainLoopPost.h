@@ -6,5 +6,5 @@
 // Runs `work` on the main loop, later, in the order of the calls. Any thread; exceptions end the process.
 void postToMainLoop(std::function<void()> work);
 
-// Before the main loop is shut down: what waits and what is posted from now on is dropped.
+// Call this before the main loop is shut down. Drops queued work and all work posted later.
 void closeMainLoopPost();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What stands between C and this code: no exception leaves a C function, a callback, or a thread.
+// Keeps exceptions from leaving a C function, a callback, or a thread.
 #pragma once
 
 #include <new>
@@ -10,18 +10,18 @@
 
 namespace process {
 
-// The codes that a C function returns for an exception.
+// The codes that a C function returns after an exception.
 template <typename Code>
 struct Failures {
     Code failure;
     Code outOfMemory;
 };
 
-// In a catch block: logs one line with the name and the reason.
+// Call in a catch block. Logs one line with the name and the reason.
 void logException(const char* name) noexcept;
 
-// Runs `body` as one Call and returns what it returns. An exception becomes its code and one line in the log, which
-// names the C function; Ended becomes the code alone.
+// Runs `body` as one Call and returns its result. An exception becomes an error code and one log line with the name of
+// the C function; Ended becomes only the code.
 template <typename Code, typename Body>
 std::invoke_result_t<Body> guarded(const Failures<Code>& failures, const char* function, Body&& body) noexcept {
     try {
@@ -43,8 +43,8 @@ std::invoke_result_t<Body> guarded(Code failure, const char* function, Body&& bo
     return guarded(Failures<Code>{failure, failure}, function, std::forward<Body>(body));
 }
 
-// Runs the body of a callback that a C library calls, or of a thread. An exception ends it and becomes one line in the
-// log, which contains `name`.
+// Runs the body of a thread, or of a callback from a C library. An exception ends the body and is logged in one line
+// with `name`.
 template <typename Body>
 void contained(const char* name, Body&& body) noexcept {
     try {

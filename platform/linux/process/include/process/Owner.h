@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owns what the modules of one process share: connections, threads, and lists. Each object is created on first use and
-// destroyed when the process ends.
+// Owns the objects that the modules of one process share: connections, threads, and lists. Creates each object on first
+// use and destroys it when the process exits.
 #pragma once
 
 #include <condition_variable>
@@ -15,7 +15,7 @@
 
 namespace process {
 
-// The process ends, and what a call needs is gone.
+// The process is exiting, and an object that the call needs is gone.
 class Ended : public std::runtime_error {
 public:
     Ended() : std::runtime_error("the process ends") {}
@@ -23,7 +23,7 @@ public:
 
 class Owner {
 public:
-    // Of this process. It ends after the last static object of the program.
+    // The owner of this process. It ends after all static objects of the program are destroyed.
     static Owner& instance();
 
     Owner() = default;
@@ -31,22 +31,18 @@ public:
     Owner(const Owner&) = delete;
     Owner& operator=(const Owner&) = delete;
 
-    // The process's one T. The first call on any thread creates it; a constructor that throws leaves nothing behind.
-    //
-    // T gets what it uses in its constructor and keeps the references: this fixes the order of destruction. T never
-    // calls get() in its destructor. A class with a thread also has `void stop() noexcept`, which joins the thread and
-    // drops the work that waits for it.
-    //
-    // Throws Ended in a Call that begins to use the owner after its end.
+    // The process's only T. The first call, on any thread, creates it. If the constructor throws, a later call tries
+    // again. T gets the objects that it uses in its constructor and keeps references to them, which determines the
+    // order of destruction. T must not call get() in its destructor. A class with a thread also has `void stop()
+    // noexcept`, which joins the thread and drops its queued work. Throws Ended if the current Call first uses the
+    // owner after its end.
     template <typename T>
     T& get();
 
-    // Refuses new calls, waits for those in progress, stops every thread, and then destroys every object; both start
-    // with the newest object. After the threads have stopped, nothing can call an object that is being destroyed. Not
-    // on a thread that an object owns.
-    //
-    // A call in progress keeps its objects in use for as long as it likes. When one takes longer than a second, the
-    // objects stay as they are until the process is gone.
+    // Rejects new calls, waits for those in progress, stops all threads, and then destroys all objects, each time
+    // newest first. After the threads have stopped, nothing can call an object that is being destroyed. Must not run on
+    // a thread that an object owns. If a call in progress takes longer than one second, the objects are never
+    // destroyed, because the call may still use them.
     void end() noexcept;
 
 private:
@@ -75,13 +71,13 @@ private:
     std::mutex mMutex;
     std::condition_variable mLeft;
     std::map<std::type_index, Slot> mSlots;
-    std::vector<Slot*> mCreated;  // the newest last
-    int mCalls = 0;               // that use the owner
+    std::vector<Slot*> mCreated;  // newest last
+    int mCalls = 0;               // calls that use the owner
     bool mEnded = false;
 };
 
 // One call of a C function, on the stack of its thread. It uses the owner from its first get() until it returns, and
-// the owner's end waits for it. A call within a call is part of it.
+// the owner waits for it before it ends. A nested call is part of the outer call.
 class Call {
 public:
     Call();
@@ -91,7 +87,7 @@ public:
 
 private:
     friend class Owner;
-    Owner* mOwner = nullptr;  // that it uses
+    Owner* mOwner = nullptr;  // set after the first get()
     const bool mOutermost;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Adds a little noise to the samples. Digital silence (a muted source, a gap in a player's output) has no spectrum, and
-// it spoils the decoder's noise estimate for the words after it.
+// Adds a little noise to the samples. Digital silence (a muted source, or a gap in a player's output) has no spectrum
+// and distorts the decoder's noise estimate for the words after it.
 #pragma once
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Returns freed memory to the system. Models and utterances consist of many small allocations, often in the heap of one
-// thread, which would otherwise keep their pages: a hundred megabytes for each change of the language, and tens of
+// Returns freed memory to the system. Models and utterances make many small allocations, often in the heap of one
+// thread. Without this, the heap would keep their pages: a hundred megabytes for each language change, and tens of
 // megabytes for each utterance.
 #pragma once
 

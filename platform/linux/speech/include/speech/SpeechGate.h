@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Distinguishes speech from the room's noise by its level. It takes a hundredth of the time of decoding, so that
-// nothing is decoded while nobody speaks. Not thread-safe.
+// Distinguishes speech from the room's noise by its level. This takes a hundredth of the time of decoding, so silence
+// costs almost nothing. Not thread-safe.
 #pragma once
 
 #include <cstddef>
@@ -10,19 +10,19 @@ namespace speech {
 
 class SpeechGate {
 public:
-    // marginDb: how much louder than the room's noise a sound must be. holdMilliseconds: how long the gate stays open
-    // after the last such sound.
+    // marginDb: how much louder than the room's noise a sound must be to open the gate. holdMilliseconds: how long the
+    // gate stays open after the last such sound.
     SpeechGate(double marginDb, int holdMilliseconds);
 
-    // 16 kHz samples, judged in steps of 10 ms; the next call continues an incomplete step.
+    // Samples at 16 kHz, processed in steps of 10 ms; the next call continues an incomplete step.
     void accept(const int16_t* samples, std::size_t count);
 
     bool isOpen() const { return mSilentFrames < mHoldFrames; }
     // The time since the last loud sound.
     int silentMilliseconds() const { return mSilentFrames * kFrameMilliseconds; }
-    // The duration of all loud sounds since close().
+    // The total duration of loud sounds since close().
     int heardMilliseconds() const { return mHeardFrames * kFrameMilliseconds; }
-    // Closes the gate. The estimate of the room's noise remains.
+    // Closes the gate but keeps the estimate of the room's noise.
     void close();
 
 private:
@@ -35,7 +35,7 @@ private:
     const double mMarginDb;
     const int mHoldFrames;
     int mSilentFrames;
-    int mLoudFrames = 0;  // in a row
+    int mLoudFrames = 0;  // consecutive
     int mHeardFrames = 0;
     double mFloorDb;
     // The incomplete step.

@@ -18,11 +18,12 @@ public:
     AudioSource(const AudioSource&) = delete;
     AudioSource& operator=(const AudioSource&) = delete;
 
-    // Starts capture: 16 kHz, one channel. Blocks while it connects to the sound server. False if there is no input.
+    // Starts capture: 16 kHz, one channel. Blocks while it connects to the sound server. False if no input is
+    // available.
     bool open();
-    // Blocks until there are samples. Returns their number; 0 after a failure or an interruption.
+    // Blocks until samples arrive. Returns their number; 0 after a failure or an interruption.
     std::size_t read(int16_t* samples, std::size_t most);
-    // Stops capture and a read in progress. Any thread.
+    // Stops capture and interrupts a read in progress. Any thread.
     void interrupt();
 
 private:

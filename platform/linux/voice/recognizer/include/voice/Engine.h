@@ -18,14 +18,14 @@ struct Engine {
     speech::MemoryReturn memoryReturn;
     Language language;
     SentenceFile commands;                   // constant after loading
-    std::unique_ptr<Recognizer> recognizer;  // with the mutex held: a canceled utterance may still use it
+    std::unique_ptr<Recognizer> recognizer;  // guarded by the mutex, because a canceled utterance may still use it
     std::mutex mutex;
 };
 
-// An engine that another thread loads. Null if that failed; loadEngine has logged it.
+// An engine that another thread loads. Null if loading failed; loadEngine has logged the reason.
 using EngineFuture = std::shared_future<std::shared_ptr<Engine>>;
 
-// commandsPath may be empty: no sentences yet. Returns null and logs a line if it fails.
+// commandsPath may be empty if there are no sentences yet. On failure, logs a line and returns null.
 std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& commandsPath);
 
 }  // namespace voice

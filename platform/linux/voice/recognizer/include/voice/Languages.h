@@ -9,13 +9,13 @@ namespace voice {
 
 struct Language {
     std::string id;             // "en_US"
-    std::string acousticModel;  // absolute folder
-    std::string dictionary;     // absolute file
-    std::string languageModel;  // absolute file, for the free end of a search; may be missing
-    std::string commands;       // absolute file of sentences; empty: the manager's
+    std::string acousticModel;  // absolute path of a directory
+    std::string dictionary;     // absolute path
+    std::string languageModel;  // absolute path, for the free end of a search; may be missing
+    std::string commands;       // absolute path of the sentence file; empty: the manager's
 };
 
-// Empty if the table is missing or broken; a line in the log says why.
+// Empty if the table is missing or invalid; the log contains the reason.
 std::vector<Language> installedLanguages(const std::string& tablePath);
 
 }  // namespace voice

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// A recognizer turns one utterance after the other into text. One thread at a time uses it. To add one, implement this
-// interface and choose it in makeRecognizer (Engine.cpp).
+// A recognizer turns utterances into text, one at a time. One thread at a time may use it. To add a recognizer,
+// implement this interface and select it in makeRecognizer (Engine.cpp).
 #pragma once
 
 #include <cstddef>
@@ -18,9 +18,9 @@ public:
     virtual ~Recognizer() = default;
     // All functions throw std::exception when the recognizer fails.
     virtual void begin() = 0;
-    // 16 kHz samples of the utterance, a few milliseconds to a few seconds.
+    // The next samples of the utterance at 16 kHz, from a few milliseconds to a few seconds.
     virtual void accept(const int16_t* samples, std::size_t count) = 0;
-    // The partial result; empty if there is none.
+    // The partial result; may be empty.
     virtual std::string partial() = 0;
     // Ends the utterance and returns its text; empty for a rejection.
     virtual std::string finish() = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// One utterance, from the opened microphone to the text, on a thread that the caller provides.
+// One utterance, from opening the microphone to the text, on a thread that the caller provides.
 //
 // The thread opens the microphone, waits for speech, feeds the recognizer, and finds the end of speech. It calls the
 // events. finish() and cancel() only set flags, so their callers do not wait for the thread.
@@ -20,13 +20,13 @@ struct UtteranceEvents {
     std::function<void()> speech;     // the beginning of speech; once
     std::function<void(const std::string& text)> partial;
     std::function<void()> processing;                     // the microphone is closed
-    std::function<void(const std::string& text)> done;    // empty: a rejection. The last event
+    std::function<void(const std::string& text)> done;    // the last event; empty text: a rejection
     std::function<void(const std::string& what)> failed;  // the last event
 };
 
 struct UtteranceSettings {
     bool endBySilence = true;
-    double speechMarginDb = 9;  // above the room's noise
+    double speechMarginDb = 9;  // how much louder than the room's noise speech must be
 };
 
 class UtteranceProgress;
@@ -35,7 +35,7 @@ class Utterance {
 public:
     Utterance(EngineFuture engine, UtteranceSettings settings, UtteranceEvents events);
 
-    // The thread's work. An event may still come shortly after cancel().
+    // The thread's function. An event may still come shortly after cancel().
     void run() noexcept;
 
     // Any thread. finish() ends the utterance now, and its result follows; cancel() ends it without a result.

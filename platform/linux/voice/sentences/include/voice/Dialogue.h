@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The earlier requests that change the meaning of the next one: the question that the assistant asked, the open recipe,
-// its step, and the state of its reading. A person may also open a recipe by touch, so the dialogue acts only on what
+// The context that earlier requests create for the next one: the question that the assistant asked, the open recipe,
+// its step, and the state of reading it aloud. A person may also open a recipe by touch, so the dialogue uses only what
 // it knows for certain. Main loop only.
 #pragma once
 
@@ -24,10 +24,11 @@ class Dialogue {
 public:
     void forget() { *this = Dialogue(); }
 
-    // Whether a command that must follow another one fits now.
+    // Whether a command that must follow another command is possible now.
     bool allows(const Command& command) const { return command.onlyAfter.empty() || command.onlyAfter == mLastAction; }
 
-    // Adapts the intent to the dialogue and remembers it. An impossible action becomes the action that reports so.
+    // Adapts the intent to the dialogue and remembers it. Replaces an impossible action with the action that reports
+    // the problem.
     void settle(Intent& intent, const SentenceFile& commands);
 
 private:

@@ -13,7 +13,7 @@ struct Sentence {
     enum Kind {
         Word,     // text
         All,      // the parts in order
-        OneOf,    // one of the parts; an empty All makes it optional
+        OneOf,    // one of the parts; optional if one of them is an empty All
         Name,     // one of the names of the list `text`
         Anything  // any words up to the end
     };
@@ -29,19 +29,19 @@ struct Named {
 };
 using NameLists = std::map<std::string, std::vector<Named>>;
 
-// Throws std::invalid_argument, with a text for the log, if the sentence is malformed. Words become lower case.
+// Throws std::invalid_argument, with a text for the log, if the sentence is malformed. Converts words to lower case.
 Sentence parseSentence(const std::string& text);
 
-// Adds the words of the sentence and of the lists that it names.
+// Adds the words of the sentence and of its lists.
 void collectWords(const Sentence& sentence, const NameLists& lists, std::set<std::string>& words);
 
-// Adds the lists that it names.
+// Adds the names of its lists.
 void collectLists(const Sentence& sentence, std::set<std::string>& lists);
 
-// For each named list the value of the name that was said, and under "*" the words of the free end.
+// Maps each list to the value of the recognized name, and "*" to the words of the free end.
 using SlotValues = std::map<std::string, std::string>;
 
-// Whether the sentence fits the words; then `slots` has its values.
+// Whether the sentence matches the words. If so, `slots` contains the values.
 bool matches(const Sentence& sentence, const NameLists& lists, const std::vector<std::string>& words,
              SlotValues& slots);
 

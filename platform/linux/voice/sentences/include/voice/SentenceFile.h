@@ -20,7 +20,7 @@ struct Command {
     std::string agent;
     std::string actionName;
     std::string actionType;
-    std::string onlyAfter;  // the action that must precede it; empty: any
+    std::string onlyAfter;  // the required previous action; empty: any
     Fields fields;
     std::vector<Sentence> sentences;
 };
@@ -34,10 +34,10 @@ struct SentenceFile {
 
 using LineFault = std::function<void(int line, const std::string& what)>;
 
-// Reports each wrong line with its number, and leaves it out.
+// Skips each invalid line and reports it with its number.
 SentenceFile parseSentenceFile(const std::string& text, const LineFault& report);
 
-// Reads the file and logs each fault. False if the file cannot be read.
+// Reads the file and logs each invalid line. False if the file cannot be read.
 bool readSentenceFile(const std::string& path, SentenceFile& commands);
 
 }  // namespace voice

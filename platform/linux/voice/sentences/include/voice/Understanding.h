@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// From a recognized text to the NLU result, which docs/understanding.md describes.
+// Converts a recognized text to an NLU result, which docs/understanding.md describes.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@
 
 namespace voice {
 
-// The intent of the text at this point of the dialogue; nothing if no sentence fits.
+// The intent of the text at this point of the dialogue; empty if no sentence matches.
 std::optional<Intent> understand(const std::string& text, const SentenceFile& commands, Dialogue& dialogue);
 
 std::string toJson(const Intent& intent, const std::string& text);

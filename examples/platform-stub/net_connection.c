@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: Apache-2.0 */
-/* The network cannot be watched. */
+/* There is no network monitor. */
 #include <net_connection.h>
 
 int connection_create(connection_h* connection) {

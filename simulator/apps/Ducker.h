@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Turns the media volume down and up through the program $ORVANE_SIM_DUCKER (orvane-volume-fade), whose output it
-// records (event "fade"). Without the variable it does nothing. The program ends when its input closes, thus also when
-// this process is killed.
+// records (event "fade"). Without the variable it does nothing. The program ends when its input closes, and therefore
+// also when this process is killed.
 #pragma once
 
 #include "gio/GPointer.h"

@@ -3,7 +3,7 @@
 
 namespace sim {
 
-// Gives the process a mount namespace of its own: other processes, except its children, do not see what it mounts from
+// Gives the process a private mount namespace: other processes, except its children, do not see what it mounts from
 // now on. Call it before the process has threads. Throws std::system_error, which names the step that the machine
 // refuses; it needs root, or else user namespaces outside a chroot.
 void enterMountNamespace();

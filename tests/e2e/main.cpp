@@ -3,7 +3,7 @@
 
 #include "appliance/environment/PrivateTmp.h"
 
-// ctest runs every test in a process of its own, because an appliance changes the environment of its process.
+// ctest runs every test in a separate process, because an appliance changes the environment of its process.
 int main(int count, char** words) {
     testing::InitGoogleTest(&count, words);
     if (!testing::GTEST_FLAG(list_tests)) {

@@ -23,7 +23,7 @@ public:
     // Returns when the service listens for the wake word; throws std::runtime_error when it does not. `program`
     // replaces the built one.
     void start(const std::string& program = {});
-    // Returns when the recognizer has loaded its models as well. The wake engine starts anew just before that, so the
+    // Returns when the recognizer has loaded its models as well. The wake engine restarts just before that, so the
     // service can miss a wake word until then.
     void awaitRecognizer();
     void stop();

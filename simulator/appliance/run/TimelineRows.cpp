@@ -82,7 +82,7 @@ const TimelineRow kApplianceRow{kGray, "appliance", name};
 const TimelineRow* rowOf(const Event& event) {
     const auto row = kRows.find(name(event));
     if (row != kRows.end()) {
-        // The UI's launches have lines of their own.
+        // The UI's launches have separate lines.
         return name(event) == "launch" && application(event) == kUi ? nullptr : &row->second;
     }
     return application(event) == "appliance" ? &kApplianceRow : nullptr;

@@ -163,7 +163,7 @@ TEST(ASoundServerThatComesBack, IsReadAgainAfterTheRecorderResets) {
     while (sse_read(block, 256) == 0) {
     }
     int failures = 0;
-    // In the order of the recorder. The server returns meanwhile.
+    // The recorder's calls, in order. The server returns between them.
     auto recovering = std::async(std::launch::async, [&] {
         int resets = 0;
         do {
@@ -174,7 +174,7 @@ TEST(ASoundServerThatComesBack, IsReadAgainAfterTheRecorderResets) {
     });
     ASSERT_EQ(recovering.wait_for(300ms), std::future_status::timeout) << "the server is not back yet";
     room.start();
-    EXPECT_EQ(soon(recovering), 0) << "a reset must not fail, or the recorder stands still";
+    EXPECT_EQ(soon(recovering), 0) << "a reset must not fail, or the recorder stops";
     EXPECT_THAT(failures, testing::AllOf(Ge(1), Lt(50))) << "reads without a server must pace themselves";
     const Child player = play(room, 1, tone::sine(1000, kRate, 5));
     bool captured = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A hub server inside the test with a household of its own, and the module's records as plain lists.
+// A hub server in the test process with a separate household, and the module's records as plain lists.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -15,7 +15,7 @@
 
 namespace {
 
-// Far below the 25 s that a call to a bus or a manager without a reply would take, far above what a busy machine needs.
+// Far below the 25 s until a call without a reply times out, and far above what a busy machine needs.
 constexpr std::chrono::seconds kWatchdog{10};
 
 constexpr std::uint32_t DISCONNECTED = 20, CONNECTED_LOCAL = 50, CONNECTED_SITE = 60, CONNECTED_GLOBAL = 70;

@@ -73,7 +73,7 @@ TEST(ASentence, DoesNotMatchWhenItHasTooManyVariants) {
         sentence += "a ";
     }
     EXPECT_TRUE(fits(phrase, sentence));
-    EXPECT_FALSE(fits(phrase + "b", sentence + "c")) << "would take for ever";
+    EXPECT_FALSE(fits(phrase + "b", sentence + "c")) << "it has too many variants";
 }
 
 TEST(ASentence, MayHaveTwentyOptionalPartsButMustKeepAWord) {

@@ -30,7 +30,7 @@ Message makeMessage() {
     return message;
 }
 
-// Sends to the port of the application `to`; the answer is to come to this process's port of the same name.
+// Sends to the port of the application `to`. The reply arrives at this process's port of the same name.
 void send(const char* to, bundle* message, int port) {
     if (message_port_send_trusted_message_with_local_port(to, kPort, message, port) != MESSAGE_PORT_ERROR_NONE) {
         throw std::runtime_error("a message cannot be sent");

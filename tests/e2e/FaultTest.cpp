@@ -79,7 +79,7 @@ TEST(TheWakeWordWithTheMicrophoneOff, DoesNotReachTheUi) {
     EXPECT_EQ(person.appliance.events().countEver(sim::kUi, {{"event", "wake word detected"}}), 1);
 }
 
-TEST(AServiceThatStartsAgainWhileTheUiRuns, ReportsServerCrashed) {
+TEST(AServiceThatRestartsWhileTheUiRuns, ReportsServerCrashed) {
     Person person;
     person.appliance.launch(sim::kUi);
     person.appliance.service().kill();

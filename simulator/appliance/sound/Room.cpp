@@ -54,7 +54,7 @@ Room::Room(const Folder& folder, const std::string& microphone)
     start();
 }
 
-// The room's own sound server starts without that server too, and its microphone then stays silent.
+// Without that server, the room's own sound server still starts, but its microphone stays silent.
 void Room::requireMicrophone(const std::string& server) const {
     const std::string list = mFolder / "sources";
     Process pactl({"timeout", "5", "pactl", "--server=" + server, "list", "short", "sources"}, list);

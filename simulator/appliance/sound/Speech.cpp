@@ -20,7 +20,7 @@ constexpr int kRate = 16000;
 constexpr float kPeak = 0.5F;
 constexpr float kNoise = 0.001F;
 constexpr float kFullScale = 32767;
-// Of the stairs, in samples. A step is a block, whose loudness is the level.
+// The tone of stepped loudness, in samples. Each step is one block, so it has one level.
 constexpr std::size_t kStep = 256;
 constexpr std::size_t kSteps = 8;
 constexpr std::size_t kHalfPeriod = 16;

@@ -154,7 +154,7 @@ TEST(ASoundServerThatDies, FailsTheReadInProgress) {
     EXPECT_THAT(GetCapturedStderr(), testing::HasSubstr("no sound to capture: sound server: "));
 }
 
-TEST(ASoundServerThatComesBack, IsReadAgainAfterTheRecorderResets) {
+TEST(ASoundServerThatReturns, IsReadAgainAfterTheRecorderResets) {
     SoundRoom room;
     const SpeechIn microphone;
     microphone.capture(0.2);

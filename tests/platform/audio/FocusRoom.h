@@ -29,7 +29,7 @@ constexpr Change acquired(int reason) {
     return {SOUND_STREAM_FOCUS_FOR_RECORDING, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason};
 }
 
-// Waits until it holds; false after ten seconds.
+// Waits until the condition is true; false after ten seconds.
 template <typename Condition>
 bool eventually(Condition condition) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);

@@ -117,7 +117,7 @@ TEST_F(AStreamThatLosesTheFocus, StopsWaitingWhenItReleases) {
     EXPECT_FALSE(waitsAtTheBus());
 }
 
-TEST_F(AStreamThatLosesTheFocus, LosesItToTheSystemIfTheOtherProcessGivesNoReason) {
+TEST_F(AStreamThatLosesTheFocus, ReceivesSystemAsTheReasonIfTheOtherProcessGivesNone) {
     const gio::Variant reasons[] = {{}, gio::Variant::of(11), gio::Variant::of(-1), gio::Variant::of("alarm")};
     for (const gio::Variant& reason : reasons) {
         Stream stream;

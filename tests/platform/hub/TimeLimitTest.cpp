@@ -130,7 +130,7 @@ TEST_F(ASlowHub, MayTakeLongerThanTheConnectionLimit) {
     EXPECT_GE(Clock::now() - begin, milliseconds(1090));
 }
 
-TEST_F(ASlowHub, IsAskedAgainByTheNextRequest) {
+TEST_F(ASlowHub, ReceivesTheNextRequest) {
     setFamilies({{{"id", "f"}}});
     start();
     hub::Connection connection(curl::Limits{kLong, 1000, 1 << 20});

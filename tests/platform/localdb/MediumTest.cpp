@@ -81,7 +81,7 @@ void checkReadOnly() {
     EXPECT_EQ(markOf(walk(manager.get(), "Profile")), "old");
 }
 
-TEST_F(AReadOnlyMedium, IsReadAndRefusesAnUpdateWithOneLogLine) {
+TEST_F(AReadOnlyMedium, CanBeReadAndRefusesAnUpdateWithOneLogLine) {
     EXPECT_EQ(inside([this] {
                   update(openDatabase("Profile").get(), users("old", 5));
                   remountReadOnly();
@@ -91,7 +91,7 @@ TEST_F(AReadOnlyMedium, IsReadAndRefusesAnUpdateWithOneLogLine) {
 }
 
 // Another process writes as soon as it can. The handle that could only read sees the change and can write too.
-TEST_F(AReadOnlyMedium, IsWrittenOnceItIsWritableAgain) {
+TEST_F(AReadOnlyMedium, CanBeWrittenOnceItIsWritableAgain) {
     EXPECT_EQ(inside([this] {
                   update(openDatabase("Profile").get(), users("old", 5));
                   remountReadOnly();

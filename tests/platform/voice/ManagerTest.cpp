@@ -74,7 +74,7 @@ TEST_F(ARecognitionSession, InManualModeContinuesThroughSilenceUntilItIsStopped)
     EXPECT_EQ(mVoice.count("result open the notes"), 1);
 }
 
-TEST_F(ARecognitionSession, CanceledWhileRecordingGivesNoResultAndIsReadyAgain) {
+TEST_F(ARecognitionSession, CanceledWhileRecordingHasNoResultAndIsReadyAgain) {
     say("open the notes");
     ASSERT_TRUE(start());
     ASSERT_TRUE(mVoice.runUntilEvent("speech"));
@@ -107,7 +107,7 @@ TEST_F(ARecognitionSession, CanceledAndStartedAtOnceRecordsAgain) {
     EXPECT_THAT(course(), testing::ElementsAre("service 1->2", "service 2->1", "service 1->2"));
 }
 
-TEST_F(ARecognitionSession, CanceledWhileProcessingGivesNoResult) {
+TEST_F(ARecognitionSession, CanceledWhileProcessingHasNoResult) {
     mVoice.onEvent = [](const std::string& event) {
         if (event == "service 2->3") {
             vc_mgr_cancel();

@@ -293,7 +293,7 @@ TEST_F(ProfileRefresherTest, ASecondRefreshReplacesTheUsersOfTheFirst) {
     ASSERT_TRUE(fake::platform().waitUntil([] { return fake::storedRecords() == Texts{"userId=u9 userName=Zoe"}; }));
 }
 
-TEST_F(ProfileRefresherTest, DestroyedDuringAWaitItClosesTheHubWhenTheWorkerEnds) {
+TEST_F(ProfileRefresherTest, ARefresherDestroyedDuringAWaitClosesTheHubWhenTheWorkerEnds) {
     auto refresher = std::make_unique<ProfileRefresher>();
     ASSERT_TRUE(fake::platform().waitUntil([] { return !fake::launches().empty(); }));
     const fake::Launch launch = fake::launches().at(0);
@@ -304,18 +304,18 @@ TEST_F(ProfileRefresherTest, DestroyedDuringAWaitItClosesTheHubWhenTheWorkerEnds
     EXPECT_EQ(fake::platform().count("vrd_manager_private_update"), 0u) << "the stored users stay";
 }
 
-TEST_F(ProfileRefresherTest, DestroyedDuringASignInItFetchesNothing) {
+TEST_F(ProfileRefresherTest, ARefresherDestroyedDuringASignInFetchesNothing) {
     destroyDuring("ks_server_sa_account_set");
     EXPECT_EQ(hub(), Texts{"ks_server_sa_account_set(guid, token, client, https://hub)"});
 }
 
-TEST_F(ProfileRefresherTest, DestroyedDuringAFamilysRequestItFetchesNoOtherFamily) {
+TEST_F(ProfileRefresherTest, ARefresherDestroyedDuringAFamilysRequestFetchesNoOtherFamily) {
     destroyDuring("ks_server_profile_families_family_users_get");
     EXPECT_EQ(hub(), (Texts{"ks_server_sa_account_set(guid, token, client, https://hub)",
                             "ks_server_profile_families_get()", "ks_server_profile_families_family_users_get(f1)"}));
 }
 
-TEST_F(ProfileRefresherTest, DestroyedDuringTheLastFamilysRequestItStoresNothing) {
+TEST_F(ProfileRefresherTest, ARefresherDestroyedDuringTheLastFamilysRequestStoresNothing) {
     fake::setFamilies({{"f1", {{"u1", "Ann"}}, 0}});
     destroyDuring("ks_server_profile_families_family_users_get");
     EXPECT_EQ(fake::platform().count("vrd_manager_private_update"), 0u) << "the stored users stay";

@@ -37,20 +37,20 @@ TEST_F(SoundStreamWatcherTest, WithoutAFocusHolderTheOutputIsAvailable) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "No one has media focus for playback!"));
 }
 
-TEST_F(SoundStreamWatcherTest, WithAMediaPlayersFocusAtTheStartItIsUnavailable) {
+TEST_F(SoundStreamWatcherTest, WithAMediaPlayersFocusAtTheStartTheOutputIsUnavailable) {
     fake::setPlaybackFocus(BY_MEDIA);
     SoundStreamWatcher watcher;
     EXPECT_FALSE(watcher.isSoundStreamAvailable());
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Some media has focus for playback: 3"));
 }
 
-TEST_F(SoundStreamWatcherTest, WithAnotherFocusAtTheStartItIsAvailable) {
+TEST_F(SoundStreamWatcherTest, WithAnotherFocusAtTheStartTheOutputIsAvailable) {
     fake::setPlaybackFocus(BY_ALARM);
     SoundStreamWatcher watcher;
     EXPECT_TRUE(watcher.isSoundStreamAvailable());
 }
 
-TEST_F(SoundStreamWatcherTest, AfterAFailedQueryItIsUnavailable) {
+TEST_F(SoundStreamWatcherTest, AfterAFailedQueryTheOutputIsUnavailable) {
     fake::platform().answer("sound_manager_get_current_playback_focus", -703);
     SoundStreamWatcher watcher;
     EXPECT_FALSE(watcher.isSoundStreamAvailable());
@@ -101,7 +101,7 @@ TEST_F(SoundStreamWatcherTest, AReleaseByAnotherReasonDoesNotChangeTheResult) {
     EXPECT_FALSE(watcher.isSoundStreamAvailable());
 }
 
-TEST_F(SoundStreamWatcherTest, DuringAMorningBriefingItIsUnavailableWhateverTheFocus) {
+TEST_F(SoundStreamWatcherTest, DuringAMorningBriefingTheOutputIsUnavailableRegardlessOfTheFocus) {
     nobodyPlays();
     SoundStreamWatcher watcher;
     briefing("isMorningBriefPlaying", 1, "Play");

@@ -133,7 +133,7 @@ TEST_F(VolumeControllerTest, AnAvailableOutputIsNotDucked) {
     EXPECT_EQ(controller.decreaseVolume(0.1), 0);
 }
 
-TEST_F(VolumeControllerTest, OtherTypesAreDuckedWhateverPlays) {
+TEST_F(VolumeControllerTest, OtherTypesAreDuckedRegardlessOfWhatPlays) {
     fake::setVolumeLevel(SOUND_TYPE_ALARM, 8);
     VolumeController controller(MediaType::ALARM);
     EXPECT_EQ(controller.decreaseVolume(0.01), 1);

@@ -84,7 +84,7 @@ TEST_F(WuWTriggerTest, AnEngineThatFailsToInitializeLeavesTheTriggerWithoutAFeed
     EXPECT_EQ(fake::platform().count("IWakeupCtx::AttachAudioIn"), 0u);
 }
 
-TEST_F(WuWTriggerTest, EachLanguageHasItsFolderAndAnUnlistedOneUsesTheAmericanFolder) {
+TEST_F(WuWTriggerTest, EachLanguageHasItsDirectoryAndAnUnlistedOneUsesTheAmericanDirectory) {
     const char* folders[] = {"KOK", "ENU", "ENG", "ENU", "GED", "ITI", "FRF", "ENU", "ENU", "ENU"};
     for (int value = 0; value < 10; ++value) {
         EXPECT_EQ(WuWTrigger::getConfigPath(static_cast<Util::OrvaneLang>(value), Util::OrvaneWUW::QUORBIT),

@@ -94,7 +94,7 @@ TEST_F(AppControlTest, AReceivedRequestIsReadWithAllItsExtras) {
                                     "app_control_get_extra_data_array(list)"}));
 }
 
-TEST_F(AppControlTest, ANullHandleGivesTheDefaultsWithoutACall) {
+TEST_F(AppControlTest, ANullHandleHasTheDefaultsWithoutACall) {
     app_control_h handle = nullptr;
     AppControlData data(handle);
     EXPECT_EQ(data.getResultCode(), 1);

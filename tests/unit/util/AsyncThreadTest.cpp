@@ -93,7 +93,7 @@ TEST_F(AsyncThreadTest, ATrueConditionWithoutAnActionCausesOneCallbackThatDoesNo
     EXPECT_EQ(fake::platform().count("ecore_main_loop_thread_safe_call_async"), 1u);
 }
 
-TEST_F(AsyncThreadTest, DestroyingItFreesQueuedJobsWithoutRunningThem) {
+TEST_F(AsyncThreadTest, DestroyingTheWorkerFreesQueuedJobsWithoutRunningThem) {
     auto token = std::make_shared<int>(0);
     std::atomic<int> ran{0};
     std::atomic<bool> ending{false};

@@ -20,7 +20,7 @@
 using Util::FileContent;
 using Util::FileHelper;
 
-// System calls whose failure no file causes, and one whose effect no file shows.
+// Replaced system calls: failures that no file can cause, and a call whose effect no file shows.
 namespace {
 
 std::optional<long> position;  // that ftell returns

@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(SingletonTest, TwoThreadsThatUseItAtOnceGetOneInstance) {
+TEST_F(SingletonTest, TwoThreadsThatUseTheSingletonAtOnceGetOneInstance) {
     Slow* seen = nullptr;
     std::thread second([&] {
         fake::platform().waitUntil([] { return made == 1; });
@@ -51,7 +51,7 @@ TEST_F(SingletonTest, TwoThreadsThatUseItAtOnceGetOneInstance) {
     Singleton<Slow>::destroy();
 }
 
-TEST_F(SingletonTest, AUseAfterItsDestructionCreatesANewInstance) {
+TEST_F(SingletonTest, AUseAfterDestructionCreatesANewInstance) {
     EXPECT_EQ(Singleton<Counted>::mInstance, nullptr);
     EXPECT_EQ(Singleton<Counted>::getInstance(), Singleton<Counted>::getInstance());
     EXPECT_EQ(made, 1);

@@ -108,7 +108,7 @@ TEST_F(SystemConfigTest, AMissingSwitchHasItsDefaultAndIsLogged) {
     }
 }
 
-TEST_F(SystemConfigTest, AValueCountsWhateverTheStoreReturns) {
+TEST_F(SystemConfigTest, AValueIsUsedRegardlessOfTheReturnCode) {
     fake::platform().answer("vconf_get_int", -1);
     fake::platform().answer("vconf_get_bool", -1);
     leaveTheBox();

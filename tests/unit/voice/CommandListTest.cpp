@@ -4,7 +4,7 @@
 
 using CommandListTest = VoiceTest;
 
-TEST_F(CommandListTest, TheListHoldsTheFiveCommandsInOrder) {
+TEST_F(CommandListTest, TheListContainsTheFiveCommandsInOrder) {
     OrvaneDA::VoiceControl control;
     EXPECT_EQ(fake::commandTexts(), (Texts{"#org.tizen.weather", "#org.tizen.clock", "#org.tizen.launch apps",
                                            "#org.tizen.system", "#org.tizen.websearch"}));

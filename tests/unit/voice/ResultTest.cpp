@@ -138,7 +138,7 @@ TEST_F(ResultTest, AResultWithoutTextHasNoJson) {
     EXPECT_EQ(fake::platform().count("vc_cmd_get_nlu_json"), 0u);
 }
 
-TEST_F(ResultTest, OnlyTheFirstCommandGivesTheJson) {
+TEST_F(ResultTest, OnlyTheFirstCommandProvidesTheJson) {
     one.json = "{\"other\":2}";
     mine.json.reset();
     list.commands = {&mine, &one};

@@ -93,7 +93,7 @@ int AppControl::performAppControlSync(AppControlData& data) {
     return data.getTerminateRequest() ? terminate(data, Caller::current()) : launch(data, Caller::current());
 }
 
-// After a failure to fill or send the request, the handle is deliberately not destroyed.
+// The handle is deliberately not destroyed if filling or sending the request fails.
 int AppControl::launch(const AppControlData& data, const Caller& caller) {
     app_control_h handle = nullptr;
     int result = app_control_create(&handle);

@@ -10,8 +10,8 @@ namespace Util {
 // Sends requests to other applications.
 class AppControl {
 public:
-    // Any thread. Sends a copy on the worker, in the order of the calls, and only logs a failure. Returns 0, or -1 for
-    // a reply, which it does not send.
+    // Any thread. Sends a copy on the worker, in the order of the calls. A failure is only logged. Returns 0; for a
+    // reply, returns -1 and sends nothing.
     static int performAppControl(AppControlData& data);
     // Sends on the calling thread. Returns 0, the error of the platform call that failed, or -1.
     static int performAppControlSync(AppControlData& data);

@@ -9,11 +9,11 @@
 
 namespace Util {
 
-// A request to an application, or a reply to one. A plain value; only AppControl makes a platform handle of it.
+// A request to an application, or a reply to one. A plain value; only AppControl converts it to a platform handle.
 class AppControlData {
 public:
     AppControlData() = default;
-    // Reads application id, operation, URI, and all extras of a received request. A null handle gives the defaults.
+    // Reads the application id, operation, URI, and all extras of a received request. A null handle gives the defaults.
     explicit AppControlData(app_control_h& handle);
     AppControlData(const AppControlData&) = default;
     AppControlData& operator=(const AppControlData&) = default;
@@ -48,7 +48,7 @@ public:
     std::vector<std::string>& getExtraVectorData(const std::string& key);
     void clearExtraData();
     void clearExtraVectorData();
-    // Back to the defaults; the result code becomes 1.
+    // Resets everything to the defaults and sets the result code to 1.
     void clearData();
 
 private:

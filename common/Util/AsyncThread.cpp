@@ -9,7 +9,7 @@ namespace Util {
 
 namespace {
 
-// Paces the worker, also while more jobs wait.
+// Paces the worker, even while more jobs are queued.
 void sleepOneCycle() {
     timespec time{0, 50'000'000};
     while (nanosleep(&time, &time) != 0 && errno == EINTR) {

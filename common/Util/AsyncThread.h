@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A worker thread that runs queued jobs in order, at most one in 50 ms. A job's condition runs on the worker; if it
+// A worker thread that runs queued jobs in order, at most one every 50 ms. A job's condition runs on the worker; if it
 // returns true, the job's action runs on the main loop.
 #pragma once
 
@@ -15,12 +15,12 @@ namespace Util {
 class AsyncThread {
 public:
     AsyncThread();
-    // Waits for the running job and at most 50 ms. Jobs that are still queued do not run.
+    // Waits for the running job and up to 50 ms more. Jobs that are still queued do not run.
     virtual ~AsyncThread();
     AsyncThread(const AsyncThread&) = delete;
     AsyncThread& operator=(const AsyncThread&) = delete;
 
-    // Any thread; returns at once. An empty condition ends the process when the worker reaches it.
+    // Any thread; returns immediately. An empty condition ends the process when the worker reaches it.
     void asyncCall(
         const std::function<bool()>& condition, const std::function<void()>& action = [] {});
     // Runs the action on the main loop and waits for it. Any thread.

@@ -7,13 +7,14 @@
 
 namespace Util {
 
-// Watches the type of the network connection. Without a connection handle, the callbacks never come.
+// Watches the type of the network connection. Without a connection handle, the callbacks never run.
 class ConnectionStateListener : public SystemStateListener {
 public:
     explicit ConnectionStateListener(connection_type_e type);
     ~ConnectionStateListener() override;
 
-    // Opens the connection to the platform's network service at program start and closes it at the end.
+    // Opens the connection to the platform's network service when the program starts and closes it when the program
+    // exits.
     class ConnectionInitializer {
     public:
         ConnectionInitializer();

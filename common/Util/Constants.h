@@ -16,9 +16,9 @@ inline constexpr char RECIPE_PARTNER_DELICOOK[] = ORVANE_RECIPE_DELICOOK_ID;
 inline constexpr char RECIPE_PARTNER_GENERAL[] = ORVANE_RECIPE_GENERAL_ID;
 inline constexpr char RECIPE_PARTNER_KOREA[] = ORVANE_RECIPE_KOREA_ID;
 inline constexpr char ACCOUNT_SERVICE[] = ORVANE_ACCOUNT_SERVICE_ID;
-// In place of an application id if the country has no recipe application.
+// Replaces an application id if the country has no recipe application.
 inline constexpr char RECIPE_NOT_SUPPORTED[] = "RecipeNotSupported";
-// The id of no application: filtering by it removes every command.
+// Not the id of any application, so filtering by it removes every command.
 inline constexpr char RECIPE_NOBODY[] = "this text is used that remove matched command list all";
 }  // namespace App
 
@@ -36,7 +36,7 @@ inline constexpr char SPEECH_DETECTED[] = ORVANE_OPERATION_BASE "/appcontrol/ope
 inline constexpr char LANG_CHANGE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/lang_change";
 inline constexpr char REFRESH_VIEW_TIMEOUT[] = ORVANE_OPERATION_BASE "/appcontrol/operation/refresh_view_timeout";
 inline constexpr char CLOSE_APP[] = ORVANE_OPERATION_BASE "/appcontrol/operation/close_app";
-// An operation of the account service, which has no base.
+// An operation of the account service, without a base.
 inline constexpr char GET_SERVICE_STATUS[] = "get_service_status";
 }  // namespace Operation
 
@@ -53,7 +53,7 @@ inline constexpr char STOP_TTS[] = "key_stop_tts";
 inline constexpr char OPERATION[] = "operation";
 }  // namespace Key
 
-// How a recognition session starts.
+// The ways to start a recognition session.
 namespace StartMode {
 inline constexpr char DEFAULT[] = "Default";
 inline constexpr char PTT[] = "PTT";
@@ -82,7 +82,7 @@ inline constexpr char NO_RESULT_JSON[] = "NoResultJson";
 inline constexpr char SERVER_CRASHED[] = "ServerCrashed";
 }  // namespace Error
 
-// The name of a start mode, state, or error that has none.
+// The name of an unnamed start mode, state, or error.
 inline constexpr char UNKNOWN[] = "UNKNOWN";
 
 namespace Port {
@@ -108,7 +108,7 @@ inline constexpr char ITALIAN[] = "ITI";
 inline constexpr char FRENCH[] = "FRF";
 }  // namespace LanguageFolder
 
-// The recognizer's messages about its failures.
+// The recognizer's error messages.
 namespace RecognizerError {
 inline constexpr char SERVER_TIMED_OUT[] = "Server timed out!";
 inline constexpr char NETWORK_TIMEOUT[] = "network_timeout_exception";

@@ -65,7 +65,7 @@ bool FileHelper::read(FileContent& content) {
         return false;
     }
     const long size = ftell(file.get());
-    // A directory reports a size that FileContent cannot hold.
+    // The size reported for a directory does not fit in FileContent.
     if (size < 0 || size > std::numeric_limits<int>::max()) {
         LOGE("Invalid size");
         return false;

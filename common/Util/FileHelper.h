@@ -7,7 +7,7 @@
 
 namespace Util {
 
-// Names one file and owns a private copy of its bytes.
+// The path of a file and a copy of its bytes.
 class FileContent {
 public:
     explicit FileContent(const char* filePath) : path(filePath) {}
@@ -15,7 +15,7 @@ public:
     FileContent(const FileContent&) = delete;
     FileContent& operator=(const FileContent&) = delete;
 
-    // Copies `size` bytes. A null source, a size below 1, or a lack of memory leaves the object as it was.
+    // Copies `size` bytes. If the source is null, the size is below 1, or memory runs out, the object stays unchanged.
     FileContent& setCopiedData(const char* src, int size);
 
     std::string path;
@@ -28,7 +28,7 @@ class FileHelper {
 public:
     // Creates or replaces the file and syncs it to storage.
     static bool write(FileContent& content);
-    // An empty file also returns true, and leaves the content as it was.
+    // For an empty file, returns true and leaves the content unchanged.
     static bool read(FileContent& content);
     static bool remove(FileContent& content);
     static bool isReadable(FileContent& content);

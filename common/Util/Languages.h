@@ -5,7 +5,7 @@
 
 namespace Util {
 
-// The assistant's language, as the settings store holds it.
+// The assistant's language, as stored in the settings store.
 enum class OrvaneLang : int {
     KO_KR = 0,
     EN_US = 1,
@@ -14,21 +14,21 @@ enum class OrvaneLang : int {
     DE_DE = 4,
     IT_IT = 5,
     FR_FR = 6,
-    RESERVED = 7,  // valid in storage; the language is American English
+    RESERVED = 7,  // a valid stored value that means American English
 };
 
 // The names of one language in the product's modules.
 struct Language {
     OrvaneLang lang;
     const char* locale;
-    const char* wakeupFolder;      // of the wake engine's data
-    const char* recognitionModel;  // by which the recognition engine loads it
+    const char* wakeupFolder;      // the directory of the wake engine's data
+    const char* recognitionModel;  // the name by which the recognition engine loads the model
 };
 
-// American English if the value or the locale is not listed.
+// American English for an unlisted value or locale.
 const Language& languageOf(OrvaneLang lang);
 const Language& languageOfLocale(const std::string& locale);
-// The locale itself if it is not listed.
+// Returns an unlisted locale unchanged.
 std::string recognitionModelOf(const std::string& locale);
 
 }  // namespace Util

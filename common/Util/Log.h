@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The program's log. Each call writes its message twice: to the system log with the tag "orvane-da-service", a color,
-// and the kernel thread id, file, function, and line; and to standard output with the function and line. Any thread.
-// Has no state and takes no lock.
+// and the kernel thread id, file, function, and line; and to standard output with the function and line. Any thread. It
+// has no state and takes no locks.
 #pragma once
 
 #include <dlog.h>
@@ -17,8 +17,8 @@ namespace Util {
 
 inline constexpr char LOG_TAG[] = "orvane-da-service";
 
-// The code that a log line names. A helper that logs for its caller takes one as its last argument, with the default
-// `Caller::current()`.
+// The source location that a log line names. A helper that logs for its caller takes one as its last argument, with the
+// default `Caller::current()`.
 struct Caller {
     const char* file;
     const char* function;
@@ -50,7 +50,7 @@ inline void write(log_priority priority, const char* systemFormat, const char* o
 }  // namespace Log
 }  // namespace Util
 
-// The branch never taken lets the compiler check the arguments against the format.
+// The branch that never runs lets the compiler check the arguments against the format.
 #define ORVANE_LOG(priority, color, caller, format, ...)                                                          \
     do {                                                                                                          \
         if (false) {                                                                                              \
@@ -65,13 +65,13 @@ inline void write(log_priority priority, const char* systemFormat, const char* o
 #define LOGW(format, ...) ORVANE_LOG(DLOG_WARN, "\033[33m", ::Util::Caller::current(), format, ##__VA_ARGS__)
 #define LOGE(format, ...) LOGE_FOR(::Util::Caller::current(), format, ##__VA_ARGS__)
 
-// The line of a helper that logs for its caller.
+// Log lines of a helper that logs for its caller.
 #define LOGD_FOR(caller, format, ...) ORVANE_LOG(DLOG_DEBUG, "\033[32m", caller, format, ##__VA_ARGS__)
 #define LOGE_FOR(caller, format, ...) ORVANE_LOG(DLOG_ERROR, "\033[31m", caller, format, ##__VA_ARGS__)
 
 namespace Util {
 
-// True for 0; otherwise logs the message as an error of the caller.
+// Returns true for 0; otherwise logs the message as an error of the caller.
 inline bool succeededOrLogged(int result, const char* message, const Caller& caller = Caller::current()) {
     if (result != 0) {
         LOGE_FOR(caller, "%s", message);

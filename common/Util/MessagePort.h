@@ -42,7 +42,8 @@ public:
 
     bool setTarget(const std::string& appId, const std::string& port);
     bool isTargetAlive(const std::string& appId, const std::string& port) const;
-    // Any thread. False if the target's port does not exist. True does not mean that the platform accepted the message.
+    // Any thread. Returns false if the target's port does not exist. True does not mean that the platform accepted the
+    // message.
     bool sendMessage(const MessageData& data) const;
     // Registers the local port, at most once per object. The callback comes on the main loop.
     bool setCallBack(const std::string& localPort, const Callback& callback, void* userData);

@@ -7,11 +7,11 @@
 namespace Util {
 
 // One instance per type, created on first use by any thread. An instance that is never destroyed, such as the async
-// thread's, lives until the process ends, because other threads may use it until then.
+// thread, lives until the process exits, because other threads may use it until then.
 template <typename T>
 class Singleton {
 public:
-    // Any thread. The constructor of T must not call this.
+    // Any thread. T's constructor must not call this.
     static T* getInstance() {
         std::lock_guard<std::mutex> lock(mMutex);
         if (mInstance == nullptr) {
@@ -20,7 +20,7 @@ public:
         return mInstance;
     }
 
-    // Only when no other thread uses the instance. A later use creates a new one.
+    // Call this only when no other thread uses the instance. A later use creates a new one.
     static void destroy() {
         T* instance = nullptr;
         {

@@ -14,7 +14,7 @@ namespace Util {
 
 namespace {
 
-// The value that a failed read leaves in the output; this alone tells a failure.
+// A failed read leaves this value in the output, and only this value indicates a failure.
 constexpr int UNREAD = -1;
 
 int readInt(const char* key) {
@@ -23,7 +23,7 @@ int readInt(const char* key) {
     return value;
 }
 
-// The readers below log a failure for the getter that calls them.
+// The functions below log failures for the getter that calls them.
 int readInt(const char* key, int otherwise, const Caller& caller = Caller::current()) {
     const int value = readInt(key);
     if (value == UNREAD) {
@@ -198,7 +198,7 @@ void SystemConfig::setLcdTimeout(int timeout) {
 }
 
 void SystemConfig::setScreenSaverReset() {
-    // Power management takes any new value for an external event.
+    // Power management treats any new value as an external event.
     vconf_set_int(VConfKey::PM_EXTERNAL_EVENT, rand() % 100);
     display_change_state(DISPLAY_STATE_NORMAL);
 }

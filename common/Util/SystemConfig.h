@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The device's settings in the service's own enumerations and texts, and the registry of their change listeners.
-// Any thread may call getters and setters. Only the main loop may create the instance and register listeners.
+// The device's settings, as the service's enumerations and texts, and the registry of their change listeners. Any
+// thread may call getters and setters. Only the main loop may create the instance and register listeners.
 #pragma once
 
 #include <net_connection.h>
@@ -36,7 +36,7 @@ public:
 
     int getMicState();  // 0 off, 1 on
     void setMicState(bool on);
-    // True if the device has left its first-start and demonstration states.
+    // True if the device is in neither its first-start nor its demonstration state.
     bool isOutOfBoxing();
 
     OrvaneLang getOrvaneLang();
@@ -66,7 +66,7 @@ public:
 
     connection_type_e getConnectionState();
 
-    // The callback comes on the main loop whenever the value has changed, until this object is destroyed.
+    // The callback runs on the main loop whenever the value has changed, until this object is destroyed.
     void addWidgetLangStateChangedListener(const Callback& callback, void* userData);
     void addConnectionStateChangedListener(const Callback& callback, void* userData);
     void addMicStateChangedListener(const Callback& callback, void* userData);
@@ -82,7 +82,7 @@ private:
     std::map<std::string, SystemStateListener*> mListeners;  // owned
 };
 
-// The instance of this process.
+// The process's instance.
 inline SystemConfig& systemConfig() {
     return *Singleton<SystemConfig>::getInstance();
 }

@@ -30,7 +30,7 @@ SystemStateListener* watchConnection(SystemConfig& config, const char*) {
 
 using Watch = SystemStateListener* (*)(SystemConfig& config, const char* key);
 
-// Makes the listener of each registry key, which is a key of the settings store unless it is the connection.
+// Creates the listener for each registry key. All are keys of the settings store, except the connection.
 //
 // The country and the two switches are watched with their converted values, as ints. The first notification is compared
 // with the field of the key's own type, which is still empty or false.

@@ -6,7 +6,7 @@
 
 namespace Util {
 
-// Runs callbacks, in the order of their registration, when a watched state changes. Main loop only.
+// Runs callbacks in the order of registration when a watched state changes. Main loop only.
 class SystemStateListener {
 public:
     using Callback = std::function<void(void*)>;

@@ -11,14 +11,14 @@ namespace Util {
 struct Free {
     void operator()(void* memory) const noexcept { free(memory); }
 };
-// A text that a platform call returned, and that the caller owns.
+// A text that a platform call returned and the caller owns.
 using PlatformText = std::unique_ptr<char, Free>;
 
 inline std::string copied(const PlatformText& text) {
     return text ? text.get() : "";
 }
 
-// Without leading and trailing spaces, tabs, carriage returns, line feeds, and vertical tabs.
+// Removes leading and trailing spaces, tabs, carriage returns, line feeds, and vertical tabs.
 inline std::string trimmed(const std::string& text) {
     static constexpr char BLANKS[] = " \t\r\n\v";
     const size_t last = text.find_last_not_of(BLANKS);
@@ -29,7 +29,7 @@ inline std::string trimmed(const std::string& text) {
     return text.substr(first, last - first + 1);
 }
 
-// The trimmed text that a getter of the NLU result parser returns for `part`. Empty if there is none, or if `part` is
+// The trimmed text that a getter of the NLU result parser returns for `part`. Empty if the text is absent or `part` is
 // null.
 template <typename Part>
 std::string getTrimmedStringFromVRP(int (*getter)(Part*, char**), Part* part) {

@@ -3,7 +3,7 @@
 
 namespace Util {
 
-// The settings that the service reads and writes.
+// Keys of the settings that the service reads and writes.
 namespace VConfKey {
 inline constexpr char MIC_STATE[] = "db/mic_key/status";
 inline constexpr char FACTORY_BOOT[] = "db/pwlock/factory_boot";

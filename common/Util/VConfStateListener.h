@@ -9,7 +9,7 @@
 
 namespace Util {
 
-// Watches one key of the settings store. Calls back only if a notification brings another value than the last one.
+// Watches one key of the settings store. Runs its callbacks only if a notification contains a different value.
 class VConfStateListener : public SystemStateListener {
 public:
     VConfStateListener(const std::string& key, int value);
@@ -19,7 +19,7 @@ public:
     ~VConfStateListener() override;
 
 private:
-    // The constructor that made the listener.
+    // The constructor that was used.
     enum ValueType { INT = 0, BOOL = 1, DOUBLE = 2, STRING = 3 };
 
     VConfStateListener(const std::string& key, ValueType type);
@@ -29,8 +29,8 @@ private:
 
     std::string mKey;
     [[maybe_unused]] int mValueType;  // the platform contract requires it; nothing reads it
-    // The last known value of each type. A notification is compared with the one of its own type, whatever the
-    // constructor was.
+    // The last known value of each type. A notification is compared with the value of its own type, regardless of the
+    // constructor.
     int mIntValue = 0;
     bool mBoolValue = false;
     double mDoubleValue = 0;

@@ -10,7 +10,7 @@ namespace Util {
 // Opens web pages in the platform's web browser.
 class WebLauncher {
 public:
-    // Opens the page of the NLU result of a web search. Opens nothing for an action that only the UI answers.
+    // Opens the page for the NLU result of a web search. Does nothing for an action that only the UI answers.
     static void launch(vrp_response_data_s* response);
     static void launch(std::string url);
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The states and errors that the service reports to the UI application. It sends their names; the values are fixed.
+// The states and errors that the service reports to the UI application. The service sends their names. The values are
+// fixed.
 #pragma once
 
 namespace OrvaneDA {
@@ -27,7 +28,7 @@ enum class ErrorType : int {
     ServerCrashed = 8,
 };
 
-// The name that is sent; "UNKNOWN" for a value without a name.
+// The name to send; "UNKNOWN" for a value without a name.
 const char* wireName(ClientState state);
 const char* wireName(ErrorType error);
 

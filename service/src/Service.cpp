@@ -29,7 +29,7 @@ bool Service::onCreate() {
     initModule();
     addListeners();
     refreshVolumeFile();
-    // Reports to a UI that is already open that the service has started again.
+    // Notifies a UI that is already open that the service has restarted.
     bool running = false;
     app_manager_is_running(Constants::App::UI, &running);
     if (running) {

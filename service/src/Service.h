@@ -35,15 +35,15 @@ public:
     void initModule();
     void initTrigger();
 
-    // Returns the result of the send, which does not wait for the UI.
+    // Returns the result of sending, which does not wait for the UI.
     int sendStateToUI(const ClientState& state, const ErrorType& error);
 
     void startRecognition(VoiceStartMode mode, std::string volume);
     void stopRecognition();
     void cancelRecognition();
 
-    // The language of the menu decides the assistant's. A change of the latter rebuilds the trigger and sets the
-    // recognizer's language.
+    // The menu's language determines the assistant's language. A change of the assistant's language rebuilds the
+    // trigger and sets the recognizer's language.
     void setOrvaneLang();
     void refreshLanguageSet();
     void refreshTrigger();
@@ -67,8 +67,8 @@ private:
     void fail(const ErrorType& error);
     void triggerShot(int level);
     void wakeUi();
-    // Clears the pointer under the mutex, and destroys the module without it: a module's destructor may wait for the
-    // async worker, which may wait for the mutex.
+    // Clears the pointer with the mutex held, and destroys the module without it, because a module's destructor may
+    // wait for the async worker, which may wait for the mutex.
     template <typename Module>
     void destroy(Module*& module) {
         Module* old = nullptr;

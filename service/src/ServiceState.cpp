@@ -28,7 +28,8 @@ void Service::reportState(const ClientState& state, const ErrorType& error) {
     }
 }
 
-// Blocks the main loop until the UI shows Ready, so that recording does not begin before; for about one second at most.
+// Blocks the main loop until the UI shows Ready, for at most about one second, so that recording does not begin
+// earlier.
 void Service::waitForUi() {
     for (int poll = 0; poll < UI_READY_POLLS; ++poll) {
         if (systemConfig().getVoiceResponseState()) {

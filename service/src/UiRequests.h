@@ -5,8 +5,8 @@
 
 namespace OrvaneDA {
 
-// The requests to the UI application, prepared once and reused, because each send copies its request.
-// Only the main loop changes them.
+// The requests to the UI application. They are prepared once and reused, which is safe because sending copies a
+// request. Only the main loop may change them.
 struct UiRequests {
     Util::AppControlData triggerShot;
     Util::AppControlData stateChange;

@@ -32,7 +32,7 @@ private:
     std::atomic<bool> mAvailable{false};  // no media player has the focus; written on the sound manager's thread
     int mWatchId = -1;
     vrd_manager_h mBriefingDb = nullptr;
-    std::mutex mBriefingMutex;  // guards mBriefingDb, which one thread at a time may use
+    std::mutex mBriefingMutex;  // guards mBriefingDb
 };
 
 }  // namespace Util

@@ -27,7 +27,7 @@ enum class MediaType : int {
 class VolumeController {
 public:
     explicit VolumeController(MediaType mediaType);
-    // Waits for a running fade to end.
+    // Waits for a running fade.
     virtual ~VolumeController();
     VolumeController(const VolumeController&) = delete;
     VolumeController& operator=(const VolumeController&) = delete;
@@ -40,7 +40,8 @@ public:
     int VolumeDown();
     int mute();
     int unmute();
-    // From now on, `other` gets each level that the platform reports for this controller. It must outlive this one.
+    // From now on, `other` receives each level that the platform reports for this controller. It must outlive this
+    // controller.
     int addSync(VolumeController* other);
     // Called on the fader thread when a decrease ends. Must not call this controller.
     void setDecreaseCallback(const std::function<void(void*)>& callback, void* userData);
@@ -62,7 +63,7 @@ private:
     // Lock order: mMutex, then mSyncMutex. The platform is called under mMutex, but never under mSyncMutex.
     std::atomic<int> mVolume{-1};      // the user's level; after a decrease, the level to restore
     std::atomic<int> mLastVolume{-1};  // the last level above 0
-    std::mutex mMutex;                 // held by public operations, so that one runs at a time; guards mFaderThread
+    std::mutex mMutex;                 // serializes the public operations; guards mFaderThread
     std::unique_ptr<std::thread> mFaderThread;
     std::atomic<bool> mFaderSet{false};  // false stops the running fade
     std::mutex mSyncMutex;               // guards the two fields below

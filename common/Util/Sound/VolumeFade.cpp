@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The fades of VolumeController. One fader thread at a time changes the device's level. It does not take mMutex,
-// because decreaseVolume and restoreVolume hold that while they wait for the previous fade to end.
+// because decreaseVolume and restoreVolume hold it while they wait for the previous fade.
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -41,7 +41,7 @@ void VolumeController::implFaderThread(double seconds, int target, bool restore)
     mFaderThread = std::make_unique<std::thread>([=] { fade(seconds, target, restore); });
 }
 
-// A running fade ends at its next tick, and still sets its own target.
+// A running fade ends at its next tick but still sets its own target.
 void VolumeController::stopFader() {
     if (mFaderThread == nullptr) {
         return;
@@ -56,7 +56,7 @@ void VolumeController::stopFader() {
 void VolumeController::fade(double seconds, int target, bool restore) {
     const int start = getRealVolume();
     mFading = true;
-    // Without a difference there are no steps, but the target is still set at the end.
+    // If the levels are equal, there are no steps, but the target is still set at the end.
     const int steps = abs(start - target);
     int remaining = steps == 0 ? 0 : static_cast<int>(seconds * 1000);
     int wait = 0;

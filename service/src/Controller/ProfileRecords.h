@@ -12,7 +12,7 @@
 
 namespace OrvaneDA {
 
-// Credentials for the hub server, as the account service sent them.
+// Credentials for the hub, from the account service.
 struct Account {
     std::string guid;
     std::string accessToken;
@@ -22,8 +22,8 @@ struct Account {
     bool isComplete() const;
 };
 
-// The household's users: fetched from the hub server, kept as records, stored in the local database.
-// One thread at a time; collect() and store() block for the network and the database.
+// The household's users. Fetches them from the hub, keeps them as records, and stores them in the local database. One
+// thread at a time; collect() and store() block on the network and the database.
 class ProfileRecords {
 public:
     ProfileRecords();
@@ -31,13 +31,13 @@ public:
     ProfileRecords(const ProfileRecords&) = delete;
     ProfileRecords& operator=(const ProfileRecords&) = delete;
 
-    // Replaces the records by the users of every family. A failure ends it and keeps what was fetched before; so does
-    // `isCanceled`, which is asked between two requests.
+    // Replaces the records with the users of every family. Stops after a failure, or when `isCanceled`, which it calls
+    // between requests, returns true; it then keeps the records fetched so far.
     void collect(const Account& account, const std::function<bool()>& isCanceled,
                  const Util::Caller& caller = Util::Caller::current());
-    // Replaces the stored users by the records.
+    // Replaces the stored users with the records.
     void store();
-    // Frees the records; the stored users stay.
+    // Frees the records but not the stored users.
     void resetBundle();
 
 private:

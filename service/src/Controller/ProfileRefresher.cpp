@@ -16,7 +16,7 @@ namespace OrvaneDA {
 
 namespace {
 
-// A reply carries a plain pointer to its refresher and may come after the refresher's end.
+// A reply carries a raw pointer to its refresher and may arrive after the refresher is destroyed.
 std::mutex liveMutex;  // guards liveSessions
 std::map<void*, std::weak_ptr<ProfileSession>> liveSessions;
 
@@ -26,7 +26,7 @@ std::shared_ptr<ProfileSession> liveSession(void* refresher) {
     return found == liveSessions.end() ? nullptr : found->second.lock();
 }
 
-// On a worker. The refresher may end at any time: here it is only the address that the reply carries.
+// Worker only. The refresher may be destroyed at any time; this code only passes on its address for the reply.
 void refresh(const std::shared_ptr<ProfileSession>& session, ProfileRefresher* refresher) {
     Util::AppControlData request;
     session->refresh([&] {

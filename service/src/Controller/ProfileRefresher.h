@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// Keeps the local list of the household's users current: asks the account service for credentials, fetches families and
-// users from the hub server, and stores the users for other applications.
-//
-// Threads: the main loop constructs and destroys the refresher, and receives the event and the reply of the account
-// service. Each refresh runs on its own detached worker, which may outlive the refresher: see ProfileSession.
+// Keeps the local list of the household's users up to date. Requests credentials from the account service, fetches
+// families and users from the hub, and stores the users for other applications. Threads: the main loop constructs and
+// destroys the refresher, and receives the event and the reply of the account service. Each refresh runs on its own
+// detached worker, which may outlive the refresher (see ProfileSession).
 #pragma once
 
 #include <app_control.h>
@@ -26,7 +25,7 @@ public:
     void initPushProfile();
     // Does nothing without a network.
     void updateProfileInfo();
-    // Frees the records of the last refresh, not the stored users. Waits for a refresh that is under way.
+    // Frees the records of the last refresh but not the stored users. Waits for a refresh in progress.
     void resetBundle();
 
     static void appControlReplyCB(app_control_h request, app_control_h reply, app_control_result_e result,

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the refresh workers of one refresher share. The refresher and each worker own it together, so the last of them
-// closes the hub connection and the database.
-//
-// One mutex guards the state, and one condition variable reports each change of it. The mutex is never held while the
-// hub or the database is called: a worker marks the records as taken, releases the mutex, and works on them alone.
+// The state that the workers of one refresher share. The refresher and its workers share ownership, so the last owner
+// closes the hub connection and the database. One mutex guards the state, and one condition variable signals its
+// changes. No thread holds the mutex while it calls the hub or the database: a worker marks the records as taken,
+// releases the mutex, and then has exclusive use of them.
 #pragma once
 
 #include <condition_variable>
@@ -16,14 +15,14 @@ namespace OrvaneDA {
 
 class ProfileSession {
 public:
-    // On a worker. Sends the account request, waits for its reply for at most 5 s, then fetches and stores the users.
-    // Several workers may wait for a reply; they fetch one after the other. `requestAccount` must not block.
+    // Worker only. Sends the account request, waits for its reply for at most 5 s, then fetches and stores the users.
+    // Several workers may wait for a reply, but they fetch one at a time. `requestAccount` must not block.
     void refresh(const std::function<void()>& requestAccount);
-    // The account service replied; null if it sent no credentials.
+    // Passes on the reply of the account service; null if it contains no credentials.
     void answer(const Account* account);
-    // Frees the records; waits for a refresh that is under way.
+    // Frees the records. Waits for a refresh in progress.
     void resetBundle();
-    // Afterwards no request is sent, and a refresh that is under way ends with its current call, without storing.
+    // After this, no request is sent, and a refresh in progress stops after its current call, without storing.
     void close();
 
 private:
@@ -34,11 +33,11 @@ private:
     bool isClosing();
 
     std::mutex mMutex;                 // guards all fields below
-    std::condition_variable mChanged;  // notified at every reply, when the records are free again, and by close()
+    std::condition_variable mChanged;  // notified by every reply, by the release of the records, and by close()
     Account mAccount;                  // from the last reply
     unsigned mAnswers = 0;             // replies so far
     bool mClosing = false;
-    bool mRecordsTaken = false;  // by a worker, which then uses mRecords without the mutex
+    bool mRecordsTaken = false;  // a worker uses mRecords without the mutex
     ProfileRecords mRecords;
 };
 

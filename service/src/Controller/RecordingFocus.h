@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The recording focus of a stream. Failures are logged for the caller, with the platform's code.
+// The recording focus of a stream. Logs failures for the caller, with the platform's code.
 #pragma once
 
 #include <sound_manager.h>
@@ -8,9 +8,9 @@
 
 namespace OrvaneDA {
 
-// A state that cannot be read counts as not held.
+// Returns false if the state cannot be read.
 bool holdsRecordingFocus(sound_stream_info_h stream, const Util::Caller& caller = Util::Caller::current());
-// Whether the focus was acquired.
+// Returns whether the focus was acquired.
 bool acquireRecordingFocus(sound_stream_info_h stream, const Util::Caller& caller = Util::Caller::current());
 void releaseRecordingFocus(sound_stream_info_h stream, const Util::Caller& caller = Util::Caller::current());
 

@@ -6,7 +6,7 @@
 
 namespace OrvaneDA {
 
-// Receives the recorder's blocks, recut into chunks of the size that the listener chooses.
+// Receives the recorder's blocks, split into chunks of the size that the listener chooses.
 class SRecordListener {
 public:
     // `chunkSize` is in bytes. Below 1, every block is passed through whole.

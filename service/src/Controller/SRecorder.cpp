@@ -66,7 +66,7 @@ void SRecorder::stopRecord() {
     }
 }
 
-// A stopped thread leaves the recording flag alone: it may already be the next thread's.
+// A stopped thread does not change the recording flag, which may already belong to the next thread.
 void SRecorder::read(const StopFlag& stop) {
     LOGI("Read Thread Start");
     {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The microphone recorder: reads blocks of 16 kHz mono S16 samples on a read thread, measures the level of each, and
-// gives every enabled listener its own copy. A back end implements the device operations.
+// The microphone recorder. Reads blocks of 16 kHz mono S16 samples on a read thread, measures the level of each block,
+// and passes a separate copy to every enabled listener. A back end implements the device operations.
 //
 // Threads: the owner constructs, starts, and destroys. The read thread reads, resets the device, and calls the
 // listeners. The sound manager's thread reports focus changes, which stop and resume the capture.
@@ -22,7 +22,7 @@ namespace OrvaneDA {
 
 class SRecorder {
 public:
-    // Belongs to one read thread, which ends when it is set.
+    // The stop flag of one read thread, which ends when the flag is set.
     using StopFlag = std::atomic<bool>;
 
     SRecorder();
@@ -48,7 +48,7 @@ public:
 
     // The level of the last block in dB of full scale; -60 after an empty or failed read. Any thread.
     float getVolume() const { return mVolume; }
-    // `size` is in bytes. Only every second sample counts.
+    // `size` is in bytes. Uses only every second sample.
     static float _get_volume_decibel(char* data, int size);
     static const char* TranslateSoundStreamFocusChangeReason(sound_stream_focus_change_reason_e reason);
 
@@ -56,10 +56,10 @@ protected:
     enum State { NOT_INITIALIZED = -1, INITIALIZED = 0, PREPARED = 1 };
 
     bool isRecording() const { return mRecording; }
-    // For the capture loop, on the read thread. Passes on a block of `size` bytes.
+    // For the capture loop; read thread only. Passes a block of `size` bytes to the listeners.
     void deliver(char* buffer, int size);
     void clearVolume() { mVolume = NO_VOLUME; }
-    // Waits for a focus change that is being handled and ignores all later ones.
+    // Waits for a focus change in progress and ignores all later ones.
     void ignoreFocusChanges();
 
     const int mSampleRate = 16000;  // Hz
@@ -82,7 +82,7 @@ private:
     static constexpr float NO_VOLUME = -60.0f;
 
     std::mutex mThreadMutex;  // guards mReadThreads and every change of mRecording
-    // More than one when two starts came before the first thread recorded, or when a thread ended by itself.
+    // Has more than one thread if two starts came before the first thread recorded, or if a thread ended on its own.
     std::vector<std::unique_ptr<ReadThread>> mReadThreads;
     std::atomic<bool> mRecording{false};
     std::mutex mListenerMutex;

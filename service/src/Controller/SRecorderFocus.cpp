@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the recorder does when the sound manager changes its recording focus.
+// Handles changes of the recorder's recording focus.
 #include <iterator>
 
 #include "Controller/SRecorder.h"

@@ -9,7 +9,7 @@ namespace OrvaneDA {
 
 namespace {
 
-constexpr int WORD = 4;  // bytes: one sample that counts for the level and one that does not
+constexpr int WORD = 4;  // bytes: one sample that counts toward the level and one that does not
 
 // The square of the little-endian sample in the lower half of a word.
 inline uint32_t squareOf(uint32_t word) {
@@ -23,8 +23,8 @@ inline uint32_t wordAt(const char* data) {
     return word;
 }
 
-// `size` is at least 1. The sum of two squares fits 32 unsigned bits, so one addition of 64 bits takes two samples. One
-// comes from each half of the block, so that the compiler can load whole registers.
+// `size` must be at least 1. The sum of two squares fits in 32 unsigned bits, so each 64-bit addition handles two
+// samples, one from each half of the block. This lets the compiler load whole registers.
 int64_t sumOfSquares(const char* data, int size) {
     const int words = size / WORD;
     const int half = words / 2;

@@ -9,7 +9,7 @@ namespace OrvaneDA {
 
 namespace {
 
-constexpr int FRAMES = 256;             // of one read
+constexpr int FRAMES = 256;             // per read
 constexpr int BLOCK_SIZE = FRAMES * 2;  // bytes: the library mixes its two channels to one
 
 }  // namespace
@@ -25,7 +25,7 @@ SRecorderSSE::~SRecorderSSE() {
     shutDown();
 }
 
-// The library counts as created even when a call fails.
+// The library counts as created even if a call fails.
 bool SRecorderSSE::createDevice(int& result) {
     const int created = sse_create(16000, AUDIO_CHANNEL_STEREO, AUDIO_SAMPLE_TYPE_S16_LE, FRAMES);
     const int initialized = sse_init();

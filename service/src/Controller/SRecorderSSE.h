@@ -5,7 +5,7 @@
 
 namespace OrvaneDA {
 
-// Captures through the speech capture library, which keeps its own instance.
+// Captures through the speech capture library, which manages its own instance.
 class SRecorderSSE : public SRecorderBackEnd {
 public:
     SRecorderSSE();

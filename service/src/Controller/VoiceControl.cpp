@@ -13,7 +13,7 @@ namespace OrvaneDA {
 
 namespace {
 
-// The recognition model of the last language set on the engine.
+// The recognition model of the language last set on the engine.
 std::string lastModel;
 
 }  // namespace

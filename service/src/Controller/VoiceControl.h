@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Recognition through the platform's voice-control manager: connection and language, start, stop, and cancel of a
-// recognition session with a timeout, and reports of what the manager's callbacks say. Main loop only.
+// Speech recognition through the platform's voice-control manager. Manages the connection and the language; starts,
+// stops, and cancels recognition sessions, which have a timeout; and reports the manager's callbacks. Main loop only.
 #pragma once
 
 #include <orvane_da_parser.h>
@@ -32,17 +32,17 @@ public:
 
     void setPartialResultCallback(PartialResultCallback callback) { mPartialResultCallback = std::move(callback); }
     void setStateCallback(StateCallback callback) { mStateCallback = std::move(callback); }
-    // Receives only the manager's service state, translated, without an error.
+    // Receives only the manager's translated service state, without an error.
     void setRecognitionStateCallback(StateCallback callback) { mRecognitionStateCallback = std::move(callback); }
 
-    // The constructor calls it. A failure is logged, and the engine cannot be used until another call succeeds; call
-    // deinitVoiceControl before that, which closes what the failed call has opened.
+    // The constructor calls this. After a failure, which is logged, the engine cannot be used until another call
+    // succeeds. Before that call, deinitVoiceControl must close whatever the failed call opened.
     void initVoiceControl();
     void deinitVoiceControl();
 
     bool setLanguage(std::string lang);
     bool isSupportedLang(std::string lang);
-    // These return the platform's code. The media volume goes to the engine unchanged.
+    // These return the platform's code. The media volume is passed to the engine unchanged.
     int startRecognition(VoiceStartMode mode, std::string mediaVolume);
     int stopRecognition(bool);
     int cancelRecognition(bool, bool);
@@ -54,7 +54,7 @@ public:
 
     void syncAppState(const ClientState& state, const ErrorType& error);
 
-    // 0, or -1 on the first failure, which leaves the commands added before in the list.
+    // Returns 0, or -1 at the first failure, which leaves the commands added so far in the list.
     int createCommandList();
     void launchApps(vrp_response_data_s*& response);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the voice-control manager's callbacks do.
+// The callbacks of the voice-control manager.
 #include "Controller/Voice/PreloadedCommands.h"
 #include "Controller/Voice/ResultJson.h"
 #include "Controller/Voice/VoiceErrors.h"
@@ -62,7 +62,7 @@ void VoiceControl::_vc_service_state_changed_cb(vc_service_state_e previous, vc_
     }
 }
 
-// Only keeps the message, which is reported when the service state returns to Ready.
+// Only stores the message; it is reported when the service state returns to Ready.
 void VoiceControl::_vc_error_cb(vc_error_e reason, void* user_data) noexcept {
     LOGE("==== vc error - %s ====", voiceErrorName(reason));
     char* text = nullptr;

@@ -9,11 +9,11 @@ namespace OrvaneDA {
 enum class VoiceStartMode : int {
     Default = 0,
     PTT = 1,           // push to talk: the person ends the utterance
-    ClearContext = 2,  // the server forgets the dialogue so far
+    ClearContext = 2,  // the server discards the dialogue so far
     Unnamed = 3,
 };
 
-// Unnamed for a text that is not exactly a mode's name.
+// Unnamed for a text that does not exactly match the name of a mode.
 VoiceStartMode startModeOf(const std::string& name);
 // "UNKNOWN" for Unnamed.
 const char* TranslateStartModeToRecognitionMode(VoiceStartMode mode);

@@ -14,7 +14,8 @@ namespace {
 namespace App = Constants::App;
 using Util::getTrimmedStringFromVRP;
 
-// The application to launch where the result names `package`: the general recipe partner has others in some places.
+// The application to launch for `package` in a result. In some places, another application replaces the general recipe
+// partner.
 std::string appToLaunch(const std::string& package) {
     Util::SystemConfig& config = Util::systemConfig();
     const int region = config.getSystemRegion();

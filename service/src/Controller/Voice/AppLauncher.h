@@ -8,8 +8,8 @@ namespace OrvaneDA {
 // Carries out a result whose agent is "Launch Apps".
 class AppLauncher {
 public:
-    // Opens the home screen, or opens or closes the application that the result names. A result without launch data and
-    // a recipe application without support in this country are logged and launch nothing.
+    // Opens the home screen, or opens or closes the application in the result. Logs and ignores a result without launch
+    // data, or with a recipe application that this country does not support.
     static void launchApps(vrp_response_data_s* response);
 };
 

@@ -7,17 +7,17 @@
 
 namespace OrvaneDA {
 
-// The list of the commands that the service itself handles, one for each domain. Main loop only.
+// The list of commands that the service itself handles, one per domain. Main loop only.
 class CommandList {
 public:
     CommandList() = default;
     CommandList(const CommandList&) = delete;
     CommandList& operator=(const CommandList&) = delete;
 
-    // Returns whether all commands are in the list. The first failure is logged for the caller and leaves the commands
-    // that were added before.
+    // Returns whether all commands are in the list. Stops at the first failure, logs it for the caller, and keeps the
+    // commands added so far.
     bool create(const Util::Caller& caller = Util::Caller::current());
-    // Destroys the commands too. Returns the platform's code.
+    // Also destroys the commands. Returns the platform's code.
     int destroy();
     // Null before create and after destroy.
     vc_cmd_list_h handle() const { return mHandle; }

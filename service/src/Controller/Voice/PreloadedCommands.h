@@ -5,7 +5,7 @@
 
 namespace OrvaneDA {
 
-// The absolute path of the file of commands that the recognition engine loads when it is ready. Computed once.
+// The absolute path of the command file that the recognition engine loads when it is ready. Computed once.
 const std::string& preloadedCommandsPath();
 
 }  // namespace OrvaneDA

@@ -11,9 +11,9 @@
 
 namespace OrvaneDA {
 
-// An answer that the UI shows from the result, so that no recipe application receives it.
+// Whether the UI shows the answer from the result, so that no recipe application receives it.
 bool isRecipeAnswer(const std::string& actionName);
-// Takes the commands of all other applications from `list` and gives the rest to the manager. Logs for the caller.
+// Removes the commands of all other applications from `list` and passes the rest to the manager. Logs for the caller.
 void routeRecipe(vrp_recipe_data_s* recipe, const std::string& actionName, vc_cmd_list_s* list,
                  const Util::Caller& caller = Util::Caller::current());
 

@@ -15,7 +15,7 @@ public:
     RecognitionTimer(const RecognitionTimer&) = delete;
     RecognitionTimer& operator=(const RecognitionTimer&) = delete;
 
-    // Does nothing when a timer was started before and not stopped, even if it has fired.
+    // Does nothing if the timer was started and not stopped, even if it has fired.
     void start(double seconds);
     void stop();
 

@@ -19,7 +19,7 @@ struct DestroyResponse {
     void operator()(vrp_response_data_s* response) const noexcept { vrp_response_data_destroy(response); }
 };
 
-// Null when the response has none. Part of the response.
+// Null if the response has no such part. The response owns it.
 vrp_recipe_data_s* recipeOf(vrp_response_data_s* response) {
     vrp_action_data_s* actionData = nullptr;
     vrp_recipe_data_s* recipe = nullptr;
@@ -52,7 +52,7 @@ bool ResultDispatcher::dispatch(const std::string& json, vc_cmd_list_s* list, co
     } else if (agent == "Naver" || agent == "WebSearch") {
         Util::WebLauncher::launch(response.get());
     }
-    // A recipe command is routed even when the recognition was canceled above.
+    // Routes a recipe command even if the recognition was canceled above.
     if (agent == "Recipe" && handleRecipe(response.get(), actionName, list, caller)) {
         carriedOut = false;
     }

@@ -11,13 +11,13 @@
 
 namespace OrvaneDA {
 
-// Carries out what the service itself does with a final result: nothing, cancel the recognition, launch an application,
-// open a web search, or leave a recipe command to one recipe application. Main loop only.
+// Carries out the service's part of a final result: nothing, canceling the recognition, launching an application,
+// opening a web search, or routing a recipe command to one recipe application. Main loop only.
 class ResultDispatcher {
 public:
     explicit ResultDispatcher(std::function<void()> cancelRecognition);
 
-    // Returns false when the recognition was canceled, a recipe command was routed, or the JSON cannot be parsed. Logs
+    // Returns false if the recognition was canceled, a recipe command was routed, or the JSON cannot be parsed. Logs
     // for the caller.
     bool dispatch(const std::string& json, vc_cmd_list_s* list,
                   const Util::Caller& caller = Util::Caller::current()) const;

@@ -11,7 +11,8 @@
 
 namespace OrvaneDA {
 
-// The JSON of the list's first command; empty when the result has no text or the command no JSON. Logs for the caller.
+// The JSON of the list's first command; empty if the result has no text or the command has no JSON. Logs for the
+// caller.
 std::string resultJson(const char* text, vc_cmd_list_s* list, const Util::Caller& caller = Util::Caller::current());
 // Replaces the result file. Returns None or NoResultJson.
 ErrorType writeResultFile(const std::string& json);

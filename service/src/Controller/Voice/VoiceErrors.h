@@ -11,9 +11,9 @@ namespace OrvaneDA {
 
 // "NONE" to "EMPTY"; "VC_ERROR_UNKNOWN" for any other code.
 const char* voiceErrorName(int error);
-// Logs a failed call and its error's name for the caller.
+// Logs a failed call and the name of its error for the caller.
 void logIfFailed(const char* call, int result, const Util::Caller& caller = Util::Caller::current());
-// What the manager's error message means to the UI; Default for a message that is not listed.
+// Translates the manager's error message for the UI; Default for an unlisted message.
 ErrorType errorTypeOf(const std::string& message);
 
 }  // namespace OrvaneDA

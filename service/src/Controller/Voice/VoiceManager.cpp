@@ -48,7 +48,7 @@ bool VoiceManager::openSettings(const Util::Caller& caller) {
            setLanguageOfSettings(caller);
 }
 
-// The engine starts in the language of the settings. From then on the service sets the language, not the platform.
+// The engine starts in the language of the settings. After that, the service sets the language, not the platform.
 bool VoiceManager::setLanguageOfSettings(const Util::Caller& caller) {
     char* text = nullptr;
     const int result = vc_setting_get_language(&text);

@@ -10,16 +10,16 @@ namespace OrvaneDA {
 
 class VoiceControl;
 
-// The connection to the platform's voice-control settings and manager, whose callbacks go to VoiceControl. Failures are
-// logged for the caller. Main loop only.
+// Connects to the platform's voice-control settings and manager, and passes the callbacks to VoiceControl. Logs
+// failures for the caller. Main loop only.
 class VoiceManager {
 public:
     explicit VoiceManager(VoiceControl& control) : mControl(control) {}
     VoiceManager(const VoiceManager&) = delete;
     VoiceManager& operator=(const VoiceManager&) = delete;
 
-    // Stops at the first failure and returns false; `close` closes what is open by then. The engine is not ready yet
-    // when it returns true.
+    // Stops at the first failure and returns false; `close` then closes whatever is open. When this returns true, the
+    // engine is not yet ready.
     bool open(const Util::Caller& caller = Util::Caller::current());
     void close(const Util::Caller& caller = Util::Caller::current());
 

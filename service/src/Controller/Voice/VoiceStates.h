@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// States of the voice-control manager: their names in the log and what they mean to the service.
+// States of the voice-control manager: their names in the log and their meaning for the service.
 #pragma once
 
 #include <voice_control_manager.h>
@@ -8,7 +8,7 @@
 
 namespace OrvaneDA {
 
-// "UNKNOWN" for a value that is not listed.
+// "UNKNOWN" for an unlisted value.
 const char* stateName(vc_state_e state);
 const char* serviceStateName(vc_service_state_e state);
 

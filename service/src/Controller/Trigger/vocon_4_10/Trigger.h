@@ -24,7 +24,7 @@ public:
     virtual void _shot(int level);
 
 protected:
-    std::atomic<int> mEnabled{0};  // 1 while started; read by this class's _shot only, which WuWTrigger overrides
+    std::atomic<int> mEnabled{0};  // 1 while started; read only by this class's _shot, which WuWTrigger overrides
     std::function<void(int)> mCallback;
 };
 

@@ -9,7 +9,7 @@ namespace OrvaneDA {
 
 namespace {
 
-constexpr size_t MAX_WAITING = 500;  // a block that finds more than this many in the queue drops the oldest
+constexpr size_t MAX_WAITING = 500;  // if the queue is longer than this, a new block replaces the oldest
 constexpr useconds_t FETCH_PAUSE_US = 1000;
 
 }  // namespace

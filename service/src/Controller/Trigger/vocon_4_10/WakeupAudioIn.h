@@ -18,24 +18,23 @@ public:
     WakeupAudioIn();
     ~WakeupAudioIn() override;
 
-    // Called by the engine. All return 0.
+    // The engine calls these. All return 0.
     int Start() override;
     int Stop() override;
     int HasData(bool& available) override;
-    // Waits for a block while the feed is open. Gives null and 0 at once when it is closed. The engine owns the block
-    // until it returns it.
+    // Waits for a block while the feed is open. If it is closed, gives null and 0 immediately. The engine owns the
+    // block until it returns it.
     int FetchData(void*& data, unsigned int& size) override;
     int ReturnData(void* data) override;
 
-    // Frees every queued block.
+    // Frees all queued blocks.
     void clearQueue();
 
 protected:
     void implDataHandled(char* data, int size) override;
 
 private:
-    // A block (new[]) and its length in bytes. The destructor does not free the block, which the engine may own by
-    // then.
+    // A block (new[]) and its length in bytes. The destructor does not free the block, because the engine may own it.
     struct PCMData {
         PCMData(char* block, unsigned int length) : data(block), size(length) {}
         virtual ~PCMData() = default;
@@ -44,12 +43,12 @@ private:
         unsigned int size;
     };
 
-    // With the mutex held: moves the oldest record to the spare ones and returns what it held.
+    // Call with the mutex held. Returns the contents of the oldest record and keeps the record for reuse.
     PCMData takeOldest();
 
     std::list<PCMData> mQueue;  // oldest first
     std::mutex mQueueMutex;
-    std::list<PCMData> mSpare;  // records without a block, for reuse: queueing a block allocates no record
+    std::list<PCMData> mSpare;  // empty records for reuse, to save allocations
 };
 
 }  // namespace OrvaneDA

@@ -102,7 +102,7 @@ void WuWTrigger::__cancelListening() {
     mEngine->CancelListening();
 }
 
-// The callback launches an application, which neither the engine's thread nor the caller of forceShot waits for.
+// The callback launches an application. Neither the engine's thread nor the caller of forceShot waits for that.
 template <typename Shoot>
 void WuWTrigger::queueShot(Shoot shoot) {
     Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([life = mLife, shoot] {

@@ -23,15 +23,15 @@ class WakeupAudioIn;
 
 class WuWTrigger : public Trigger, private nuance::IWakeupListener {
 public:
-    // Initializes the engine for the current language and wake word. On failure the trigger has no audio feed.
+    // Initializes the engine for the current language and wake word. On failure, the trigger has no feed.
     WuWTrigger();
-    // Waits for the engine's thread and for a running callback.
+    // Waits for the engine's thread and a running callback.
     ~WuWTrigger() override;
 
     void start() override;
     void stop() override;
     void forceShot() override;
-    // Unlike the base, does not check the enabled flag: OnWakeup has cleared it by then.
+    // Unlike the base class, does not check the enabled flag, because OnWakeup has already cleared it.
     void _shot(int level) override;
 
     void OnWakeup(const std::string& word, int level) override;
@@ -39,17 +39,17 @@ public:
     void OnError(nuance::IWakeupListener::Error code, const std::string& detail) override;
     void OnWarning(nuance::IWakeupListener::Warning code, const std::string& detail) override;
 
-    // The audio feed, for the recorder; null when the engine could not be initialized. The trigger keeps ownership.
+    // The feed, for the recorder; null if the engine could not be initialized. The trigger keeps ownership.
     SRecordListener* getSRecordListener();
 
     // Throw std::out_of_range for a code without a name.
     static const std::string& getErrorCode(nuance::IWakeupListener::Error code);
     static const std::string& getWarningCode(nuance::IWakeupListener::Warning code);
-    // The folder of the engine's data, with "/" at its end.
+    // The directory of the engine's data, with a trailing "/".
     static std::string getConfigPath(Util::OrvaneLang language, Util::OrvaneWUW word);
 
 private:
-    // Shared with the queued jobs, which may outlive the trigger and do nothing then.
+    // Shared with the queued jobs, which may outlive the trigger and then do nothing.
     struct Life {
         std::mutex mutex;  // held while a job runs
         bool ended = false;

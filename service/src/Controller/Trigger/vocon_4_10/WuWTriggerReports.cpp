@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the wake engine reports besides detections. It is only logged.
+// Logs the wake engine's reports other than detections.
 #include <map>
 
 #include "Controller/Trigger/vocon_4_10/WuWTrigger.h"

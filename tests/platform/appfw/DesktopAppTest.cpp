@@ -53,7 +53,7 @@ protected:
         std::string written;
         std::getline(std::ifstream(mPipe), written);
         EXPECT_EQ(written, words);
-        EXPECT_EQ(mReply.count, 0) << "replies come on the main loop";
+        EXPECT_EQ(mReply.count, 0) << "replies arrive on the main loop";
         EXPECT_TRUE(runMainLoopUntil([this] { return mReply.count == 1; }));
         EXPECT_EQ(mReply.result, APP_CONTROL_RESULT_APP_STARTED);
     }

@@ -84,7 +84,7 @@ TEST_F(ARunningService, PreventsASecondOneFromStarting) {
 TEST_F(ARunningService, HandlesEarlierRequestsAndThenShutsDownCleanlyOnAClose) {
     OtherApp app;
     ASSERT_TRUE(app.ask(SERVICE_ID, "last"));
-    EXPECT_TRUE(app.call(SERVICE_ID, "Close")) << "answered before it ends";
+    EXPECT_TRUE(app.call(SERVICE_ID, "Close")) << "the service replies before it ends";
     EXPECT_EQ(mService.rest(), "operation last\nterminate\n");
     EXPECT_EQ(mService.wait(), 0);
 }

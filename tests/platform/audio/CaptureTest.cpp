@@ -99,7 +99,7 @@ TEST(ABlockedRead, EndsWhenTheDeviceIsUnpreparedByAnotherThread) {
     CaptureStderr();
     EXPECT_EQ(audio_in_unprepare(microphone.handle()), 0);
     EXPECT_LT(soon(reading), 0);
-    EXPECT_EQ(GetCapturedStderr(), "") << "a read that waits until the server is given up logs an outage";
+    EXPECT_EQ(GetCapturedStderr(), "") << "a read that waits until the module gives up on the server logs an outage";
     room.thaw();
 }
 
@@ -119,7 +119,7 @@ TEST(ABlockedSpeechRead, EndsWhenTheCaptureIsUnpreparedByAnotherThread) {
     CaptureStderr();
     EXPECT_EQ(sse_unprepare(), 0);
     EXPECT_NE(soon(reading), 0);
-    EXPECT_EQ(GetCapturedStderr(), "") << "a read that waits until the server is given up logs an outage";
+    EXPECT_EQ(GetCapturedStderr(), "") << "a read that waits until the module gives up on the server logs an outage";
     room.thaw();
 }
 

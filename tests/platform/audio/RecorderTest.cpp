@@ -58,7 +58,7 @@ TYPED_TEST(ARealRecorder, ReleasesTheMicrophoneWithTheFocusAndResumesWhenTheFocu
     ASSERT_TRUE(blocks.moreCome());
     for (int times = 0; times < 3; ++times) {
         Child alarm = focus::holder(SOUND_STREAM_FOCUS_CHANGED_BY_ALARM);
-        ASSERT_TRUE(eventually([] { return !isCaptured(); })) << "the microphone is given up";
+        ASSERT_TRUE(eventually([] { return !isCaptured(); })) << "the microphone is released";
         EXPECT_FALSE(focus::isOurs());
         const AudioIn other;
         other.capture(0.1);  // sound that was already captured has arrived

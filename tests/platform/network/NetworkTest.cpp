@@ -166,7 +166,7 @@ TEST_F(AConnection, DoesNotBlockWhileTheManagerHangsAndAsksItAgain) {
         gio::IoThread::get().run([] {});
         longest = std::max(longest, std::chrono::steady_clock::now() - start);
         return now == network::kindOfDefaultRoute();
-    })) << "a manager that does not answer is not asked for the kind";
+    })) << "while the manager does not reply, the type is that of the default route";
     EXPECT_LT(longest, kWatchdog);
     // Two calls stay unanswered: one after the first signal, and one for all later signals.
     ASSERT_TRUE(runMainLoopUntil([&] { return mManager->unanswered() == 2; }));

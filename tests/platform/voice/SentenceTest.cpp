@@ -16,15 +16,15 @@ using voice::splitWords;
 const NameLists kApps{
     {"app", {{"org.music", parseSentence("[the] music [player]")}, {"org.notes", parseSentence("notes")}}}};
 
-bool fits(const std::string& phrase, const std::string& sentence, SlotValues* filling = nullptr) {
+bool fits(const std::string& sentence, const std::string& utterance, SlotValues* filling = nullptr) {
     SlotValues own;
-    return matches(parseSentence(phrase), kApps, splitWords(sentence), filling ? *filling : own);
+    return matches(parseSentence(sentence), kApps, splitWords(utterance), filling ? *filling : own);
 }
 
 TEST(ASentence, MatchesTheUtterancesItDescribesAndNoOthers) {
     struct {
-        const char* phrase;
         const char* sentence;
+        const char* utterance;
         bool expected;
     } table[] = {
         {"go home", "go home", true},
@@ -47,7 +47,7 @@ TEST(ASentence, MatchesTheUtterancesItDescribesAndNoOthers) {
         {"a | b c", "b c", true},
     };
     for (const auto& row : table) {
-        EXPECT_EQ(fits(row.phrase, row.sentence), row.expected) << row.phrase << " / " << row.sentence;
+        EXPECT_EQ(fits(row.sentence, row.utterance), row.expected) << row.sentence << " / " << row.utterance;
     }
 }
 
@@ -66,14 +66,14 @@ TEST(ASentence, CapturesTheWordsOfItsFreeTail) {
 }
 
 TEST(ASentence, DoesNotMatchWhenItHasTooManyVariants) {
-    std::string phrase;
     std::string sentence;
+    std::string utterance;
     for (int i = 0; i < 200; ++i) {
-        phrase += "(a | a) ";
-        sentence += "a ";
+        sentence += "(a | a) ";
+        utterance += "a ";
     }
-    EXPECT_TRUE(fits(phrase, sentence));
-    EXPECT_FALSE(fits(phrase + "b", sentence + "c")) << "it has too many variants";
+    EXPECT_TRUE(fits(sentence, utterance));
+    EXPECT_FALSE(fits(sentence + "b", utterance + "c")) << "it has too many variants";
 }
 
 TEST(ASentence, MayHaveTwentyOptionalPartsButMustKeepAWord) {

@@ -20,7 +20,7 @@ protected:
         fake::setFamilies({{"f1", {{"u1", "Ann"}, {"u2", "Bob"}}, 0}, {"f2", {}, 0}, {"f3", {{"u3", "Cy"}}, 0}});
     }
     void TearDown() override {
-        // Workers are detached; the last owner of the session closes hub and database.
+        // Workers are detached; the last owner of the ProfileSession closes hub and database.
         EXPECT_TRUE(fake::platform().waitFor("ks_server_destroy"));
         EXPECT_TRUE(fake::platform().waitFor("vrd_manager_destroy"));
         EXPECT_EQ(fake::openRecords(), 0);

@@ -16,11 +16,12 @@ endfunction()
 
 # A module of the platform on Linux: orvane_linux_module(NAME SOURCES FILE... [DEPENDS TARGET...]) makes linux_NAME.
 #
-# Private headers lie beside the sources and are included by their bare name. Headers for other modules lie in include/,
-# and only a module that names this one after DEPENDS finds them. DEPENDS takes modules (linux_NAME), wrappers
+# Private headers are beside the sources and are included by their bare names. Headers for other modules are in include/,
+# and only a module that lists this one after DEPENDS finds them. DEPENDS takes modules (linux_NAME), wrappers
 # (lib_NAME), and imported libraries.
 #
-# A module is an object library, so that platform_linux remains one archive from which a program takes what it needs.
+# A module is an object library, so that platform_linux is a single archive from which the linker takes only the needed
+# objects.
 function(orvane_linux_module name)
   cmake_parse_arguments(PARSE_ARGV 1 MODULE "" "" "SOURCES;DEPENDS")
   add_library(linux_${name} OBJECT ${MODULE_SOURCES})

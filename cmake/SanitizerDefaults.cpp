@@ -9,23 +9,23 @@ const char* __tsan_default_suppressions();
 
 const char* __lsan_default_suppressions() {
     return
-        // A program that ends without shutting Ecore down leaks the classes of EFL.
+        // A program that exits without shutting down Ecore leaks EFL's classes.
         "leak:efl_class_new\n";
 }
 
 const char* __tsan_default_suppressions() {
     return
-        // GLib locks with its own futexes and is not built for ThreadSanitizer, which therefore reports everything that
-        // GLib passes between threads as a race.
+        // GLib uses its own futex locks and is not built with ThreadSanitizer, which therefore reports a race for
+        // everything that GLib passes between threads.
         "called_from_lib:libglib-2.0.so\n"
         "called_from_lib:libgobject-2.0.so\n"
         "called_from_lib:libgio-2.0.so\n"
-        // It uses GLib's locks.
+        // dconf uses GLib's locks.
         "called_from_lib:libdconf.so.1\n"
-        // It shares memory with the sound server and uses atomics that ThreadSanitizer does not see. It never calls our
-        // code; libpulse does.
+        // This library shares memory with the sound server and uses atomics that ThreadSanitizer does not see. Only
+        // libpulse calls our code.
         "race:libpulsecommon-\n"
-        // Its signal handlers write to a pipe without restoring errno.
+        // Ecore's signal handlers write to a pipe without restoring errno.
         "signal:libecore.so.1\n";
 }
 

@@ -7,9 +7,9 @@ set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
 set(CMAKE_LIBRARY_ARCHITECTURE aarch64-linux-gnu)
 
 set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ORVANE_SYSROOT)
-set(ORVANE_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../build/arm64-sysroot CACHE PATH "Folder with the arm64 libraries")
+set(ORVANE_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../build/arm64-sysroot CACHE PATH "Directory with the arm64 libraries")
 cmake_path(ABSOLUTE_PATH ORVANE_SYSROOT NORMALIZE)
-# The compiler brings its own C library, so this is no sysroot to it.
+# The cross compiler has its own C library, so CMAKE_SYSROOT is not set.
 list(APPEND CMAKE_FIND_ROOT_PATH ${ORVANE_SYSROOT})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

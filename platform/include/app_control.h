@@ -14,9 +14,9 @@ typedef enum {
     APP_CONTROL_ERROR_NONE = 0,
     APP_CONTROL_ERROR_OUT_OF_MEMORY = -12,
     APP_CONTROL_ERROR_INVALID_PARAMETER = -22,
-    APP_CONTROL_ERROR_APP_NOT_FOUND = -101, /* no such application installed, or no default handler for the URI */
+    APP_CONTROL_ERROR_APP_NOT_FOUND = -101, /* the application is not installed, or the URI has no default handler */
     APP_CONTROL_ERROR_KEY_NOT_FOUND = -102,
-    APP_CONTROL_ERROR_INVALID_DATA_TYPE = -103, /* an array where a single value is expected, or the reverse */
+    APP_CONTROL_ERROR_INVALID_DATA_TYPE = -103, /* an array instead of a single value, or the reverse */
     APP_CONTROL_ERROR_LAUNCH_REJECTED = -104,
     APP_CONTROL_ERROR_LAUNCH_FAILED = -105,
     APP_CONTROL_ERROR_TIMED_OUT = -106,
@@ -63,9 +63,9 @@ int app_control_get_extra_data_array(app_control_h app_control, const char* key,
 int app_control_is_extra_data_array(app_control_h app_control, const char* key, bool* array);
 int app_control_foreach_extra_data(app_control_h app_control, app_control_extra_data_cb callback, void* user_data);
 
-/* Starts the application if it does not run, and blocks until it has received the request. The callback, if any, gets
+/* Starts the application if it is not running, and blocks until it has received the request. The callback, if any, gets
  * at most one reply; if the application cannot reply, the platform replies APP_CONTROL_RESULT_APP_STARTED. If the
- * application is not installed, returns APP_CONTROL_ERROR_APP_NOT_FOUND at once. */
+ * application is not installed, returns APP_CONTROL_ERROR_APP_NOT_FOUND immediately. */
 int app_control_send_launch_request(app_control_h app_control, app_control_reply_cb callback, void* user_data);
 /* Replies to a request that this process received. */
 int app_control_reply_to_launch_request(app_control_h reply, app_control_h request, app_control_result_e result);

@@ -24,7 +24,7 @@ int app_manager_is_running(const char* app_id, bool* running);
 /* The caller frees the context with app_context_destroy. Unchanged on failure. */
 int app_manager_get_app_context(const char* app_id, app_context_h* app_context);
 int app_context_destroy(app_context_h app_context);
-/* Asks the application to close, and does not wait for it. */
+/* Asks the application to close, without waiting for it. */
 int app_manager_terminate_app(app_context_h app_context);
 /* The caller frees the id with free(). Unchanged on failure. */
 int app_manager_get_app_id(pid_t pid, char** app_id);

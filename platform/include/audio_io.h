@@ -25,11 +25,11 @@ typedef enum {
     AUDIO_IO_ERROR_OUT_OF_MEMORY = -12,
     AUDIO_IO_ERROR_INVALID_PARAMETER = -22,
     AUDIO_IO_ERROR_INVALID_STATE = -801,
-    AUDIO_IO_ERROR_DEVICE_NOT_OPENED = -802, /* no sound server or source */
+    AUDIO_IO_ERROR_DEVICE_NOT_OPENED = -802, /* no sound server or no source */
     AUDIO_IO_ERROR_NOT_SUPPORTED = -803,
 } audio_io_error_e;
 
-/* One thread at a time may use a handle, except that audio_in_unprepare may end another thread's read. All functions
+/* One thread at a time may use a handle, except that audio_in_unprepare may end a read on another thread. All functions
  * return audio_io_error_e. */
 int audio_in_create(int sample_rate, audio_channel_e channel, audio_sample_type_e type, audio_in_h* input);
 int audio_in_destroy(audio_in_h input);

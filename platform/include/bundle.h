@@ -21,12 +21,12 @@ enum { BUNDLE_TYPE_STR = 1 };
 
 typedef void (*bundle_iterator_t)(const char* key, const int type, const bundle_keyval_t* kv, void* user_data);
 
-/* The caller frees the bundle with bundle_free. Null if memory is short. */
+/* The caller frees the bundle with bundle_free. Null if memory runs out. */
 bundle* bundle_create(void);
 int bundle_free(bundle* b);
 /* Inserts or replaces. Values are any bytes that a C string can hold. */
 int bundle_add_str(bundle* b, const char* key, const char* str);
-/* Iterates over the entries in the order in which they were added. */
+/* Iterates over the entries in insertion order. */
 void bundle_foreach(bundle* b, bundle_iterator_t iter, void* user_data);
 /* The value of a string entry: *val points into the entry, and *size includes the terminator. */
 int bundle_keyval_get_basic_val(bundle_keyval_t* kv, void** val, size_t* size);

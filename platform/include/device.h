@@ -17,7 +17,7 @@ typedef enum {
 typedef enum {
     DEVICE_ERROR_NONE = 0,
     DEVICE_ERROR_INVALID_PARAMETER = -22,
-    DEVICE_ERROR_NOT_SUPPORTED = -601, /* this device has no such part */
+    DEVICE_ERROR_NOT_SUPPORTED = -601, /* the device does not have this part */
     DEVICE_ERROR_OPERATION_FAILED = -602,
 } device_error_e;
 

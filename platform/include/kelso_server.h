@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-/* Client of the hub, the server of the household's profiles. Calls block for the network: a connection takes at most
- * 5 s, a request 15 s. */
+/* Client of the hub, the server of the household's profiles. Calls block on the network: connecting takes at most 5 s,
+ * and a request at most 15 s. */
 #pragma once
 
 #include <glib.h>
@@ -11,7 +11,7 @@ extern "C" {
 
 typedef struct ks_server_s* ks_server_h;
 
-/* An HTTP status that is not a success (300 to 599) is also an error code. */
+/* An HTTP error status (300 to 599) is also an error code. */
 enum {
     KS_SERVER_OK = 0,
     KS_SERVER_ERROR_OUT_OF_MEMORY = -12,
@@ -19,12 +19,12 @@ enum {
     KS_SERVER_ERROR_NOT_SIGNED_IN = -1201,
     KS_SERVER_ERROR_UNREACHABLE = -1202, /* unknown host, connection refused or broken */
     KS_SERVER_ERROR_TIMED_OUT = -1203,
-    KS_SERVER_ERROR_TLS = -1204,        /* no secure connection, or an untrusted certificate */
-    KS_SERVER_ERROR_BAD_ANSWER = -1205, /* not a valid reply of the hub, or too long */
+    KS_SERVER_ERROR_TLS = -1204,        /* TLS is not available, or the certificate is not trusted */
+    KS_SERVER_ERROR_BAD_ANSWER = -1205, /* the hub's reply is invalid or too long */
 };
 
-/* Every text has a terminator. A name that does not fit is cut at a character boundary. An id that does not fit is
- * KS_SERVER_ERROR_BAD_ANSWER, because its beginning could be another id. */
+/* Every text has a terminator. A name that does not fit is truncated at a character boundary. An id that does not fit
+ * is KS_SERVER_ERROR_BAD_ANSWER, because a truncated id could equal another id. */
 typedef struct {
     char family_name[256];
     char family_id[256];
@@ -39,7 +39,7 @@ typedef struct {
  * about an error. */
 int ks_server_create(ks_server_h* server);
 int ks_server_destroy(ks_server_h server);
-/* Signs in to the hub, after signing out of the account before, if any. `server_uri` is the hub's http or https
+/* Signs in to the hub, after signing out of the previous account, if any. `server_uri` is the hub's http or https
  * address. No text may be empty or contain a control character. */
 int ks_server_sa_account_set(ks_server_h server, const char* guid, const char* access_token, const char* client_id,
                              const char* server_uri);

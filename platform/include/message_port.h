@@ -27,7 +27,7 @@ typedef void (*message_port_trusted_message_cb)(int trusted_local_port_id, const
 
 /* Any thread. Blocks for one round trip. */
 int message_port_check_trusted_remote_port(const char* remote_app_id, const char* remote_port, bool* exist);
-/* Any thread. Return once the message is on its way. The caller keeps the bundle. */
+/* Any thread. Return after sending, without waiting for delivery. The caller keeps ownership of the bundle. */
 int message_port_send_trusted_message(const char* remote_app_id, const char* remote_port, bundle* message);
 int message_port_send_trusted_message_with_local_port(const char* remote_app_id, const char* remote_port,
                                                       bundle* message, int trusted_local_port_id);

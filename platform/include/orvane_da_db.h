@@ -20,22 +20,23 @@ typedef enum {
     VRD_ERROR_IO_ERROR = -1102,
 } vrd_error_e;
 
-/* Kind of a field. */
+/* The type of a field. */
 enum { VRD_FIELD_TEXT = 1 };
 
 /* One field of a record. The texts are valid during the call. Return false to stop the iteration. */
 typedef bool (*vrd_table_cb)(const char* field, int kind, const char* value, void* user_data);
 
 /* One thread at a time may use a handle. All functions return vrd_error_e. A name must be usable as a file name: not
- * empty, no slash, no leading dot, at most 200 bytes; any other is VRD_ERROR_INVALID_PARAMETER. A damaged file is
- * VRD_ERROR_IO_ERROR. vrd_manager_create also succeeds if the database cannot be opened yet: each use tries again. */
+ * empty, no slash, no leading dot, and at most 200 bytes; otherwise the error is VRD_ERROR_INVALID_PARAMETER. A damaged
+ * file is VRD_ERROR_IO_ERROR. vrd_manager_create also succeeds if the database cannot be opened yet; each use tries
+ * again. */
 int vrd_manager_create(vrd_manager_h* manager, const char* name);
 int vrd_manager_destroy(vrd_manager_h manager);
 /* Iterates over the fields of all records, record by record, as they are when the iteration begins. The callback must
  * not use the manager. */
 int vrd_manager_foreach_table(vrd_manager_h manager, const char* table, vrd_table_cb callback, void* user_data);
-/* Replaces all records of the database's private table, which has the database's name, by `bundles`, a list of
- * vrd_bundle_h that the caller keeps. On failure the table stays as it was. */
+/* Replaces all records of the database's private table, which has the database's name, with `bundles`, a list of
+ * vrd_bundle_h that the caller keeps. On failure, the table stays unchanged. */
 int vrd_manager_private_update(vrd_manager_h manager, GList* bundles);
 
 int vrd_bundle_create(vrd_bundle_h* record);

@@ -28,7 +28,7 @@ int vrp_response_data_get_action_type(vrp_response_data_s* response, char** acti
 int vrp_response_data_get_agent(vrp_response_data_s* response, char** agent);
 int vrp_response_data_get_action_name(vrp_response_data_s* response, char** action_name);
 
-/* The response owns its parts, which are valid as long as it is; a part is null if it is absent. */
+/* The response owns its parts, which are valid as long as the response exists. An absent part is null. */
 int vrp_response_data_get_action_data(vrp_response_data_s* response, vrp_action_data_s** action_data);
 int vrp_launch_apps_action_data_get_launch_apps_data(vrp_action_data_s* action_data, vrp_launch_apps_data_s** data);
 int vrp_launch_apps_data_get_package(vrp_launch_apps_data_s* data, char** package);

@@ -64,7 +64,7 @@ typedef void (*sound_stream_focus_state_changed_cb)(sound_stream_info_h stream_i
                                                     sound_stream_focus_state_e focus_state,
                                                     sound_stream_focus_change_reason_e reason, int sound_behavior,
                                                     const char* extra_info, void* user_data);
-/* The focus of any stream changed, of any application. */
+/* The focus of a stream of any application changed. */
 typedef void (*sound_stream_focus_state_watch_cb)(int id, sound_stream_focus_mask_e focus_mask,
                                                   sound_stream_focus_state_e focus_state,
                                                   sound_stream_focus_change_reason_e reason, const char* extra_info,
@@ -79,7 +79,7 @@ int sound_manager_create_stream_information(sound_stream_type_e stream_type,
                                             sound_stream_focus_state_changed_cb callback, void* user_data,
                                             sound_stream_info_h* stream_info);
 int sound_manager_destroy_stream_information(sound_stream_info_h stream_info);
-/* true: a stream that loses its focus to another gets it back when the other releases it. */
+/* true: a stream that loses the focus to another stream gets it back when that stream releases it. */
 int sound_manager_set_focus_reacquisition(sound_stream_info_h stream_info, bool enable);
 /* Either output may be null. */
 int sound_manager_get_focus_state(sound_stream_info_h stream_info, sound_stream_focus_state_e* state_for_playback,
@@ -89,20 +89,20 @@ int sound_manager_acquire_focus(sound_stream_info_h stream_info, sound_stream_fo
 int sound_manager_release_focus(sound_stream_info_h stream_info, sound_stream_focus_mask_e focus_mask,
                                 int sound_behavior, const char* extra_info);
 
-/* How the holder of the playback focus acquired it; SOUND_MANAGER_ERROR_NO_DATA if no stream has it. The caller frees
- * extra_info with free(). */
+/* The reason for which the holder of the playback focus acquired it; SOUND_MANAGER_ERROR_NO_DATA if no stream has it.
+ * The caller frees extra_info with free(). */
 int sound_manager_get_current_playback_focus(sound_stream_focus_change_reason_e* acquired_by, int* flags,
                                              char** extra_info);
 int sound_manager_add_focus_state_watch_cb(sound_stream_focus_mask_e focus_mask,
                                            sound_stream_focus_state_watch_cb callback, void* user_data, int* id);
 int sound_manager_remove_focus_state_watch_cb(int id);
 
-/* Levels are steps from 0 to the type's maximum; a level above it is SOUND_MANAGER_ERROR_INVALID_PARAMETER. */
+/* Levels are steps from 0 to the type's maximum. A higher level is SOUND_MANAGER_ERROR_INVALID_PARAMETER. */
 int sound_manager_get_volume(sound_type_e type, int* volume);
 int sound_manager_set_volume(sound_type_e type, int volume);
-/* Changes of every sound type, by this application or any other. If the level is unknown when the callback is set,
- * because the sound server is unavailable, learning it counts as a change. Several registrations may exist; the pair of
- * callback and user_data identifies one. */
+/* Reports changes of every sound type, by this application or any other. If the level is unknown when the callback is
+ * set, because the sound server is unavailable, the first known level counts as a change. Several registrations may
+ * exist; the pair of callback and user_data identifies one. */
 int sound_manager_set_volume_changed_cb(sound_manager_volume_changed_cb callback, void* user_data);
 int sound_manager_unset_volume_changed_cb(sound_manager_volume_changed_cb callback, void* user_data);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/* Speech capture library. It owns the one capture stream of the process. All functions return 0 on success. */
+/* Speech capture library. It owns the only capture stream of the process. All functions return 0 on success. */
 #pragma once
 
 #include "audio_io.h"
@@ -8,7 +8,7 @@
 extern "C" {
 #endif
 
-/* rate: in Hz. channel: channels of the source, which the library mixes into one. frames: per read. */
+/* rate: in Hz. channel: the number of channels of the source, which the library mixes into one. frames: per read. */
 int sse_create(int rate, audio_channel_e channel, audio_sample_type_e type, int frames);
 int sse_init(void);
 int sse_set_stream_info(sound_stream_info_h stream_info);

@@ -11,7 +11,7 @@ enum tzplatform_variable {
 };
 
 /* The absolute path of `path` in the directory. Any thread; may be called before main(). The platform owns the text,
- * which is valid until the same thread calls again. Null if memory is short. */
+ * which is valid until the next call on the same thread. Null if memory runs out. */
 const char* tzplatform_mkpath(enum tzplatform_variable id, const char* path);
 
 #ifdef __cplusplus

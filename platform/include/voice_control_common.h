@@ -31,7 +31,7 @@ typedef enum {
 } vc_cmd_type_e;
 
 typedef enum {
-    VC_CMD_FORMAT_DOMAIN = 5, /* "#" and the name of a domain, not a sentence to be spoken */
+    VC_CMD_FORMAT_DOMAIN = 5, /* "#" and the name of a domain, not a sentence that a person says */
 } vc_cmd_format_e;
 
 /* A command, and a list of commands with one cursor. One thread at a time may use a handle. */
@@ -46,11 +46,11 @@ int vc_cmd_set_type(vc_cmd_h command, vc_cmd_type_e type);
 int vc_cmd_set_format(vc_cmd_h command, vc_cmd_format_e format);
 /* The process that registered the command. Unchanged on failure. */
 int vc_cmd_get_pid(vc_cmd_h command, int* pid);
-/* What the recognizer understood. The caller frees the text with free(); null if there is none. */
+/* The recognizer's result. The caller frees the text with free(); null if the command has no JSON. */
 int vc_cmd_get_nlu_json(vc_cmd_h command, char** json);
 
 int vc_cmd_list_create(vc_cmd_list_h* list);
-/* release_command: also destroys the commands in the list. */
+/* release_command: whether to destroy the commands in the list too. */
 int vc_cmd_list_destroy(vc_cmd_list_h list, bool release_command);
 int vc_cmd_list_add(vc_cmd_list_h list, vc_cmd_h command);
 /* Removes the command from the list without destroying it. */
@@ -58,7 +58,7 @@ int vc_cmd_list_remove(vc_cmd_list_h list, vc_cmd_h command);
 /* VC_ERROR_EMPTY if the list is empty; VC_ERROR_ITERATION_END after the last command. */
 int vc_cmd_list_first(vc_cmd_list_h list);
 int vc_cmd_list_next(vc_cmd_list_h list);
-/* The list keeps the command. */
+/* The list keeps ownership of the command. */
 int vc_cmd_list_get_current(vc_cmd_list_h list, vc_cmd_h* command);
 
 #ifdef __cplusplus

@@ -42,7 +42,7 @@ typedef void (*vc_state_changed_cb)(vc_state_e previous, vc_state_e current, voi
 typedef void (*vc_mgr_service_state_changed_cb)(vc_service_state_e previous, vc_service_state_e current,
                                                 void* user_data);
 /* The manager owns the list, which is valid during the call. Return true if this application has carried out the
- * result; then no other application gets it. */
+ * result, so that no other application gets it. */
 typedef bool (*vc_mgr_all_result_cb)(vc_result_event_e event, vc_cmd_list_h list, const char* result,
                                      const char* message, void* user_data);
 typedef void (*vc_mgr_pre_result_cb)(vc_pre_result_event_e event, const char* text, void* user_data);
@@ -53,7 +53,7 @@ typedef void (*vc_current_language_changed_cb)(const char* previous, const char*
 /* All functions return vc_error_e. */
 int vc_mgr_initialize(void);
 int vc_mgr_deinitialize(void);
-/* Returns at once. The state becomes VC_STATE_READY when the engine can be used. */
+/* Returns immediately. The state becomes VC_STATE_READY when the engine is ready. */
 int vc_mgr_prepare(void);
 int vc_mgr_foreach_supported_languages(vc_supported_language_cb callback, void* user_data);
 
@@ -72,21 +72,21 @@ int vc_mgr_unset_speech_detected_cb(void);
 int vc_mgr_set_current_language_changed_cb(vc_current_language_changed_cb callback, void* user_data);
 int vc_mgr_unset_current_language_changed_cb(void);
 
-/* One line that names the product for the engine. */
+/* One line that identifies the product to the engine. */
 int vc_mgr_set_domain(const char* domain);
 int vc_mgr_set_preloaded_commands_from_file(const char* path);
-/* "Request": "reloadEngine" or "resetSession". "MediaVolume": the volume of media as text, 0 to 15; the higher it is,
- * the louder speech must be to be recognized. */
+/* "Request": "reloadEngine" or "resetSession". "MediaVolume": the media volume as text, 0 to 15; a higher volume
+ * requires louder speech. */
 int vc_mgr_set_private_data(const char* key, const char* data);
 int vc_mgr_set_recognition_mode(vc_recognition_mode_e mode);
-/* The caller keeps the list, which must exist until it is unset. */
+/* The caller keeps ownership of the list, which must exist until it is unset. */
 int vc_mgr_set_command_list(vc_cmd_list_h list);
 int vc_mgr_unset_command_list(void);
 
 int vc_mgr_start(bool exclusive_command_option);
 int vc_mgr_stop(void);
 int vc_mgr_cancel(void);
-/* Only in the all-result callback: selects the commands that get the result. */
+/* Selects the commands that get the result. Call this only in the all-result callback. */
 int vc_mgr_set_selected_results(vc_cmd_list_h list);
 /* The text of the last error. The caller frees it with free(). */
 int vc_mgr_get_error_message(char** message);

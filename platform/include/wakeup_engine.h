@@ -14,14 +14,14 @@ public:
     virtual int Start() = 0;
     virtual int Stop() = 0;
     virtual int HasData(bool& available) = 0;
-    // May block for audio; null and 0 if no more comes. The size is in bytes. The engine returns each block with
-    // ReturnData.
+    // May block for audio. Gives null and 0 if there is no more audio. The size is in bytes. The engine returns each
+    // block with ReturnData.
     virtual int FetchData(void*& data, unsigned int& size) = 0;
     virtual int ReturnData(void* data) = 0;
 };
 
-// Called on the engine's thread, except that errors and warnings of Initialize, StartListening, and CancelListening
-// come on the caller's thread before the call returns.
+// Called on the engine's thread, except for errors and warnings of Initialize, StartListening, and CancelListening,
+// which come on the caller's thread before the call returns.
 class IWakeupListener {
 public:
     enum Error : int {
@@ -47,7 +47,7 @@ public:
         INVALID_CONFIG_VALUE = 7,
     };
     virtual ~IWakeupListener() = default;
-    // level: confidence, 0 to 100. The listening period has ended by then.
+    // level: confidence, 0 to 100. The listening period has already ended.
     virtual void OnWakeup(const std::string& word, int level) = 0;
     virtual void OnCanceled() = 0;
     virtual void OnError(Error code, const std::string& detail) = 0;
@@ -57,19 +57,20 @@ public:
 class IWakeupCtx {
 public:
     static IWakeupCtx* Create();
-    // Ends the listening period and waits for the engine's thread, which makes no call afterwards. Must not be called
+    // Ends the listening period and waits for the engine's thread, which makes no calls afterward. Must not be called
     // on the engine's thread.
     static void Destroy(IWakeupCtx* ctx);
 
-    // Any thread. The caller keeps the listener and the audio input, which must outlive the context or be detached.
+    // Any thread. The caller keeps ownership of the listener and the audio input, which must outlive the context or be
+    // detached.
     virtual bool Initialize(const std::string& configDirectory, const std::string& configFile) = 0;
     virtual void AttachListener(IWakeupListener* listener) = 0;
-    // Replacing or removing the input ends a listening period with the old one. Waits for a call to the old input that
-    // is in progress, so close the feed first, and do not call this on the engine's thread. After it returns, the
+    // Replacing or removing the input ends a listening period with the old input. This waits for a call to the old
+    // input in progress, so close the feed first, and do not call this on the engine's thread. After it returns, the
     // engine no longer calls the old input.
     virtual void AttachAudioIn(IWakeupAudioIn* audioIn) = 0;
     virtual bool IsListening() = 0;
-    // Waits for the listener's call at the end of the previous listening period, unless that call starts this one.
+    // Waits for the listener's call at the end of the previous listening period, unless that call starts the new one.
     virtual void StartListening() = 0;
     // Returns without waiting for the engine's thread.
     virtual void CancelListening() = 0;

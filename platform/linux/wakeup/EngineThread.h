@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// The wake engine's thread. Other threads queue commands, and this thread executes them in order. A start is accepted
-// only while no listening period is running or queued, so every start in the queue except the last is followed by its
-// cancel. Therefore a running listening period is canceled as soon as the queue is not empty, and callers do not have
-// to wait for the thread.
+// The wake engine's thread.
+//
+// Other threads queue commands, and this thread executes them in order. A start is accepted only while no listening
+// period is running or queued, so every start in the queue except the last is followed by its cancel. Therefore a
+// running listening period is canceled as soon as the queue is not empty, and callers do not have to wait for the
+// thread.
 #pragma once
 
 #include <chrono>

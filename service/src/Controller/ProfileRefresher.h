@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Keeps the local list of the household's users up to date. Requests credentials from the account service, fetches
-// families and users from the hub, and stores the users for other applications. Threads: the main loop constructs and
-// destroys the refresher, and receives the event and the reply of the account service. Each refresh runs on its own
-// detached worker, which may outlive the refresher (see ProfileSession).
+// families and users from the hub, and stores the users for other applications.
+//
+// Threads: the main loop constructs and destroys the refresher, and receives the event and the reply of the account
+// service. Each refresh runs on its own detached worker, which may outlive the refresher (see ProfileSession).
 #pragma once
 
 #include <app_control.h>

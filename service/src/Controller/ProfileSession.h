@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The state that the workers of one refresher share. The refresher and its workers share ownership, so the last owner
-// closes the hub connection and the database. One mutex guards the state, and one condition variable signals its
-// changes. No thread holds the mutex while it calls the hub or the database: a worker marks the records as taken,
-// releases the mutex, and then has exclusive use of them.
+// closes the hub connection and the database.
+//
+// One mutex guards the state, and one condition variable signals its changes. No thread holds the mutex while it calls
+// the hub or the database: a worker marks the records as taken, releases the mutex, and then has exclusive use of them.
 #pragma once
 
 #include <condition_variable>

@@ -12,10 +12,11 @@
 
 namespace audio {
 
-// Replaces the microphone with a recording. All work happens on the reader's thread. ORVANE_AUDIO_REPLAY names the
-// file, which may have any rate and number of channels. ORVANE_AUDIO_REPLAY_PACE is "realtime" (the default) or "fast"
-// (as fast as the reader reads). After the end of the file, the source delivers the noise of a quiet room, in real time
-// and without end.
+// Replaces the microphone with a recording. All work happens on the reader's thread.
+//
+// ORVANE_AUDIO_REPLAY names the file, which may have any rate and number of channels. ORVANE_AUDIO_REPLAY_PACE is
+// "realtime" (the default) or "fast" (as fast as the reader reads). After the end of the file, the source delivers the
+// noise of a quiet room, in real time and without end.
 class ReplaySource : public CaptureSource {
 public:
     // Throws std::runtime_error with the reason in one line.

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The state machine of the voice-control interface. Everything runs on the main loop, including all callbacks, which
-// never run within a call of the interface. Other threads load the models, one thread per load, and run the utterances
-// (Utterance.h). They post events to the main loop, which ignores the events of an utterance that has ended.
+// never run within a call of the interface.
+//
+// Other threads load the models, one thread per load, and run the utterances (Utterance.h). They post events to the
+// main loop, which ignores the events of an utterance that has ended.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-// A recognizer that uses PocketSphinx. While the person speaks, it decodes with a grammar of the sentences to get
-// partial results. At the end, it decodes the whole utterance again, normalized over its full length, to get the
-// result. It decodes a free end a third time with the open language model, which it loads on first use.
+// A recognizer that uses PocketSphinx.
+//
+// While the person speaks, it decodes with a grammar of the sentences to get partial results. At the end, it decodes
+// the whole utterance again, normalized over its full length, to get the result. It decodes a free end a third time
+// with the open language model, which it loads on first use.
 #pragma once
 
 #include <future>

@@ -32,17 +32,22 @@ public:
     Owner& operator=(const Owner&) = delete;
 
     // The process's only T. The first call, on any thread, creates it. If the constructor throws, a later call tries
-    // again. T gets the objects that it uses in its constructor and keeps references to them, which determines the
-    // order of destruction. T must not call get() in its destructor. A class with a thread also has `void stop()
-    // noexcept`, which joins the thread and drops its queued work. Throws Ended if the current Call first uses the
-    // owner after its end.
+    // again.
+    //
+    // T gets the objects that it uses in its constructor and keeps references to them, which determines the order of
+    // destruction. T must not call get() in its destructor. A class with a thread also has `void stop() noexcept`,
+    // which joins the thread and drops its queued work.
+    //
+    // Throws Ended if the current Call first uses the owner after its end.
     template <typename T>
     T& get();
 
     // Rejects new calls, waits for those in progress, stops all threads, and then destroys all objects, each time
     // newest first. After the threads have stopped, nothing can call an object that is being destroyed. Must not run on
-    // a thread that an object owns. If a call in progress takes longer than one second, the objects are never
-    // destroyed, because the call may still use them.
+    // a thread that an object owns.
+    //
+    // If a call in progress takes longer than one second, the objects are never destroyed, because the call may still
+    // use them.
     void end() noexcept;
 
 private:

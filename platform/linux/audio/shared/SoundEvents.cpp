@@ -23,6 +23,10 @@ SoundEvents::~SoundEvents() {
     mServer.remove(*this);
 }
 
+SoundEvents::Watch::~Watch() {
+    gio::IoThread::get().run([this] { *mAlive = false; });
+}
+
 void SoundEvents::Watch::set(Check check) {
     {
         const std::lock_guard lock(mMutex);
@@ -45,7 +49,11 @@ void SoundEvents::Watch::run() {
         check = mCheck;
     }
     if (check && !check()) {
-        gio::IoThread::get().postAfter(kAgainMs, [this] { soon(); });
+        gio::IoThread::get().postAfter(kAgainMs, [this, alive = mAlive] {
+            if (*alive) {
+                soon();
+            }
+        });
     }
 }
 

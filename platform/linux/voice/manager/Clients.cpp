@@ -23,6 +23,9 @@ constexpr int kTimeoutMilliseconds = 1000;
 class Registry {
 public:
     Registry();
+    ~Registry();
+    Registry(const Registry&) = delete;
+    Registry& operator=(const Registry&) = delete;
 
     std::vector<Client> clientsFor(const std::string& agent) const;
 
@@ -41,10 +44,17 @@ private:
     gio::Peers& mPeers = gio::sessionPeers();
     mutable std::mutex mMutex;
     std::vector<Registration> mRegistrations;
-    // Destroyed before the list, so that no call finds it gone.
     gio::Registration mObject;
     gio::OwnedName mName;
 };
+
+// The watches end without the mutex, which their handlers take.
+Registry::~Registry() {
+    mObject.reset();
+    std::vector<Registration> ending;
+    const std::lock_guard lock(mMutex);
+    ending.swap(mRegistrations);
+}
 
 Registry::Registry() {
     if (!mBus.isOpen()) {

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <mutex>
 
 #include "audio/SoundServer.h"
@@ -31,6 +32,9 @@ private:
     class Watch {
     public:
         explicit Watch(SoundThread& thread) : mThread(thread) {}
+        ~Watch();
+        Watch(const Watch&) = delete;
+        Watch& operator=(const Watch&) = delete;
         void set(Check check);
         void soon();
 
@@ -41,6 +45,8 @@ private:
         std::mutex mMutex;
         Check mCheck;
         std::atomic<bool> mPending{false};
+        std::shared_ptr<bool> mAlive =
+            std::make_shared<bool>(true);  // on the IO thread: for retries that come too late
     };
 
     void connected(pulse::Context& context) noexcept override;

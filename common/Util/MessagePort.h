@@ -45,7 +45,7 @@ public:
     // Any thread. Returns false if the target's port does not exist. True does not mean that the platform accepted the
     // message.
     bool sendMessage(const MessageData& data) const;
-    // Registers the local port, at most once per object. The callback comes on the main loop.
+    // Registers the local port, at most once per object. The callback runs on the main loop.
     bool setCallBack(const std::string& localPort, const Callback& callback, void* userData);
 
 private:

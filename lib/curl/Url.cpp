@@ -24,15 +24,15 @@ Url::Url(const std::string& text) : mUrl(curl_url()) {
         throw std::bad_alloc();
     }
     if (curl_url_set(mUrl.get(), CURLUPART_URL, text.c_str(), 0) != CURLUE_OK) {
-        throw std::invalid_argument("not an address");
+        throw std::invalid_argument("not a valid address");
     }
     const std::string scheme = part(CURLUPART_SCHEME);
     if (scheme != "http" && scheme != "https") {
-        throw std::invalid_argument("neither http nor https");
+        throw std::invalid_argument("not an http or https address");
     }
     for (const CURLUPart unwanted : {CURLUPART_USER, CURLUPART_PASSWORD, CURLUPART_QUERY, CURLUPART_FRAGMENT}) {
         if (!part(unwanted).empty()) {
-            throw std::invalid_argument("more than scheme, host, port, and path");
+            throw std::invalid_argument("not limited to scheme, host, port, and path");
         }
     }
 }

@@ -50,7 +50,7 @@ Connection Connection::open(const std::string& address, const Context& context) 
         bus.reset(g_dbus_connection_new_for_address_sync(address.c_str(), CLIENT, nullptr, nullptr, error.out()));
     });
     if (!bus) {
-        throw std::runtime_error("there is no message bus at \"" + address + "\": " + error.message());
+        throw std::runtime_error("cannot connect to the message bus at \"" + address + "\": " + error.message());
     }
     return Connection(std::move(bus), context, true);
 }

@@ -13,7 +13,7 @@ namespace pulse {
 Context::Context(pa_mainloop_api* loop, const char* name, OnState onState)
     : mContext(pa_context_new(loop, name)), mOnState(std::move(onState)) {
     if (!mContext) {
-        throw std::runtime_error("no PulseAudio context");
+        throw std::runtime_error("cannot create a PulseAudio context");
     }
     pa_context_set_state_callback(mContext, stateChanged, this);
 }

@@ -7,12 +7,12 @@ namespace pulse {
 
 Mainloop::Mainloop(const char* threadName) : mLoop(pa_threaded_mainloop_new()) {
     if (!mLoop) {
-        throw std::runtime_error("no PulseAudio event loop");
+        throw std::runtime_error("cannot create PulseAudio's event loop");
     }
     pa_threaded_mainloop_set_name(mLoop, threadName);
     if (pa_threaded_mainloop_start(mLoop) < 0) {
         pa_threaded_mainloop_free(mLoop);
-        throw std::runtime_error("PulseAudio's event loop does not start");
+        throw std::runtime_error("cannot start PulseAudio's event loop");
     }
 }
 

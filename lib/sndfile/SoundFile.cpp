@@ -10,7 +10,7 @@ Reader::Reader(const std::string& path) : mFile(sf_open(path.c_str(), SFM_READ, 
         throw std::runtime_error(sf_strerror(nullptr));
     }
     if (mInfo.samplerate < 1000 || mInfo.samplerate > 768000 || mInfo.channels < 1 || mInfo.channels > 64) {
-        throw std::runtime_error("its rate or its number of channels is out of range");
+        throw std::runtime_error("the sample rate or the number of channels is out of range");
     }
 }
 
@@ -32,7 +32,7 @@ void writeWav(const std::string& path, int rate, int channels, const int16_t* sa
         sf_writef_short(file.get(), samples, static_cast<sf_count_t>(frames)) == static_cast<sf_count_t>(frames);
     const std::string why = sf_strerror(file.get());
     if (sf_close(file.release()) != 0 || !whole) {
-        throw std::runtime_error(whole ? "it cannot be finished" : why);
+        throw std::runtime_error(whole ? "cannot complete the file" : why);
     }
 }
 

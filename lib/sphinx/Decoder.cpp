@@ -81,7 +81,7 @@ Decoder::Decoder(const Options& options) {
     Config config = makeConfig(options);
     mDecoder.reset(ps_init(config.get()));
     if (!mDecoder) {
-        fail("the models cannot be read");
+        fail("cannot read the models");
     }
     if (cmn_t* normaliser = ps_get_feat(mDecoder.get())->cmn_struct) {
         mInitialMean.resize(static_cast<std::size_t>(normaliser->veclen));
@@ -90,7 +90,7 @@ Decoder::Decoder(const Options& options) {
 }
 
 Decoder::~Decoder() {
-    // The library leaks the memory of an unfinished utterance.
+    // The library leaks the memory of an utterance that has not ended.
     if (mRunning) {
         ps_end_utt(mDecoder.get());
     }
@@ -117,7 +117,7 @@ void Decoder::start() {
         cmn_live_set(ps_get_feat(mDecoder.get())->cmn_struct, mInitialMean.data());
     }
     if (ps_start_stream(mDecoder.get()) < 0 || ps_start_utt(mDecoder.get()) < 0) {
-        fail("the utterance cannot start");
+        fail("cannot start the utterance");
     }
     mRunning = true;
 }
@@ -130,7 +130,7 @@ void Decoder::accept(const int16_t* samples, std::size_t count, bool whole) {
 
 void Decoder::finish() {
     if (std::exchange(mRunning, false) && ps_end_utt(mDecoder.get()) < 0) {
-        fail("the utterance cannot end");
+        fail("cannot end the utterance");
     }
 }
 

@@ -26,7 +26,7 @@ void Fsg::Free::operator()(fsg_model_s* model) const noexcept {
 Fsg::Fsg(const Decoder& decoder, int states, int start, int final)
     : mModel(fsg_model_init("commands", ps_get_logmath(decoder.handle()), kLanguageWeight, states)) {
     if (!mModel) {
-        throw Error("no memory for the grammar");
+        throw Error("out of memory for the grammar");
     }
     mModel->start_state = start;
     mModel->final_state = final;

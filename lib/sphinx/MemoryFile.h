@@ -14,7 +14,7 @@ class MemoryFile {
 public:
     explicit MemoryFile(const std::string& content) : mDescriptor(memfd_create("orvane-words", MFD_CLOEXEC)) {
         if (mDescriptor < 0 || !writeAll(content)) {
-            throw std::runtime_error("no memory for a word list");
+            throw std::runtime_error("out of memory for a word list");
         }
     }
     ~MemoryFile() { ::close(mDescriptor); }

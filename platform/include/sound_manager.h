@@ -58,7 +58,7 @@ typedef enum {
 
 enum { SOUND_BEHAVIOR_NONE = 0 };
 
-/* The stream's focus changed; the mask says which. sound_behavior is SOUND_BEHAVIOR_*; extra_info may be null. */
+/* The stream's focus changed; the mask identifies it. sound_behavior is SOUND_BEHAVIOR_*; extra_info may be null. */
 typedef void (*sound_stream_focus_state_changed_cb)(sound_stream_info_h stream_info,
                                                     sound_stream_focus_mask_e focus_mask,
                                                     sound_stream_focus_state_e focus_state,

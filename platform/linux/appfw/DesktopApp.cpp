@@ -12,7 +12,7 @@ namespace appfw {
 namespace {
 
 int failed(const std::string& what, const gio::Error& error) {
-    dlog_print(DLOG_ERROR, "orvane-appfw", "%s cannot be launched: %s", what.c_str(), error.message().c_str());
+    dlog_print(DLOG_ERROR, "orvane-appfw", "cannot launch %s: %s", what.c_str(), error.message().c_str());
     return APP_CONTROL_ERROR_LAUNCH_FAILED;
 }
 

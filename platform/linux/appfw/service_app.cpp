@@ -94,7 +94,7 @@ bool refuse(const std::string& reason) {
 bool join(const App& app, Presence& presence) {
     const gio::Connection& bus = gio::sessionBus();
     if (!bus.isOpen()) {
-        return refuse(bus.whyNot() + " (DBUS_SESSION_BUS_ADDRESS names it)");
+        return refuse(bus.whyNot() + " (set DBUS_SESSION_BUS_ADDRESS to its address)");
     }
     try {
         presence.object = bus.exportObject("/org/orvane/Application", dbus::interface("org.orvane.Application1"),

@@ -61,7 +61,7 @@ void Connection::signIn(const std::string& guid, const std::string& accessToken,
     checkText(serverUri, "server URI");
     const curl::Url url = parse(serverUri);
     if (!url.isSecure() && !url.isLoopback()) {
-        dlog_print(DLOG_WARN, "orvane-hub", "the connection to the hub is plain http, which others can read");
+        dlog_print(DLOG_WARN, "orvane-hub", "the connection to the hub uses plain http, which others can read");
     }
     const std::string base = url.base();
     const std::string body = signInBody(guid, clientId);

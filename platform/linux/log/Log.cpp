@@ -15,7 +15,8 @@ namespace {
 
 enum class Sink { JOURNAL, STANDARD_ERROR, OFF };
 
-// Also makes standard output line-buffered before main() prints, so that a reader of a pipe gets each line at once.
+// Also makes standard output line-buffered before main() prints, so that a reader of a pipe receives each line
+// immediately.
 Sink chooseSink() noexcept {
     setvbuf(stdout, nullptr, _IOLBF, 0);
     const char* chosen = getenv("ORVANE_LOG");

@@ -26,7 +26,7 @@ std::vector<std::unique_ptr<connection_s>>& handles() {
 }
 unsigned long lastId = 0;
 
-// The first handle whose id is greater; has no id if there is no such handle.
+// The first handle with a greater id; has no id if no such handle exists.
 connection_s handleAfter(unsigned long id) {
     std::lock_guard<std::mutex> lock(mutex);
     const auto found =

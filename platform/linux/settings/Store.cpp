@@ -19,7 +19,7 @@ bool busIsThere() {
     gio::Error error;
     const gio::Object<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.out()));
     if (bus == nullptr) {
-        dlog_print(DLOG_ERROR, "orvane-settings", "settings cannot be written or watched without a session bus: %s",
+        dlog_print(DLOG_ERROR, "orvane-settings", "cannot write or watch settings without a session bus: %s",
                    error.message().c_str());
         return false;
     }

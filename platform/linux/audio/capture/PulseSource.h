@@ -14,7 +14,7 @@ namespace audio {
 
 // Captures from the sound server. The server's thread fills the queue, and the reader empties it. Opening never waits
 // for the server; if it is missing, a read waits briefly and then fails. When the connection breaks, a read in progress
-// fails at once. The source opens a new stream when the connection returns.
+// fails immediately. The source opens a new stream when the connection returns.
 class PulseSource : public CaptureSource, private SoundServer::Client {
 public:
     explicit PulseSource(const Format& format);

@@ -20,7 +20,7 @@ std::string text(const char* variable) {
 bool isFast() {
     const std::string pace = text("ORVANE_AUDIO_REPLAY_PACE");
     if (!pace.empty() && pace != "fast" && pace != "realtime") {
-        throw std::runtime_error("ORVANE_AUDIO_REPLAY_PACE is \"" + pace + "\", neither \"realtime\" nor \"fast\"");
+        throw std::runtime_error("ORVANE_AUDIO_REPLAY_PACE is \"" + pace + "\" instead of \"realtime\" or \"fast\"");
     }
     return pace == "fast";
 }

@@ -165,7 +165,7 @@ void SoundServer::stop() noexcept {
         mClients.clear();
         mRetry.reset();
         mContext.reset();
-        set(State::Gone, "the process ends");
+        set(State::Gone, "the process is exiting");
     }
     mLoop.stop();
 }

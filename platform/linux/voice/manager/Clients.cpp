@@ -77,8 +77,7 @@ void Registry::serve() {
     });
     mName = mBus.ownName(kName);
     if (!mName) {
-        dlog_print(DLOG_WARN, "orvane-voice", "no clients, as the name %s cannot be had: another process has it",
-                   kName);
+        dlog_print(DLOG_WARN, "orvane-voice", "no clients: another process owns the name %s", kName);
     }
 }
 

@@ -22,7 +22,7 @@ std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& 
         dlog_print(DLOG_INFO, "orvane-voice", "recognizes %s", language.id.c_str());
         return engine;
     } catch (const std::exception& fault) {
-        dlog_print(DLOG_ERROR, "orvane-voice", "the recognizer for \"%s\" cannot be loaded: %s", language.id.c_str(),
+        dlog_print(DLOG_ERROR, "orvane-voice", "cannot load the recognizer for \"%s\": %s", language.id.c_str(),
                    fault.what());
         return nullptr;
     }

@@ -12,8 +12,8 @@ constexpr int kBlockMilliseconds = 16;
 constexpr int kSpeechMilliseconds = 100;
 // The silence that ends an utterance. It is longer than a pause within a command.
 constexpr int kEndMilliseconds = 800;
-// In a loud room, where silence never comes, an utterance ends when its partial result has not changed for this time.
-// The time is long enough for the free end of a search, which has no partial result.
+// In a loud room without silence, an utterance ends when its partial result has not changed for this time. The time is
+// long enough for the free end of a search, which has no partial result.
 constexpr int kSteadyMilliseconds = 4000;
 // The same limit before the first partial result.
 constexpr int kWordlessMilliseconds = 6000;

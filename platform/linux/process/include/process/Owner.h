@@ -18,7 +18,7 @@ namespace process {
 // The process is exiting, and an object that the call needs is gone.
 class Ended : public std::runtime_error {
 public:
-    Ended() : std::runtime_error("the process ends") {}
+    Ended() : std::runtime_error("the process is exiting") {}
 };
 
 class Owner {

@@ -53,7 +53,7 @@ std::string request(const std::string& line, const std::string& body = {}) {
            "\r\n\r\n" + body;
 }
 
-TEST_F(TheSimulatedHub, AnswersTheRequestsOfOneConnectionInTheirOrder) {
+TEST_F(TheSimulatedHub, RepliesToTheRequestsOfOneConnectionInOrder) {
     const std::string account = R"({"guid": "guid", "client_id": "client"})";
     const std::string replies = converse(request("POST /v1/session", account) + request("GET /v1/families"));
     EXPECT_EQ(replies.rfind("HTTP/1.1 200 ", 0), 0U);

@@ -13,7 +13,8 @@ namespace Util {
 class AppControlData {
 public:
     AppControlData() = default;
-    // Reads the application id, operation, URI, and all extras of a received request. A null handle gives the defaults.
+    // Reads the application id, operation, URI, and all extras of a received request. A null handle results in the
+    // defaults.
     explicit AppControlData(app_control_h& handle);
     AppControlData(const AppControlData&) = default;
     AppControlData& operator=(const AppControlData&) = default;

@@ -15,8 +15,8 @@ struct Limits {
     std::size_t replyBytes;
 };
 
-// Sends requests over HTTP and HTTPS, one after the other, and keeps the connections between them. One thread at a time
-// may use it. Each request blocks until its reply arrives or a time limit expires. Always checks certificates. Does not
+// Sends requests over HTTP and HTTPS, one at a time, and keeps connections open between them. One thread at a time may
+// use it. Each request blocks until its reply arrives or a time limit expires. Always checks certificates. Does not
 // follow redirects, so that no other host receives the token.
 class Client {
 public:

@@ -9,7 +9,7 @@
 
 namespace curl {
 
-// One easy handle, with the connections that it keeps. One thread at a time may use it.
+// An easy handle and its open connections. One thread at a time may use it.
 class Handle {
 public:
     Handle();

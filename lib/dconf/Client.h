@@ -27,7 +27,7 @@ public:
 
     gio::Variant read(const std::string& path) const;  // null if the key is missing
     bool write(const std::string& path, GVariant* value);
-    // As write(), but returns when the settings service has stored the value.
+    // Like write(), but waits until the settings service has stored the value.
     bool writeAndWait(const std::string& path, const gio::Variant& value);
     // Removes all keys in the directory. Waits for the settings service.
     bool clearFolder(const std::string& folder);

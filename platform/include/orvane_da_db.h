@@ -32,8 +32,8 @@ typedef bool (*vrd_table_cb)(const char* field, int kind, const char* value, voi
  * again. */
 int vrd_manager_create(vrd_manager_h* manager, const char* name);
 int vrd_manager_destroy(vrd_manager_h manager);
-/* Iterates over the fields of all records, record by record, as they are when the iteration begins. The callback must
- * not use the manager. */
+/* Iterates over the fields of all records, record by record, in their state at the beginning of the iteration. The
+ * callback must not use the manager. */
 int vrd_manager_foreach_table(vrd_manager_h manager, const char* table, vrd_table_cb callback, void* user_data);
 /* Replaces all records of the database's private table, which has the database's name, with `bundles`, a list of
  * vrd_bundle_h that the caller keeps. On failure, the table stays unchanged. */

@@ -23,7 +23,7 @@ typedef struct {
     service_app_control_cb app_control;
 } service_app_lifecycle_callback_s;
 
-/* Runs the main loop on the calling thread until the platform or a signal ends it. The callbacks come on that thread.
+/* Runs the main loop on the calling thread until the platform or a signal ends it. The callbacks run on that thread.
  * Returns the process's exit code. */
 int service_app_main(int argc, char** argv, service_app_lifecycle_callback_s* callback, void* user_data);
 

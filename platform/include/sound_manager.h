@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/* Sound streams, their focus, and the volumes of the sound types. Callbacks come on the sound manager's own thread. */
+/* Sound streams, their focus, and the volumes of the sound types. Callbacks run on the sound manager's thread. */
 #pragma once
 
 #include <stdbool.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/* Voice-control manager: the recognition session. Main loop only; all callbacks come on the main loop. */
+/* Voice-control manager: the recognition session. Main loop only; all callbacks run on the main loop. */
 #pragma once
 
 #include "voice_control_common.h"

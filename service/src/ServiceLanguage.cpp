@@ -43,7 +43,7 @@ void Service::refreshLanguageSet() {
     mVoiceControl->setLanguage(systemConfig().getLangStr());
 }
 
-// The recorder's listener is removed first, so that no audio reaches a trigger that is being destroyed.
+// Removes the recorder's listener first, so that no audio reaches a trigger that is being destroyed.
 void Service::refreshTrigger() {
     mRecorder->clearListener();
     destroy(mTrigger);

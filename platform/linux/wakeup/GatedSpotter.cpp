@@ -6,7 +6,7 @@ namespace wakeup {
 namespace {
 
 constexpr int kHoldMilliseconds = 600;
-// The samples before the first loud one that are searched too. They contain the quiet beginning of an H, and enough of
+// How many samples before the first loud one are searched too. These contain the quiet beginning of an H, and enough of
 // the room's noise for the spotter's noise estimate.
 constexpr std::size_t kHistorySamples = 16000 / 2;
 // Several blocks are decoded at once, so that the model stays in the CPU cache. During speech, this takes 3.7 % of a

@@ -38,7 +38,7 @@ public:
     virtual int _audio_unprepare() = 0;
     virtual int _audio_deinit() = 0;
 
-    // Any thread, but not from a listener. The caller keeps ownership of the listeners.
+    // Any thread, but not within a listener. The caller keeps ownership of the listeners.
     void addListener(SRecordListener* listener);
     void clearListener();
 

@@ -112,7 +112,7 @@ void VoiceControl::startSpeechTimeOutTimer(double seconds) {
 
 void VoiceControl::recognitionTimedOut() {
     if (mServiceState == ClientState::Recording && !mPartialText.empty()) {
-        stopRecognition(true);  // the person has spoken: the result still comes
+        stopRecognition(true);  // the person has spoken, so the result still follows
         return;
     }
     if (mServiceState == ClientState::Recording) {

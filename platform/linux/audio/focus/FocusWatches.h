@@ -26,7 +26,7 @@ public:
     // False if the watch does not exist.
     bool remove(int id);
 
-    // On the sound thread: calls the watches of this focus.
+    // Sound thread only. Calls the watches of this focus.
     void report(sound_stream_focus_mask_e mask, sound_stream_focus_state_e state,
                 sound_stream_focus_change_reason_e reason, const std::string& info);
 

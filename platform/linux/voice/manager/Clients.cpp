@@ -48,7 +48,7 @@ private:
     gio::OwnedName mName;
 };
 
-// The watches end without the mutex, which their handlers take.
+// Ends the watches without the mutex, because their handlers take it.
 Registry::~Registry() {
     mObject.reset();
     std::vector<Registration> ending;

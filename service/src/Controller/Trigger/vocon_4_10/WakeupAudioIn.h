@@ -22,7 +22,7 @@ public:
     int Start() override;
     int Stop() override;
     int HasData(bool& available) override;
-    // Waits for a block while the feed is open. If it is closed, gives null and 0 immediately. The engine owns the
+    // Waits for a block while the feed is open. If it is closed, returns null and 0 immediately. The engine owns the
     // block until it returns it.
     int FetchData(void*& data, unsigned int& size) override;
     int ReturnData(void* data) override;

@@ -51,7 +51,7 @@ WuWTrigger::~WuWTrigger() {
         mLife->ended = true;
     }
     __cancelListening();
-    // The feed outlives the engine, whose thread may still call it.
+    // The feed must outlive the engine, because the engine's thread may still call it.
     if (mAudioIn != nullptr) {
         mAudioIn->setEnabled(false);
         mAudioIn->clearQueue();

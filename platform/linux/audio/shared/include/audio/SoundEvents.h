@@ -45,8 +45,7 @@ private:
         std::mutex mMutex;
         Check mCheck;
         std::atomic<bool> mPending{false};
-        std::shared_ptr<bool> mAlive =
-            std::make_shared<bool>(true);  // on the IO thread: for retries that come too late
+        std::shared_ptr<bool> mAlive = std::make_shared<bool>(true);  // IO thread only; false: late retries do nothing
     };
 
     void connected(pulse::Context& context) noexcept override;

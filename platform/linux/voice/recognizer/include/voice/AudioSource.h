@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The microphone for one utterance. It uses the platform's own audio input, so that a replayed recording reaches the
-// recognizer too.
+// The microphone for one utterance. It uses the platform's own audio input, so that a replayed recording also reaches
+// the recognizer.
 #pragma once
 
 #include <cstddef>

@@ -18,6 +18,8 @@
 #include "dlog.h"
 #include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
+#include "process/Owner.h"
+#include "status/Status.h"
 
 namespace {
 
@@ -81,6 +83,7 @@ void onCall(const App& app, gio::MethodCall& call) {
 // The service's objects and name on the bus while it runs.
 struct Presence {
     gio::Registration object;
+    gio::Registration status;
     gio::Registration loss;
     gio::OwnedName name;
 };
@@ -99,6 +102,7 @@ bool join(const App& app, Presence& presence) {
     try {
         presence.object = bus.exportObject("/org/orvane/Application", dbus::interface("org.orvane.Application1"),
                                            [app](gio::MethodCall& call) { onCall(app, call); });
+        presence.status = process::shared<status::Status>().exportOn(bus);
         presence.name = bus.ownName(APP_ID);
     } catch (const std::runtime_error& error) {
         return refuse(error.what());

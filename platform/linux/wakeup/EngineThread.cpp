@@ -6,10 +6,11 @@
 #include <utility>
 
 #include "ListeningPeriod.h"
+#include "process/Owner.h"
 
 namespace wakeup {
 
-EngineThread::EngineThread(Reporter& reporter) : mReporter(reporter) {
+EngineThread::EngineThread(Reporter& reporter) : mReporter(reporter), mStatus(process::shared<status::Status>()) {
     mThread = std::thread([this] {
         pthread_setname_np(pthread_self(), "orvane-wakeup");
         run();
@@ -131,7 +132,9 @@ Outcome EngineThread::listenUnlocked(std::unique_lock<std::mutex>& lock, const C
     mInput = start.audioIn;
     enter(State::Listening);
     lock.unlock();
+    mStatus.setListening(true);
     Outcome outcome = listen(*start.spotter, *start.audioIn, [this](auto time) { return canceledWithin(time); });
+    mStatus.setListening(false);
     lock.lock();
     return outcome;
 }

@@ -17,6 +17,7 @@
 
 #include "Reporter.h"
 #include "Spotter.h"
+#include "status/Status.h"
 #include "wakeup_engine.h"
 
 namespace wakeup {
@@ -70,6 +71,7 @@ private:
     void enter(State state);
 
     Reporter& mReporter;
+    status::Status& mStatus;
     std::mutex mMutex;
     std::condition_variable mChanged;
     State mState = State::Idle;

@@ -43,6 +43,7 @@ Manager::~Manager() {
         mUtterance->cancel();
     }
     mThreads.join();
+    mStatus.setRecognizerReady(false);
 }
 
 void Manager::post(std::function<void()> work) {
@@ -92,10 +93,12 @@ void Manager::loaded(Number load, bool ok) {
         return;  // a newer load is in progress
     }
     if (!ok) {
+        mStatus.setRecognizerReady(false);
         reportError(VC_ERROR_ENGINE_NOT_FOUND, "No speech recognizer");
         setState(VC_STATE_INITIALIZED);
         return;
     }
+    mStatus.setRecognizerReady(true);
     setState(VC_STATE_READY);
     if (mServiceState == VC_SERVICE_STATE_NONE) {
         setServiceState(VC_SERVICE_STATE_READY);

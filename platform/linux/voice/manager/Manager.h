@@ -16,6 +16,7 @@
 #include "Settings.h"
 #include "Threads.h"
 #include "process/Owner.h"
+#include "status/Status.h"
 #include "voice/Dialogue.h"
 #include "voice/Engine.h"
 #include "voice/Utterance.h"
@@ -65,6 +66,7 @@ private:
     void becomeReady();
 
     Settings& mSettings = process::shared<Settings>();
+    status::Status& mStatus = process::shared<status::Status>();
     std::shared_ptr<bool> mAlive = std::make_shared<bool>(true);  // false: posted work does nothing
     vc_state_e mState = VC_STATE_INITIALIZED;
     vc_service_state_e mServiceState = VC_SERVICE_STATE_NONE;

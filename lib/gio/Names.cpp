@@ -47,9 +47,10 @@ void OwnedName::releaseName() {
     if (const auto bus = std::move(mBus)) {
         Error error;
         // Fails only if the connection is lost.
-        Variant(g_dbus_connection_call_sync(bus.get(), kBus.name.c_str(), kBus.path.c_str(), kBus.interface.c_str(),
-                                            "ReleaseName", Variant::tuple(mName).get(), nullptr, G_DBUS_CALL_FLAGS_NONE,
-                                            RELEASE_MS, nullptr, error.out()));
+        // Without kBus, which may be destroyed: the process owner releases names after the end of static objects.
+        Variant(g_dbus_connection_call_sync(bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                            "org.freedesktop.DBus", "ReleaseName", Variant::tuple(mName).get(), nullptr,
+                                            G_DBUS_CALL_FLAGS_NONE, RELEASE_MS, nullptr, error.out()));
     }
 }
 

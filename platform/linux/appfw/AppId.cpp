@@ -2,19 +2,20 @@
 #include "AppId.h"
 
 #include <algorithm>
+#include <mutex>
 #include <vector>
 
 #include "gio/SessionBus.h"
+#include "process/Owner.h"
 
 namespace appfw {
 
 namespace {
 
-// Never destroyed: other threads still use it while the process exits.
-std::string& mine() {
-    static auto* instance = new std::string;
-    return *instance;
-}
+struct OwnId {
+    std::mutex mutex;
+    std::string id;
+};
 
 bool isApplication(const std::string& name) {
     for (const char* other :
@@ -65,12 +66,16 @@ std::string appIdOf(pid_t pid) {
     return "";
 }
 
-const std::string& ownAppId() {
-    return mine();
+std::string ownAppId() {
+    auto& own = process::shared<OwnId>();
+    const std::lock_guard lock(own.mutex);
+    return own.id;
 }
 
 void setOwnAppId(const std::string& id) {
-    mine() = id;
+    auto& own = process::shared<OwnId>();
+    const std::lock_guard lock(own.mutex);
+    own.id = id;
 }
 
 }  // namespace appfw

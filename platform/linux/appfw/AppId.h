@@ -11,8 +11,8 @@ namespace appfw {
 // it has none. Blocks for a few round trips.
 std::string appIdOf(pid_t pid);
 
-// The application id of this process, as soon as it has one.
-const std::string& ownAppId();
+// This process's own application id; empty until it has one. Any thread.
+std::string ownAppId();
 void setOwnAppId(const std::string& id);
 
 }  // namespace appfw

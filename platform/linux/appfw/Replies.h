@@ -1,22 +1,46 @@
 // SPDX-License-Identifier: Apache-2.0
-// The requests of this process that wait for a reply. The IO thread receives the replies; callbacks run on the main
-// loop.
 #pragma once
 
+#include <map>
+#include <mutex>
 #include <string>
+#include <vector>
 
 #include "Request.h"
+#include "gio/SessionBus.h"
 
 namespace appfw {
 
-// Returns a token for the request; empty without a callback.
-std::string expectReply(const app_control_s& request, app_control_reply_cb callback, void* userData);
-// Removes a request that could not be delivered.
-void forgetReply(const std::string& token);
-// The request was delivered to this connection (unique bus name; empty: it is already gone). If the connection leaves
-// the bus before it replies, the result is a failure.
-void expectReplyFrom(const std::string& token, const std::string& peer);
-// Accepts one reply for each token and ignores unknown tokens.
-void takeReply(const std::string& token, app_control_result_e result, Extras extras);
+// Requests that this process sent and that wait for a reply. The process owner has the only object. Any thread: replies
+// arrive on the IO thread, and callbacks run on the main loop.
+class Replies {
+public:
+    // Returns a token for the request; empty without a callback.
+    std::string expect(const app_control_s& request, app_control_reply_cb callback, void* userData);
+    // Removes a request that could not be delivered.
+    void forget(const std::string& token);
+    // The request was delivered to this connection (unique bus name; empty if it is already gone). If it leaves the bus
+    // before it replies, the result is a failure.
+    void expectFrom(const std::string& token, const std::string& peer);
+    // Accepts one reply for each token and ignores unknown tokens.
+    void take(const std::string& token, app_control_result_e result, Extras extras);
+
+private:
+    struct Expected {
+        app_control_s request;
+        app_control_reply_cb callback;
+        void* userData;
+        std::string peer;
+    };
+
+    void watchPeers();
+    void ownerChanged(const gio::Variant& arguments);
+    std::vector<std::string> tokensOf(const std::string& peer);
+
+    std::mutex mMutex;
+    std::map<std::string, Expected> mExpected;  // by token
+    std::once_flag mWatching;
+    gio::Registration mWatch;
+};
 
 }  // namespace appfw

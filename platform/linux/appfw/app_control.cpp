@@ -13,27 +13,34 @@
 #include "dlog.h"
 #include "gio/Address.h"
 #include "gio/SessionBus.h"
+#include "process/Guard.h"
 
 namespace {
 
 constexpr int LAUNCH_MILLISECONDS = 10000;  // includes starting the application
 
+constexpr process::Failures<int> kFailures{APP_CONTROL_ERROR_IO_ERROR, APP_CONTROL_ERROR_OUT_OF_MEMORY};
+
 using Field = std::optional<std::string> app_control_s::*;
 
-int set(app_control_h request, Field field, const char* text) {
-    if (request == nullptr) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    text ? request->*field = text : request->*field = std::nullopt;
-    return APP_CONTROL_ERROR_NONE;
+int set(const char* function, app_control_h request, Field field, const char* text) noexcept {
+    return process::guarded(kFailures, function, [&]() -> int {
+        if (request == nullptr) {
+            return APP_CONTROL_ERROR_INVALID_PARAMETER;
+        }
+        text ? request->*field = text : request->*field = std::nullopt;
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
-int get(app_control_h request, Field field, char** text) {
-    if (request == nullptr || text == nullptr) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    *text = request->*field ? strdup((request->*field)->c_str()) : nullptr;
-    return APP_CONTROL_ERROR_NONE;
+int get(const char* function, app_control_h request, Field field, char** text) noexcept {
+    return process::guarded(kFailures, function, [&]() -> int {
+        if (request == nullptr || text == nullptr) {
+            return APP_CONTROL_ERROR_INVALID_PARAMETER;
+        }
+        *text = request->*field ? strdup((request->*field)->c_str()) : nullptr;
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
 // Null if the extra does not exist; `code` then contains the reason.
@@ -67,7 +74,7 @@ int failureOf(const std::string& id, const gio::CallError& error) {
 // A desktop application cannot reply, so its successful start counts as the reply.
 int started(int code, const std::string& token) {
     if (code == APP_CONTROL_ERROR_NONE) {
-        appfw::takeReply(token, APP_CONTROL_RESULT_APP_STARTED, {});
+        process::shared<appfw::Replies>().take(token, APP_CONTROL_RESULT_APP_STARTED, {});
     }
     return code;
 }
@@ -92,144 +99,168 @@ int launch(const app_control_s& request, const std::string& token) {
         return error.hasNoReceiver() ? started(appfw::launchDesktopApp(id, uri), token) : failureOf(id, error);
     }
     if (!token.empty()) {
-        appfw::expectReplyFrom(token, gio::sessionBus().ownerOf(id));
+        process::shared<appfw::Replies>().expectFrom(token, gio::sessionBus().ownerOf(id));
     }
     return APP_CONTROL_ERROR_NONE;
+}
+
+int send(app_control_h request, app_control_reply_cb callback, void* userData) {
+    if (request == nullptr) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    const bool named = !request->appId.value_or("").empty();
+    if (!named && request->operation != APP_CONTROL_OPERATION_VIEW) {
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    if (!isText(request->operation) || !isText(request->uri)) {
+        dlog_print(DLOG_ERROR, "orvane-appfw", "a request contains text that is not UTF-8");
+        return APP_CONTROL_ERROR_INVALID_PARAMETER;
+    }
+    auto& replies = process::shared<appfw::Replies>();
+    const std::string token = replies.expect(*request, callback, userData);
+    const int code = named ? launch(*request, token) : view(request->uri.value_or(""), token);
+    if (code != APP_CONTROL_ERROR_NONE) {
+        replies.forget(token);
+    }
+    return code;
 }
 
 }  // namespace
 
 int app_control_create(app_control_h* app_control) {
-    if (app_control == nullptr) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    *app_control = std::make_unique<app_control_s>().release();
-    return APP_CONTROL_ERROR_NONE;
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        if (app_control == nullptr) {
+            return APP_CONTROL_ERROR_INVALID_PARAMETER;
+        }
+        *app_control = std::make_unique<app_control_s>().release();
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
 int app_control_destroy(app_control_h app_control) {
-    if (app_control == nullptr) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    const std::unique_ptr<app_control_s> owned(app_control);
-    return APP_CONTROL_ERROR_NONE;
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        if (app_control == nullptr) {
+            return APP_CONTROL_ERROR_INVALID_PARAMETER;
+        }
+        const std::unique_ptr<app_control_s> owned(app_control);
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
 int app_control_set_app_id(app_control_h app_control, const char* app_id) {
-    return set(app_control, &app_control_s::appId, app_id);
+    return set(__func__, app_control, &app_control_s::appId, app_id);
 }
 int app_control_set_operation(app_control_h app_control, const char* operation) {
-    return set(app_control, &app_control_s::operation, operation);
+    return set(__func__, app_control, &app_control_s::operation, operation);
 }
 int app_control_set_uri(app_control_h app_control, const char* uri) {
-    return set(app_control, &app_control_s::uri, uri);
+    return set(__func__, app_control, &app_control_s::uri, uri);
 }
 int app_control_get_app_id(app_control_h app_control, char** app_id) {
-    return get(app_control, &app_control_s::appId, app_id);
+    return get(__func__, app_control, &app_control_s::appId, app_id);
 }
 int app_control_get_operation(app_control_h app_control, char** operation) {
-    return get(app_control, &app_control_s::operation, operation);
+    return get(__func__, app_control, &app_control_s::operation, operation);
 }
 int app_control_get_uri(app_control_h app_control, char** uri) {
-    return get(app_control, &app_control_s::uri, uri);
+    return get(__func__, app_control, &app_control_s::uri, uri);
 }
 
 int app_control_add_extra_data(app_control_h app_control, const char* key, const char* value) {
-    if (app_control == nullptr || key == nullptr || *key == 0 || value == nullptr) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    app_control->extras[key] = {false, {value}};
-    return APP_CONTROL_ERROR_NONE;
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        if (app_control == nullptr || key == nullptr || *key == 0 || value == nullptr) {
+            return APP_CONTROL_ERROR_INVALID_PARAMETER;
+        }
+        app_control->extras[key] = {false, {value}};
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
 int app_control_add_extra_data_array(app_control_h app_control, const char* key, const char* value[], int length) {
-    if (app_control == nullptr || key == nullptr || *key == 0 || length < 0 || (value == nullptr && length > 0)) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    app_control->extras[key] = {true, std::vector<std::string>(value, value + length)};
-    return APP_CONTROL_ERROR_NONE;
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        if (app_control == nullptr || key == nullptr || *key == 0 || length < 0 || (value == nullptr && length > 0)) {
+            return APP_CONTROL_ERROR_INVALID_PARAMETER;
+        }
+        app_control->extras[key] = {true, std::vector<std::string>(value, value + length)};
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
 int app_control_get_extra_data(app_control_h app_control, const char* key, char** value) {
-    int code = 0;
-    const Extra* extra = find(app_control, key, value, code);
-    if (extra == nullptr) {
-        return code;
-    }
-    if (extra->array) {
-        return APP_CONTROL_ERROR_INVALID_DATA_TYPE;
-    }
-    *value = strdup(extra->values.at(0).c_str());
-    return APP_CONTROL_ERROR_NONE;
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        int code = 0;
+        const Extra* extra = find(app_control, key, value, code);
+        if (extra == nullptr) {
+            return code;
+        }
+        if (extra->array) {
+            return APP_CONTROL_ERROR_INVALID_DATA_TYPE;
+        }
+        *value = strdup(extra->values.at(0).c_str());
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
 int app_control_get_extra_data_array(app_control_h app_control, const char* key, char*** value, int* length) {
-    int code = 0;
-    const Extra* extra = find(app_control, key, length == nullptr ? nullptr : value, code);
-    if (extra == nullptr) {
-        return code;
-    }
-    if (!extra->array) {
-        return APP_CONTROL_ERROR_INVALID_DATA_TYPE;
-    }
-    const std::vector<std::string>& values = extra->values;
-    *value = static_cast<char**>(std::calloc(values.size() + 1, sizeof(char*)));
-    std::transform(values.begin(), values.end(), *value, [](const std::string& one) { return strdup(one.c_str()); });
-    *length = static_cast<int>(values.size());
-    return APP_CONTROL_ERROR_NONE;
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        int code = 0;
+        const Extra* extra = find(app_control, key, length == nullptr ? nullptr : value, code);
+        if (extra == nullptr) {
+            return code;
+        }
+        if (!extra->array) {
+            return APP_CONTROL_ERROR_INVALID_DATA_TYPE;
+        }
+        const std::vector<std::string>& values = extra->values;
+        *value = static_cast<char**>(std::calloc(values.size() + 1, sizeof(char*)));
+        std::transform(values.begin(), values.end(), *value,
+                       [](const std::string& one) { return strdup(one.c_str()); });
+        *length = static_cast<int>(values.size());
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
 int app_control_is_extra_data_array(app_control_h app_control, const char* key, bool* array) {
-    int code = 0;
-    if (const Extra* extra = find(app_control, key, array, code)) {
-        *array = extra->array;
-    }
-    return code;
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        int code = 0;
+        if (const Extra* extra = find(app_control, key, array, code)) {
+            *array = extra->array;
+        }
+        return code;
+    });
 }
 
 int app_control_foreach_extra_data(app_control_h app_control, app_control_extra_data_cb callback, void* user_data) {
-    if (app_control == nullptr || callback == nullptr) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    const Extras extras = app_control->extras;  // a copy, because the callback may change the extras
-    for (const auto& [key, extra] : extras) {
-        if (!callback(app_control, key.c_str(), user_data)) {
-            break;
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        if (app_control == nullptr || callback == nullptr) {
+            return APP_CONTROL_ERROR_INVALID_PARAMETER;
         }
-    }
-    return APP_CONTROL_ERROR_NONE;
+        const Extras extras = app_control->extras;  // a copy, because the callback may change the extras
+        for (const auto& [key, extra] : extras) {
+            if (!callback(app_control, key.c_str(), user_data)) {
+                break;
+            }
+        }
+        return APP_CONTROL_ERROR_NONE;
+    });
 }
 
 int app_control_send_launch_request(app_control_h app_control, app_control_reply_cb callback, void* user_data) {
-    if (app_control == nullptr) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    const bool named = !app_control->appId.value_or("").empty();
-    if (!named && app_control->operation != APP_CONTROL_OPERATION_VIEW) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    if (!isText(app_control->operation) || !isText(app_control->uri)) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "a request contains text that is not UTF-8");
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    const std::string token = appfw::expectReply(*app_control, callback, user_data);
-    const int code = named ? launch(*app_control, token) : view(app_control->uri.value_or(""), token);
-    if (code != APP_CONTROL_ERROR_NONE) {
-        appfw::forgetReply(token);
-    }
-    return code;
+    return process::guarded(kFailures, __func__, [&] { return send(app_control, callback, user_data); });
 }
 
 int app_control_reply_to_launch_request(app_control_h reply, app_control_h request, app_control_result_e result) {
-    if (reply == nullptr || request == nullptr || request->token.empty()) {
-        return APP_CONTROL_ERROR_INVALID_PARAMETER;
-    }
-    try {
-        gio::sessionBus().call(
-            applicationOf(request->sender), "Reply",
-            gio::Variant::tuple(request->token, static_cast<std::int32_t>(result), appfw::toWire(reply->extras)));
-        return APP_CONTROL_ERROR_NONE;
-    } catch (const gio::CallError& error) {
-        return failureOf(request->sender, error);
-    }
+    return process::guarded(kFailures, __func__, [&]() -> int {
+        if (reply == nullptr || request == nullptr || request->token.empty()) {
+            return APP_CONTROL_ERROR_INVALID_PARAMETER;
+        }
+        try {
+            gio::sessionBus().call(
+                applicationOf(request->sender), "Reply",
+                gio::Variant::tuple(request->token, static_cast<std::int32_t>(result), appfw::toWire(reply->extras)));
+            return APP_CONTROL_ERROR_NONE;
+        } catch (const gio::CallError& error) {
+            return failureOf(request->sender, error);
+        }
+    });
 }

@@ -11,9 +11,9 @@
 #include "gio/Address.h"
 #include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
+#include "process/Guard.h"
 
 struct event_handler_s {
-    gsize id;
     std::string name;
     event_cb callback;
     void* userData;
@@ -22,9 +22,13 @@ struct event_handler_s {
 
 namespace {
 
+constexpr process::Failures<int> kFailures{EVENT_ERROR_IO_ERROR, EVENT_ERROR_OUT_OF_MEMORY};
+
 // Main loop only. Ids are never reused, so work that was posted for a removed handler finds no handler.
-std::map<gsize, std::unique_ptr<event_handler_s>> handlers;
-gsize lastId = 0;
+struct Handlers {
+    std::map<gsize, std::unique_ptr<event_handler_s>> all;
+    gsize lastId = 0;
+};
 
 // An event is named "event.<application id>.<event>". Empty for any other name.
 std::string applicationOf(const std::string& event) {
@@ -36,49 +40,73 @@ std::string applicationOf(const std::string& event) {
     return event.substr(sizeof HEAD - 1, end - (sizeof HEAD - 1));
 }
 
-void deliver(gsize id, const gio::Variant& arguments) {
+void call(Handlers& handlers, gsize id, bundle_s& message) {
+    const auto found = handlers.all.find(id);
+    if (found == handlers.all.end()) {
+        return;
+    }
+    // Copied, because the callback may remove the handler.
+    const std::string name = found->second->name;
+    const event_cb callback = found->second->callback;
+    callback(name.c_str(), &message, found->second->userData);
+}
+
+// On the IO thread.
+void deliver(Handlers& handlers, gsize id, const gio::Variant& arguments) {
     using Emitted = std::tuple<std::string, appfw::Entries>;
     if (!arguments.is<Emitted>()) {
         return;
     }
-    postToMainLoop([id, message = appfw::toBundle(std::get<1>(arguments.as<Emitted>()))]() mutable {
-        const auto found = handlers.find(id);
-        if (found != handlers.end()) {
-            // Copied, because the callback may remove the handler.
-            const std::string name = found->second->name;
-            const event_cb callback = found->second->callback;
-            callback(name.c_str(), &message, found->second->userData);
-        }
+    postToMainLoop([&handlers, id, message = appfw::toBundle(std::get<1>(arguments.as<Emitted>()))]() mutable {
+        process::contained("callback of an event", [&] { call(handlers, id, message); });
     });
+}
+
+// The subscription names the application, so that GDBus delivers only signals from the owner of that name.
+gio::Registration subscribe(Handlers& handlers, gsize id, const std::string& app, const std::string& event) {
+    return gio::sessionBus().subscribe(
+        {app, "/org/orvane/Event", "org.orvane.Event1"}, "Emitted",
+        [&handlers, id](const gio::Variant& arguments) {
+            process::contained("event of an application", [&] { deliver(handlers, id, arguments); });
+        },
+        event);
+}
+
+int add(const char* name, event_cb callback, void* userData, event_handler_h* output) {
+    const std::string app = name ? applicationOf(name) : "";
+    if (callback == nullptr || output == nullptr || !gio::isBusName(app)) {
+        return EVENT_ERROR_INVALID_PARAMETER;
+    }
+    if (!gio::sessionBus().isOpen()) {
+        return EVENT_ERROR_IO_ERROR;
+    }
+    auto& handlers = process::shared<Handlers>();
+    const gsize id = ++handlers.lastId;
+    auto handler = std::make_unique<event_handler_s>(event_handler_s{name, callback, userData, {}});
+    handler->subscription = subscribe(handlers, id, app, name);
+    *output = handler.get();
+    handlers.all[id] = std::move(handler);
+    return EVENT_ERROR_NONE;
+}
+
+int remove(event_handler_h handler) {
+    auto& all = process::shared<Handlers>().all;
+    const auto found =
+        std::find_if(all.begin(), all.end(), [=](const auto& entry) { return entry.second.get() == handler; });
+    if (found == all.end()) {
+        return EVENT_ERROR_INVALID_PARAMETER;
+    }
+    all.erase(found);
+    return EVENT_ERROR_NONE;
 }
 
 }  // namespace
 
 int event_add_event_handler(const char* event_name, event_cb callback, void* user_data,
                             event_handler_h* event_handler) {
-    const std::string app = event_name ? applicationOf(event_name) : "";
-    if (callback == nullptr || event_handler == nullptr || !gio::isBusName(app)) {
-        return EVENT_ERROR_INVALID_PARAMETER;
-    }
-    if (!gio::sessionBus().isOpen()) {
-        return EVENT_ERROR_IO_ERROR;
-    }
-    auto handler = std::make_unique<event_handler_s>(event_handler_s{++lastId, event_name, callback, user_data, {}});
-    // The subscription names the application, so that GDBus delivers only signals from the owner of that name.
-    handler->subscription = gio::sessionBus().subscribe(
-        {app, "/org/orvane/Event", "org.orvane.Event1"}, "Emitted",
-        [id = handler->id](const gio::Variant& arguments) { deliver(id, arguments); }, event_name);
-    *event_handler = handler.get();
-    handlers[handler->id] = std::move(handler);
-    return EVENT_ERROR_NONE;
+    return process::guarded(kFailures, __func__, [&] { return add(event_name, callback, user_data, event_handler); });
 }
 
 int event_remove_event_handler(event_handler_h event_handler) {
-    const auto found = std::find_if(handlers.begin(), handlers.end(),
-                                    [=](const auto& entry) { return entry.second.get() == event_handler; });
-    if (found == handlers.end()) {
-        return EVENT_ERROR_INVALID_PARAMETER;
-    }
-    handlers.erase(found);
-    return EVENT_ERROR_NONE;
+    return process::guarded(kFailures, __func__, [&] { return remove(event_handler); });
 }

@@ -18,7 +18,7 @@
 #include "dlog.h"
 #include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
-#include "process/Owner.h"
+#include "process/Guard.h"
 #include "status/Status.h"
 
 namespace {
@@ -69,12 +69,14 @@ void onCall(const App& app, gio::MethodCall& call) {
     call.reply();
     if (call.method() == "Launch") {
         postToMainLoop([app, request = requestOf(call)] {
-            app_control_s copy = request;
-            app.callbacks->app_control(&copy, app.userData);
+            process::contained("callback of a request", [&] {
+                app_control_s copy = request;
+                app.callbacks->app_control(&copy, app.userData);
+            });
         });
     } else if (call.method() == "Reply") {
         appfw::Reply reply = appfw::toReply(call.arguments());
-        appfw::takeReply(reply.token, reply.result, std::move(reply.extras));
+        process::shared<appfw::Replies>().take(reply.token, reply.result, std::move(reply.extras));
     } else {
         quit();
     }
@@ -112,8 +114,10 @@ bool join(const App& app, Presence& presence) {
     }
     appfw::setOwnAppId(APP_ID);
     presence.loss = bus.onClosed([] {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "the session bus has gone; the service ends");
-        quit();
+        process::contained("loss of the session bus", [] {
+            dlog_print(DLOG_ERROR, "orvane-appfw", "the session bus has gone; the service ends");
+            quit();
+        });
     });
     return true;
 }
@@ -127,11 +131,13 @@ bool isOfAnEndedTimer(const std::string& function) {
 // Any thread.
 void logEfl(const Eina_Log_Domain*, Eina_Log_Level, const char*, const char* function, int, const char* format, void*,
             va_list arguments) noexcept {
-    if (!isOfAnEndedTimer(function)) {
-        char text[1024];
-        vsnprintf(text, sizeof text, format, arguments);
-        dlog_print(DLOG_ERROR, "orvane-appfw", "%s: %s", function, text);
-    }
+    process::contained("log of EFL", [&] {
+        if (!isOfAnEndedTimer(function)) {
+            char text[1024];
+            vsnprintf(text, sizeof text, format, arguments);
+            dlog_print(DLOG_ERROR, "orvane-appfw", "%s: %s", function, text);
+        }
+    });
 }
 
 int run(const App& app) {
@@ -168,5 +174,8 @@ int service_app_main(int argc, char** argv, service_app_lifecycle_callback_s* ca
         fprintf(stderr, "orvane-da-service: unknown option %s; see --help\n", argv[1]);
         return 2;
     }
-    return run({callback, user_data});
+    // Not a Call: it lasts as long as the process, and the owner's end would wait for it.
+    int code = EXIT_FAILURE;
+    process::contained(__func__, [&] { code = run({callback, user_data}); });
+    return code;
 }

@@ -3,6 +3,7 @@
 #include <device.h>
 
 #include "gio/SessionBus.h"
+#include "process/Guard.h"
 
 namespace {
 
@@ -11,15 +12,17 @@ constexpr int TIMEOUT_MS = 500;
 }  // namespace
 
 extern "C" int display_change_state(display_state_e state) {
-    if (state != DISPLAY_STATE_NORMAL) {
-        return DEVICE_ERROR_NOT_SUPPORTED;
-    }
-    const gio::Target saver{"org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver",
-                            "org.freedesktop.ScreenSaver"};
-    try {
-        gio::sessionBus().call(saver, "SimulateUserActivity", {}, {TIMEOUT_MS, false});
-        return DEVICE_ERROR_NONE;
-    } catch (const gio::CallError&) {
-        return DEVICE_ERROR_NOT_SUPPORTED;
-    }
+    return process::guarded(DEVICE_ERROR_OPERATION_FAILED, __func__, [&]() -> int {
+        if (state != DISPLAY_STATE_NORMAL) {
+            return DEVICE_ERROR_NOT_SUPPORTED;
+        }
+        const gio::Target saver{"org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver",
+                                "org.freedesktop.ScreenSaver"};
+        try {
+            gio::sessionBus().call(saver, "SimulateUserActivity", {}, {TIMEOUT_MS, false});
+            return DEVICE_ERROR_NONE;
+        } catch (const gio::CallError&) {
+            return DEVICE_ERROR_NOT_SUPPORTED;
+        }
+    });
 }

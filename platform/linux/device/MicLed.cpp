@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "process/Guard.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -23,24 +25,24 @@ int brightest(const fs::path& led) {
     return value;
 }
 
+int light(bool on) {
+    const char* chosen = getenv("ORVANE_SYSFS_ROOT");
+    const fs::path leds = fs::path(chosen ? chosen : "/sys") / "class" / "leds";
+    std::error_code error;
+    for (const fs::directory_entry& led : fs::directory_iterator(leds, error)) {
+        const std::string name = led.path().filename();
+        if (name.find("mic") == std::string::npos) {
+            continue;
+        }
+        const bool lit = name.find("mute") == std::string::npos ? on : !on;
+        const bool written = write(led.path() / "brightness", lit ? brightest(led.path()) : 0);
+        return written ? DEVICE_ERROR_NONE : DEVICE_ERROR_OPERATION_FAILED;
+    }
+    return DEVICE_ERROR_NOT_SUPPORTED;
+}
+
 }  // namespace
 
 extern "C" int device_touchkey_set_mic_led(bool on) {
-    try {
-        const char* chosen = getenv("ORVANE_SYSFS_ROOT");
-        const fs::path leds = fs::path(chosen ? chosen : "/sys") / "class" / "leds";
-        std::error_code error;
-        for (const fs::directory_entry& led : fs::directory_iterator(leds, error)) {
-            const std::string name = led.path().filename();
-            if (name.find("mic") == std::string::npos) {
-                continue;
-            }
-            const bool lit = name.find("mute") == std::string::npos ? on : !on;
-            return write(led.path() / "brightness", lit ? brightest(led.path()) : 0) ? DEVICE_ERROR_NONE
-                                                                                     : DEVICE_ERROR_OPERATION_FAILED;
-        }
-        return DEVICE_ERROR_NOT_SUPPORTED;
-    } catch (const std::exception&) {
-        return DEVICE_ERROR_OPERATION_FAILED;
-    }
+    return process::guarded(DEVICE_ERROR_OPERATION_FAILED, __func__, [=] { return light(on); });
 }

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <string>
 
+#include "process/Guard.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -36,13 +38,11 @@ const std::string& dataRoot() {
 
 extern "C" const char* tzplatform_mkpath(enum tzplatform_variable id, const char* path) {
     thread_local std::string made;
-    if (id != TZPLATFORM_DATA_ROOT || path == nullptr) {
-        return nullptr;
-    }
-    try {
+    return process::guarded(static_cast<const char*>(nullptr), __func__, [&]() -> const char* {
+        if (id != TZPLATFORM_DATA_ROOT || path == nullptr) {
+            return nullptr;
+        }
         made = dataRoot() + "/" + path;
-    } catch (const std::exception&) {
-        return nullptr;
-    }
-    return made.c_str();
+        return made.c_str();
+    });
 }

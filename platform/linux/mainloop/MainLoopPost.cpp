@@ -19,7 +19,8 @@ struct Queue {
 };
 
 Queue& queue() {
-    // Never destroyed: threads still post work while the process exits.
+    // Never destroyed, and not in the process owner: threads that nobody joins, such as the IO thread, post until the
+    // process is gone.
     static Queue* instance = new Queue;
     return *instance;
 }

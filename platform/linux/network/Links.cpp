@@ -10,6 +10,8 @@
 #include <array>
 #include <memory>
 
+#include "process/Guard.h"
+
 namespace network {
 
 namespace {
@@ -23,7 +25,7 @@ gboolean onNews(GSocket* socket, GIOCondition, gpointer changed) noexcept {
     std::array<char, 16384> skipped;
     while (g_socket_receive_with_blocking(socket, skipped.data(), skipped.size(), FALSE, nullptr, nullptr) > 0) {
     }
-    (*static_cast<std::function<void()>*>(changed))();
+    process::contained("watch of the links", *static_cast<std::function<void()>*>(changed));
     return G_SOURCE_CONTINUE;
 }
 
@@ -60,9 +62,15 @@ bool linkWorks(const std::string& interface) {
 
 LinkWatch::LinkWatch(std::function<void()> changed) : mChanged(std::move(changed)), mSocket(openNews()) {
     if (mSocket != nullptr) {
-        const gio::Source source(g_socket_create_source(mSocket.get(), G_IO_IN, nullptr));
-        g_source_set_callback(source.get(), G_SOURCE_FUNC(onNews), &mChanged, nullptr);
-        g_source_attach(source.get(), g_main_context_get_thread_default());
+        mSource.reset(g_socket_create_source(mSocket.get(), G_IO_IN, nullptr));
+        g_source_set_callback(mSource.get(), G_SOURCE_FUNC(onNews), &mChanged, nullptr);
+        g_source_attach(mSource.get(), g_main_context_get_thread_default());
+    }
+}
+
+LinkWatch::~LinkWatch() {
+    if (mSource != nullptr) {
+        g_source_destroy(mSource.get());
     }
 }
 

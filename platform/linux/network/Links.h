@@ -17,11 +17,14 @@ class LinkWatch {
 public:
     // `changed` runs after every change of a link or route.
     explicit LinkWatch(std::function<void()> changed);
-    ~LinkWatch() = delete;  // lives until the process exits
+    ~LinkWatch();
+    LinkWatch(const LinkWatch&) = delete;
+    LinkWatch& operator=(const LinkWatch&) = delete;
 
 private:
     std::function<void()> mChanged;
     gio::Object<GSocket> mSocket;
+    gio::Source mSource;  // null without a socket
 };
 
 }  // namespace network

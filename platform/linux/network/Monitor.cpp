@@ -1,25 +1,28 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Monitor.h"
 
-#include "Links.h"
-#include "NetworkManager.h"
+#include <utility>
+
 #include "Route.h"
 #include "gio/IoThread.h"
+#include "process/Guard.h"
 
 namespace network {
 
-Monitor& Monitor::get() {
-    static Monitor* instance = new Monitor;
-    return *instance;
+Monitor::Monitor(std::function<void(connection_type_e)> listener) : mListener(std::move(listener)) {
+    gio::IoThread::get().post([this] { process::contained("start of the network's monitor", [this] { start(); }); });
 }
 
-Monitor::Monitor() {
-    gio::IoThread::get().post([this] { start(); });
+Monitor::~Monitor() {
+    gio::IoThread::get().run([this] {
+        mLinks.reset();
+        mManager.reset();
+    });
 }
 
 void Monitor::start() {
-    mManager = new NetworkManager([this] { update(); });
-    mLinks = new LinkWatch([this] { update(); });
+    mManager = std::make_unique<NetworkManager>([this] { update(); });
+    mLinks = std::make_unique<LinkWatch>([this] { update(); });
 }
 
 void Monitor::update() {
@@ -27,25 +30,20 @@ void Monitor::update() {
         return;
     }
     const connection_type_e type = mManager->isRunning() ? mManager->type() : kindOfDefaultRoute();
-    std::lock_guard<std::mutex> lock(mMutex);
+    const std::lock_guard lock(mMutex);
     const bool changed = type != mType;
     mType = type;
     mKnown = true;
     mAnswered.notify_all();
-    if (changed && mListener) {
+    if (changed) {
         mListener(type);
     }
 }
 
 connection_type_e Monitor::type() {
-    std::unique_lock<std::mutex> lock(mMutex);
+    std::unique_lock lock(mMutex);
     mAnswered.wait_for(lock, std::chrono::seconds(1), [this] { return mKnown; });
     return mType;
-}
-
-void Monitor::setListener(std::function<void(connection_type_e)> listener) {
-    std::lock_guard<std::mutex> lock(mMutex);
-    mListener = std::move(listener);
 }
 
 }  // namespace network

@@ -7,6 +7,7 @@
 
 #include "gio/Address.h"
 #include "gio/IoThread.h"
+#include "process/Guard.h"
 
 namespace network {
 
@@ -44,10 +45,21 @@ NetworkManager::NetworkManager(std::function<void()> changed) : mChanged(std::mo
     connect();
 }
 
+// Wraps a method for a call that may arrive after this object is gone, which then does nothing.
+template <typename Method>
+auto NetworkManager::handler(Method method) {
+    return [method, self = std::weak_ptr<NetworkManager*>(mSelf)](auto&&... arguments) {
+        if (const auto alive = self.lock()) {
+            process::contained("query of NetworkManager",
+                               [&] { ((*alive)->*method)(std::forward<decltype(arguments)>(arguments)...); });
+        }
+    };
+}
+
 // A private connection, because the one that GIO shares stays closed as long as any code holds a reference to it.
 void NetworkManager::connect() {
     gio::Connection::openAsync(gio::addressOf(G_BUS_TYPE_SYSTEM), gio::IoThread::get().context(), TIMEOUT_MS,
-                               [this](gio::Connection bus) { connected(std::move(bus)); });
+                               handler(&NetworkManager::connected));
 }
 
 void NetworkManager::connected(gio::Connection bus) {
@@ -55,19 +67,22 @@ void NetworkManager::connected(gio::Connection bus) {
     if (!mBus.isOpen()) {
         return lost();
     }
-    mLoss = mBus.onClosed([this] { lost(); });
-    // Every signal only triggers a new query.
-    mPropertiesChanged = mBus.subscribe(PROPERTIES, "PropertiesChanged", [this](const gio::Variant&) { ask(); });
-    mOwnerChanged = mBus.subscribe(
-        gio::kBus, "NameOwnerChanged", [this](const gio::Variant&) { ask(); }, NAME);
+    mLoss = mBus.onClosed(handler(&NetworkManager::lost));
+    mPropertiesChanged = mBus.subscribe(PROPERTIES, "PropertiesChanged", handler(&NetworkManager::hint));
+    mOwnerChanged = mBus.subscribe(gio::kBus, "NameOwnerChanged", handler(&NetworkManager::hint), NAME);
     ask();
 }
 
 // Without a system bus, there is no NetworkManager.
 void NetworkManager::lost() {
     mLoss.reset();
-    gio::IoThread::get().postAfter(RETRY_MS, [this] { connect(); });
+    gio::IoThread::get().postAfter(RETRY_MS, handler(&NetworkManager::connect));
     become(State::Absent);
+}
+
+// Every signal only triggers a new query.
+void NetworkManager::hint(const gio::Variant&) {
+    ask();
 }
 
 // One query at a time. All signals that arrive in the meantime cause a single further query.
@@ -78,7 +93,7 @@ void NetworkManager::ask() {
     }
     mAsking = true;
     mBus.callAsync(PROPERTIES, "GetAll", gio::Variant::tuple(NAME), {TIMEOUT_MS, false},
-                   [this](const gio::Variant& answer, const gio::CallError* error) { answered(answer, error); });
+                   handler(&NetworkManager::answered));
 }
 
 void NetworkManager::answered(const gio::Variant& answer, const gio::CallError* error) {
@@ -94,7 +109,7 @@ void NetworkManager::answered(const gio::Variant& answer, const gio::CallError* 
     if (mAskAgain) {
         ask();
     } else if (error != nullptr && error->isTimeout()) {
-        gio::IoThread::get().postAfter(RETRY_MS, [this] { ask(); });
+        gio::IoThread::get().postAfter(RETRY_MS, handler(&NetworkManager::ask));
     }
     become(running ? State::Running : State::Absent);
 }

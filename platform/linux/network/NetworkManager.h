@@ -4,6 +4,7 @@
 #include <net_connection.h>
 
 #include <functional>
+#include <memory>
 
 #include "gio/Connection.h"
 
@@ -16,7 +17,8 @@ public:
     // `changed` runs when it is first known whether NetworkManager is running, and whenever NetworkManager appears,
     // disappears, or reports a change; never within this constructor.
     explicit NetworkManager(std::function<void()> changed);
-    ~NetworkManager() = delete;  // lives until the process exits
+    NetworkManager(const NetworkManager&) = delete;
+    NetworkManager& operator=(const NetworkManager&) = delete;
 
     bool isKnown() const { return mState != State::Unknown; }
     bool isRunning() const { return mState == State::Running; }
@@ -25,13 +27,17 @@ public:
 private:
     enum class State { Unknown, Absent, Running };
 
+    template <typename Method>
+    auto handler(Method method);
     void connect();
     void connected(gio::Connection bus);
     void lost();
+    void hint(const gio::Variant& arguments);
     void ask();
     void answered(const gio::Variant& answer, const gio::CallError* error);
     void become(State state);
 
+    const std::shared_ptr<NetworkManager*> mSelf = std::make_shared<NetworkManager*>(this);
     std::function<void()> mChanged;
     gio::Connection mBus{"not connected yet"};
     gio::Registration mLoss;

@@ -4,7 +4,10 @@
 #include <dlog.h>
 
 #include <fstream>
+#include <stdexcept>
 
+#include "gio/Connection.h"
+#include "gio/IoThread.h"
 #include "process/Guard.h"
 
 namespace settings {
@@ -16,15 +19,14 @@ constexpr char BOOT_ID[] = "/memory/boot-id";
 
 // The dconf service does the writing, and clients reach it over the session bus.
 bool busIsThere() {
-    gio::Error error;
-    const gio::Object<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, error.out()));
-    if (bus == nullptr) {
+    try {
+        gio::Connection::openShared(G_BUS_TYPE_SESSION, gio::IoThread::get().context());
+        return true;
+    } catch (const std::runtime_error& failure) {
         dlog_print(DLOG_ERROR, "orvane-settings", "cannot write or watch settings without a session bus: %s",
-                   error.message().c_str());
+                   failure.what());
         return false;
     }
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-    return true;
 }
 
 std::string bootId() {

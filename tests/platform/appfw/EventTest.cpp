@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "OtherApp.h"
@@ -109,6 +110,21 @@ TEST_F(AnEventOfTheAccountService, ThatHasArrivedDoesNotReachAHandlerAddedLater)
     postToMainLoop([&] { posted = true; });
     ASSERT_TRUE(runMainLoopUntil([&] { return posted; }));
     EXPECT_EQ(mReceived.count, 1);
+}
+
+TEST_F(AnEventOfTheAccountService, ReachesTheOtherHandlersAfterACallbackThrows) {
+    int calls = 0;
+    const auto throws = [](const char*, bundle*, void* count) {
+        ++*static_cast<int*>(count);
+        throw std::runtime_error("a fault of the callback");
+    };
+    event_handler_h faulty = nullptr;
+    ASSERT_EQ(event_add_event_handler(EVENT, throws, &calls, &faulty), EVENT_ERROR_NONE);
+    const OtherApp account(ACCOUNT_ID);
+    account.announce(EVENT);
+    account.announce(EVENT);
+    EXPECT_TRUE(runMainLoopUntil([&] { return calls == 2 && mHeard.count == 2; }));
+    event_remove_event_handler(faulty);
 }
 
 TEST(AnEventName, WithoutAnApplicationIdIsRefused) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -101,6 +102,12 @@ TEST_F(ARequestHandle, IteratesOverItsKeysInOrderUntilTheCallbackReturnsFalse) {
         },
         &seen);
     EXPECT_EQ(seen, "ab");
+}
+
+TEST_F(ARequestHandle, ReturnsAnErrorForAnExceptionOfTheCallback) {
+    app_control_add_extra_data(mRequest, "key", "x");
+    const auto throws = [](app_control_h, const char*, void*) -> bool { throw std::runtime_error("a fault"); };
+    EXPECT_EQ(app_control_foreach_extra_data(mRequest, throws, nullptr), APP_CONTROL_ERROR_IO_ERROR);
 }
 
 TEST_F(ARequestHandle, WithInvalidUtf8IsRefusedAndLeavesTheBusOpen) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -172,6 +173,23 @@ TEST_F(AConnection, DoesNotBlockWhileTheManagerHangsAndAsksItAgain) {
     ASSERT_TRUE(runMainLoopUntil([&] { return mManager->unanswered() == 2; }));
     mManager->freeze(false);
     EXPECT_TRUE(becomes(CONNECTION_TYPE_OTHER)) << "without another signal";
+}
+
+TEST_F(AConnection, CallsTheOtherCallbacksAfterOneThrows) {
+    connection_h faulty = nullptr;
+    connection_h last = nullptr;
+    ASSERT_EQ(connection_create(&faulty), CONNECTION_ERROR_NONE);
+    ASSERT_EQ(connection_create(&last), CONNECTION_ERROR_NONE);
+    int calls = 0;
+    const auto throws = [](connection_type_e, void*) { throw std::runtime_error("a fault of the callback"); };
+    connection_set_type_changed_cb(faulty, throws, nullptr);
+    connection_set_type_changed_cb(
+        last, [](connection_type_e, void* count) { ++*static_cast<int*>(count); }, &calls);
+    mManager->become(CONNECTED_GLOBAL, "gsm");
+    mManager->appear();
+    EXPECT_TRUE(runMainLoopUntil([&] { return calls > 0; }));
+    connection_destroy(faulty);
+    connection_destroy(last);
 }
 
 TEST_F(AConnection, MayBeDestroyedInTheCallbackOfAnother) {

@@ -11,12 +11,10 @@ namespace {
 constexpr int kStarts = 7;
 constexpr useconds_t kPollMicroseconds = 1000;
 constexpr double kWatchdogSeconds = 20;
-// The last step of the service's start.
-constexpr char kListens[] = "__startListening";
 
-void awaitLine(sim::Appliance& appliance, std::size_t from) {
+void awaitListening(const sim::Appliance& appliance) {
     for (const double end = sim::monotonicNow() + kWatchdogSeconds;
-         appliance.service().log().find(kListens, from) == std::string::npos; usleep(kPollMicroseconds)) {
+         !sim::serviceStatus(appliance.session(), "Listening"); usleep(kPollMicroseconds)) {
         if (sim::monotonicNow() > end) {
             throw std::runtime_error("the service does not listen");
         }
@@ -27,10 +25,9 @@ void awaitLine(sim::Appliance& appliance, std::size_t from) {
 
 void measureStartUp(sim::Appliance& appliance, Figures& figures) {
     for (int start = 0; start < kStarts; ++start) {
-        const std::size_t logged = appliance.service().log().size();
         const double begun = sim::monotonicNow();
         const sim::Process service({BENCH_PROGRAM}, appliance.folder() / "service.log");
-        awaitLine(appliance, logged);
+        awaitListening(appliance);
         const double listens = sim::monotonicNow();
         // Checked only now, because the check takes as long as the start.
         const bool recorded = appliance.isRecorded();

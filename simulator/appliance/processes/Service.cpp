@@ -20,12 +20,23 @@ namespace sim {
 
 namespace {
 
-constexpr char kRecognizerReady[] = "Previous(None) -> Current(Ready)";
 constexpr double kRecognizerSeconds = 30;
 constexpr std::size_t kEndOfLog = 8000;
 constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
 
 }  // namespace
+
+bool serviceStatus(const gio::Connection& session, const char* property) {
+    try {
+        const auto [value] = session
+                                 .call({kServiceId, "/org/orvane/Status", "org.freedesktop.DBus.Properties"}, "Get",
+                                       gio::Variant::tuple("org.orvane.Status1", property), {5000, false})
+                                 .fields<gio::Variant>();
+        return value.as<bool>();
+    } catch (const gio::CallError&) {
+        return false;
+    }
+}
 
 void Service::start(const std::string& chosen) {
     const std::string program = chosen.empty() ? builtProgram("service/orvane-da-service") : chosen;
@@ -34,7 +45,6 @@ void Service::start(const std::string& chosen) {
     }
     std::filesystem::remove(kLevelFile);
     mRecord.write("service starts");
-    mLogBefore = log().size();
     mProcess = std::make_unique<Process>(std::vector<std::string>{program}, mFolder / "service.log");
     awaitStart();
     mRecord.write("service listens");
@@ -55,8 +65,7 @@ void Service::awaitStart() {
 
 void Service::awaitRecognizer() {
     until(
-        "the recognizer is ready", [this] { return log().find(kRecognizerReady, mLogBefore) != std::string::npos; },
-        kRecognizerSeconds);
+        "the recognizer is ready", [this] { return serviceStatus(mSession, "RecognizerReady"); }, kRecognizerSeconds);
     mRecord.write("recognizer ready");
 }
 

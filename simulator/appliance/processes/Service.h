@@ -15,6 +15,10 @@
 
 namespace sim {
 
+// Whether the service on this bus reports the property of org.orvane.Status1, "Listening" or "RecognizerReady", as
+// true. False while there is no service.
+bool serviceStatus(const gio::Connection& session, const char* property);
+
 class Service {
 public:
     Service(const Folder& folder, const gio::Connection& session, Record& record, Room& room)
@@ -46,7 +50,6 @@ private:
     Record& mRecord;
     Room& mRoom;
     std::unique_ptr<Process> mProcess;
-    std::size_t mLogBefore = 0;  // length of the log when the service was started
 };
 
 }  // namespace sim

@@ -30,7 +30,7 @@ TEST(ANewMenuLanguage, ChangesTheAssistantTheRecognizerAndTheWakeWordData) {
     sim::settings::set(sim::kMenuLanguage, "en_GB.UTF-8");
     sim::until("the assistant's language is British English",
                [] { return sim::settings::getInt(sim::kAssistantLanguage) == 2; });
-    untilLogged(person, "recognises en_GB");
+    untilLogged(person, "recognizes en_GB");
     untilLogged(person, "data/ENG/wakeup_quorbit");
     opensMusic(person);
 }

@@ -123,7 +123,7 @@ TEST_F(AnEventOfTheAccountService, ReachesTheOtherHandlersAfterACallbackThrows) 
     const OtherApp account(ACCOUNT_ID);
     account.announce(EVENT);
     account.announce(EVENT);
-    EXPECT_TRUE(runMainLoopUntil([&] { return calls == 2 && mHeard.count == 2; }));
+    EXPECT_TRUE(runMainLoopUntil([&] { return calls == 2 && mReceived.count == 2; }));
     event_remove_event_handler(faulty);
 }
 

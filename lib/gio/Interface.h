@@ -8,6 +8,22 @@
 
 namespace gio {
 
+// A parsed description of an object: its interfaces and the names of its child objects.
+class Node {
+public:
+    // Throws std::runtime_error for text that is not such a description.
+    explicit Node(const std::string& xml);
+
+    const GDBusNodeInfo& get() const { return *mNode; }
+
+private:
+    struct Unref {
+        void operator()(GDBusNodeInfo* node) const noexcept { g_dbus_node_info_unref(node); }
+    };
+
+    std::unique_ptr<GDBusNodeInfo, Unref> mNode;
+};
+
 // The description of a D-Bus interface.
 class Interface {
 public:
@@ -16,14 +32,10 @@ public:
 
     std::string name() const { return get()->name; }
     // Borrowed.
-    GDBusInterfaceInfo* get() const { return mNode->interfaces[0]; }
+    GDBusInterfaceInfo* get() const { return mNode.get().interfaces[0]; }
 
 private:
-    struct Unref {
-        void operator()(GDBusNodeInfo* node) const noexcept { g_dbus_node_info_unref(node); }
-    };
-
-    std::unique_ptr<GDBusNodeInfo, Unref> mNode;
+    Node mNode;
 };
 
 }  // namespace gio

@@ -5,6 +5,10 @@
 #include <errno.h>
 #include <time.h>
 
+#include <exception>
+
+#include "Util/Log.h"
+
 namespace Util {
 
 namespace {
@@ -19,17 +23,30 @@ void sleepOneCycle() {
 }  // namespace
 
 AsyncThread::AsyncThread() {
-    mThread = std::make_unique<std::thread>([this] { loop(); });
+    startWorker();
 }
 
 AsyncThread::~AsyncThread() {
     mStop = true;
-    mThread->join();
+    if (mThread != nullptr) {
+        mThread->join();
+    }
+}
+
+void AsyncThread::startWorker() {
+    try {
+        mThread = std::make_unique<std::thread>([this] { loop(); });
+    } catch (const std::exception&) {
+        LOGE("Failed to start the worker");
+    }
 }
 
 void AsyncThread::asyncCall(const std::function<bool()>& condition, const std::function<void()>& action) {
     std::lock_guard<std::mutex> lock(mMutex);
     mJobs.push_back(std::make_unique<Job>(Job{condition, action}));
+    if (mThread == nullptr) {
+        startWorker();
+    }
 }
 
 void AsyncThread::syncCallEcore(const std::function<void()>& action) {

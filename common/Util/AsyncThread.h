@@ -20,7 +20,8 @@ public:
     AsyncThread(const AsyncThread&) = delete;
     AsyncThread& operator=(const AsyncThread&) = delete;
 
-    // Any thread; returns immediately. An empty condition ends the process when the worker reaches it.
+    // Any thread; returns immediately. If the worker could not be started before, tries again; a failure is logged, and
+    // the job waits for a later call. An empty condition ends the process when the worker reaches it.
     void asyncCall(
         const std::function<bool()>& condition, const std::function<void()>& action = [] {});
     // Runs the action on the main loop and waits for it. Any thread.
@@ -32,13 +33,14 @@ private:
         std::function<void()> action;
     };
 
+    void startWorker();
     void loop();
     std::unique_ptr<Job> take();
     static void runPosted(void* job) noexcept;
     static void* runPostedSync(void* job) noexcept;
 
     std::unique_ptr<std::thread> mThread;
-    std::mutex mMutex;  // guards mJobs
+    std::mutex mMutex;  // guards mJobs; between construction and destruction, also mThread
     std::list<std::unique_ptr<Job>> mJobs;
     std::atomic<bool> mStop{false};
 };

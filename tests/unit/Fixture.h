@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <algorithm>
 
@@ -14,6 +15,23 @@
 #include "fake/app/FakeAppControl.h"
 
 using Texts = std::vector<std::string>;
+
+// While it exists, no thread can be created: the default stack does not fit in the address space.
+class NoNewThreads {
+public:
+    NoNewThreads() {
+        EXPECT_EQ(pthread_getattr_default_np(&mUsual), 0);
+        pthread_attr_t huge = mUsual;
+        EXPECT_EQ(pthread_attr_setstacksize(&huge, size_t{1} << 60), 0);
+        EXPECT_EQ(pthread_setattr_default_np(&huge), 0);
+    }
+    ~NoNewThreads() { EXPECT_EQ(pthread_setattr_default_np(&mUsual), 0); }
+    NoNewThreads(const NoNewThreads&) = delete;
+    NoNewThreads& operator=(const NoNewThreads&) = delete;
+
+private:
+    pthread_attr_t mUsual;
+};
 
 // Each test starts with a reset platform and without the product's singletons.
 class PlatformTest : public testing::Test {

@@ -43,7 +43,8 @@ public:
     // From now on, `other` receives each level that the platform reports for this controller. It must outlive this
     // controller.
     int addSync(VolumeController* other);
-    // Called on the fader thread when a decrease ends. Must not call this controller.
+    // Called when a decrease ends: on the fader thread, or by decreaseVolume if no thread can be created. Must not call
+    // this controller.
     void setDecreaseCallback(const std::function<void(void*)>& callback, void* userData);
     int decreaseVolume(double seconds);  // returns 1 if it started a fade, else 0
     int restoreVolume(double seconds);   // returns 1

@@ -4,6 +4,9 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <exception>
+
+#include "Util/Log.h"
 #include "Util/Singleton.h"
 #include "Util/Sound/SoundStreamWatcher.h"
 #include "Util/Sound/VolumeController.h"
@@ -35,10 +38,16 @@ int VolumeController::restoreVolume(double seconds) {
     return 1;
 }
 
+// Without a thread, the level changes at once instead of in steps.
 void VolumeController::implFaderThread(double seconds, int target, bool restore) {
     stopFader();
     mFaderSet = true;
-    mFaderThread = std::make_unique<std::thread>([=] { fade(seconds, target, restore); });
+    try {
+        mFaderThread = std::make_unique<std::thread>([=] { fade(seconds, target, restore); });
+    } catch (const std::exception&) {
+        LOGE("Failed to start a fade");
+        fade(0, target, restore);
+    }
 }
 
 // A running fade ends at its next tick but still sets its own target.

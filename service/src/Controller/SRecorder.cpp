@@ -3,6 +3,8 @@
 
 #include <string.h>
 
+#include <exception>
+
 #include "Util/Log.h"
 
 namespace OrvaneDA {
@@ -46,7 +48,12 @@ void SRecorder::startRecord() {
     }
     std::lock_guard<std::mutex> lock(mThreadMutex);
     auto next = std::make_unique<ReadThread>();
-    next->thread = std::thread([this, &stop = next->stop] { read(stop); });
+    try {
+        next->thread = std::thread([this, &stop = next->stop] { read(stop); });
+    } catch (const std::exception&) {
+        LOGE("Failed to start the read thread");
+        return;
+    }
     mReadThreads.push_back(std::move(next));
 }
 

@@ -42,6 +42,7 @@ public:
     void addListener(SRecordListener* listener);
     void clearListener();
 
+    // If no thread can be created, logs that; a later call tries again.
     void startRecord();
     // Waits until the current read returns. Not from the read thread.
     void stopRecord();

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Controller/ProfileRefresher.h"
 
-#include <pthread.h>
-
 #include <atomic>
 
 #include "Controller/ProfileSession.h"
@@ -332,13 +330,10 @@ TEST_F(ProfileRefresherTest, ARefreshThatCannotStartIsLoggedOnceAndLeavesNothing
     fake::setConnection(CONNECTION_TYPE_DISCONNECTED);
     auto refresher = std::make_unique<ProfileRefresher>();
     fake::setConnection(CONNECTION_TYPE_ETHERNET);
-    pthread_attr_t usual;
-    ASSERT_EQ(pthread_getattr_default_np(&usual), 0);
-    pthread_attr_t huge = usual;
-    ASSERT_EQ(pthread_attr_setstacksize(&huge, size_t{1} << 60), 0);
-    ASSERT_EQ(pthread_setattr_default_np(&huge), 0);
-    fake::emitEvent("event.org.orvane.account.notification");
-    ASSERT_EQ(pthread_setattr_default_np(&usual), 0);
+    {
+        const NoNewThreads noNewThreads;
+        fake::emitEvent("event.org.orvane.account.notification");
+    }
     EXPECT_EQ(fake::platform().countLogged("Failed to start a refresh"), 1u);
     refresher.reset();
     EXPECT_EQ(fake::platform().count("ks_server_destroy"), 1u) << "there is no worker to wait for";

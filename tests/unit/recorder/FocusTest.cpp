@@ -65,6 +65,19 @@ TEST_F(FocusTest, ALostFocusStopsTheCaptureAndARegainedOneResumesIt) {
     EXPECT_TRUE(reads(2));
 }
 
+TEST_F(FocusTest, ARegainedFocusWithoutAReadThreadIsLoggedOnceAndTheNextOneResumesTheCapture) {
+    SRecorderSSE recorder;
+    change(RECORDING, RELEASED);
+    {
+        const NoNewThreads noNewThreads;
+        fake::changeFocus(RECORDING, ACQUIRED, BY_CALL);
+    }
+    EXPECT_EQ(fake::platform().countLogged("Failed to start the read thread"), 1u);
+    change(RECORDING, RELEASED);
+    change(RECORDING, ACQUIRED);
+    EXPECT_TRUE(reads(1));
+}
+
 TEST_F(FocusTest, ThePlaybackFocusDoesNotMatter) {
     SRecorderSSE recorder;
     change(SOUND_STREAM_FOCUS_FOR_PLAYBACK, RELEASED);

@@ -117,6 +117,14 @@ TEST_F(FadeTest, AFadeOfZeroSecondsSetsItsTargetAtOnce) {
     EXPECT_EQ(draw({DUCKED, 8, 0.0}), (Drawing{{0, 8}}));
 }
 
+TEST_F(FadeTest, WithoutAThreadAFadeSetsItsTargetAtOnce) {
+    const NoNewThreads noNewThreads;
+    EXPECT_EQ(draw({8, DUCKED, 1.0}), (Drawing{{0, 2}}));
+    EXPECT_EQ(ended, 0);
+    EXPECT_EQ(draw({DUCKED, 8, 1.0}), (Drawing{{0, 8}}));
+    EXPECT_EQ(fake::platform().countLogged("Failed to start a fade"), 2u);
+}
+
 TEST_F(FadeTest, ADecreaseFromLevelThreeSetsItsTargetAtOnce) {
     EXPECT_EQ(draw({3, DUCKED, 1.0}), (Drawing{{0, 2}}));
     EXPECT_EQ(ended, 0);

@@ -57,6 +57,40 @@ TEST_F(AsyncThreadTest, QueuedJobsRunOnTheWorkerInOrderAtLeastFiftyMillisecondsA
     }
 }
 
+TEST_F(AsyncThreadTest, AWorkerThatCannotStartIsLoggedAndTheNextCallStartsIt) {
+    std::vector<int> ran;
+    std::atomic<int> done{0};
+    const auto job = [&](int number) {
+        return [&, number] {
+            ran.push_back(number);
+            ++done;
+            return false;
+        };
+    };
+    std::unique_ptr<Util::AsyncThread> worker;
+    {
+        const NoNewThreads noNewThreads;
+        worker = std::make_unique<Util::AsyncThread>();
+        EXPECT_EQ(fake::platform().countLogged("Failed to start the worker"), 1u);
+        worker->asyncCall(job(1));
+        EXPECT_EQ(fake::platform().countLogged("Failed to start the worker"), 2u);
+    }
+    worker->asyncCall(job(2));
+    ASSERT_TRUE(fake::platform().waitUntil([&] { return done == 2; }));
+    worker.reset();
+    EXPECT_EQ(ran, (std::vector<int>{1, 2}));
+}
+
+TEST_F(AsyncThreadTest, AWorkerThatNeverStartedIsDestroyedWithItsJobs) {
+    auto token = std::make_shared<int>(0);
+    {
+        const NoNewThreads noNewThreads;
+        Util::AsyncThread worker;
+        worker.asyncCall([token] { return false; });
+    }
+    EXPECT_EQ(token.use_count(), 1);
+}
+
 TEST_F(AsyncThreadTest, AJobWhoseConditionIsFalsePostsNothingToTheMainLoop) {
     std::atomic<bool> acted{false};
     std::atomic<int> asked{0};

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "pulse/Stream.h"
+
 namespace pulse {
 
 namespace {
@@ -43,10 +45,7 @@ PlaybackStream::PlaybackStream(const Context& context, const Settings& settings,
 }
 
 PlaybackStream::~PlaybackStream() {
-    pa_stream_set_state_callback(mStream, nullptr, nullptr);
-    pa_stream_set_write_callback(mStream, nullptr, nullptr);
-    pa_stream_disconnect(mStream);
-    pa_stream_unref(mStream);
+    closeStream(mStream);
 }
 
 Operation PlaybackStream::pause(bool paused, std::function<void(bool)> done) {

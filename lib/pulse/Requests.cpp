@@ -3,6 +3,7 @@
 
 #include <pulse/ext-stream-restore.h>
 
+#include <cstdlib>
 #include <memory>
 #include <utility>
 
@@ -17,6 +18,11 @@ template <typename Info>
 struct List {
     std::function<void(const Info&)> each;
     Done done;
+};
+
+struct Microphone {
+    std::function<void(const std::string& name)> result;
+    std::string name;
 };
 
 std::string text(const char* value) {
@@ -64,6 +70,22 @@ void addPlayback(pa_context*, const pa_sink_input_info* info, int end, void* dat
                info->client == PA_INVALID_INDEX});
 }
 
+void addMicrophone(pa_context*, const pa_source_info* info, int, void* data) noexcept {
+    auto& microphone = *static_cast<Microphone*>(data);
+    if (!info) {
+        const Microphone found = std::move(microphone);
+        found.result(found.name);
+    } else if (info->monitor_of_sink == PA_INVALID_INDEX) {
+        microphone.name = info->name;
+    }
+}
+
+// PulseAudio's own variable.
+const char* chosenSource() {
+    const char* name = std::getenv("PULSE_SOURCE");
+    return name ? name : "@DEFAULT_SOURCE@";
+}
+
 }  // namespace
 
 Operation readLoudspeaker(const Context& context, std::function<void(const Volume&)> result) {
@@ -105,6 +127,19 @@ Operation writeRoleVolume(const Context& context, const RoleVolume& role, Done d
 Operation listPlayback(const Context& context, std::function<void(const PlaybackInfo&)> each, Done done) {
     return request(List<PlaybackInfo>{std::move(each), std::move(done)},
                    [&](void* data) { return pa_context_get_sink_input_info_list(context.get(), addPlayback, data); });
+}
+
+Operation findMicrophone(const Context& context, std::function<void(const std::string& name)> result) {
+    return request(Microphone{std::move(result), ""}, [&](void* data) {
+        return pa_context_get_source_info_by_name(context.get(), chosenSource(), addMicrophone, data);
+    });
+}
+
+Operation checkMicrophone(const Context& context, uint32_t source, std::function<void(bool microphone)> result) {
+    auto named = [result = std::move(result)](const std::string& name) { result(!name.empty()); };
+    return request(Microphone{std::move(named), ""}, [&](void* data) {
+        return pa_context_get_source_info_by_index(context.get(), source, addMicrophone, data);
+    });
 }
 
 }  // namespace pulse

@@ -2,6 +2,7 @@
 // Requests to a ready context. Each callback runs on the loop, as long as the Operation exists.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -35,5 +36,11 @@ struct PlaybackInfo {
     bool belongsToServer;  // connects two devices
 };
 Operation listPlayback(const Context& context, std::function<void(const PlaybackInfo&)> each, Done done);
+
+// The name of the default source, or of the one in PULSE_SOURCE. Empty if it is the monitor of a loudspeaker or does
+// not exist. `result` is called once and may destroy the operation.
+Operation findMicrophone(const Context& context, std::function<void(const std::string& name)> result);
+// Whether the source with this number of the server is a microphone: it exists and is not a monitor. `result` as above.
+Operation checkMicrophone(const Context& context, uint32_t source, std::function<void(bool microphone)> result);
 
 }  // namespace pulse

@@ -87,6 +87,12 @@ void Child::signal(int number) const {
     }
 }
 
+void Child::freeze() const {
+    signal(SIGSTOP);
+    siginfo_t stopped{};
+    waitid(P_PID, static_cast<id_t>(mId), &stopped, WSTOPPED | WEXITED | WNOWAIT);
+}
+
 int Child::wait() {
     int status = 0;
     if (mId != 0) {

@@ -20,6 +20,8 @@ public:
     pid_t id() const { return mId; }
     bool running();
     void signal(int number) const;
+    // Sends SIGSTOP and waits until the program has stopped.
+    void freeze() const;
     // Waits for its end. Returns the exit status, or -1 when a signal ended it.
     int wait();
     // Sends SIGTERM and waits for the end.

@@ -25,7 +25,8 @@ public:
     void stop();
     void kill();
     void start();
-    void freeze() { mServer->signal(SIGSTOP); }
+    // Returns when the server has stopped.
+    void freeze() { mServer->freeze(); }
     void thaw() { mServer->signal(SIGCONT); }
 
     const std::string& folder() const { return mFolder; }

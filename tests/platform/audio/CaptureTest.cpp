@@ -206,6 +206,7 @@ TEST(AMicrophoneThatIsUnplugged, FailsTheReadAndIsReadAgainWhenItIsPluggedIn) {
     while (sse_read(block, 256) == 0) {
     }
     room.control({"load-module", "module-null-sink", "sink_name=room", "rate=16000", "channels=1"});
+    room.control({"load-module", "module-remap-source", "master=room.monitor", "source_name=mic"});
     do {
         ASSERT_EQ(SpeechIn::reset(), 0);
     } while (sse_read(block, 256) != 0);

@@ -4,14 +4,20 @@
 #include <atomic>
 #include <chrono>
 #include <mutex>
+#include <set>
 #include <string>
+
+#include "status/Problems.h"
 
 namespace audio {
 
-// Tracks capture failures for the whole process. Logs once when capture begins to fail and once when it works again,
-// even if readers retry many times in between. Any thread.
+// Tracks capture failures for the whole process and shows the current one in the service's problems. Logs each reason
+// once when capture begins to fail, and one line when it works again, even if readers retry many times in between. Any
+// thread.
 class Outage {
 public:
+    Outage();
+
     void began(const std::string& why);
     void ended() {
         if (mOut) {
@@ -24,9 +30,11 @@ public:
 private:
     void end();
 
+    status::Problems& mProblems;
     std::atomic<bool> mOut{false};
     mutable std::mutex mMutex;
     std::chrono::steady_clock::time_point mSince;
+    std::set<std::string> mReasons;  // of this outage
 };
 
 }  // namespace audio

@@ -5,6 +5,7 @@
 
 #include "Outage.h"
 #include "process/Guard.h"
+#include "pulse/Requests.h"
 
 namespace audio {
 
@@ -15,9 +16,14 @@ namespace {
 constexpr std::size_t kFragmentFrames = 256;
 // A source without a sound card may have rendered two seconds ahead before capture begins.
 constexpr std::chrono::milliseconds kStalled{3000};
+constexpr char kNoMicrophone[] = "No microphone";
 
 std::size_t frameSize(const Format& format) {
     return sizeof(int16_t) * static_cast<std::size_t>(format.channels);
+}
+
+std::string ofServer(const std::string& why) {
+    return "sound server: " + why;
 }
 
 }  // namespace
@@ -33,6 +39,7 @@ PulseSource::~PulseSource() {
         auto& server = process::shared<SoundServer>();
         const pulse::Mainloop::Lock lock(server.loop());
         server.remove(*this);
+        mQuestion = {};
         mStream.reset();
     });
 }
@@ -64,9 +71,9 @@ void PulseSource::logFailure() {
         why = mWhy;
     }
     if (why.empty()) {
-        why = server.connected() ? "the sound source delivers no samples" : server.error();
+        why = ofServer(server.connected() ? "the sound source delivers no samples" : server.error());
     }
-    process::shared<Outage>().began("sound server: " + why);
+    process::shared<Outage>().began(why);
 }
 
 void PulseSource::interrupt() noexcept {
@@ -75,30 +82,74 @@ void PulseSource::interrupt() noexcept {
 }
 
 void PulseSource::connected(pulse::Context& context) noexcept {
+    mWhy.clear();
+    mByName = false;
+    search(context);
+}
+
+void PulseSource::search(const pulse::Context& context) noexcept {
+    process::contained("search for a microphone", [&] {
+        mQuestion = pulse::findMicrophone(context, [this, &context](const std::string& name) {
+            if (name.empty()) {
+                streamFailed(kNoMicrophone);
+            } else {
+                open(context, name);
+            }
+        });
+    });
+}
+
+void PulseSource::open(const pulse::Context& context, const std::string& microphone) noexcept {
+    pulse::RecordStream::Events events;
+    events.ready = [this, &context] { verify(context); };
+    events.moved = [this, &context] { verify(context); };
+    events.data = [this](const void* data, std::size_t bytes) {
+        if (mVerified) {
+            mQueue.push(static_cast<const char*>(data), bytes);
+        }
+    };
+    events.failed = [this](const char* why) { streamFailed(ofServer(why)); };
+    const pulse::RecordStream::Settings settings{"microphone", mByName ? microphone.c_str() : nullptr, mFormat.rate,
+                                                 mFormat.channels, kFragmentFrames * frameSize(mFormat)};
     try {
-        mWhy.clear();
-        open(context);
+        mStream = std::make_unique<pulse::RecordStream>(context, settings, std::move(events));
     } catch (const std::exception& fault) {
-        mWhy = fault.what();
+        streamFailed(ofServer(fault.what()));
     }
 }
 
-void PulseSource::open(const pulse::Context& context) {
-    pulse::RecordStream::Events events;
-    events.ready = [this] { mFlowing = true; };
-    events.data = [this](const void* data, std::size_t bytes) { mQueue.push(static_cast<const char*>(data), bytes); };
-    events.failed = [this](const char* why) { streamFailed(why); };
-    mStream = std::make_unique<pulse::RecordStream>(context, "microphone", mFormat.rate, mFormat.channels,
-                                                    kFragmentFrames * frameSize(mFormat), std::move(events));
+void PulseSource::verify(const pulse::Context& context) noexcept {
+    mVerified = false;
+    process::contained("check of the microphone", [&] {
+        mQuestion = pulse::checkMicrophone(context, mStream->source(),
+                                           [this, &context](bool microphone) { verified(context, microphone); });
+    });
+}
+
+void PulseSource::verified(const pulse::Context& context, bool microphone) noexcept {
+    mVerified = microphone;
+    if (microphone) {
+        mByName = false;
+        mFlowing = true;
+        return;
+    }
+    mStream.reset();
+    if (mByName) {
+        streamFailed(kNoMicrophone);
+    } else {
+        mByName = true;
+        search(context);
+    }
 }
 
 void PulseSource::lost() noexcept {
+    mQuestion = {};
     mStream.reset();
-    streamFailed("lost the connection to the sound server");
+    streamFailed(ofServer("lost the connection"));
 }
 
 // If the stream never delivered frames, the reader keeps waiting, because the server may return before its timeout.
-void PulseSource::streamFailed(const char* why) {
+void PulseSource::streamFailed(const std::string& why) noexcept {
     mWhy = why;
     if (mFlowing.exchange(false)) {
         mQueue.breakOff();

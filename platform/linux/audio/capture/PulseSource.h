@@ -15,6 +15,14 @@ namespace audio {
 // Captures from the sound server. The server's thread fills the queue, and the reader empties it. Opening never waits
 // for the server; if it is missing, a read waits briefly and then fails. When the connection breaks, a read in progress
 // fails immediately. The source opens a new stream when the connection returns.
+//
+// It captures only from a microphone. Without one, the server offers the monitor of a loudspeaker as its default
+// source, and moves streams to it when their microphone is unplugged. So the source searches for a microphone before it
+// opens the stream, and verifies the stream's own source when it is open or moved; frames that arrive before the answer
+// are dropped. A stream at a monitor is replaced by one at the microphone that the search finds.
+//
+// A source that is destroyed before the first answer requests no stream, so retries do not pile up at a server that
+// does not answer.
 class PulseSource : public CaptureSource, private SoundServer::Client {
 public:
     explicit PulseSource(const Format& format);
@@ -26,14 +34,22 @@ public:
 private:
     void connected(pulse::Context& context) noexcept override;
     void lost() noexcept override;
-    void open(const pulse::Context& context);
-    void streamFailed(const char* why);
+    void search(const pulse::Context& context) noexcept;
+    void open(const pulse::Context& context, const std::string& microphone) noexcept;
+    void verify(const pulse::Context& context) noexcept;
+    void verified(const pulse::Context& context, bool microphone) noexcept;
+    void streamFailed(const std::string& why) noexcept;
     void logFailure();
 
     const Format mFormat;
     SampleQueue mQueue;
-    std::unique_ptr<pulse::RecordStream> mStream;  // under the loop's lock
-    std::string mWhy;                              // under the loop's lock
+    // Under the loop's lock.
+    std::unique_ptr<pulse::RecordStream> mStream;
+    pulse::Operation mQuestion;  // the search or the verification in progress
+    bool mVerified = false;
+    bool mByName = false;  // the last stream was at a monitor
+    std::string mWhy;
+
     std::atomic<bool> mFlowing{false};
     std::atomic<bool> mInterrupted{false};
 };

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace status {
+
+// What keeps parts of the service from working while the process runs. Shared by the process. Any thread; nothing here
+// blocks.
+class Problems {
+public:
+    enum class Part { Capture, WakeEngine, Recognizer };
+
+    // `problem` is one line without a period. Empty: the part works.
+    void set(Part part, const std::string& problem);
+    // All problems in one line, separated by semicolons. Empty if all parts work.
+    std::string text() const;
+
+private:
+    mutable std::mutex mMutex;
+    std::map<Part, std::string> mProblems;
+};
+
+}  // namespace status

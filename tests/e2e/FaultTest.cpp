@@ -64,18 +64,16 @@ TEST(LosingTheNetworkDuringRecording, EndsTheRecordingWithWifiOff) {
     person.appliance.awaitState("Error", "WifiOff");
 }
 
-TEST(TheWakeWordWithTheMicrophoneOff, DoesNotReachTheUi) {
+TEST(TheWakeWordWithTheMicrophoneOff, IsNotHeard) {
     Person person;
     sim::settings::set(sim::kMicrophone, 0);
+    sim::until("the service releases the microphone", [&] { return !person.appliance.isRecorded(); });
     person.says("hey quorbit");
-    // The service has handled the wake word when it listens again.
-    sim::until("the service has handled the wake word", [&] {
-        const std::string log = person.appliance.service().log();
-        const auto detected = log.find("Trigger Shot!");
-        return detected != std::string::npos && log.find("__startListening", detected) != std::string::npos;
-    });
     sim::settings::set(sim::kMicrophone, 1);
+    sim::until("the service records the microphone again", [&] { return person.appliance.isRecorded(); });
     person.wakes();
+    const std::string log = person.appliance.service().log();
+    EXPECT_EQ(log.find("> Trigger Shot!"), log.rfind("> Trigger Shot!")) << "the first wake word was heard, too";
     EXPECT_EQ(person.appliance.events().countEver(sim::kUi, {{"event", "wake word detected"}}), 1);
 }
 

@@ -47,6 +47,8 @@ public:
         setenv("DBUS_SESSION_BUS_ADDRESS", mAddress.c_str(), 1);
     }
     ~PrivateBus() {
+        // GLib sends this process SIGTERM when its shared connection closes.
+        signal(SIGTERM, [](int) {});
         kill(mProcess, SIGTERM);
         waitpid(mProcess, nullptr, 0);
     }

@@ -2,6 +2,7 @@
 #include "PulseSource.h"
 
 #include <chrono>
+#include <cstring>
 
 #include "Outage.h"
 #include "process/Guard.h"
@@ -30,17 +31,18 @@ std::string ofServer(const std::string& why) {
 
 PulseSource::PulseSource(const Format& format)
     : mFormat(format), mQueue(frameSize(format) * static_cast<std::size_t>(format.rate)) {
+    process::shared<MicrophoneKey>().add(*this);
     process::shared<SoundServer>().add(*this);
 }
 
 // When the process exits, the connection is already closed, and the stream with it.
 PulseSource::~PulseSource() {
     process::contained("end of capture", [this] {
+        process::shared<MicrophoneKey>().remove(*this);
         auto& server = process::shared<SoundServer>();
         const pulse::Mainloop::Lock lock(server.loop());
         server.remove(*this);
-        mQuestion = {};
-        mStream.reset();
+        close();
     });
 }
 
@@ -48,6 +50,9 @@ bool PulseSource::read(int16_t* samples, std::size_t frames) {
     auto& outage = process::shared<Outage>();
     char* out = reinterpret_cast<char*>(samples);
     const std::size_t bytes = frames * frameSize(mFormat);
+    if (mOff) {
+        return readSilence(out, bytes);
+    }
     const bool wasFlowing = mFlowing;
     SampleQueue::Taken taken = mQueue.take(out, bytes, wasFlowing ? kStalled : outage.patience());
     if (taken == SampleQueue::Taken::TimedOut && !wasFlowing && mFlowing) {
@@ -57,10 +62,21 @@ bool PulseSource::read(int16_t* samples, std::size_t frames) {
         outage.ended();
         return true;
     }
+    if (mOff) {
+        return readSilence(out, bytes);
+    }
     if (!mInterrupted) {
         logFailure();
     }
     return false;
+}
+
+bool PulseSource::readSilence(char* out, std::size_t bytes) {
+    const std::size_t second = frameSize(mFormat) * static_cast<std::size_t>(mFormat.rate);
+    if (mQueue.take(out, bytes, std::chrono::milliseconds(1000 * bytes / second)) != SampleQueue::Taken::All) {
+        std::memset(out, 0, bytes);
+    }
+    return !mInterrupted;
 }
 
 void PulseSource::logFailure() {
@@ -82,27 +98,57 @@ void PulseSource::interrupt() noexcept {
 }
 
 void PulseSource::connected(pulse::Context& context) noexcept {
+    mContext = &context;
     mWhy.clear();
     mByName = false;
-    search(context);
+    search();
 }
 
-void PulseSource::search(const pulse::Context& context) noexcept {
+void PulseSource::lost() noexcept {
+    mContext = nullptr;
+    close();
+    streamFailed(ofServer("lost the connection"));
+}
+
+void PulseSource::keyChanged(bool off) noexcept {
+    if (mOff.exchange(off) == off) {
+        return;
+    }
+    if (off) {
+        close();
+        mQueue.breakOff();
+    } else {
+        mQueue.resume();
+        mFlowing = mContext != nullptr;
+        search();
+    }
+}
+
+void PulseSource::close() noexcept {
+    mQuestion = {};
+    mStream.reset();
+}
+
+void PulseSource::search() noexcept {
+    if (!mContext || mOff) {
+        return;
+    }
     process::contained("search for a microphone", [&] {
-        mQuestion = pulse::findMicrophone(context, [this, &context](const std::string& name) {
+        mQuestion = pulse::findMicrophone(*mContext, [this](const std::string& name) {
             if (name.empty()) {
                 streamFailed(kNoMicrophone);
             } else {
-                open(context, name);
+                open(name);
             }
         });
     });
 }
 
-void PulseSource::open(const pulse::Context& context, const std::string& microphone) noexcept {
+void PulseSource::open(const std::string& microphone) noexcept {
+    mVerified = false;
     pulse::RecordStream::Events events;
-    events.ready = [this, &context] { verify(context); };
-    events.moved = [this, &context] { verify(context); };
+    events.ready = [this] { verify(); };
+    events.moved = [this] { verify(); };
     events.data = [this](const void* data, std::size_t bytes) {
         if (mVerified) {
             mQueue.push(static_cast<const char*>(data), bytes);
@@ -112,21 +158,21 @@ void PulseSource::open(const pulse::Context& context, const std::string& microph
     const pulse::RecordStream::Settings settings{"microphone", mByName ? microphone.c_str() : nullptr, mFormat.rate,
                                                  mFormat.channels, kFragmentFrames * frameSize(mFormat)};
     try {
-        mStream = std::make_unique<pulse::RecordStream>(context, settings, std::move(events));
+        mStream = std::make_unique<pulse::RecordStream>(*mContext, settings, std::move(events));
     } catch (const std::exception& fault) {
         streamFailed(ofServer(fault.what()));
     }
 }
 
-void PulseSource::verify(const pulse::Context& context) noexcept {
+void PulseSource::verify() noexcept {
     mVerified = false;
     process::contained("check of the microphone", [&] {
-        mQuestion = pulse::checkMicrophone(context, mStream->source(),
-                                           [this, &context](bool microphone) { verified(context, microphone); });
+        mQuestion =
+            pulse::checkMicrophone(*mContext, mStream->source(), [this](bool microphone) { verified(microphone); });
     });
 }
 
-void PulseSource::verified(const pulse::Context& context, bool microphone) noexcept {
+void PulseSource::verified(bool microphone) noexcept {
     mVerified = microphone;
     if (microphone) {
         mByName = false;
@@ -138,14 +184,8 @@ void PulseSource::verified(const pulse::Context& context, bool microphone) noexc
         streamFailed(kNoMicrophone);
     } else {
         mByName = true;
-        search(context);
+        search();
     }
-}
-
-void PulseSource::lost() noexcept {
-    mQuestion = {};
-    mStream.reset();
-    streamFailed(ofServer("lost the connection"));
 }
 
 // If the stream never delivered frames, the reader keeps waiting, because the server may return before its timeout.

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "CaptureSource.h"
+#include "MicrophoneKey.h"
 #include "SampleQueue.h"
 #include "audio/SoundServer.h"
 #include "pulse/RecordStream.h"
@@ -23,7 +24,9 @@ namespace audio {
 //
 // A source that is destroyed before the first answer requests no stream, so retries do not pile up at a server that
 // does not answer.
-class PulseSource : public CaptureSource, private SoundServer::Client {
+//
+// While the microphone key is off, the source has no stream, and reads return silence at the pace of a microphone.
+class PulseSource : public CaptureSource, private SoundServer::Client, private MicrophoneKey::Listener {
 public:
     explicit PulseSource(const Format& format);
     ~PulseSource() override;
@@ -34,23 +37,28 @@ public:
 private:
     void connected(pulse::Context& context) noexcept override;
     void lost() noexcept override;
-    void search(const pulse::Context& context) noexcept;
-    void open(const pulse::Context& context, const std::string& microphone) noexcept;
-    void verify(const pulse::Context& context) noexcept;
-    void verified(const pulse::Context& context, bool microphone) noexcept;
+    void keyChanged(bool off) noexcept override;
+    bool readSilence(char* out, std::size_t bytes);
+    void search() noexcept;
+    void close() noexcept;
+    void open(const std::string& microphone) noexcept;
+    void verify() noexcept;
+    void verified(bool microphone) noexcept;
     void streamFailed(const std::string& why) noexcept;
     void logFailure();
 
     const Format mFormat;
     SampleQueue mQueue;
     // Under the loop's lock.
+    const pulse::Context* mContext = nullptr;  // null while the server is missing
     std::unique_ptr<pulse::RecordStream> mStream;
     pulse::Operation mQuestion;  // the search or the verification in progress
     bool mVerified = false;
     bool mByName = false;  // the last stream was at a monitor
     std::string mWhy;
 
-    std::atomic<bool> mFlowing{false};
+    std::atomic<bool> mOff{false};      // the microphone key
+    std::atomic<bool> mFlowing{false};  // frames come, or will come soon
     std::atomic<bool> mInterrupted{false};
 };
 

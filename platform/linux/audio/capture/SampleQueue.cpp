@@ -65,6 +65,11 @@ void SampleQueue::breakOff() {
     mEnough.notify_all();
 }
 
+void SampleQueue::resume() {
+    const std::lock_guard lock(mMutex);
+    mBroken = false;
+}
+
 void SampleQueue::end() {
     const std::lock_guard lock(mMutex);
     mEnded = true;

@@ -24,6 +24,8 @@ public:
     // Drops the queued bytes. The take() in progress, or otherwise the next one, returns Ended. Later ones wait for new
     // bytes.
     void breakOff();
+    // Forgets a breakOff() that no take() has returned yet.
+    void resume();
     // Makes the take() in progress and all later ones return Ended.
     void end();
 

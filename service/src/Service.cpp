@@ -19,10 +19,12 @@ namespace OrvaneDA {
 
 using Util::systemConfig;
 
-Service::Service() {
+Service::Service() : mModules(std::make_shared<WakeupModules>()) {
     mUiPort.setTarget(Constants::App::UI, Constants::Port::PARTIAL);
     UiRequests::get().prepare();
 }
+
+Service::~Service() = default;
 
 bool Service::onCreate() {
     LOGI("Service::onCreate");
@@ -48,26 +50,28 @@ void Service::addListeners() {
 
 void Service::initModule() {
     LOGI("Service::initModule");
-    mVoiceControl = new VoiceControl;
-    mProfileRefresher = new ProfileRefresher;
-    mRecorder = new SRecorderSSE;
+    mVoiceControl = std::make_unique<VoiceControl>();
+    mProfileRefresher = std::make_unique<ProfileRefresher>();
+    mModules->recorder = std::make_unique<SRecorderSSE>();
     initTrigger();
     installCallbacks();
     setOrvaneLang();
     mVoiceControl->setLanguage(systemConfig().getLangStr());
-    mRecorder->startRecord();
-    mTrigger->start();
+    mModules->recorder->startRecord();
+    mModules->trigger->start();
 }
 
 void Service::initTrigger() {
     LOGD("");
-    auto* trigger = new WuWTrigger;
-    {
-        std::lock_guard<std::mutex> lock(mModulesMutex);
-        mTrigger = trigger;
-    }
-    trigger->setCallback([this](int level) { triggerShot(level); });
-    mRecorder->addListener(trigger->getSRecordListener());
+    auto trigger = std::make_unique<WuWTrigger>();
+    trigger->setCallback([weak = std::weak_ptr<WakeupModules>(mModules)](int level) {
+        if (const auto modules = weak.lock()) {
+            triggerShot(*modules, level);
+        }
+    });
+    mModules->recorder->addListener(trigger->getSRecordListener());
+    std::lock_guard<std::mutex> lock(mModules->mutex);
+    mModules->trigger = std::move(trigger);
 }
 
 void Service::installCallbacks() {
@@ -87,44 +91,53 @@ void Service::recognitionStateChanged(const ClientState& state) {
     } else {
         stopTimerVolumeSender();
     }
-    if (mTrigger == nullptr) {
+    Trigger* trigger = mModules->trigger.get();
+    if (trigger == nullptr) {
         return;
     }
     if (state == ClientState::Recording || state == ClientState::Processing) {
-        mTrigger->stop();
+        trigger->stop();
     } else {
-        mTrigger->start();
+        trigger->start();
     }
 }
 
-void Service::triggerShot(int level) {
-    std::lock_guard<std::mutex> lock(mModulesMutex);
+void Service::triggerShot(WakeupModules& modules, int level) {
     LOGD("Trigger Shot!");
-    if (auto* recorder = dynamic_cast<SRecorderSSE*>(mRecorder)) {
-        recorder->debugTriggerShot(level);
+    {
+        std::lock_guard<std::mutex> lock(modules.mutex);
+        if (auto* recorder = dynamic_cast<SRecorderSSE*>(modules.recorder.get())) {
+            recorder->debugTriggerShot(level);
+        }
     }
-    wakeUi();
-    if (mTrigger != nullptr) {
-        mTrigger->start();
+    wakeUi(modules);
+    std::lock_guard<std::mutex> lock(modules.mutex);
+    if (modules.trigger != nullptr) {
+        modules.trigger->start();
     }
 }
 
-void Service::wakeUi() {
+// The settings and the display may take their time, so the modules are not locked until the request is queued. Without
+// a recorder, the service has ended.
+void Service::wakeUi(WakeupModules& modules) {
     if (!systemConfig().isOutOfBoxing() || systemConfig().getMicState() == 0) {
         return;
     }
     systemConfig().setLcdTimeout(systemConfig().getLcdTimeout());
     systemConfig().setScreenSaverReset();
-    Util::AppControl::performAppControl(UiRequests::get().triggerShot);
+    std::lock_guard<std::mutex> lock(modules.mutex);
+    if (modules.recorder != nullptr) {
+        Util::AppControl::performAppControl(UiRequests::get().triggerShot);
+    }
 }
 
 void Service::onTerminate() {
     LOGI("Service::onTerminate");
     stopTimerVolumeSender();
-    destroy(mProfileRefresher);
-    destroy(mVoiceControl);
-    destroy(mRecorder);
-    destroy(mTrigger);
+    mProfileRefresher.reset();
+    mVoiceControl.reset();
+    destroy(mModules->recorder);
+    destroy(mModules->trigger);
     Util::Singleton<Util::SystemConfig>::destroy();
     Util::Singleton<Util::SoundStreamWatcher>::destroy();
 }

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // The object that owns every module, reports to the UI application, and carries out its requests.
-// Everything runs on the main loop, except triggerShot(), which runs on the process-wide async worker.
+// Everything runs on the main loop, except triggerShot(), which runs on the process-wide async worker. onTerminate()
+// destroys the modules.
 #pragma once
 
 #include <Ecore.h>
 #include <app_control.h>
 
+#include <memory>
 #include <mutex>
 #include <string>
-#include <utility>
 
 #include "ClientState.h"
 #include "Controller/VoiceStartMode.h"
@@ -24,7 +25,7 @@ class VoiceControl;
 class Service {
 public:
     Service();
-    virtual ~Service() = default;
+    virtual ~Service();
     Service(const Service&) = delete;
     Service& operator=(const Service&) = delete;
 
@@ -65,32 +66,41 @@ private:
     void connectionStateChanged();
     bool isRecognizing() const;
     void fail(const ErrorType& error);
-    void triggerShot(int level);
-    void wakeUi();
+
+    // The modules that a wake-word detection uses. The worker shares them during a detection, because it may still wait
+    // for the display when the service is destroyed.
+    struct WakeupModules {
+        // Held by the worker while it calls a module, and by the main loop while it changes a pointer. Nobody waits for
+        // another process while holding it.
+        std::mutex mutex;
+        std::unique_ptr<SRecorder> recorder;
+        std::unique_ptr<Trigger> trigger;
+    };
+    static void triggerShot(WakeupModules& modules, int level);
+    static void wakeUi(WakeupModules& modules);
     // Clears the pointer with the mutex held, and destroys the module without it, because a module's destructor may
-    // wait for the async worker, which may wait for the mutex.
+    // wait for a thread.
     template <typename Module>
-    void destroy(Module*& module) {
-        Module* old = nullptr;
+    void destroy(std::unique_ptr<Module>& module) {
+        std::unique_ptr<Module> old;
         {
-            std::lock_guard<std::mutex> lock(mModulesMutex);
-            std::swap(old, module);
+            std::lock_guard<std::mutex> lock(mModules->mutex);
+            old.swap(module);
         }
-        delete old;
     }
+
+    // Not a real level, so the first refresh always writes.
+    static constexpr int NO_LEVEL = 987654321;
+    static inline int sLastWrittenLevel = NO_LEVEL;  // the file outlives this object
 
     Ecore_Timer* mVolumeTimer = nullptr;
     ClientState mState = ClientState::Unknown;  // last sent to the UI
-    // Last reported by the recognition module. The platform contract requires it; nothing reads it.
+    // Last reported by the recognition module. Required, although nothing reads it.
     ClientState mRecognitionState = ClientState::Ready;
-    SRecorder* mRecorder = nullptr;
-    Trigger* mTrigger = nullptr;
-    VoiceControl* mVoiceControl = nullptr;
-    ProfileRefresher* mProfileRefresher = nullptr;
+    std::shared_ptr<WakeupModules> mModules;
+    std::unique_ptr<VoiceControl> mVoiceControl;
+    std::unique_ptr<ProfileRefresher> mProfileRefresher;
     Util::MessagePort mUiPort;
-    // Held by triggerShot() while it uses the recorder and the trigger, and by the main loop while it changes a pointer
-    // to a module.
-    std::mutex mModulesMutex;
 };
 
 }  // namespace OrvaneDA

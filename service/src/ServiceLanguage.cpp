@@ -45,10 +45,10 @@ void Service::refreshLanguageSet() {
 
 // Removes the recorder's listener first, so that no audio reaches a trigger that is being destroyed.
 void Service::refreshTrigger() {
-    mRecorder->clearListener();
-    destroy(mTrigger);
+    mModules->recorder->clearListener();
+    destroy(mModules->trigger);
     initTrigger();
-    mTrigger->start();
+    mModules->trigger->start();
 }
 
 }  // namespace OrvaneDA

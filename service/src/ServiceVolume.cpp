@@ -13,9 +13,6 @@ namespace OrvaneDA {
 namespace {
 
 constexpr double VOLUME_PERIOD_S = 0.02;
-// Not a real level, so the first refresh always writes.
-constexpr int NO_LEVEL = 987654321;
-int lastWrittenLevel = NO_LEVEL;
 
 }  // namespace
 
@@ -40,14 +37,15 @@ void Service::stopTimerVolumeSender() {
 }
 
 void Service::refreshVolumeFile() {
-    if (mRecorder == nullptr) {
+    const SRecorder* recorder = mModules->recorder.get();
+    if (recorder == nullptr) {
         return;
     }
-    const int level = wholeLevel(mRecorder->getVolume());
-    if (level == lastWrittenLevel) {
+    const int level = wholeLevel(recorder->getVolume());
+    if (level == sLastWrittenLevel) {
         return;
     }
-    lastWrittenLevel = level;
+    sLastWrittenLevel = level;
     char bytes[sizeof level];
     memcpy(bytes, &level, sizeof level);
     Util::FileContent file(Constants::File::VOLUME);

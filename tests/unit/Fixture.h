@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 #include <pthread.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <fstream>
 
 #include "Util/AppControl.h"
 #include "Util/Singleton.h"
@@ -15,6 +18,18 @@
 #include "fake/app/FakeAppControl.h"
 
 using Texts = std::vector<std::string>;
+
+inline pid_t thisThread() {
+    return static_cast<pid_t>(syscall(SYS_gettid));
+}
+
+// Whether the thread waits for something.
+inline bool sleeps(pid_t thread) {
+    std::ifstream file("/proc/self/task/" + std::to_string(thread) + "/stat");
+    std::string line;
+    std::getline(file, line);
+    return line.find(") S ") != std::string::npos;
+}
 
 // While it exists, no thread can be created: the default stack does not fit in the address space.
 class NoNewThreads {

@@ -2,8 +2,9 @@
 // The state that the workers of one refresher share. The refresher and its workers share ownership, so the last owner
 // closes the hub connection and the database.
 //
-// One mutex guards the state, and one condition variable signals its changes. No thread holds the mutex while it calls
-// the hub or the database: a worker marks the records as taken, releases the mutex, and then has exclusive use of them.
+// One mutex guards the state, and one condition variable signals its changes. A worker does not hold the mutex while it
+// fetches and stores: it marks the records as taken, releases the mutex, and then has exclusive use of them. Otherwise,
+// whoever holds the mutex may use the records.
 #pragma once
 
 #include <condition_variable>

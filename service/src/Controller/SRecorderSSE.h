@@ -5,7 +5,7 @@
 
 namespace OrvaneDA {
 
-// Captures through the speech capture library, which manages its own instance.
+// Captures through the speech capture library, whose functions begin with sse_. The library manages its own instance.
 class SRecorderSSE : public SRecorderBackEnd {
 public:
     SRecorderSSE();

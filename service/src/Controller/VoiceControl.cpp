@@ -11,15 +11,11 @@
 
 namespace OrvaneDA {
 
-namespace {
-
-// The recognition model of the language last set on the engine.
-std::string lastModel;
-
-}  // namespace
-
 VoiceControl::VoiceControl()
-    : mTimer([this] { recognitionTimedOut(); }), mManager(*this), mResults([this] { cancelRecognition(true, false); }) {
+    : mTimer([this] { recognitionTimedOut(); }),
+      mManager({_vc_enabled_changed_cb, _vc_state_changed_cb, _vc_service_state_changed_cb, _vc_all_result_cb,
+                _vc_pre_result_cb, _vc_error_cb, _vc_speech_detected_cb, _vc_language_changed_cb, this}),
+      mResults([this] { cancelRecognition(true, false); }) {
     preloadedCommandsPath();  // computed now, used when the engine is ready
     initVoiceControl();
 }
@@ -52,10 +48,10 @@ bool VoiceControl::setLanguage(std::string lang) {
         return false;
     }
     const std::string model = Util::recognitionModelOf(lang);
-    if (model != lastModel) {
+    if (model != sLastModel) {
         vc_mgr_set_private_data("Request", "reloadEngine");
     }
-    lastModel = model;
+    sLastModel = model;
     return true;
 }
 

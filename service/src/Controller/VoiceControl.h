@@ -74,6 +74,9 @@ private:
     void recognitionTimedOut();
     void notifySpeechDetected();
 
+    // The recognition model of the language last set on the engine, which outlives this object.
+    static inline std::string sLastModel;
+
     PartialResultCallback mPartialResultCallback;
     StateCallback mStateCallback;
     StateCallback mRecognitionStateCallback;

@@ -29,6 +29,16 @@ protected:
     static void wakeUp() {
         fake::onEngineThread([](nuance::IWakeupListener& listener) { listener.OnWakeup("hey quorbit", 77); });
     }
+    // Waits until the worker has handled every detection so far.
+    static void drainDetections() {
+        auto done = std::make_shared<std::atomic<bool>>(false);
+        Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([done] { return *done = true, false; });
+        ASSERT_TRUE(fake::platform().waitUntil([&] { return done->load(); }));
+    }
+    // Two ways to destroy the trigger.
+    static void changesWakeWord(OrvaneDA::Service&) { fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1); }
+    static void terminates(OrvaneDA::Service& service) { service.onTerminate(); }
+
     static constexpr char WAKE_UP[] =
         "org.tizen.orvane-da http://orvane.example/appcontrol/operation/trigger_shot/voice -";
 };
@@ -185,29 +195,78 @@ TEST_F(LifecycleTest, BeforeTheFirstSetupAWakeWordOnlyRestartsTheTrigger) {
     EXPECT_TRUE(fake::platform().textsOf({"vconf_set", "display"}).empty()) << "the display is unchanged";
 }
 
-// The trigger and the recorder are destroyed only after the wake-word detection that uses them has been handled.
-TEST_F(LifecycleTest, DestroyingAModuleWaitsForTheHandlingOfAWakeWordDetection) {
-    const std::function<void()> ends[] = {[&] { fake::changeSetting("db/orvane/setting/voice_wakeup_word", 1); },
-                                          [&] { service->onTerminate(); }};
-    for (const auto& end : ends) {
+TEST_F(LifecycleTest, DestroyingAModuleWaitsForADetectionThatUsesIt) {
+    for (const auto& end : {changesWakeWord, terminates}) {
         create();
-        std::atomic<bool> handling{false};
+        std::atomic<bool> busy{false};
         bool gone = true;
         const auto modulesGone = [] {
             return fake::platform().count("sse_unprepare") + fake::platform().count("IWakeupCtx::Destroy") != 0;
         };
-        fake::platform().onCall("display_change_state", [&](const fake::Call&) {
-            handling = true;
+        fake::platform().onCall("sse_trigger_wakeup_word_recording", [&](const fake::Call&) {
+            busy = true;
             gone = fake::platform().waitUntil(modulesGone, std::chrono::milliseconds(100));
         });
         wakeUp();
-        ASSERT_TRUE(fake::platform().waitUntil([&] { return handling.load(); }));
-        end();
-        fake::platform().onCall("display_change_state", nullptr);
+        ASSERT_TRUE(fake::platform().waitUntil([&] { return busy.load(); }));
+        end(*service);
+        fake::platform().onCall("sse_trigger_wakeup_word_recording", nullptr);
         EXPECT_FALSE(gone);
         EXPECT_TRUE(modulesGone());
         restart();
     }
+}
+
+TEST_F(LifecycleTest, ADetectionThatWaitsForTheDisplayDelaysNeitherANewTriggerNorTermination) {
+    for (const auto& end : {changesWakeWord, terminates}) {
+        create();
+        std::atomic<bool> waiting{false};
+        std::atomic<bool> ended{false};
+        bool endedFirst = false;
+        fake::platform().onCall("display_change_state", [&](const fake::Call&) {
+            waiting = true;
+            endedFirst = fake::platform().waitUntil([&] { return ended.load(); });
+        });
+        wakeUp();
+        ASSERT_TRUE(fake::platform().waitUntil([&] { return waiting.load(); }));
+        end(*service);
+        ended = true;
+        drainDetections();
+        fake::platform().onCall("display_change_state", nullptr);
+        EXPECT_TRUE(endedFirst);
+        restart();
+    }
+}
+
+TEST_F(LifecycleTest, ADetectionGoesOnWithTheNewTriggerAfterTheOldOneIsGone) {
+    create();
+    fake::platform().onCall("display_change_state", [&](const fake::Call&) {
+        EXPECT_TRUE(fake::platform().waitFor("IWakeupCtx::StartListening"));
+    });
+    wakeUp();
+    ASSERT_TRUE(fake::platform().waitFor("display_change_state"));
+    changesWakeWord(*service);
+    drainDetections();
+    fake::platform().onCall("display_change_state", nullptr);
+    EXPECT_EQ(sent(), Texts{WAKE_UP});
+    const Texts names = loggers();
+    EXPECT_EQ(std::count(names.begin(), names.end(), "__startListening"), 2) << "once by the service";
+}
+
+TEST_F(LifecycleTest, ADetectionThatOutlastsTheServiceOpensNoUi) {
+    create();
+    std::atomic<bool> ended{false};
+    fake::platform().onCall("display_change_state",
+                            [&](const fake::Call&) { fake::platform().waitUntil([&] { return ended.load(); }); });
+    wakeUp();
+    ASSERT_TRUE(fake::platform().waitFor("display_change_state"));
+    service->onTerminate();
+    service.reset();
+    ended = true;
+    drainDetections();
+    fake::platform().onCall("display_change_state", nullptr);
+    EXPECT_TRUE(sent().empty());
+    EXPECT_EQ(fake::platform().count("IWakeupCtx::StartListening"), 0u);
 }
 
 TEST_F(LifecycleTest, AWakeWordRightBeforeTerminationIsSafe) {

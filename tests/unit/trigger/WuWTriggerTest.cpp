@@ -239,6 +239,25 @@ TEST_F(WuWTriggerTest, AShotThatIsStillQueuedWhenTheTriggerIsDestroyedIsDropped)
     EXPECT_EQ(shots, 0);
 }
 
+TEST_F(WuWTriggerTest, DestructionDoesNotWaitForARunningCallback) {
+    std::atomic<bool> running{false};
+    std::atomic<bool> gone{false};
+    bool goneFirst = false;
+    {
+        WuWTrigger trigger;
+        trigger.setCallback([&](int) {
+            running = true;
+            goneFirst = fake::platform().waitUntil([&] { return gone.load(); });
+        });
+        trigger.start();
+        detect(50);
+        ASSERT_TRUE(fake::platform().waitUntil([&] { return running.load(); }));
+    }
+    gone = true;
+    drainWorker();
+    EXPECT_TRUE(goneFirst);
+}
+
 TEST_F(WuWTriggerTest, DestructionCancelsListeningAndThenDestroysTheEngine) {
     {
         WuWTrigger trigger;

@@ -1,32 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Util/AsyncThread.h"
 
-#include <sys/syscall.h>
-#include <unistd.h>
-
 #include <atomic>
-#include <fstream>
 #include <memory>
 #include <thread>
 
 #include "unit/Fixture.h"
 
 using Clock = std::chrono::steady_clock;
-
-namespace {
-
-pid_t thisThread() {
-    return static_cast<pid_t>(syscall(SYS_gettid));
-}
-
-bool sleeps(pid_t thread) {
-    std::ifstream file("/proc/self/task/" + std::to_string(thread) + "/stat");
-    std::string line;
-    std::getline(file, line);
-    return line.find(") S ") != std::string::npos;
-}
-
-}  // namespace
 
 class AsyncThreadTest : public PlatformTest {
 protected:

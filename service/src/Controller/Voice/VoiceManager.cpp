@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Controller/Voice/VoiceManager.h"
 
-#include <voice_control_manager.h>
-#include <voice_control_setting.h>
-
 #include <algorithm>
 
 #include "Controller/Voice/VoiceErrors.h"
-#include "Controller/VoiceControl.h"
 #include "Util/Text.h"
 
 namespace OrvaneDA {
@@ -43,7 +39,7 @@ bool VoiceManager::openSettings(const Util::Caller& caller) {
         LOGE_FOR(caller, "Voice control is disabled");
         return false;
     }
-    return succeededOrLogged(vc_setting_set_enabled_changed_cb(VoiceControl::_vc_enabled_changed_cb, &mControl),
+    return succeededOrLogged(vc_setting_set_enabled_changed_cb(mCallbacks.enabledChanged, mCallbacks.userData),
                              "Fail to set enabled cb", caller) &&
            setLanguageOfSettings(caller);
 }
@@ -62,19 +58,19 @@ bool VoiceManager::setLanguageOfSettings(const Util::Caller& caller) {
 }
 
 bool VoiceManager::setCallbacks(const Util::Caller& caller) {
-    using V = VoiceControl;
-    return succeededOrLogged(vc_mgr_set_state_changed_cb(V::_vc_state_changed_cb, &mControl),
+    void* const data = mCallbacks.userData;
+    return succeededOrLogged(vc_mgr_set_state_changed_cb(mCallbacks.stateChanged, data),
                              "[ERROR] Fail to set state changed cb", caller) &&
-           succeededOrLogged(vc_mgr_set_service_state_changed_cb(V::_vc_service_state_changed_cb, &mControl),
+           succeededOrLogged(vc_mgr_set_service_state_changed_cb(mCallbacks.serviceStateChanged, data),
                              "[ERROR] Fail to set service state changed cb", caller) &&
-           succeededOrLogged(vc_mgr_set_all_result_cb(V::_vc_all_result_cb, &mControl),
-                             "[ERROR] Fail to set all result cb", caller) &&
-           succeededOrLogged(vc_mgr_set_pre_result_cb(V::_vc_pre_result_cb, &mControl),
-                             "[ERROR] Fail to set pre result cb", caller) &&
-           succeededOrLogged(vc_mgr_set_error_cb(V::_vc_error_cb, &mControl), "[ERROR] Fail to set error cb", caller) &&
-           succeededOrLogged(vc_mgr_set_speech_detected_cb(V::_vc_speech_detected_cb, &mControl),
+           succeededOrLogged(vc_mgr_set_all_result_cb(mCallbacks.allResult, data), "[ERROR] Fail to set all result cb",
+                             caller) &&
+           succeededOrLogged(vc_mgr_set_pre_result_cb(mCallbacks.preResult, data), "[ERROR] Fail to set pre result cb",
+                             caller) &&
+           succeededOrLogged(vc_mgr_set_error_cb(mCallbacks.error, data), "[ERROR] Fail to set error cb", caller) &&
+           succeededOrLogged(vc_mgr_set_speech_detected_cb(mCallbacks.speechDetected, data),
                              "[ERROR] Fail to set speech detected cb", caller) &&
-           succeededOrLogged(vc_mgr_set_current_language_changed_cb(V::_vc_language_changed_cb, &mControl),
+           succeededOrLogged(vc_mgr_set_current_language_changed_cb(mCallbacks.languageChanged, data),
                              "[ERROR] Fail to set language changed cb", caller);
 }
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <voice_control_manager.h>
+#include <voice_control_setting.h>
+
 #include <string>
 #include <vector>
 
@@ -8,13 +11,23 @@
 
 namespace OrvaneDA {
 
-class VoiceControl;
-
-// Connects to the platform's voice-control settings and manager, and passes the callbacks to VoiceControl. Logs
-// failures for the caller. Main loop only.
+// The connection to the platform's voice-control settings and manager. Logs failures for the caller. Main loop only.
 class VoiceManager {
 public:
-    explicit VoiceManager(VoiceControl& control) : mControl(control) {}
+    // Called from open() to close(), with the same user data.
+    struct Callbacks {
+        vc_setting_enabled_changed_cb enabledChanged;
+        vc_state_changed_cb stateChanged;
+        vc_mgr_service_state_changed_cb serviceStateChanged;
+        vc_mgr_all_result_cb allResult;
+        vc_mgr_pre_result_cb preResult;
+        vc_error_cb error;
+        vc_mgr_speech_detected_cb speechDetected;
+        vc_current_language_changed_cb languageChanged;
+        void* userData;
+    };
+
+    explicit VoiceManager(const Callbacks& callbacks) : mCallbacks(callbacks) {}
     VoiceManager(const VoiceManager&) = delete;
     VoiceManager& operator=(const VoiceManager&) = delete;
 
@@ -30,7 +43,7 @@ private:
     bool setLanguageOfSettings(const Util::Caller& caller);
     bool setCallbacks(const Util::Caller& caller);
 
-    VoiceControl& mControl;
+    const Callbacks mCallbacks;
     std::vector<std::string> mSupportedLanguages;
 };
 

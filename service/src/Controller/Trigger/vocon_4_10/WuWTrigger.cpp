@@ -102,13 +102,19 @@ void WuWTrigger::__cancelListening() {
     mEngine->CancelListening();
 }
 
-// The callback launches an application. Neither the engine's thread nor the caller of forceShot waits for that.
-template <typename Shoot>
-void WuWTrigger::queueShot(Shoot shoot) {
-    Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([life = mLife, shoot] {
-        std::lock_guard<std::mutex> lock(life->mutex);
-        if (!life->ended) {
-            shoot();
+// The callback launches an application. Neither the engine's thread, nor the caller of forceShot, nor the destructor
+// waits for that, so the job does not use the trigger after it has copied the callback.
+void WuWTrigger::queueShot(int level) {
+    Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([this, life = mLife, level] {
+        std::function<void(int)> callback;
+        {
+            std::lock_guard<std::mutex> lock(life->mutex);
+            if (!life->ended) {
+                callback = mCallback;
+            }
+        }
+        if (callback) {
+            callback(level);
         }
         return false;
     });
@@ -116,11 +122,7 @@ void WuWTrigger::queueShot(Shoot shoot) {
 
 void WuWTrigger::forceShot() {
     stop();
-    queueShot([this] {
-        if (mCallback) {
-            mCallback(FORCED_LEVEL);
-        }
-    });
+    queueShot(FORCED_LEVEL);
 }
 
 void WuWTrigger::_shot(int level) {
@@ -135,7 +137,7 @@ void WuWTrigger::OnWakeup(const std::string& word, int level) {
         mAudioIn->setEnabled(false);
     }
     mEnabled = 0;
-    queueShot([this, level] { _shot(level); });
+    queueShot(level);
 }
 
 SRecordListener* WuWTrigger::getSRecordListener() {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Listens for the wake word. The main loop and the async worker call start, stop, and forceShot. The engine calls the
+// Listens for the wake word ("wake-up word", hence WuW). The main loop and the async worker call start, stop, and forceShot. The engine calls the
 // listener on its own thread. The callback runs on the process-wide async worker, never on the engine's thread.
 #pragma once
 
@@ -25,13 +25,13 @@ class WuWTrigger : public Trigger, private nuance::IWakeupListener {
 public:
     // Initializes the engine for the current language and wake word. On failure, the trigger has no feed.
     WuWTrigger();
-    // Waits for the engine's thread and a running callback.
+    // Waits for the engine's thread, but not for a running callback.
     ~WuWTrigger() override;
 
     void start() override;
     void stop() override;
     void forceShot() override;
-    // Unlike the base class, does not check the enabled flag, because OnWakeup has already cleared it.
+    // Unlike the base class, does not check the enabled flag, because a detection has already cleared it.
     void _shot(int level) override;
 
     void OnWakeup(const std::string& word, int level) override;
@@ -51,7 +51,7 @@ public:
 private:
     // Shared with the queued jobs, which may outlive the trigger and then do nothing.
     struct Life {
-        std::mutex mutex;  // held while a job runs
+        std::mutex mutex;  // held while a job reads the callback
         bool ended = false;
     };
     struct DestroyEngine {
@@ -60,8 +60,7 @@ private:
 
     void __startListening();
     void __cancelListening();
-    template <typename Shoot>
-    void queueShot(Shoot shoot);
+    void queueShot(int level);
 
     std::mutex mStateMutex;  // held by start and stop, which change the engine and the feed together
     std::shared_ptr<Life> mLife = std::make_shared<Life>();

@@ -3,8 +3,9 @@
 //   decrease SECONDS    turns it down when something plays
 //   restore SECONDS     returns to the user's level
 //   volume LEVEL        sets the user's level, 0 to 15, to which a later restore returns
-// At the end of the input the user's level returns. The product's log is not shown, so that the drawing stays readable.
-// The main thread reads, the sound manager's thread draws, and each fade runs on the controller's fader thread.
+// At the end of the input the user's level returns, and also when this program is killed (Lease.h). The product's log
+// is not shown, so that the drawing stays readable. The main thread reads, the sound manager's thread draws, and each
+// fade runs on the controller's fader thread.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -13,6 +14,7 @@
 #include <sstream>
 #include <string>
 
+#include "Lease.h"
 #include "Util/Singleton.h"
 #include "Util/Sound/SoundStreamWatcher.h"
 #include "Util/Sound/VolumeController.h"
@@ -32,7 +34,9 @@ int silenceLog() {
 
 class Screen {
 public:
-    explicit Screen(int handle) : mHandle(handle) { sound_manager_set_volume_changed_cb(onChanged, this); }
+    Screen(int handle, Lease& lease) : mHandle(handle), mLease(lease) {
+        sound_manager_set_volume_changed_cb(onChanged, this);
+    }
     ~Screen() { sound_manager_unset_volume_changed_cb(onChanged, this); }
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
@@ -47,16 +51,18 @@ private:
     static void onChanged(sound_type_e type, unsigned level, void* self) noexcept {
         if (type == SOUND_TYPE_MEDIA) {
             static_cast<const Screen*>(self)->draw(level);
+            static_cast<const Screen*>(self)->mLease.reached(static_cast<int>(level));
         }
     }
 
     int mHandle;
+    Lease& mLease;
     Clock::time_point mStart = Clock::now();
 };
 
 class Fader {
 public:
-    explicit Fader(const Screen& screen) : mScreen(screen) { mScreen.draw(mMedia.getVolume()); }
+    Fader(const Screen& screen, Lease& lease) : mScreen(screen), mLease(lease) { mScreen.draw(mMedia.getVolume()); }
     // Also stops a running fade, which does not end without a sound server.
     ~Fader() {
         if (mFaded) {
@@ -78,7 +84,7 @@ public:
         } else if (command == "restore") {
             restore(value);
         } else if (command == "volume") {
-            mMedia.setVolume(static_cast<int>(value));
+            setLevel(static_cast<int>(value));
         } else {
             mScreen.print("unknown command: " + line);
         }
@@ -86,20 +92,30 @@ public:
 
 private:
     void decrease(double seconds) {
+        mLease.hold(mMedia.getVolume());
         if (mMedia.decreaseVolume(seconds) == 1) {
             mDucked = mFaded = true;
         } else {
+            mLease.release();
             mScreen.print("no fade: nothing plays, or the level is already low");
         }
     }
     void restore(double seconds) {
         if (mDucked) {
+            mLease.releaseAt(mMedia.getVolume());
             mMedia.restoreVolume(seconds);
             mDucked = false;
         }
     }
+    void setLevel(int level) {
+        if (mDucked) {
+            mLease.hold(level);
+        }
+        mMedia.setVolume(level);
+    }
 
     const Screen& mScreen;
+    Lease& mLease;
     Util::VolumeController mMedia{Util::MediaType::MEDIA};
     bool mDucked = false;
     bool mFaded = false;  // at least once
@@ -108,13 +124,15 @@ private:
 }  // namespace
 
 int main() {
-    const Screen screen(silenceLog());
+    Lease lease;
+    const Screen screen(silenceLog(), lease);
     {
-        Fader fader(screen);
+        Fader fader(screen, lease);
         for (std::string line; std::getline(std::cin, line);) {
             fader.execute(line);
         }
     }
+    lease.release();
     Util::Singleton<Util::SoundStreamWatcher>::destroy();
     return 0;
 }

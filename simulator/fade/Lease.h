@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <atomic>
+
+// The right to keep the media volume down. A child process, the keeper, restores the user's level if this process ends
+// while it holds the lease, however it ends. Any thread.
+class Lease {
+public:
+    // Starts the keeper. Call it before the process starts any thread. Throws std::runtime_error.
+    Lease();
+    ~Lease();
+    Lease(const Lease&) = delete;
+    Lease& operator=(const Lease&) = delete;
+
+    // From now on, the keeper restores this level.
+    void hold(int level);
+    void release() { hold(kNothing); }
+    // Releases the lease when the volume has risen to the level.
+    void releaseAt(int level) { mReleasedAt = level; }
+    // The volume is at the level.
+    void reached(int level);
+
+private:
+    static constexpr int kNothing = -1;
+
+    int mKeeper;  // the connection to it
+    std::atomic<int> mReleasedAt{kNothing};
+};

@@ -26,8 +26,6 @@ class Service {
 public:
     Service();
     virtual ~Service();
-    Service(const Service&) = delete;
-    Service& operator=(const Service&) = delete;
 
     // Lifecycle.
     bool onCreate();

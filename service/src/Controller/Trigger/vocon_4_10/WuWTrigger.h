@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Listens for the wake word ("wake-up word", hence WuW). The main loop and the async worker call start, stop, and forceShot. The engine calls the
-// listener on its own thread. The callback runs on the process-wide async worker, never on the engine's thread.
+// Listens for the wake word ("wake-up word", hence WuW). The main loop and the async worker call start, stop, and
+// forceShot. The engine calls the listener on its own thread. The callback runs on the process-wide async worker, never
+// on the engine's thread.
 #pragma once
 
 #include <wakeup_engine.h>

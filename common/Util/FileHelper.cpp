@@ -10,17 +10,9 @@
 #include <utility>
 
 #include "Util/Log.h"
+#include "Util/OwnFile.h"
 
 namespace Util {
-
-namespace {
-
-struct CloseFile {
-    void operator()(FILE* file) const noexcept { fclose(file); }
-};
-using File = std::unique_ptr<FILE, CloseFile>;
-
-}  // namespace
 
 FileContent& FileContent::setCopiedData(const char* src, int newSize) {
     std::unique_ptr<char[]> copy(src != nullptr && newSize > 0 ? new (std::nothrow) char[newSize] : nullptr);
@@ -39,7 +31,11 @@ bool FileHelper::write(FileContent& content) {
         LOGE("Data is not set");
         return false;
     }
-    File file(fopen(content.path.c_str(), "wb"));
+    auto [file, fault] = OwnFile::forWriting(content.path.c_str());
+    if (fault != nullptr) {
+        LOGE("file open error : %s is %s", content.path.c_str(), fault);
+        return false;
+    }
     if (file == nullptr) {
         LOGE("file open error");
         return false;
@@ -55,7 +51,11 @@ bool FileHelper::write(FileContent& content) {
 
 bool FileHelper::read(FileContent& content) {
     const char* path = content.path.c_str();
-    File file(fopen(path, "rb"));
+    auto [file, fault] = OwnFile::forReading(path);
+    if (fault != nullptr) {
+        LOGE("File open fail, path = %s, which is %s", path, fault);
+        return false;
+    }
     if (file == nullptr) {
         LOGE("File open fail, path = %s", path);
         return false;
@@ -65,7 +65,6 @@ bool FileHelper::read(FileContent& content) {
         return false;
     }
     const long size = ftell(file.get());
-    // The size reported for a directory does not fit in FileContent.
     if (size < 0 || size > std::numeric_limits<int>::max()) {
         LOGE("Invalid size");
         return false;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads, writes, and removes whole files. Every operation is synchronous, logs a failure once, and never throws.
+// Reading and writing need a regular file of this user: other users can create files in the same directory.
 #pragma once
 
 #include <memory>

@@ -11,6 +11,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <new>
 #include <optional>
 #include <sstream>
@@ -141,13 +142,12 @@ TEST_F(FileHelperTest, ReadingAnEmptyFileSucceedsAndLeavesTheContentAsItWas) {
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Data set fail , filepath : " + path));
 }
 
-TEST_F(FileHelperTest, ReadingAPipeFails) {
-    mkfifo(path.c_str(), 0600);
-    const int keeper = open(path.c_str(), O_RDWR);
+TEST_F(FileHelperTest, ReadingFailsIfTheEndCannotBeFound) {
+    std::ofstream(path) << "hello";
     FileContent content(path.c_str());
+    goodSeeks = 0;
     EXPECT_FALSE(FileHelper::read(content));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "fseek fail"));
-    close(keeper);
 }
 
 TEST_F(FileHelperTest, ReadingFailsIfTheFileCannotBeRewound) {
@@ -174,13 +174,6 @@ TEST_F(FileHelperTest, ReadingAFileOfMoreThanTwoGigabytesFails) {
     FileContent content(path.c_str());
     EXPECT_FALSE(FileHelper::read(content));
     EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid size"));
-}
-
-TEST_F(FileHelperTest, ReadingADirectoryFails) {
-    FileContent content(folder.c_str());
-    EXPECT_FALSE(FileHelper::read(content));
-    EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "Invalid size"));
-    EXPECT_EQ(content.data, nullptr);
 }
 
 TEST_F(FileHelperTest, ReadingFailsIfTheFileEndsEarly) {
@@ -262,4 +255,87 @@ TEST_F(FileHelperTest, EachProbeOfAMissingFileLogsOneDebugLine) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "File not exist"));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Can't Readable"));
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Can't Writable"));
+}
+
+TEST_F(FileHelperTest, ANewFileHasThePermissionsThatTheUmaskAllows) {
+    for (const mode_t mask : {022, 077}) {
+        unlink(path.c_str());
+        const mode_t usual = umask(mask);
+        FileContent content(path.c_str());
+        EXPECT_TRUE(FileHelper::write(content.setCopiedData("abc", 3)));
+        umask(usual);
+        struct stat status {};
+        ASSERT_EQ(stat(path.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, 0666u & ~mask);
+    }
+}
+
+// What another user can put in place of a file.
+class FileOfAnotherTest : public FileHelperTest {
+protected:
+    // Tries to write and to read. Both must end, fail, and log one line each.
+    void expectRefusal(const std::string& fault) {
+        FileContent content(path.c_str());
+        content.setCopiedData("abc", 3);
+        auto both = std::async(std::launch::async,
+                               [&] { return std::pair(FileHelper::write(content), FileHelper::read(content)); });
+        const bool ended = both.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+        EXPECT_TRUE(ended) << "blocks";
+        if (!ended) {
+            both.wait_for(std::chrono::seconds(open(path.c_str(), O_RDWR | O_NONBLOCK) < 0));
+        }
+        EXPECT_EQ(both.get(), std::pair(false, false));
+        EXPECT_EQ(fake::platform().logs().size(), 2u);
+        EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "file open error : " + path + " is " + fault));
+        EXPECT_TRUE(fake::platform().logged(DLOG_ERROR, "File open fail, path = " + path + ", which is " + fault));
+    }
+};
+
+TEST_F(FileOfAnotherTest, APipeIsRefused) {
+    ASSERT_EQ(mkfifo(path.c_str(), 0666), 0);
+    expectRefusal("not a regular file");
+}
+
+TEST_F(FileOfAnotherTest, APipeThatHasAReaderIsRefusedAndReceivesNothing) {
+    ASSERT_EQ(mkfifo(path.c_str(), 0666), 0);
+    const int reader = open(path.c_str(), O_RDWR | O_NONBLOCK);
+    expectRefusal("not a regular file");
+    char byte = 0;
+    EXPECT_EQ(read(reader, &byte, 1), -1);
+    close(reader);
+}
+
+TEST_F(FileOfAnotherTest, ADirectoryIsRefused) {
+    ASSERT_EQ(mkdir(path.c_str(), 0777), 0);
+    expectRefusal("not a regular file");
+}
+
+TEST_F(FileOfAnotherTest, ALinkIsRefusedAndItsTargetStaysAsItIs) {
+    const std::string target = folder + "/target";
+    std::ofstream(target) << "mine";
+    ASSERT_EQ(symlink(target.c_str(), path.c_str()), 0);
+    expectRefusal("a symbolic link");
+    EXPECT_EQ(bytes(), "mine");
+}
+
+TEST_F(FileOfAnotherTest, ALinkToNothingIsRefusedAndCreatesNothing) {
+    ASSERT_EQ(symlink((folder + "/target").c_str(), path.c_str()), 0);
+    expectRefusal("a symbolic link");
+    EXPECT_FALSE(exists());
+}
+
+TEST_F(FileOfAnotherTest, AnotherUsersFileIsRefusedAndStaysAsItIs) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "needs root to create another user's file";
+    }
+    std::ofstream(path) << "theirs";
+    ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+    ASSERT_EQ(chown(path.c_str(), 65534, 65534), 0);
+    // With and without the kernel's own protection of directories such as /tmp.
+    for (const mode_t mode : {0755, 01777}) {
+        fake::platform().reset();
+        ASSERT_EQ(chmod(folder.c_str(), mode), 0);
+        expectRefusal("another user's file");
+    }
+    EXPECT_EQ(bytes(), "theirs");
 }

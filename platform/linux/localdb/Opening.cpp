@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Opening.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -29,7 +32,22 @@ void setWalMode(sqlite::Database& database) {
     }
 }
 
+// SQLite gives its logs the permissions of the database. A file of an earlier version may have others. It is not
+// opened here, because closing it would release the locks of this process.
+void keepPrivate(const std::string& file) {
+    const int created = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (created >= 0) {
+        close(created);
+        return;
+    }
+    struct stat status {};
+    if (stat(file.c_str(), &status) == 0 && (status.st_mode & 077) != 0) {
+        chmod(file.c_str(), status.st_mode & 0700);
+    }
+}
+
 std::unique_ptr<sqlite::Database> openForWriting(const std::string& file) {
+    keepPrivate(file);
     auto database = std::make_unique<sqlite::Database>(file, sqlite::Access::CREATE, kBusyMilliseconds);
     database->execute("PRAGMA trusted_schema=OFF; PRAGMA synchronous=FULL");
     setWalMode(*database);

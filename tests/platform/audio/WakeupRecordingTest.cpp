@@ -2,6 +2,7 @@
 // The recordings of wake-word detections.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <filesystem>
@@ -55,6 +56,20 @@ protected:
 };
 
 }  // namespace
+
+TEST_F(AWakeWordDetection, StoresWhatOnlyTheOwnerMayReadWhateverTheUmask) {
+    const mode_t usual = umask(0);
+    {
+        const SpeechIn speech;
+        speech.capture(0.5);
+        EXPECT_EQ(sse_trigger_wakeup_word_recording(87), 0);
+        settle();
+    }
+    umask(usual);
+    ASSERT_EQ(kept().size(), 1U);
+    EXPECT_EQ(fs::status(kept()[0]).permissions(), fs::perms(0600));
+    EXPECT_EQ(fs::status(root + "/kept").permissions(), fs::perms(0700));
+}
 
 TEST_F(AWakeWordDetection, StoresTheLastTwoSecondsWithItsLevelInTheFileName) {
     const SpeechIn speech;

@@ -50,6 +50,26 @@ TEST_F(ADatabase, IsEmptyAfterAnUpdateWithoutRecords) {
     EXPECT_THAT(walk(manager.get(), "Profile"), IsEmpty());
 }
 
+TEST_F(ADatabase, HasFilesThatOnlyTheOwnerMayReadWhateverTheUmask) {
+    const mode_t usual = umask(0);
+    const Manager manager = openDatabase("Profile");
+    update(manager.get(), kTwoUsers);
+    umask(usual);
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(path())) {
+        EXPECT_EQ(entry.status().permissions(), std::filesystem::perms(0600)) << entry.path();
+        ++files;
+    }
+    EXPECT_EQ(files, 3) << "the database and its two logs";
+}
+
+TEST_F(ADatabase, OfAnEarlierVersionLosesThePermissionsOfOtherUsers) {
+    update(openDatabase("Profile").get(), kTwoUsers);
+    ASSERT_EQ(chmod(file("Profile").c_str(), 0644), 0);
+    const Manager manager = openDatabase("Profile");
+    EXPECT_EQ(std::filesystem::status(file("Profile")).permissions(), std::filesystem::perms(0600));
+}
+
 TEST_F(ADatabase, IsSeparateFromAnother) {
     const Manager one = openDatabase("Profile");
     const Manager other = openDatabase("Morning Brief");

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "WakeupRecordings.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/time.h>
 #include <time.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <system_error>
 
 #include "dlog.h"
 #include "sndfile/SoundFile.h"
@@ -30,6 +35,23 @@ std::string nameOf(int level) {
     char name[96];
     snprintf(name, sizeof name, "%s%s.%06ld-level%d.wav", kPrefix, time, static_cast<long>(now.tv_usec), level);
     return name;
+}
+
+// Only the owner may read what was said in the room.
+void createFolder(const fs::path& folder) {
+    fs::create_directories(folder.parent_path());
+    if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) {
+        throw std::system_error(errno, std::generic_category(), "mkdir");
+    }
+}
+
+// The file must not exist yet.
+void createFile(const fs::path& path) {
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (file < 0) {
+        throw std::system_error(errno, std::generic_category(), "open");
+    }
+    close(file);
 }
 
 void dropOldest(const fs::path& folder) {
@@ -56,7 +78,8 @@ void writeWakeupRecording(const std::vector<int16_t>& samples, int rate, int lev
     const fs::path folder = wakeupRecordingsFolder();
     const fs::path path = folder / nameOf(level);
     try {
-        fs::create_directories(folder);
+        createFolder(folder);
+        createFile(path);
         sndfile::writeWav(path, rate, 1, samples.data(), samples.size());
         dropOldest(folder);
     } catch (const std::exception& fault) {

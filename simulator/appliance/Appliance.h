@@ -54,6 +54,7 @@ public:
     // Kills the sound server and starts it again; all streams end.
     void restartSound();
 
+    const Buses& buses() const { return mBuses; }
     const gio::Connection& session() const { return mBuses.session(); }
     const gio::Connection& system() const { return mBuses.system(); }
     Service& service() { return mService; }

@@ -20,6 +20,8 @@ public:
 
     const gio::Connection& session() const { return mSession; }
     const gio::Connection& system() const { return mSystem; }
+    pid_t sessionDaemon() const { return mSessionDaemon->id(); }
+    pid_t systemDaemon() const { return mSystemDaemon->id(); }
 
 private:
     std::unique_ptr<Process> mSystemDaemon;

@@ -34,6 +34,8 @@ public:
     // Sends SIGTERM and returns the exit code, or 128 plus the signal that ended the service.
     int end();
     void kill();
+    // Waits for the end of a service that ends by itself. Returns its exit code as end() does.
+    int wait() { return mProcess->wait(); }
 
     bool runs() { return mProcess && mProcess->runs(); }
     pid_t process() const { return mProcess->id(); }

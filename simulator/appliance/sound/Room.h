@@ -23,6 +23,7 @@ public:
     bool isRecorded();
     // Whether the sound server runs.
     bool runs() const { return mServer->runs(); }
+    pid_t process() const { return mServer->id(); }
     // Kills the sound server and starts it again.
     void restart();
 

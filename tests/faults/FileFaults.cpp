@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+// The files in /tmp that the UI reads, in the hands of others, and file systems that take nothing.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "Fault.h"
+
+namespace faults {
+
+namespace {
+
+constexpr char kLevelFile[] = "/tmp/OrvaneVolume.tmp";
+constexpr char kResultFile[] = "/tmp/Result_Orvane_json.txt";
+constexpr uid_t kNobody = 65534;
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// A recognition session while `place` has put something else at the paths. The service must refuse the files and
+// record.
+template <typename Place>
+void recordWith(Trial& trial, Place place) {
+    for (const char* path : {kLevelFile, kResultFile}) {
+        std::filesystem::remove_all(path);
+        place(path);
+    }
+    trial.appliance().control(sim::kUi, "start", "Default");
+    trial.appliance().awaitState("Recording");
+    trial.awaitLog(kLevelFile);
+    trial.appliance().say("search for apple pie");
+    trial.awaitState("Ready");
+    removeSharedFiles();
+}
+
+void fifo(Trial& trial) {
+    recordWith(trial, [](const char* path) { mkfifo(path, 0666); });
+}
+
+void symlink(Trial& trial) {
+    const std::string own = trial.appliance().folder().write("own", "kept");
+    recordWith(trial, [&](const char* path) { std::filesystem::create_symlink(own, path); });
+    if (contentOf(own) != "kept") {
+        throw std::runtime_error("the service has written through the link");
+    }
+}
+
+void folder(Trial& trial) {
+    recordWith(trial, [](const char* path) { std::filesystem::create_directory(path); });
+}
+
+void foreign(Trial& trial) {
+    recordWith(trial, [](const char* path) {
+        std::ofstream(path) << "forged";
+        if (chown(path, kNobody, kNobody) != 0) {
+            throw CannotRun{"only root may give a file away"};
+        }
+    });
+}
+
+// Hides the directory of the databases behind a file system with these mount options.
+void refreshOn(Trial& trial, const std::string& options) {
+    const std::string folder = trial.appliance().folder() / "data/orvane-da/db";
+    if (trial.run({"mount", "-t", "tmpfs", "-o", options, "none", folder}) != 0) {
+        throw CannotRun{"this machine permits no mounts"};
+    }
+    trial.appliance().announceProfile();
+    trial.awaitLog("orvane-db");
+    trial.run({"umount", "-l", folder});
+}
+
+void full(Trial& trial) {
+    refreshOn(trial, "size=4k");
+}
+
+void withoutInodes(Trial& trial) {
+    refreshOn(trial, "nr_inodes=1");
+}
+
+void readOnly(Trial& trial) {
+    refreshOn(trial, "ro");
+}
+
+}  // namespace
+
+void removeSharedFiles() {
+    for (const char* path : {kLevelFile, kResultFile}) {
+        std::filesystem::remove_all(path);
+    }
+}
+
+Faults fileFaults() {
+    return {{"FIFO in place of a file in /tmp", false, fifo},
+            {"link in place of a file in /tmp", false, symlink},
+            {"directory in place of a file in /tmp", false, folder},
+            {"another user's file in /tmp", false, foreign},
+            {"database on a full disk", true, full},
+            {"database on a disk without inodes", false, withoutInodes},
+            {"database on a read-only disk", false, readOnly}};
+}
+
+}  // namespace faults

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the service holds: capture streams at the sound server, memory, open files, and threads.
+#pragma once
+
+#include <string>
+
+#include "appliance/Appliance.h"
+
+namespace faults {
+
+struct Resources {
+    int streams = 0;
+    int files = 0;
+    int threads = 0;
+    long residentKb = 0;
+};
+
+// Throws std::runtime_error when the service does not run or the sound server does not answer.
+Resources resourcesOf(sim::Appliance& appliance);
+// Waits until the service holds at most what it held before, up to 10 s, and returns what it holds then.
+Resources settledResources(sim::Appliance& appliance, const Resources& before);
+// Names what exceeds the previous values; empty if nothing does.
+std::string excess(const Resources& before, const Resources& after);
+
+}  // namespace faults

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "Fault.h"
+#include "appliance/environment/Tree.h"
+#include "lib/Application.h"
+#include "lib/Request.h"
+
+namespace faults {
+
+namespace {
+
+constexpr int kFlood = 10000;
+constexpr double kFloodSeconds = 10;
+constexpr std::size_t kHugeText = 60 << 20;
+constexpr int kManyExtras = 200000;
+
+pid_t processOf(Trial& trial, const char* application) {
+    const auto [process] = trial.appliance()
+                               .session()
+                               .call(gio::kBus, "GetConnectionUnixProcessID", gio::Variant::tuple(application))
+                               .fields<std::uint32_t>();
+    return static_cast<pid_t>(process);
+}
+
+void killedDuringRecording(Trial& trial) {
+    trial.appliance().control(sim::kUi, "start", "Default");
+    trial.appliance().awaitState("Recording");
+    trial.appliance().kill(sim::kUi);
+    trial.awaitState("Error", "RecordingTimeout");
+}
+
+// The microphone key must act although the UI does not take its messages.
+void hung(Trial& trial) {
+    trial.appliance().control(sim::kUi, "start", "Default");
+    trial.appliance().awaitState("Recording");
+    const auto speech = trial.appliance().startSaying("show me the recipe for pancakes");
+    {
+        const Frozen ui(processOf(trial, sim::kUi));
+        sim::settings::set(sim::kMicrophone, 0);
+        const double begin = sim::monotonicNow();
+        trial.awaitLog("> Error", 30);
+        char text[32];
+        snprintf(text, sizeof text, "after %.1f s", sim::monotonicNow() - begin);
+        trial.report(text);
+    }
+    trial.awaitState("Error", "MicOff");
+    sim::settings::set(sim::kMicrophone, 1);
+    speech->wait();
+}
+
+void duplicated(Trial& trial) {
+    sim::Process second({sim::builtProgram(sim::kSimulatedApp), "ui", sim::kUi},
+                        trial.appliance().folder() / "second.log");
+    trial.appliance().control(sim::kUi, "start", "Default");
+    trial.awaitState("Recording");
+    trial.appliance().control(sim::kUi, "cancel");
+    trial.awaitState("StandBy");
+}
+
+sim::Request startRequest(sim::Extras extras) {
+    return {std::string(sim::kOperationBase) + "start_voice_engine", "", std::move(extras), "", ""};
+}
+
+void sendUnanswered(Trial& trial, const sim::Request& request) {
+    trial.appliance().session().callAsync({sim::kServiceId, sim::kApplicationPath, sim::kApplicationInterface},
+                                          "Launch", request.arguments(), {5000, false}, nullptr);
+}
+
+void flooding(Trial& trial) {
+    const sim::Request request = startRequest({{"key_start_mode", {"Default"}}});
+    const double begin = sim::monotonicNow();
+    for (int i = 0; i < kFlood; ++i) {
+        sendUnanswered(trial, request);
+        while (sim::monotonicNow() < begin + i * kFloodSeconds / kFlood) {
+            usleep(100);
+        }
+    }
+    trial.awaitState("Recording");
+    trial.report(std::to_string(kFlood) + " starts");
+    usleep(1000000);
+    trial.appliance().wakeUp();
+    trial.report("the wake word works 1 s later");
+    trial.appliance().control(sim::kUi, "cancel");
+}
+
+void hugeText(Trial& trial) {
+    sendUnanswered(trial, startRequest({{"key_start_mode", {std::string(kHugeText, 'x')}}}));
+    trial.awaitLog("too large");
+}
+
+void manyExtras(Trial& trial) {
+    sim::Extras extras;
+    for (int i = 0; i < kManyExtras; ++i) {
+        extras["extra " + std::to_string(i)] = {"x"};
+    }
+    sendUnanswered(trial, startRequest(std::move(extras)));
+    trial.awaitLog("too large");
+}
+
+}  // namespace
+
+Faults uiFaults() {
+    return {{"UI killed during a recording", false, killedDuringRecording},
+            {"UI hung during partial results", true, hung},
+            {"second UI with the same name", false, duplicated},
+            {"10,000 starts in 10 s", false, flooding},
+            {"request of 60 MB", false, hugeText},
+            {"request with 200,000 extras", false, manyExtras}};
+}
+
+}  // namespace faults

@@ -3,9 +3,12 @@
 // docs/ui-protocol.md explains the protocol. To build it alone:
 //   g++ -std=c++17 SmallestUi.cpp -o smallest-ui $(pkg-config --cflags --libs gio-2.0 dconf)
 #include <dconf.h>
+#include <fcntl.h>
 #include <gio/gio.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <map>
@@ -68,6 +71,22 @@ void acknowledgeReady() {
     }
 }
 
+// The text of the result file. Empty if another user may have put it there.
+std::string resultText() {
+    const int file = open("/tmp/Result_Orvane_json.txt", O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    struct stat status {};
+    std::string text;
+    if (file >= 0 && fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid()) {
+        text.resize(static_cast<std::size_t>(status.st_size));
+        const ssize_t size = read(file, text.data(), text.size());
+        text.resize(size > 0 ? strnlen(text.data(), static_cast<std::size_t>(size)) : 0);
+    }
+    if (file >= 0) {
+        close(file);
+    }
+    return text;
+}
+
 void showState(Texts& extras) {
     const std::string& state = extras["key_state_change"];
     const std::string& error = extras["key_error_type"];
@@ -75,9 +94,8 @@ void showState(Texts& extras) {
     if (state != "Ready") {
         return;
     }
-    g_autofree char* result = nullptr;
-    if (error == "None" && g_file_get_contents("/tmp/Result_Orvane_json.txt", &result, nullptr, nullptr) != FALSE) {
-        printf("result %s\n", result);
+    if (error == "None") {
+        printf("result %s\n", resultText().c_str());
     }
     acknowledgeReady();
 }

@@ -23,7 +23,7 @@ std::string contentOf(const std::string& path) {
 }
 
 // A recognition session while `place` has put something else at the paths. The service must refuse the files and
-// record.
+// report that there is no result.
 template <typename Place>
 void recordWith(Trial& trial, Place place) {
     for (const char* path : {kLevelFile, kResultFile}) {
@@ -32,9 +32,10 @@ void recordWith(Trial& trial, Place place) {
     }
     trial.appliance().control(sim::kUi, "start", "Default");
     trial.appliance().awaitState("Recording");
-    trial.awaitLog(kLevelFile);
     trial.appliance().say("search for apple pie");
-    trial.awaitState("Ready");
+    trial.awaitState("Ready", "NoResultJson");
+    trial.awaitLog(kLevelFile);
+    trial.awaitLog(kResultFile);
     removeSharedFiles();
 }
 

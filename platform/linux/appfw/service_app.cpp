@@ -14,11 +14,14 @@
 #include "AppId.h"
 #include "Replies.h"
 #include "Request.h"
+#include "Watchdog.h"
 #include "dbus/Interfaces.h"
 #include "dlog.h"
 #include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 #include "process/Guard.h"
+#include "status/Notify.h"
+#include "status/Problems.h"
 #include "status/Status.h"
 
 namespace {
@@ -141,6 +144,8 @@ void logEfl(const Eina_Log_Domain*, Eina_Log_Level, const char*, const char* fun
 }
 
 int run(const App& app) {
+    // Ecore would feed the watchdog itself, and would not notice that another thread hangs.
+    const auto watchdogLimit = status::takeWatchdogLimit();
     ecore_app_no_system_modules();
     if (ecore_init() == 0) {
         fprintf(stderr, "%s: cannot set up the main loop\n", APP_ID);
@@ -151,7 +156,10 @@ int run(const App& app) {
     Presence presence;
     const bool created = join(app, presence) && app.callbacks->create(app.userData);
     if (created) {
+        status::notifyManager("READY=1\nSTATUS=" + process::shared<status::Problems>().text());
+        appfw::startWatchdog(watchdogLimit);
         ecore_main_loop_begin();
+        status::notifyManager("STOPPING=1");
     }
     presence.name.releaseName();  // so that new requests start the service again
     if (created) {

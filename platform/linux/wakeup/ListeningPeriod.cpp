@@ -4,6 +4,9 @@
 #include <exception>
 #include <utility>
 
+#include "process/Owner.h"
+#include "status/Supervisor.h"
+
 namespace wakeup {
 
 namespace {
@@ -42,6 +45,7 @@ Outcome failure(Listener::Error code, const std::string& detail) {
 }
 
 Outcome search(Spotter& spotter, nuance::IWakeupAudioIn& audioIn, const CanceledWithin& canceledWithin) {
+    auto& supervisor = process::shared<status::Supervisor>();
     std::chrono::milliseconds pause{0};
     while (!canceledWithin(std::exchange(pause, std::chrono::milliseconds{0}))) {
         // FetchData would also wait for a block, but it may poll far more often than every kPause.
@@ -56,7 +60,10 @@ Outcome search(Spotter& spotter, nuance::IWakeupAudioIn& audioIn, const Canceled
         }
         if (block.empty()) {
             pause = kPause;
-        } else if (auto detection = spotter.accept(block.samples(), block.count())) {
+            continue;
+        }
+        const status::Work work(supervisor, "the wake engine");
+        if (auto detection = spotter.accept(block.samples(), block.count())) {
             return {Outcome::Detected, std::move(*detection), {}, {}};
         }
     }

@@ -21,15 +21,25 @@ bool WakeupContext::Initialize(const std::string& configDirectory, const std::st
     try {
         auto spotter = load(configDirectory + "/" + configFile);
         mThread.setSpotter(spotter);
+        showProblem(spotter ? "" : "cannot use " + configDirectory + "/" + configFile);
         return spotter != nullptr;
     } catch (const ConfigFault& fault) {
-        mReporter.fail(fault.code, fault.detail);
+        fail(fault.code, fault.detail);
     } catch (const std::bad_alloc&) {
-        mReporter.fail(Listener::NOT_ENOUGH_RESOURCE, "memory");
+        fail(Listener::NOT_ENOUGH_RESOURCE, "memory");
     } catch (const std::exception& fault) {
-        mReporter.fail(Listener::VOCON_INTERNAL_ERROR, fault.what());
+        fail(Listener::VOCON_INTERNAL_ERROR, fault.what());
     }
     return false;
+}
+
+void WakeupContext::fail(Listener::Error code, const std::string& detail) {
+    showProblem(detail);
+    mReporter.fail(code, detail);
+}
+
+void WakeupContext::showProblem(const std::string& problem) {
+    mProblems.set(status::Problems::Part::WakeEngine, problem.empty() ? "" : "No wake engine: " + problem);
 }
 
 std::shared_ptr<Spotter> WakeupContext::load(const std::string& path) {

@@ -7,6 +7,8 @@
 #include "EngineThread.h"
 #include "Reporter.h"
 #include "Spotters.h"
+#include "process/Owner.h"
+#include "status/Problems.h"
 #include "wakeup_engine.h"
 
 namespace wakeup {
@@ -25,8 +27,11 @@ public:
 
 private:
     std::shared_ptr<Spotter> load(const std::string& path);
+    void fail(nuance::IWakeupListener::Error code, const std::string& detail);
+    void showProblem(const std::string& problem);  // empty: none
 
     const SpotterFactory mMakeSpotter;
+    status::Problems& mProblems = process::shared<status::Problems>();
     Reporter mReporter;
     EngineThread mThread{mReporter};
 };

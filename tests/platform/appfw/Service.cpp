@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Prints one line for each callback of the platform. Sends requests and replies when another application requests it.
 #include <Ecore.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -122,7 +123,7 @@ void deleteTimerTwice() {
     puts("deleted");
 }
 
-// Carries out the operations "ask", "answer", and "delete". Only prints the others.
+// Carries out the operations "ask", "answer", "delete", and "hang". Only prints the others.
 void onAppControl(app_control_h request, void*) noexcept {
     const std::string operation = operationOf(request);
     printf("operation %s\n", operation.c_str());
@@ -133,6 +134,8 @@ void onAppControl(app_control_h request, void*) noexcept {
         answer(request);
     } else if (operation == "delete") {
         deleteTimerTwice();
+    } else if (operation == "hang") {
+        pause();
     }
 }
 

@@ -10,6 +10,7 @@
 #include "Bus.h"
 #include "OtherApp.h"
 #include "RunningService.h"
+#include "support/NotifySocket.h"
 #include "support/PrivateBus.h"
 
 namespace {
@@ -105,6 +106,46 @@ TEST(ARequestThatArrivesWhileTheServiceShutsDown, DoesNotReachTheService) {
     EXPECT_TRUE(app.call(SERVICE_ID, "Close"));
     EXPECT_EQ(service.rest(), "terminate\nsent 0\n");
     EXPECT_EQ(service.wait(), 0);
+}
+
+class AServiceUnderAManager : public testing::Test {
+protected:
+    // Ecore's main loop reports the start, too.
+    std::string nextOfOurs() const {
+        const std::string message = mManager.next();
+        return message == "READY=1" ? mManager.next() : message;
+    }
+
+    NotifySocket mManager{getenv("XDG_RUNTIME_DIR")};
+    Program mService{{"env", "WATCHDOG_USEC=150000", APPFW_SERVICE}};
+};
+
+TEST_F(AServiceUnderAManager, ReportsItsStartFeedsTheWatchdogAndReportsItsEnd) {
+    EXPECT_EQ(mManager.next(), "READY=1\nSTATUS=Ready");
+    for (int times = 0; times < 5; ++times) {
+        EXPECT_EQ(nextOfOurs(), "WATCHDOG=1");
+    }
+    OtherApp app;
+    EXPECT_TRUE(app.call(SERVICE_ID, "Close"));
+    std::string message = nextOfOurs();
+    while (message == "WATCHDOG=1") {
+        message = nextOfOurs();
+    }
+    EXPECT_EQ(message, "STOPPING=1");
+    mService.rest();
+    EXPECT_EQ(mService.wait(), 0);
+}
+
+TEST_F(AServiceUnderAManager, StopsFeedingTheWatchdogWhileTheMainLoopHangs) {
+    OtherApp app;
+    EXPECT_EQ(mManager.next(), "READY=1\nSTATUS=Ready");
+    ASSERT_TRUE(app.ask(SERVICE_ID, "hang"));
+    EXPECT_EQ(mService.line(), "create");
+    EXPECT_EQ(mService.line(), "operation hang");
+    while (!mManager.next(0).empty()) {
+    }
+    EXPECT_EQ(mManager.next(300), "") << "longer than the limit";
+    mService.process().kill();
 }
 
 TEST_P(ARunningService, ShutsDownCleanlyOnASignal) {

@@ -76,7 +76,7 @@ TEST(AMicrophoneThatIsPluggedIn, IsCapturedAgain) {
     plugIn(room);
     readUntilItSucceeds();
     EXPECT_EQ(sourceOfTheStream(), "another");
-    EXPECT_EQ(process::shared<status::Problems>().text(), "");
+    EXPECT_EQ(process::shared<status::Problems>().text(), "Ready");
 }
 
 // The server also remembers the user's choice for the program's next streams.

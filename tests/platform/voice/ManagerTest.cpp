@@ -7,6 +7,8 @@
 #include <cstdlib>
 
 #include "VoiceHarness.h"
+#include "process/Owner.h"
+#include "status/Problems.h"
 
 namespace {
 
@@ -284,6 +286,7 @@ TEST(AManager, WithoutAModelReportsAnErrorAndDoesNotBecomeReady) {
     EXPECT_TRUE(room.runUntilEvent("error -904"));
     unsetenv("ORVANE_MODEL_ROOT");
     EXPECT_EQ(room.errorMessage(), "No speech recognizer");
+    EXPECT_THAT(process::shared<status::Problems>().text(), testing::StartsWith("No speech recognizer for "));
     EXPECT_EQ(vc_mgr_start(false), VC_ERROR_INVALID_STATE);
 }
 

@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include "EngineHarness.h"
+#include "process/Owner.h"
+#include "status/Problems.h"
 
 namespace {
 
@@ -40,6 +42,16 @@ TEST_F(AnEngine, WithAFileThatIsNotJsonReportsAParserError) {
         EXPECT_FALSE(loadText(text)) << text;
         EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::ERROR_FROM_CONFIG_PARSER)) << text;
     }
+}
+
+TEST_F(AnEngine, ThatCannotStartIsAProblemOfTheServiceUntilItStarts) {
+    auto& problems = process::shared<status::Problems>();
+    EXPECT_FALSE(mEngine.ctx->Initialize("/nowhere", "vocon_config.json"));
+    EXPECT_EQ(problems.text(), "No wake engine: cannot use /nowhere/vocon_config.json");
+    EXPECT_FALSE(loadText("[1,2]"));
+    EXPECT_THAT(problems.text(), testing::StartsWith("No wake engine: "));
+    EXPECT_TRUE(loadText("{\"phrase\": \"hey you\"}"));
+    EXPECT_EQ(problems.text(), "Ready");
 }
 
 TEST_F(AnEngine, WithDeeplyNestedJsonReportsAParserError) {

@@ -36,6 +36,7 @@ int Capture::read(int16_t* samples, std::size_t frames) {
     if (!source) {
         return AUDIO_IO_ERROR_INVALID_STATE;
     }
+    const status::Work work(mSupervisor, "capture");
     return source->read(samples, frames) ? AUDIO_IO_ERROR_NONE : AUDIO_IO_ERROR_DEVICE_NOT_OPENED;
 }
 

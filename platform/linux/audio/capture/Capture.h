@@ -5,6 +5,8 @@
 #include <mutex>
 
 #include "CaptureSource.h"
+#include "process/Owner.h"
+#include "status/Supervisor.h"
 
 namespace audio {
 
@@ -24,6 +26,7 @@ public:
     int read(int16_t* samples, std::size_t frames);
 
 private:
+    status::Supervisor& mSupervisor = process::shared<status::Supervisor>();
     const Format mFormat;
     std::mutex mMutex;
     std::shared_ptr<CaptureSource> mSource;

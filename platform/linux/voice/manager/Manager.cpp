@@ -92,6 +92,7 @@ void Manager::loaded(Number load, bool ok) {
     if (load != mLastLoad) {
         return;  // a newer load is in progress
     }
+    mProblems.set(status::Problems::Part::Recognizer, ok ? "" : "No speech recognizer for " + mSettings.current().id);
     if (!ok) {
         mStatus.setRecognizerReady(false);
         reportError(VC_ERROR_ENGINE_NOT_FOUND, "No speech recognizer");

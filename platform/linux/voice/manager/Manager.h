@@ -16,6 +16,7 @@
 #include "Settings.h"
 #include "Threads.h"
 #include "process/Owner.h"
+#include "status/Problems.h"
 #include "status/Status.h"
 #include "voice/Dialogue.h"
 #include "voice/Engine.h"
@@ -67,6 +68,7 @@ private:
 
     Settings& mSettings = process::shared<Settings>();
     status::Status& mStatus = process::shared<status::Status>();
+    status::Problems& mProblems = process::shared<status::Problems>();
     std::shared_ptr<bool> mAlive = std::make_shared<bool>(true);  // false: posted work does nothing
     vc_state_e mState = VC_STATE_INITIALIZED;
     vc_service_state_e mServiceState = VC_SERVICE_STATE_NONE;

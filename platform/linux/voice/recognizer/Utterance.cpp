@@ -14,6 +14,7 @@ namespace voice {
 namespace {
 
 constexpr std::size_t kBlock = 256;  // 16 ms
+constexpr const char* kWork = "the recognizer";
 
 }  // namespace
 
@@ -54,6 +55,7 @@ void Utterance::recognize() {
     }
     mSource.interrupt();
     mEvents.processing();
+    const status::Work work(mSupervisor, kWork);
     mEvents.done(progress.hasSpeech() ? engine->recognizer->finish() : "");
 }
 
@@ -64,6 +66,7 @@ void Utterance::readBlocks(Recognizer& recognizer, UtteranceProgress& progress) 
         if (count == 0 && !mCanceled) {
             throw std::runtime_error("The sound source has failed");
         }
+        const status::Work work(mSupervisor, kWork);
         progress.accept(recognizer, block, count);
     }
 }

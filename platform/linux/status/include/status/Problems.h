@@ -7,18 +7,20 @@
 
 namespace status {
 
-// What keeps parts of the service from working while the process runs. Shared by the process. Any thread; nothing here
-// blocks.
+// What keeps parts of the service from working while the process runs. Shows it in the status text of the service
+// manager. Shared by the process. Any thread; nothing here blocks.
 class Problems {
 public:
     enum class Part { Capture, WakeEngine, Recognizer };
 
     // `problem` is one line without a period. Empty: the part works.
     void set(Part part, const std::string& problem);
-    // All problems in one line, separated by semicolons. Empty if all parts work.
+    // All problems in one line, separated by semicolons. "Ready" if all parts work.
     std::string text() const;
 
 private:
+    std::string allInOneLine() const;  // needs the lock
+
     mutable std::mutex mMutex;
     std::map<Part, std::string> mProblems;
 };

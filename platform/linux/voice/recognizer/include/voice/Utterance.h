@@ -10,6 +10,8 @@
 #include <memory>
 #include <string>
 
+#include "process/Owner.h"
+#include "status/Supervisor.h"
 #include "voice/AudioSource.h"
 #include "voice/Engine.h"
 
@@ -46,6 +48,7 @@ private:
     void recognize();
     void readBlocks(Recognizer& recognizer, UtteranceProgress& progress);
 
+    status::Supervisor& mSupervisor = process::shared<status::Supervisor>();
     const EngineFuture mEngine;
     const UtteranceSettings mSettings;
     const UtteranceEvents mEvents;

@@ -1,24 +1,28 @@
 // SPDX-License-Identifier: Apache-2.0
 // The system log goes to the journal if its socket exists, otherwise to standard error. ORVANE_LOG=stderr or off
-// overrides this. Nothing here throws, because C code logs too.
+// overrides this. Nothing here throws, because C code logs too, and no line waits for its reader, because the main loop
+// logs too. This also holds for what the product prints to standard output.
 #include <dlog.h>
+#include <signal.h>
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
-#include <sys/uio.h>
 #include <syslog.h>
-#include <systemd/sd-journal.h>
 #include <unistd.h>
+
+#include <string>
+
+#include "LogQueue.h"
 
 namespace {
 
+using logging::Destination;
+using logging::LogQueue;
+
 enum class Sink { JOURNAL, STANDARD_ERROR, OFF };
 
-// Also makes standard output line-buffered before main() prints, so that a reader of a pipe receives each line
-// immediately.
 Sink chooseSink() noexcept {
-    setvbuf(stdout, nullptr, _IOLBF, 0);
     const char* chosen = getenv("ORVANE_LOG");
     if (chosen != nullptr && strcmp(chosen, "off") == 0) {
         return Sink::OFF;
@@ -34,7 +38,9 @@ Sink sink() noexcept {
     return chosen;
 }
 
-const bool chosenAtStart = (sink(), true);
+std::string lostLines(unsigned long count) {
+    return std::to_string(count) + " log lines were lost, because their reader did not keep up";
+}
 
 int journalPriority(log_priority priority) noexcept {
     switch (priority) {
@@ -54,16 +60,84 @@ char letterOf(log_priority priority) noexcept {
     return index >= 0 && index < 4 ? "DIWE"[index] : '?';
 }
 
-// A single system call writes each line, so that lines of different threads do not mix.
-void writeToStandardError(log_priority priority, const char* tag, const char* text, size_t length) noexcept {
-    char head[64];
-    const int size = snprintf(head, sizeof head, "%c/%s ", letterOf(priority), tag);
-    iovec parts[] = {{head, static_cast<size_t>(size) < sizeof head ? size : sizeof head - 1},
-                     {const_cast<char*>(text), length},
-                     {const_cast<char*>("\n"), 1}};
-    if (writev(STDERR_FILENO, parts, 3) < 0) {
-        // A failure is ignored, because it cannot be logged.
+// The journal's own protocol, because its library waits for a journal that stands still. A text of several lines has
+// its length before it.
+std::string forJournal(log_priority priority, const char* tag, const std::string& text) {
+    std::string message = "MESSAGE";
+    if (text.find('\n') == std::string::npos) {
+        message += '=';
+    } else {
+        message += '\n';
+        for (unsigned byte = 0; byte < 8; ++byte) {
+            message += static_cast<char>(text.size() >> (8 * byte));
+        }
     }
+    return message + text + "\nPRIORITY=" + std::to_string(journalPriority(priority)) + "\nSYSLOG_IDENTIFIER=" + tag +
+           "\n";
+}
+
+std::string forStandardError(log_priority priority, const char* tag, const std::string& text) {
+    return std::string(1, letterOf(priority)) + '/' + tag + ' ' + text + '\n';
+}
+
+// Never destroyed, because threads that nobody joins may log until the process exits.
+LogQueue& systemLog() noexcept {
+    static LogQueue& queue =
+        sink() == Sink::JOURNAL
+            ? *new LogQueue(Destination::JOURNAL,
+                            [](unsigned long lost) { return forJournal(DLOG_WARN, "orvane-log", lostLines(lost)); })
+            : *new LogQueue(Destination::STANDARD_ERROR, [](unsigned long lost) {
+                  return forStandardError(DLOG_WARN, "orvane-log", lostLines(lost));
+              });
+    return queue;
+}
+
+LogQueue& standardOutput() noexcept {
+    static LogQueue& queue =
+        *new LogQueue(Destination::STANDARD_OUTPUT, [](unsigned long lost) { return lostLines(lost) + "\n"; });
+    return queue;
+}
+
+ssize_t print(void*, const char* text, size_t size) noexcept {
+    standardOutput().write({text, size});
+    return static_cast<ssize_t>(size);
+}
+
+// Standard output is line-buffered, so that a reader of a pipe receives each line immediately.
+void replaceStandardOutput() noexcept {
+    if (logging::mayBlock(Destination::STANDARD_OUTPUT)) {
+        if (FILE* output = fopencookie(nullptr, "w", {nullptr, print, nullptr, nullptr})) {
+            stdout = output;
+        }
+    }
+    setvbuf(stdout, nullptr, _IOLBF, 0);
+}
+
+void flush() noexcept {
+    systemLog().flush();
+    standardOutput().flush();
+}
+
+void flushBeforeAbort(int) noexcept {
+    flush();
+}
+
+// Before main() prints and logs.
+const bool prepared = [] {
+    replaceStandardOutput();
+    systemLog();
+    standardOutput();
+    struct sigaction action {};
+    action.sa_handler = flushBeforeAbort;
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    sigaction(SIGABRT, &action, nullptr);
+    return true;
+}();
+
+// After the destructors of static objects, which may log.
+[[gnu::destructor]] void flushAtExit() noexcept {
+    fflush(stdout);
+    flush();
 }
 
 }  // namespace
@@ -80,12 +154,11 @@ extern "C" int dlog_print(log_priority priority, const char* tag, const char* fo
     if (wanted < 0) {
         return wanted;
     }
-    const size_t length = static_cast<size_t>(wanted) < sizeof text ? wanted : sizeof text - 1;
-    if (sink() == Sink::JOURNAL) {
-        sd_journal_send("MESSAGE=%s", text, "PRIORITY=%i", journalPriority(priority), "SYSLOG_IDENTIFIER=%s", tag,
-                        nullptr);
-    } else {
-        writeToStandardError(priority, tag, text, length);
+    try {
+        systemLog().write(sink() == Sink::JOURNAL ? forJournal(priority, tag, text)
+                                                  : forStandardError(priority, tag, text));
+    } catch (const std::bad_alloc&) {
+        return -1;
     }
-    return static_cast<int>(length);
+    return wanted < static_cast<int>(sizeof text) ? wanted : static_cast<int>(sizeof text) - 1;
 }

@@ -38,7 +38,7 @@ std::string log(const std::string& sink, const std::string& what, const std::str
 
 // Listens on the journal's socket, in a mount namespace that only this process and its children see. Prints what a
 // program logs there. Ends with an error number where this user may not mount a file system.
-[[noreturn]] void listenAsJournal() {
+[[noreturn]] void listenAsJournal(const std::string& what) {
     try {
         sim::enterMountNamespace();
     } catch (const std::system_error& error) {
@@ -53,7 +53,7 @@ std::string log(const std::string& sink, const std::string& what, const std::str
     if (bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
         _exit(errno);
     }
-    const std::string shown = outputOf(LOG_WRITER " priorities 2>&1");
+    const std::string shown = outputOf(LOG_WRITER " " + what + " 2>&1");
     printf("shown [%s]\n", shown.c_str());
     char datagram[65536];
     for (ssize_t size = 0; (size = recv(listener, datagram, sizeof datagram, MSG_DONTWAIT)) > 0;) {
@@ -63,8 +63,8 @@ std::string log(const std::string& sink, const std::string& what, const std::str
     _exit(0);
 }
 
-// Stores the text that a program logs to the journal in `received`. Returns 0 or an error number.
-int readJournal(std::string& received) {
+// Stores what the journal receives from a program that has ended in `received`. Returns 0 or an error number.
+int readJournal(const std::string& what, std::string& received) {
     int ends[2];
     if (pipe(ends) != 0) {
         return errno;
@@ -74,7 +74,7 @@ int readJournal(std::string& received) {
         unsetenv("ORVANE_LOG");
         dup2(ends[1], STDOUT_FILENO);
         close(ends[0]);
-        listenAsJournal();
+        listenAsJournal(what);
     }
     close(ends[1]);
     char buffer[4096];
@@ -124,7 +124,7 @@ TEST(StandardOutput, IsLineBufferedInAPipe) {
 
 TEST(ALogOnAMachineWithAJournal, GoesThereWithItsPriorityAndTag) {
     std::string received;
-    const int error = readJournal(received);
+    const int error = readJournal("priorities", received);
     if (error == EPERM) {
         GTEST_SKIP() << "this user may not mount a file system here";
     }
@@ -136,4 +136,15 @@ TEST(ALogOnAMachineWithAJournal, GoesThereWithItsPriorityAndTag) {
         EXPECT_THAT(received,
                     HasSubstr(std::string("MESSAGE=") + text + "\nPRIORITY=" + priority + "\nSYSLOG_IDENTIFIER=tag\n"));
     }
+}
+
+TEST(ALogOnAMachineWithAJournal, DoesNotWaitForAJournalThatStandsStill) {
+    std::string received;
+    const int error = readJournal("flood > /dev/null", received);
+    if (error == EPERM) {
+        GTEST_SKIP() << "this user may not mount a file system here";
+    }
+    ASSERT_EQ(error, 0) << strerror(error);
+    EXPECT_THAT(received, HasSubstr("shown []\n"));
+    EXPECT_THAT(received, HasSubstr("MESSAGE=xxx"));
 }

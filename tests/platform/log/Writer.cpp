@@ -2,7 +2,7 @@
 // Logs what the tests expect. A separate program, because the log chooses its destination before main().
 #include <dlog.h>
 #include <stdio.h>
-#include <string.h>
+#include <stdlib.h>
 #include <unistd.h>
 
 #include <string>
@@ -32,17 +32,46 @@ void writeFromThreads() {
     }
 }
 
+// Logs and prints more than a pipe and the queue behind it hold.
+void flood() {
+    for (int i = 0; i < 5000; ++i) {
+        dlog_print(DLOG_INFO, "tag", "%s", std::string(300, 'x').c_str());
+        printf("%s\n", std::string(300, 'y').c_str());
+    }
+}
+
+// Tells the test that this point is reached, and waits for its answer.
+void meetTest() {
+    char byte = '.';
+    if (write(3, &byte, 1) != 1 || read(STDIN_FILENO, &byte, 1) != 1) {
+        _exit(1);
+    }
+}
+
 }  // namespace
 
 int main(int, char** arguments) {
-    if (strcmp(arguments[1], "priorities") == 0) {
+    const std::string what = arguments[1];
+    if (what == "priorities") {
         writeOnePerPriority();
-    } else if (strcmp(arguments[1], "threads") == 0) {
+    } else if (what == "threads") {
         writeFromThreads();
-    } else if (strcmp(arguments[1], "long") == 0) {
+    } else if (what == "long") {
         return dlog_print(DLOG_INFO, "tag", "%s", std::string(100000, 'x').c_str()) > 0 ? 0 : 1;
-    } else if (strcmp(arguments[1], "print") == 0) {
+    } else if (what == "print") {
         printf("printed\n");
+        _exit(0);  // loses what is still in a buffer
+    } else if (what == "flood") {
+        flood();
+    } else if (what == "flood and last") {
+        flood();
+        meetTest();
+        dlog_print(DLOG_INFO, "tag", "last");
+        printf("last\n");
+    } else if (what == "abort") {
+        writeFromThreads();
+        meetTest();
+        abort();
     }
-    _exit(0);  // loses what is still in a buffer
+    return 0;
 }

@@ -3,6 +3,7 @@
 
 #include <gio/gdesktopappinfo.h>
 
+#include "OwnUnit.h"
 #include "app_control.h"
 #include "dlog.h"
 #include "gio/GPointer.h"
@@ -11,7 +12,16 @@ namespace appfw {
 
 namespace {
 
-int failed(const std::string& what, const gio::Error& error) {
+// `what` names the application in the log. `uri` may be empty.
+int launch(GDesktopAppInfo* app, const std::string& uri, const std::string& what) {
+    if (startInOwnUnit(app, uri)) {
+        return APP_CONTROL_ERROR_NONE;
+    }
+    GList only{const_cast<char*>(uri.c_str()), nullptr, nullptr};
+    gio::Error error;
+    if (g_app_info_launch_uris(G_APP_INFO(app), uri.empty() ? nullptr : &only, nullptr, error.out())) {
+        return APP_CONTROL_ERROR_NONE;
+    }
     dlog_print(DLOG_ERROR, "orvane-appfw", "cannot launch %s: %s", what.c_str(), error.message().c_str());
     return APP_CONTROL_ERROR_LAUNCH_FAILED;
 }
@@ -24,11 +34,7 @@ int launchDesktopApp(const std::string& id, const std::string& uri) {
         dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed", id.c_str());
         return APP_CONTROL_ERROR_APP_NOT_FOUND;
     }
-    GList only{const_cast<char*>(uri.c_str()), nullptr, nullptr};
-    gio::Error error;
-    const gboolean done =
-        g_app_info_launch_uris(G_APP_INFO(app.get()), uri.empty() ? nullptr : &only, nullptr, error.out());
-    return done ? APP_CONTROL_ERROR_NONE : failed(id, error);
+    return launch(app.get(), uri, id);
 }
 
 int openInDefaultApp(const std::string& uri) {
@@ -38,9 +44,7 @@ int openInDefaultApp(const std::string& uri) {
         dlog_print(DLOG_ERROR, "orvane-appfw", "no application is registered for the URI \"%s\"", uri.c_str());
         return APP_CONTROL_ERROR_APP_NOT_FOUND;
     }
-    GList only{const_cast<char*>(uri.c_str()), nullptr, nullptr};
-    gio::Error error;
-    return g_app_info_launch_uris(app.get(), &only, nullptr, error.out()) ? APP_CONTROL_ERROR_NONE : failed(uri, error);
+    return launch(G_DESKTOP_APP_INFO(app.get()), uri, uri);
 }
 
 }  // namespace appfw

@@ -68,6 +68,33 @@ TEST_F(ADesktopApplication, IsStartedByItsIdAndTheReplyIsAppStarted) {
     expectStart("desk");
 }
 
+// A stand-in for systemd's program writes down its arguments and runs the command.
+TEST_F(ADesktopApplication, IsStartedByTheUsersServiceManagerUnderSystemd) {
+    const std::filesystem::path data = getenv("XDG_DATA_HOME");
+    const std::string path = getenv("PATH");
+    std::ofstream(data / "systemd-run") << "#!/bin/sh\necho \"$*\" >" << (data / "run").string()
+                                        << "\nshift 4\nexec \"$@\"\n";
+    std::filesystem::permissions(data / "systemd-run", std::filesystem::perms::owner_all);
+    setenv("PATH", (data.string() + ":" + path).c_str(), 1);
+    setenv("INVOCATION_ID", "1", 1);
+    app_control_set_app_id(mRequest, APP_ID);
+    app_control_set_uri(mRequest, URI);
+    expectStart(std::string("desk ") + URI);
+    std::string arguments;
+    std::getline(std::ifstream(data / "run"), arguments);
+    EXPECT_EQ(arguments, "--user --collect --quiet -- gio launch " + data.string() + "/applications/" + APP_ID +
+                             ".desktop " + URI);
+    unsetenv("INVOCATION_ID");
+    setenv("PATH", path.c_str(), 1);
+}
+
+TEST_F(ADesktopApplication, IsStartedDirectlyWithoutAServiceManager) {
+    setenv("INVOCATION_ID", "1", 1);  // inherited, but this user has no manager
+    app_control_set_app_id(mRequest, APP_ID);
+    expectStart("desk");
+    unsetenv("INVOCATION_ID");
+}
+
 TEST_F(ADesktopApplication, ReceivesTheUri) {
     app_control_set_app_id(mRequest, APP_ID);
     app_control_set_uri(mRequest, URI);

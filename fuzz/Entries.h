@@ -10,6 +10,7 @@
 
 namespace fuzz {
 
+void busArguments(std::string_view bytes);
 void commands(std::string_view bytes);
 void hubAnswer(std::string_view bytes);
 void message(std::string_view bytes);

@@ -25,8 +25,9 @@ void PrintTo(const Input& input, std::ostream* out) {
 }
 
 const Input kInputs[] = {
-    {"commands", fuzz::commands},   {"hubAnswer", fuzz::hubAnswer}, {"message", fuzz::message},
-    {"nluResult", fuzz::nluResult}, {"recording", fuzz::recording}, {"wakeupConfig", fuzz::wakeupConfig},
+    {"busArguments", fuzz::busArguments}, {"commands", fuzz::commands},   {"hubAnswer", fuzz::hubAnswer},
+    {"message", fuzz::message},           {"nluResult", fuzz::nluResult}, {"recording", fuzz::recording},
+    {"wakeupConfig", fuzz::wakeupConfig},
 };
 
 std::vector<fs::path> filesIn(const std::string& folder) {

@@ -8,8 +8,8 @@
 #include <stdexcept>
 
 #include "appfw/Bundle.h"
+#include "bus/SessionBus.h"
 #include "dbus/Interfaces.h"
-#include "gio/SessionBus.h"
 #include "modules/MainLoop.h"
 #include "modules/Measures.h"
 
@@ -44,7 +44,7 @@ void send(const char* to, bundle* message, int port) {
 
 int openPort(const char* application, message_port_trusted_message_cb callback, void* data) {
     const int port = message_port_register_trusted_local_port(kPort, callback, data);
-    static const gio::OwnedName name = gio::sessionBus().ownName(application);  // until the process ends
+    static const gio::OwnedName name = bus::session().ownName(application);  // until the process ends
     if (port <= 0 || !name) {
         throw std::runtime_error(std::string("no message port for ") + application);
     }
@@ -61,8 +61,8 @@ struct Rounds {
 
 // The same call as a message, to an object that only replies.
 void callPlainly(bundle& message) {
-    gio::sessionBus().call({kThere, kPlainPath, kInterface}, "Send",
-                           gio::Variant::tuple(kPort, appfw::toEntries(message), kHere, kPort));
+    bus::session().call({kThere, kPlainPath, kInterface}, "Send",
+                        gio::Variant::tuple(kPort, appfw::toEntries(message), kHere, kPort));
 }
 
 void go(Rounds& rounds, int port) noexcept {
@@ -101,8 +101,8 @@ void onMessage(int port, const char*, const char*, bool, bundle* message, void*)
 
 int sendBack() {
     MainLoop loop;
-    const auto plain = gio::sessionBus().exportObject(kPlainPath, dbus::interface(kInterface),
-                                                      [](gio::MethodCall& call) { call.reply(); });
+    const auto plain = bus::session().exportObject(kPlainPath, dbus::interface(kInterface),
+                                                   [](gio::MethodCall& call) { call.reply(); });
     openPort(kThere, onMessage, nullptr);
     loop.run("the benchmark ends this process");
     return 0;

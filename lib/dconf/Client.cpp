@@ -5,8 +5,6 @@
 
 #include <memory>
 
-#include "gio/IoThread.h"
-
 namespace dconf {
 
 namespace {
@@ -17,9 +15,9 @@ struct ChangesetUnref {
 
 }  // namespace
 
-Client::Client(Changed changed) : mChanged(std::move(changed)) {
+Client::Client(gio::Context context, Changed changed) : mContext(std::move(context)), mChanged(std::move(changed)) {
     // The client emits its signals on the main context of the thread that creates it.
-    gio::IoThread::get().run([this] {
+    mContext.run([this] {
         mClient = dconf_client_new();
         g_signal_connect(
             mClient, "changed",
@@ -31,7 +29,7 @@ Client::Client(Changed changed) : mChanged(std::move(changed)) {
 }
 
 Client::~Client() {
-    gio::IoThread::get().run([this] {
+    mContext.run([this] {
         g_signal_handlers_disconnect_by_data(mClient, this);
         g_object_unref(mClient);
     });

@@ -5,21 +5,23 @@
 #include <string>
 #include <vector>
 
+#include "gio/Context.h"
 #include "gio/GPointer.h"
 
 typedef struct _DConfClient DConfClient;
 
 namespace dconf {
 
-// A dconf client on the shared IO thread. Reads come from the database file, so they return what other processes wrote.
+// A dconf client. Reads come from the database file, so they return what other processes wrote.
 // Writes are queued, but later reads in this process return the new value immediately. Any thread.
 class Client {
 public:
     // Receives the full paths of changed keys, or the path of a directory with a trailing "/" if any key in it may have
-    // changed. Runs on the IO thread, for changes by every process, and must not throw.
+    // changed. Runs on the context, for changes by every process, and must not throw.
     using Changed = std::function<void(const std::vector<std::string>& paths)>;
 
-    explicit Client(Changed changed);
+    // A thread must iterate the context as long as the client exists, or no callback runs.
+    Client(gio::Context context, Changed changed);
     // Waits for a callback in progress. Must not be called from the callback.
     ~Client();
     Client(const Client&) = delete;
@@ -35,6 +37,7 @@ public:
 private:
     void report(const char* prefix, const char* const* changes) const;
 
+    gio::Context mContext;
     Changed mChanged;
     DConfClient* mClient = nullptr;
 };

@@ -4,7 +4,9 @@
 
 namespace gio {
 
-const Target kBus{"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"};
+Target messageBus() {
+    return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"};
+}
 
 namespace {
 

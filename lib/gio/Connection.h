@@ -31,7 +31,7 @@ struct CallOptions {
 };
 
 // The bus itself.
-extern const Target kBus;
+Target messageBus();
 
 class Connection {
 public:

@@ -7,12 +7,6 @@
 
 namespace gio {
 
-IoThread& IoThread::get() {
-    // Never destroyed: static objects of the product still call it while the process exits.
-    static IoThread* instance = new IoThread;
-    return *instance;
-}
-
 // Returns after the thread has begun to iterate the context, so that Context::run() never runs work on another thread.
 IoThread::IoThread() : mLoop(Context()) {
     std::promise<void> running;
@@ -22,6 +16,13 @@ IoThread::IoThread() : mLoop(Context()) {
         mLoop.run();
     });
     running.get_future().wait();
+}
+
+void IoThread::stop() noexcept {
+    if (mThread.joinable()) {
+        mLoop.quit();
+        mThread.join();
+    }
 }
 
 }  // namespace gio

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The one thread that serves D-Bus, dconf, and the network, on its own GLib main context, because the installed Ecore
-// cannot run GLib sources. Modules pass work to it with post() or run(); work for the main loop returns through
-// postToMainLoop().
+// A thread with its own GLib main context, for handlers that must not run on the program's main loop.
 #pragma once
 
 #include <functional>
@@ -13,8 +11,14 @@ namespace gio {
 
 class IoThread {
 public:
-    // Started on first use, possibly before main(). Lives until the process exits.
-    static IoThread& get();
+    IoThread();
+    ~IoThread() { stop(); }
+    IoThread(const IoThread&) = delete;
+    IoThread& operator=(const IoThread&) = delete;
+
+    // Waits for running work. Work that is posted afterward never runs, and run() runs its work on the calling thread.
+    // Not on this thread.
+    void stop() noexcept;
 
     const Context& context() const { return mLoop.context(); }
     bool isCurrent() const { return std::this_thread::get_id() == mThread.get_id(); }
@@ -27,8 +31,6 @@ public:
     void run(const std::function<void()>& work) { context().run(work); }
 
 private:
-    IoThread();
-
     MainLoop mLoop;
     std::thread mThread;
 };

@@ -29,14 +29,14 @@ void destroyHandler(gpointer handler) noexcept {
 
 std::string Connection::ownerOf(const std::string& name) const {
     try {
-        return std::get<0>(call(kBus, "GetNameOwner", Variant::tuple(name)).fields<std::string>());
+        return std::get<0>(call(messageBus(), "GetNameOwner", Variant::tuple(name)).fields<std::string>());
     } catch (const CallError&) {
         return "";  // no owner, or no bus
     }
 }
 
 OwnedName Connection::ownName(const std::string& name) const {
-    const auto [result] = call(kBus, "RequestName", Variant::tuple(name, DO_NOT_QUEUE)).fields<std::uint32_t>();
+    const auto [result] = call(messageBus(), "RequestName", Variant::tuple(name, DO_NOT_QUEUE)).fields<std::uint32_t>();
     if (result != PRIMARY_OWNER && result != ALREADY_OWNER) {
         return {};
     }
@@ -47,10 +47,10 @@ void OwnedName::releaseName() {
     if (const auto bus = std::move(mBus)) {
         Error error;
         // Fails only if the connection is lost.
-        // Without kBus, which may be destroyed: the process owner releases names after the end of static objects.
-        Variant(g_dbus_connection_call_sync(bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                            "org.freedesktop.DBus", "ReleaseName", Variant::tuple(mName).get(), nullptr,
-                                            G_DBUS_CALL_FLAGS_NONE, RELEASE_MS, nullptr, error.out()));
+        const Target target = messageBus();
+        Variant(g_dbus_connection_call_sync(bus.get(), target.name.c_str(), target.path.c_str(),
+                                            target.interface.c_str(), "ReleaseName", Variant::tuple(mName).get(),
+                                            nullptr, G_DBUS_CALL_FLAGS_NONE, RELEASE_MS, nullptr, error.out()));
     }
 }
 

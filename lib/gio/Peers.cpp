@@ -8,7 +8,7 @@ Peers::Peer& Peers::find(const std::string& name) {
     const auto [found, isNew] = mPeers.try_emplace(name);
     if (isNew) {
         found->second.watch = mConnection.subscribe(
-            kBus, "NameOwnerChanged", [this, name](const Variant&) { mPeers.erase(name); }, name);
+            messageBus(), "NameOwnerChanged", [this, name](const Variant&) { mPeers.erase(name); }, name);
     }
     return found->second;
 }
@@ -17,7 +17,8 @@ std::optional<std::uint32_t> Peers::ask(const char* method, const std::string& n
     Peer& peer = find(name);
     try {
         if (!(peer.*field)) {
-            peer.*field = std::get<0>(mConnection.call(kBus, method, Variant::tuple(name)).fields<std::uint32_t>());
+            peer.*field =
+                std::get<0>(mConnection.call(messageBus(), method, Variant::tuple(name)).fields<std::uint32_t>());
         }
         return peer.*field;
     } catch (const CallError&) {

@@ -82,7 +82,7 @@ void Appliance::control(const std::string& application, const std::string& actio
 
 void Appliance::kill(const std::string& application) {
     const auto [process] = session()
-                               .call(gio::kBus, "GetConnectionUnixProcessID", gio::Variant::tuple(application))
+                               .call(gio::messageBus(), "GetConnectionUnixProcessID", gio::Variant::tuple(application))
                                .fields<std::uint32_t>();
     ::kill(static_cast<pid_t>(process), SIGKILL);
     until(application + " has left the bus", [&] { return !runs(application); });

@@ -4,14 +4,16 @@
 #include <stdexcept>
 
 #include "dconf/Client.h"
+#include "gio/IoThread.h"
 
 namespace sim::settings {
 
 namespace {
 
 dconf::Client& client() {
-    static auto* instance = new dconf::Client([](const std::vector<std::string>&) {});
-    return *instance;
+    static const gio::IoThread thread;
+    static dconf::Client instance(thread.context(), [](const std::vector<std::string>&) {});
+    return instance;
 }
 
 template <typename T>

@@ -20,7 +20,7 @@ struct Reply {
     sim::Extras extras;
 };
 
-// An application that requests the status of the account. It receives the replies on the IO thread.
+// An application that requests the status of the account. It receives the replies on a thread of its own.
 class Client {
 public:
     void request(const char* token) {
@@ -46,7 +46,8 @@ private:
 
     std::mutex mMutex;
     std::vector<Reply> mReplies;
-    gio::Connection mBus = gio::Connection::open(getenv("DBUS_SESSION_BUS_ADDRESS"), gio::IoThread::get().context());
+    gio::IoThread mThread;
+    gio::Connection mBus = gio::Connection::open(getenv("DBUS_SESSION_BUS_ADDRESS"), mThread.context());
     gio::Registration mObject = mBus.exportObject(sim::kApplicationPath, dbus::interface(sim::kApplicationInterface),
                                                   [this](gio::MethodCall& call) { onCall(call); });
 };

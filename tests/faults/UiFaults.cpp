@@ -20,7 +20,7 @@ constexpr int kManyExtras = 200000;
 pid_t processOf(Trial& trial, const char* application) {
     const auto [process] = trial.appliance()
                                .session()
-                               .call(gio::kBus, "GetConnectionUnixProcessID", gio::Variant::tuple(application))
+                               .call(gio::messageBus(), "GetConnectionUnixProcessID", gio::Variant::tuple(application))
                                .fields<std::uint32_t>();
     return static_cast<pid_t>(process);
 }

@@ -5,7 +5,7 @@
 #include <mutex>
 #include <vector>
 
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 #include "process/Owner.h"
 
 namespace appfw {
@@ -30,7 +30,7 @@ bool isApplication(const std::string& name) {
 // Empty if the bus does not answer.
 std::vector<std::string> namesOnTheBus() {
     try {
-        const auto answer = gio::sessionBus().call(gio::kBus, "ListNames");
+        const auto answer = bus::session().call(gio::messageBus(), "ListNames");
         return std::get<0>(answer.fields<std::vector<std::string>>());
     } catch (const gio::CallError&) {
         return {};
@@ -48,7 +48,8 @@ std::vector<std::string> applications() {
 // 0 if the connection is gone.
 pid_t processOf(const std::string& name) {
     try {
-        const auto answer = gio::sessionBus().call(gio::kBus, "GetConnectionUnixProcessID", gio::Variant::tuple(name));
+        const auto answer =
+            bus::session().call(gio::messageBus(), "GetConnectionUnixProcessID", gio::Variant::tuple(name));
         return static_cast<pid_t>(std::get<0>(answer.fields<std::uint32_t>()));
     } catch (const gio::CallError&) {
         return 0;

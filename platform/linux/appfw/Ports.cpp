@@ -13,15 +13,15 @@ namespace {
 
 // Whether the sender owns the application id that it claims. It may also claim none.
 bool isItself(const std::string& sender, const std::string& app) {
-    return app.empty() || gio::sessionPeers().ownerOf(app) == sender;
+    return app.empty() || bus::peers().ownerOf(app) == sender;
 }
 
 }  // namespace
 
 bool Ports::serve() {
     std::call_once(mServing, [this] {
-        mServed = gio::sessionBus().exportObject(kPath, dbus::interface(kInterface),
-                                                 [this](gio::MethodCall& call) { called(call); });
+        mServed = bus::session().exportObject(kPath, dbus::interface(kInterface),
+                                              [this](gio::MethodCall& call) { called(call); });
     });
     return bool(mServed);
 }
@@ -66,7 +66,7 @@ int Ports::find(const std::string& name) const {
 }
 
 void Ports::called(gio::MethodCall& call) {
-    if (gio::sessionPeers().userOf(call.sender()) != getuid()) {
+    if (bus::peers().userOf(call.sender()) != getuid()) {
         call.fail(kAccessDenied, "message ports accept calls only from their own user");
     } else if (call.method() == "HasPort") {
         const auto [port] = call.arguments().fields<std::string>();

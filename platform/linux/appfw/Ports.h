@@ -7,7 +7,7 @@
 #include <string>
 
 #include "Bundle.h"
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 #include "message_port.h"
 
 namespace appfw {

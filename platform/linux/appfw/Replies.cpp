@@ -35,7 +35,7 @@ void Replies::expectFrom(const std::string& token, const std::string& peer) {
         found->second.peer = peer;
     }
     // The peer may have left the bus before the watch began.
-    if (peer.empty() || !gio::sessionBus().hasOwner(peer)) {
+    if (peer.empty() || !bus::session().hasOwner(peer)) {
         take(token, APP_CONTROL_RESULT_FAILED, {});
     }
 }
@@ -59,7 +59,7 @@ void Replies::take(const std::string& token, app_control_result_e result, Extras
 
 void Replies::watchPeers() {
     std::call_once(mWatching, [this] {
-        mWatch = gio::sessionBus().subscribe(gio::kBus, "NameOwnerChanged", [this](const gio::Variant& arguments) {
+        mWatch = bus::session().subscribe(gio::messageBus(), "NameOwnerChanged", [this](const gio::Variant& arguments) {
             process::contained("watch of the receivers of requests", [&] { ownerChanged(arguments); });
         });
     });

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "Request.h"
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 
 namespace appfw {
 

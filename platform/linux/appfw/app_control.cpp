@@ -10,9 +10,9 @@
 #include "DesktopApp.h"
 #include "Replies.h"
 #include "Request.h"
+#include "bus/SessionBus.h"
 #include "dlog.h"
 #include "gio/Address.h"
-#include "gio/SessionBus.h"
 #include "process/Guard.h"
 
 namespace {
@@ -65,7 +65,7 @@ gio::Target applicationOf(const std::string& name) {
 
 int failureOf(const std::string& id, const gio::CallError& error) {
     dlog_print(DLOG_ERROR, "orvane-appfw", "%s did not accept the request: %s", id.c_str(), error.what());
-    if (!gio::sessionBus().isOpen()) {
+    if (!bus::session().isOpen()) {
         return APP_CONTROL_ERROR_IO_ERROR;
     }
     return error.isTimeout() ? APP_CONTROL_ERROR_TIMED_OUT : APP_CONTROL_ERROR_LAUNCH_FAILED;
@@ -92,14 +92,14 @@ int launch(const app_control_s& request, const std::string& token) {
         return APP_CONTROL_ERROR_APP_NOT_FOUND;
     }
     try {
-        gio::sessionBus().call(applicationOf(id), "Launch",
-                               gio::Variant::tuple(operation, uri, appfw::toWire(request.extras), token),
-                               {LAUNCH_MILLISECONDS});
+        bus::session().call(applicationOf(id), "Launch",
+                            gio::Variant::tuple(operation, uri, appfw::toWire(request.extras), token),
+                            {LAUNCH_MILLISECONDS});
     } catch (const gio::CallError& error) {
         return error.hasNoReceiver() ? started(appfw::launchDesktopApp(id, uri), token) : failureOf(id, error);
     }
     if (!token.empty()) {
-        process::shared<appfw::Replies>().expectFrom(token, gio::sessionBus().ownerOf(id));
+        process::shared<appfw::Replies>().expectFrom(token, bus::session().ownerOf(id));
     }
     return APP_CONTROL_ERROR_NONE;
 }
@@ -255,7 +255,7 @@ int app_control_reply_to_launch_request(app_control_h reply, app_control_h reque
             return APP_CONTROL_ERROR_INVALID_PARAMETER;
         }
         try {
-            gio::sessionBus().call(
+            bus::session().call(
                 applicationOf(request->sender), "Reply",
                 gio::Variant::tuple(request->token, static_cast<std::int32_t>(result), appfw::toWire(reply->extras)));
             return APP_CONTROL_ERROR_NONE;

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "Bundle.h"
+#include "bus/SessionBus.h"
 #include "gio/Address.h"
-#include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 #include "process/Guard.h"
 
@@ -64,7 +64,7 @@ void deliver(Handlers& handlers, gsize id, const gio::Variant& arguments) {
 
 // The subscription names the application, so that GDBus delivers only signals from the owner of that name.
 gio::Registration subscribe(Handlers& handlers, gsize id, const std::string& app, const std::string& event) {
-    return gio::sessionBus().subscribe(
+    return bus::session().subscribe(
         {app, "/org/orvane/Event", "org.orvane.Event1"}, "Emitted",
         [&handlers, id](const gio::Variant& arguments) {
             process::contained("event of an application", [&] { deliver(handlers, id, arguments); });
@@ -77,7 +77,7 @@ int add(const char* name, event_cb callback, void* userData, event_handler_h* ou
     if (callback == nullptr || output == nullptr || !gio::isBusName(app)) {
         return EVENT_ERROR_INVALID_PARAMETER;
     }
-    if (!gio::sessionBus().isOpen()) {
+    if (!bus::session().isOpen()) {
         return EVENT_ERROR_IO_ERROR;
     }
     auto& handlers = process::shared<Handlers>();

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "AppId.h"
+#include "bus/SessionBus.h"
 #include "gio/Address.h"
-#include "gio/SessionBus.h"
 #include "process/Guard.h"
 
 struct app_context_s {
@@ -26,10 +26,10 @@ int app_manager_is_running(const char* app_id, bool* running) {
         if (app_id == nullptr || running == nullptr) {
             return APP_MANAGER_ERROR_INVALID_PARAMETER;
         }
-        if (!gio::sessionBus().isOpen()) {
+        if (!bus::session().isOpen()) {
             return APP_MANAGER_ERROR_IO_ERROR;
         }
-        *running = gio::isBusName(app_id) && gio::sessionBus().hasOwner(app_id);
+        *running = gio::isBusName(app_id) && bus::session().hasOwner(app_id);
         return APP_MANAGER_ERROR_NONE;
     });
 }
@@ -65,7 +65,7 @@ int app_manager_terminate_app(app_context_h app_context) {
         }
         const gio::Target app{app_context->id, "/org/orvane/Application", "org.orvane.Application1"};
         try {
-            gio::sessionBus().call(app, "Close", {}, {5000, false});
+            bus::session().call(app, "Close", {}, {5000, false});
             return APP_MANAGER_ERROR_NONE;
         } catch (const gio::CallError&) {
             return APP_MANAGER_ERROR_REQUEST_FAILED;
@@ -78,7 +78,7 @@ int app_manager_get_app_id(pid_t pid, char** app_id) {
         if (app_id == nullptr || pid <= 0) {
             return APP_MANAGER_ERROR_INVALID_PARAMETER;
         }
-        if (!gio::sessionBus().isOpen()) {
+        if (!bus::session().isOpen()) {
             return APP_MANAGER_ERROR_IO_ERROR;
         }
         const std::string id = appfw::appIdOf(pid);

@@ -7,8 +7,8 @@
 #include "AppId.h"
 #include "Bundle.h"
 #include "Ports.h"
+#include "bus/SessionBus.h"
 #include "gio/Address.h"
-#include "gio/SessionBus.h"
 #include "process/Guard.h"
 
 namespace {
@@ -27,7 +27,7 @@ int failureOf(const gio::CallError& error) {
 
 // Throws gio::CallError. Does not start the application if it is not running.
 gio::Variant callPort(const char* app, const char* method, const gio::Variant& arguments) {
-    return gio::sessionBus().call({app, Ports::kPath, Ports::kInterface}, method, arguments, {5000, false});
+    return bus::session().call({app, Ports::kPath, Ports::kInterface}, method, arguments, {5000, false});
 }
 
 bool isName(const char* app, const char* port) {

@@ -15,9 +15,9 @@
 #include "Replies.h"
 #include "Request.h"
 #include "Watchdog.h"
+#include "bus/SessionBus.h"
 #include "dbus/Interfaces.h"
 #include "dlog.h"
-#include "gio/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 #include "process/Guard.h"
 #include "status/Notify.h"
@@ -100,7 +100,7 @@ bool refuse(const std::string& reason) {
 
 // Exports the object before it acquires the name, so that no request finds the name without the object.
 bool join(const App& app, Presence& presence) {
-    const gio::Connection& bus = gio::sessionBus();
+    const gio::Connection& bus = bus::session();
     if (!bus.isOpen()) {
         return refuse(bus.whyNot() + " (set DBUS_SESSION_BUS_ADDRESS to its address)");
     }
@@ -165,7 +165,7 @@ int run(const App& app) {
     if (created) {
         app.callbacks->terminate(app.userData);
     }
-    gio::sessionBus().flush();  // sends the reply to Close and the callbacks' last messages
+    bus::session().flush();  // sends the reply to Close and the callbacks' last messages
     closeMainLoopPost();
     ecore_shutdown();
     return created ? EXIT_SUCCESS : EXIT_FAILURE;

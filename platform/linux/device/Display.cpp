@@ -2,7 +2,7 @@
 // The display. The desktop's screen saver on the session bus, if it is running, wakes it.
 #include <device.h>
 
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 #include "process/Guard.h"
 
 namespace {
@@ -19,7 +19,7 @@ extern "C" int display_change_state(display_state_e state) {
         const gio::Target saver{"org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver",
                                 "org.freedesktop.ScreenSaver"};
         try {
-            gio::sessionBus().call(saver, "SimulateUserActivity", {}, {TIMEOUT_MS, false});
+            bus::session().call(saver, "SimulateUserActivity", {}, {TIMEOUT_MS, false});
             return DEVICE_ERROR_NONE;
         } catch (const gio::CallError&) {
             return DEVICE_ERROR_NOT_SUPPORTED;

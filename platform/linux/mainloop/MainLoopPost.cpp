@@ -6,6 +6,8 @@
 #include <deque>
 #include <mutex>
 
+#include "process/Owner.h"
+
 namespace {
 
 using Work = std::function<void()>;
@@ -18,19 +20,13 @@ struct Queue {
     bool closed = false;
 };
 
-Queue& queue() {
-    // Never destroyed, and not in the process owner: threads that nobody joins, such as the IO thread, post until the
-    // process is gone.
-    static Queue* instance = new Queue;
-    return *instance;
-}
-
 // Work that is posted in the meantime wakes the main loop again.
 void runWaiting(void*) noexcept {
+    auto& queue = process::shared<Queue>();
     std::deque<Work> due;
     {
-        std::lock_guard lock(queue().mutex);
-        due.swap(queue().waiting);
+        std::lock_guard lock(queue.mutex);
+        due.swap(queue.waiting);
     }
     for (const Work& work : due) {
         work();
@@ -40,13 +36,14 @@ void runWaiting(void*) noexcept {
 }  // namespace
 
 void postToMainLoop(Work work) {
+    auto& queue = process::shared<Queue>();
     // Held until the call to Ecore returns, so that Ecore is not shut down during it. Ecore runs no callback within
     // this call.
-    std::lock_guard lock(queue().mutex);
-    if (queue().closed) {
+    std::lock_guard lock(queue.mutex);
+    if (queue.closed) {
         return;
     }
-    queue().waiting.push_back(std::move(work));
+    queue.waiting.push_back(std::move(work));
     if (eina_main_loop_is()) {
         ecore_job_add(runWaiting, nullptr);
     } else {
@@ -55,8 +52,9 @@ void postToMainLoop(Work work) {
 }
 
 void closeMainLoopPost() {
+    auto& queue = process::shared<Queue>();
     std::deque<Work> dropped;  // destroyed without the mutex
-    std::lock_guard lock(queue().mutex);
-    queue().closed = true;
-    dropped.swap(queue().waiting);
+    std::lock_guard lock(queue.mutex);
+    queue.closed = true;
+    dropped.swap(queue.waiting);
 }

@@ -4,24 +4,25 @@
 #include <utility>
 
 #include "Route.h"
-#include "gio/IoThread.h"
+#include "bus/SessionBus.h"
 #include "process/Guard.h"
 
 namespace network {
 
-Monitor::Monitor(std::function<void(connection_type_e)> listener) : mListener(std::move(listener)) {
-    gio::IoThread::get().post([this] { process::contained("start of the network's monitor", [this] { start(); }); });
+Monitor::Monitor(std::function<void(connection_type_e)> listener)
+    : mThread(bus::ioThread()), mListener(std::move(listener)) {
+    mThread.post([this] { process::contained("start of the network's monitor", [this] { start(); }); });
 }
 
 Monitor::~Monitor() {
-    gio::IoThread::get().run([this] {
+    mThread.run([this] {
         mLinks.reset();
         mManager.reset();
     });
 }
 
 void Monitor::start() {
-    mManager = std::make_unique<NetworkManager>([this] { update(); });
+    mManager = std::make_unique<NetworkManager>(mThread, [this] { update(); });
     mLinks = std::make_unique<LinkWatch>([this] { update(); });
 }
 

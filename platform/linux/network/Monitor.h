@@ -10,6 +10,7 @@
 
 #include "Links.h"
 #include "NetworkManager.h"
+#include "gio/IoThread.h"
 
 namespace network {
 
@@ -32,6 +33,7 @@ private:
     void start();
     void update();
 
+    gio::IoThread& mThread;
     const std::function<void(connection_type_e)> mListener;
     std::mutex mMutex;
     std::condition_variable mAnswered;

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "gio/Address.h"
-#include "gio/IoThread.h"
 #include "process/Guard.h"
 
 namespace network {
@@ -14,10 +13,13 @@ namespace network {
 namespace {
 
 constexpr char NAME[] = "org.freedesktop.NetworkManager";
-const gio::Target PROPERTIES{NAME, "/org/freedesktop/NetworkManager", "org.freedesktop.DBus.Properties"};
 constexpr int TIMEOUT_MS = 1000;
 constexpr unsigned RETRY_MS = 2000;
 constexpr std::uint32_t CONNECTED_LOCAL = 50;  // NetworkManager's state without internet access; higher states have it
+
+gio::Target properties() {
+    return {NAME, "/org/freedesktop/NetworkManager", "org.freedesktop.DBus.Properties"};
+}
 
 connection_type_e kindOf(const std::string& type) {
     if (type == "802-11-wireless") {
@@ -41,7 +43,8 @@ T valueOf(const std::map<std::string, gio::Variant>& properties, const char* nam
 
 }  // namespace
 
-NetworkManager::NetworkManager(std::function<void()> changed) : mChanged(std::move(changed)) {
+NetworkManager::NetworkManager(gio::IoThread& thread, std::function<void()> changed)
+    : mThread(thread), mChanged(std::move(changed)) {
     connect();
 }
 
@@ -58,7 +61,7 @@ auto NetworkManager::handler(Method method) {
 
 // A private connection, because the one that GIO shares stays closed as long as any code holds a reference to it.
 void NetworkManager::connect() {
-    gio::Connection::openAsync(gio::addressOf(G_BUS_TYPE_SYSTEM), gio::IoThread::get().context(), TIMEOUT_MS,
+    gio::Connection::openAsync(gio::addressOf(G_BUS_TYPE_SYSTEM), mThread.context(), TIMEOUT_MS,
                                handler(&NetworkManager::connected));
 }
 
@@ -68,15 +71,15 @@ void NetworkManager::connected(gio::Connection bus) {
         return lost();
     }
     mLoss = mBus.onClosed(handler(&NetworkManager::lost));
-    mPropertiesChanged = mBus.subscribe(PROPERTIES, "PropertiesChanged", handler(&NetworkManager::hint));
-    mOwnerChanged = mBus.subscribe(gio::kBus, "NameOwnerChanged", handler(&NetworkManager::hint), NAME);
+    mPropertiesChanged = mBus.subscribe(properties(), "PropertiesChanged", handler(&NetworkManager::hint));
+    mOwnerChanged = mBus.subscribe(gio::messageBus(), "NameOwnerChanged", handler(&NetworkManager::hint), NAME);
     ask();
 }
 
 // Without a system bus, there is no NetworkManager.
 void NetworkManager::lost() {
     mLoss.reset();
-    gio::IoThread::get().postAfter(RETRY_MS, handler(&NetworkManager::connect));
+    mThread.postAfter(RETRY_MS, handler(&NetworkManager::connect));
     become(State::Absent);
 }
 
@@ -92,7 +95,7 @@ void NetworkManager::ask() {
         return;
     }
     mAsking = true;
-    mBus.callAsync(PROPERTIES, "GetAll", gio::Variant::tuple(NAME), {TIMEOUT_MS, false},
+    mBus.callAsync(properties(), "GetAll", gio::Variant::tuple(NAME), {TIMEOUT_MS, false},
                    handler(&NetworkManager::answered));
 }
 
@@ -109,7 +112,7 @@ void NetworkManager::answered(const gio::Variant& answer, const gio::CallError* 
     if (mAskAgain) {
         ask();
     } else if (error != nullptr && error->isTimeout()) {
-        gio::IoThread::get().postAfter(RETRY_MS, handler(&NetworkManager::ask));
+        mThread.postAfter(RETRY_MS, handler(&NetworkManager::ask));
     }
     become(running ? State::Running : State::Absent);
 }

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "gio/Connection.h"
+#include "gio/IoThread.h"
 
 namespace network {
 
@@ -16,7 +17,7 @@ class NetworkManager {
 public:
     // `changed` runs when it is first known whether NetworkManager is running, and whenever NetworkManager appears,
     // disappears, or reports a change; never within this constructor.
-    explicit NetworkManager(std::function<void()> changed);
+    NetworkManager(gio::IoThread& thread, std::function<void()> changed);
     NetworkManager(const NetworkManager&) = delete;
     NetworkManager& operator=(const NetworkManager&) = delete;
 
@@ -38,6 +39,7 @@ private:
     void become(State state);
 
     const std::shared_ptr<NetworkManager*> mSelf = std::make_shared<NetworkManager*>(this);
+    gio::IoThread& mThread;
     std::function<void()> mChanged;
     gio::Connection mBus{"not connected yet"};
     gio::Registration mLoss;

@@ -6,8 +6,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "bus/SessionBus.h"
 #include "gio/Connection.h"
-#include "gio/IoThread.h"
 #include "process/Guard.h"
 
 namespace settings {
@@ -20,7 +20,7 @@ constexpr char BOOT_ID[] = "/memory/boot-id";
 // The dconf service does the writing, and clients reach it over the session bus.
 bool busIsThere() {
     try {
-        gio::Connection::openShared(G_BUS_TYPE_SESSION, gio::IoThread::get().context());
+        gio::Connection::openShared(G_BUS_TYPE_SESSION, bus::ioThread().context());
         return true;
     } catch (const std::runtime_error& failure) {
         dlog_print(DLOG_ERROR, "orvane-settings", "cannot write or watch settings without a session bus: %s",
@@ -42,9 +42,10 @@ Store& Store::get() {
 }
 
 Store::Store()
-    : mClient([this](const std::vector<std::string>& paths) {
-          process::contained("settings change", [&] { mSubscriptions.changed(paths); });
-      }),
+    : mClient(bus::ioThread().context(),
+              [this](const std::vector<std::string>& paths) {
+                  process::contained("settings change", [&] { mSubscriptions.changed(paths); });
+              }),
       mWritable(busIsThere()) {
     forgetAfterRestart();
 }

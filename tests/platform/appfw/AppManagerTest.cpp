@@ -13,7 +13,7 @@
 #include "RunningService.h"
 #include "app_control.h"
 #include "app_manager.h"
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 
 namespace {
 
@@ -95,7 +95,7 @@ protected:
         std::filesystem::remove(mFile);
         reload();
     }
-    static void reload() { gio::sessionBus().call(gio::kBus, "ReloadConfig"); }
+    static void reload() { bus::session().call(gio::messageBus(), "ReloadConfig"); }
 
     // Terminates the service that the bus has started.
     static void end() {

@@ -7,8 +7,7 @@
 #include "OtherApp.h"
 #include "app_event.h"
 #include "appfw/Bundle.h"
-#include "gio/IoThread.h"
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 #include "mainloop/MainLoopPost.h"
 #include "support/MainLoop.h"
 
@@ -41,8 +40,8 @@ protected:
     }
     // Returns when every earlier event is posted to the main loop and the subscription is active.
     static void settle() {
-        gio::sessionBus().hasOwner(ACCOUNT_ID);
-        gio::IoThread::get().run([] {});
+        bus::session().hasOwner(ACCOUNT_ID);
+        bus::ioThread().run([] {});
     }
     bool receives(int count) {
         return runMainLoopUntil([=] { return mReceived.count == count; });

@@ -11,7 +11,7 @@
 #include "Program.h"
 #include "appfw/AppId.h"
 #include "appfw/Bundle.h"
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 #include "message_port.h"
 #include "support/MainLoop.h"
 
@@ -34,7 +34,7 @@ void onMessage(int, const char* app, const char* port, bool, bundle* message, vo
 class AnApplication : public testing::Test {
 protected:
     void SetUp() override {
-        mName = gio::sessionBus().ownName(APP_ID);
+        mName = bus::session().ownName(APP_ID);
         ASSERT_TRUE(mName);
         appfw::setOwnAppId(APP_ID);
         mId = message_port_register_trusted_local_port("partial", onMessage, &mReceived);

@@ -77,7 +77,7 @@ bool OtherApp::reply(const Asked& to, int result, const Extras& extras) const {
 void OtherApp::announce(const std::string& event) const {
     const appfw::Entries data{{gio::Bytes{"key"}, gio::Bytes{"value"}}};
     mBus.emitSignal("/org/orvane/Event", "org.orvane.Event1", "Emitted", gio::Variant::tuple(event, data));
-    mBus.call(gio::kBus, "GetId");
+    mBus.call(gio::messageBus(), "GetId");
 }
 
 bool OtherApp::message(const std::string& app, const std::string& port, const std::string& claimed) const {

@@ -8,14 +8,14 @@
 #include <string>
 
 #include "app_control.h"
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 #include "service_app.h"
 
 namespace {
 
 // The id of the application, or the unique name of this connection, which does not depend on the owner of the id.
 std::string itself(const std::string& how) {
-    return how == "connection" ? gio::sessionBus().uniqueName() : how;
+    return how == "connection" ? bus::session().uniqueName() : how;
 }
 
 // Makes an application send a request to another one.

@@ -8,9 +8,8 @@
 #include <tuple>
 
 #include "Reports.h"
+#include "bus/SessionBus.h"
 #include "dbus/StandInInterfaces.h"
-#include "gio/IoThread.h"
-#include "gio/SessionBus.h"
 #include "room/Child.h"
 #include "sound_manager.h"
 #include "support/OwnConnection.h"
@@ -43,17 +42,17 @@ bool eventually(Condition condition) {
 }
 
 inline bool isFree() {
-    return !gio::sessionBus().hasOwner(kName);
+    return !bus::session().hasOwner(kName);
 }
 inline bool isOurs() {
-    return gio::sessionBus().ownerOf(kName) == gio::sessionBus().uniqueName();
+    return bus::session().ownerOf(kName) == bus::session().uniqueName();
 }
 
 // Returns when everything that the bus and the sound thread had to report is reported.
 inline void settle() {
     isFree();
     std::promise<void> done;
-    gio::IoThread::get().run([&] { process::shared<audio::SoundThread>().post([&] { done.set_value(); }); });
+    bus::ioThread().run([&] { process::shared<audio::SoundThread>().post([&] { done.set_value(); }); });
     done.get_future().wait();
 }
 
@@ -123,7 +122,7 @@ public:
 
 private:
     unsigned ask(const char* method, const gio::Variant& arguments) {
-        return std::get<0>(mBus.call(gio::kBus, method, arguments).fields<unsigned>());
+        return std::get<0>(mBus.call(gio::messageBus(), method, arguments).fields<unsigned>());
     }
 
     gio::Connection mBus = ownConnection(privateBusAddress());

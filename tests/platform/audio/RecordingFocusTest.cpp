@@ -28,9 +28,9 @@ constexpr int kVoice = SOUND_STREAM_FOCUS_CHANGED_BY_VOICE_RECOGNITION;
 // This process holds the name or is in the queue for it.
 bool waitsAtTheBus() {
     try {
-        const auto answer = gio::sessionBus().call(gio::kBus, "ListQueuedOwners", gio::Variant::tuple(kName));
+        const auto answer = bus::session().call(gio::messageBus(), "ListQueuedOwners", gio::Variant::tuple(kName));
         const auto [owners] = answer.fields<std::vector<std::string>>();
-        return std::find(owners.begin(), owners.end(), gio::sessionBus().uniqueName()) != owners.end();
+        return std::find(owners.begin(), owners.end(), bus::session().uniqueName()) != owners.end();
     } catch (const gio::CallError&) {
         return false;  // nobody holds it
     }
@@ -56,7 +56,7 @@ TEST_F(TheRecordingFocus, IsHeldFromItsAcquisitionToItsRelease) {
 TEST_F(TheRecordingFocus, LeavesThePlaybackFocusAlone) {
     Stream stream;
     ASSERT_EQ(stream.acquire(), 0);
-    EXPECT_FALSE(gio::sessionBus().hasOwner("org.orvane.Focus.Playback"));
+    EXPECT_FALSE(bus::session().hasOwner("org.orvane.Focus.Playback"));
 }
 
 TEST_F(TheRecordingFocus, ShowsItsReasonOnTheBus) {

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "ManagerStandIn.h"
-#include "gio/IoThread.h"
+#include "bus/SessionBus.h"
 #include "network/Route.h"
 #include "support/MainLoop.h"
 #include "support/PrivateBus.h"
@@ -164,7 +164,7 @@ TEST_F(AConnection, DoesNotBlockWhileTheManagerHangsAndAsksItAgain) {
     EXPECT_TRUE(runMainLoopUntil([&] {
         const auto start = std::chrono::steady_clock::now();
         const connection_type_e now = type();
-        gio::IoThread::get().run([] {});
+        bus::ioThread().run([] {});
         longest = std::max(longest, std::chrono::steady_clock::now() - start);
         return now == network::kindOfDefaultRoute();
     })) << "while the manager does not reply, the type is that of the default route";

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "gio/IoThread.h"
+#include "bus/SessionBus.h"
 #include "support/MainLoop.h"
 #include "support/PrivateBus.h"
 #include "support/PrivateHome.h"
@@ -98,7 +98,7 @@ TEST_F(SettingsTest, ChangesByAnyProcessReachTheCallbackOnTheMainLoopUntilTheSub
     EXPECT_TRUE(runMainLoopUntil([&] { return told == 6; }));
     // The change is posted, but the callback has not run, when the subscription ends.
     vconf_set_int("db/watched", 7);
-    gio::IoThread::get().run([] {});
+    bus::ioThread().run([] {});
     EXPECT_EQ(vconf_ignore_key_changed("db/watched", hear), 0);
     int other = 0;
     vconf_notify_key_changed("db/other", hear, &other);

@@ -7,8 +7,8 @@
 #include <atomic>
 
 #include "VoiceHarness.h"
+#include "bus/SessionBus.h"
 #include "dbus/Interfaces.h"
-#include "gio/IoThread.h"
 #include "support/OwnConnection.h"
 #include "support/PrivateBus.h"
 #include "voice/manager/Clients.h"
@@ -34,7 +34,7 @@ public:
     // Returns when everything that was sent to the application before has arrived on its connection.
     void roundTrip() {
         if (mBus.isOpen()) {
-            mBus.call(gio::kBus, "GetId");
+            mBus.call(gio::messageBus(), "GetId");
         }
     }
     void leave() { mBus.close(); }
@@ -80,12 +80,12 @@ protected:
     }
 
     void letResultsArrive() {
-        gio::IoThread::get().run([] {});  // posted results are sent
-        Application().registerFor({});    // the service replies after it has sent them
+        bus::ioThread().run([] {});     // posted results are sent
+        Application().registerFor({});  // the service replies after it has sent them
         for (Application* application : {&mRecipes, &mOther, &mClock}) {
             application->roundTrip();
         }
-        gio::IoThread::get().run([] {});  // results that have arrived are handled
+        bus::ioThread().run([] {});  // results that have arrived are handled
     }
 
     VoiceHarness mVoice;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "bus/SessionBus.h"
 #include "gio/Codec.h"
 #include "process/Owner.h"
 
@@ -16,7 +17,8 @@ constexpr const char* kPath = "/db/mic_key/status";
 
 // Any change of any setting is a reason to look; a look takes a microsecond.
 MicrophoneKey::MicrophoneKey()
-    : mServer(process::shared<SoundServer>()), mSettings([this](const std::vector<std::string>&) { look(); }) {}
+    : mServer(process::shared<SoundServer>()),
+      mSettings(bus::ioThread().context(), [this](const std::vector<std::string>&) { look(); }) {}
 
 void MicrophoneKey::add(Listener& listener) {
     const pulse::Mainloop::Lock lock(mServer.loop());

@@ -7,8 +7,8 @@
 
 #include "FocusReason.h"
 #include "StreamInfo.h"
+#include "bus/SessionBus.h"
 #include "dlog.h"
-#include "gio/IoThread.h"
 #include "process/Guard.h"
 
 namespace audio {
@@ -25,7 +25,7 @@ using Then = std::function<void(int)>;
 
 int onIoThread(const std::function<void(Then)>& work) {
     std::promise<int> code;
-    gio::IoThread::get().post([&] {
+    bus::ioThread().post([&] {
         try {
             work([&code](int value) { code.set_value(value); });
         } catch (...) {
@@ -48,15 +48,15 @@ Focus& Focus::of(sound_stream_focus_mask_e mask) {
 }
 
 Focus::Focus(sound_stream_focus_mask_e mask)
-    : mBus(gio::sessionBus()),
+    : mBus(bus::session()),
       mThread(process::shared<SoundThread>()),
       mMask(mask),
       mName(mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? "org.orvane.Focus.Recording" : "org.orvane.Focus.Playback") {
     mAcquired = mBus.subscribe(
-        gio::kBus, "NameAcquired",
+        gio::messageBus(), "NameAcquired",
         [this](const gio::Variant&) { process::contained("gain of a focus", [this] { nameAcquired(); }); }, mName);
     mLost = mBus.subscribe(
-        gio::kBus, "NameLost",
+        gio::messageBus(), "NameLost",
         [this](const gio::Variant&) { process::contained("loss of a focus", [this] { nameLost(); }); }, mName);
 }
 
@@ -124,7 +124,7 @@ void Focus::leave(std::function<void(unsigned)> then) {
 }
 
 void Focus::ask(const char* method, const gio::Variant& arguments, std::function<void(unsigned)> then) {
-    mBus.callAsync(gio::kBus, method, arguments, {kAnswerMs},
+    mBus.callAsync(gio::messageBus(), method, arguments, {kAnswerMs},
                    [method, then = std::move(then)](const gio::Variant& result, const gio::CallError* error) {
                        if (error != nullptr) {
                            dlog_print(DLOG_ERROR, "orvane-sound", "focus: %s failed: %s", method, error->what());

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "audio/SoundThread.h"
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 #include "sound_manager.h"
 
 namespace audio {

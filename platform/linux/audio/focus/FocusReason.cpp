@@ -5,8 +5,8 @@
 #include <optional>
 #include <stdexcept>
 
+#include "bus/SessionBus.h"
 #include "dbus/Interfaces.h"
-#include "gio/SessionBus.h"
 #include "process/Owner.h"
 
 namespace audio {
@@ -19,9 +19,9 @@ constexpr int kAnswerMs = 250;
 class ShownReason {
 public:
     ShownReason()
-        : mExport(gio::sessionBus().exportObject(
-              kPath, dbus::interface(kInterface), nullptr,
-              [this](const std::string&) { return gio::Variant::of(mReason.load()); })) {}
+        : mExport(bus::session().exportObject(kPath, dbus::interface(kInterface), nullptr, [this](const std::string&) {
+              return gio::Variant::of(mReason.load());
+          })) {}
     void set(int reason) { mReason = reason; }
 
 private:
@@ -32,8 +32,8 @@ private:
 // Empty if the owner does not reply with a number.
 std::optional<int> askReason(const std::string& owner) {
     try {
-        const auto answer = gio::sessionBus().call({owner, kPath, "org.freedesktop.DBus.Properties"}, "Get",
-                                                   gio::Variant::tuple(kInterface, "Reason"), {kAnswerMs, false});
+        const auto answer = bus::session().call({owner, kPath, "org.freedesktop.DBus.Properties"}, "Get",
+                                                gio::Variant::tuple(kInterface, "Reason"), {kAnswerMs, false});
         return std::get<0>(answer.fields<gio::Variant>()).as<int>();
     } catch (const std::runtime_error&) {
         return std::nullopt;

@@ -3,7 +3,7 @@
 
 #include "FocusReason.h"
 #include "FocusWatches.h"
-#include "gio/SessionBus.h"
+#include "bus/SessionBus.h"
 #include "process/Guard.h"
 
 namespace audio {
@@ -16,8 +16,8 @@ constexpr const char* kName = "org.orvane.Focus.Recording";
 
 RecordingFocusWatch::RecordingFocusWatch()
     : mWatches(process::shared<FocusWatches>()), mThread(process::shared<SoundThread>()) {
-    mOwnerChanged = gio::sessionBus().subscribe(
-        gio::kBus, "NameOwnerChanged",
+    mOwnerChanged = bus::session().subscribe(
+        gio::messageBus(), "NameOwnerChanged",
         [this](const gio::Variant& arguments) {
             process::contained("watch of the recording focus", [&] {
                 ownerChanged(std::get<2>(arguments.fields<std::string, std::string, std::string>()));
@@ -25,7 +25,7 @@ RecordingFocusWatch::RecordingFocusWatch()
         },
         kName);
     // The bus processes requests in order, so the watch is active once it answers.
-    const std::string owner = gio::sessionBus().ownerOf(kName);
+    const std::string owner = bus::session().ownerOf(kName);
     if (!owner.empty()) {
         mThread.post([this, owner] { mReason = focusReasonOf(owner); });
     }

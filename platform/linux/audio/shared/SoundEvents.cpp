@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "audio/SoundEvents.h"
 
-#include "gio/IoThread.h"
+#include "bus/SessionBus.h"
 #include "process/Guard.h"
 
 namespace audio {
@@ -14,8 +14,8 @@ constexpr unsigned kAgainMs = 2000;
 
 SoundEvents::SoundEvents()
     : mServer(process::shared<SoundServer>()),
-      mVolume(process::shared<SoundThread>()),
-      mPlayback(process::shared<SoundThread>()) {
+      mVolume(process::shared<SoundThread>(), bus::ioThread()),
+      mPlayback(process::shared<SoundThread>(), bus::ioThread()) {
     mServer.add(*this);
 }
 
@@ -24,7 +24,7 @@ SoundEvents::~SoundEvents() {
 }
 
 SoundEvents::Watch::~Watch() {
-    gio::IoThread::get().run([this] { *mAlive = false; });
+    mIoThread.run([this] { *mAlive = false; });
 }
 
 void SoundEvents::Watch::set(Check check) {
@@ -49,7 +49,7 @@ void SoundEvents::Watch::run() {
         check = mCheck;
     }
     if (check && !check()) {
-        gio::IoThread::get().postAfter(kAgainMs, [this, alive = mAlive] {
+        mIoThread.postAfter(kAgainMs, [this, alive = mAlive] {
             if (*alive) {
                 soon();
             }

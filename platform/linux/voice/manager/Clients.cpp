@@ -5,9 +5,9 @@
 #include <mutex>
 #include <set>
 
+#include "bus/SessionBus.h"
 #include "dbus/Interfaces.h"
 #include "dlog.h"
-#include "gio/SessionBus.h"
 #include "process/Owner.h"
 
 namespace voice {
@@ -40,8 +40,8 @@ private:
     void remember(const std::string& name, std::set<std::string> agents);
     void ownerChanged(const std::string& name, const std::string& owner);
 
-    const gio::Connection& mBus = gio::sessionBus();
-    gio::Peers& mPeers = gio::sessionPeers();
+    const gio::Connection& mBus = bus::session();
+    gio::Peers& mPeers = bus::peers();
     mutable std::mutex mMutex;
     std::vector<Registration> mRegistrations;
     gio::Registration mObject;
@@ -130,8 +130,8 @@ std::vector<Client> clientsFor(const std::string& agent) {
 }
 
 void deliverResult(const Client& client, const std::string& text, const std::string& json) {
-    gio::sessionBus().callAsync({client.busName, kClientPath, kClientInterface}, "Result",
-                                gio::Variant::tuple(text, json), {kTimeoutMilliseconds}, nullptr);
+    bus::session().callAsync({client.busName, kClientPath, kClientInterface}, "Result", gio::Variant::tuple(text, json),
+                             {kTimeoutMilliseconds}, nullptr);
 }
 
 }  // namespace voice

@@ -8,6 +8,7 @@
 
 #include "audio/SoundServer.h"
 #include "audio/SoundThread.h"
+#include "gio/IoThread.h"
 
 namespace audio {
 
@@ -31,7 +32,7 @@ public:
 private:
     class Watch {
     public:
-        explicit Watch(SoundThread& thread) : mThread(thread) {}
+        Watch(SoundThread& thread, gio::IoThread& ioThread) : mThread(thread), mIoThread(ioThread) {}
         ~Watch();
         Watch(const Watch&) = delete;
         Watch& operator=(const Watch&) = delete;
@@ -42,6 +43,7 @@ private:
         void run();
 
         SoundThread& mThread;
+        gio::IoThread& mIoThread;
         std::mutex mMutex;
         Check mCheck;
         std::atomic<bool> mPending{false};

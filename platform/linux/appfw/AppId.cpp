@@ -45,26 +45,18 @@ std::vector<std::string> applications() {
     return names;
 }
 
-// 0 if the connection is gone.
-pid_t processOf(const std::string& name) {
-    try {
-        const auto answer =
-            bus::session().call(gio::messageBus(), "GetConnectionUnixProcessID", gio::Variant::tuple(name));
-        return static_cast<pid_t>(std::get<0>(answer.fields<std::uint32_t>()));
-    } catch (const gio::CallError&) {
-        return 0;
-    }
-}
-
 }  // namespace
 
 std::string appIdOf(pid_t pid) {
-    for (const std::string& name : applications()) {
-        if (processOf(name) == pid) {
-            return name;
-        }
-    }
-    return "";
+    // The bus answers after it has reported all earlier changes, so the IO thread knows them when the work below runs.
+    const std::vector<std::string> names = applications();
+    std::string id;
+    bus::ioThread().run([&] {
+        const auto found = std::find_if(names.begin(), names.end(),
+                                        [=](const auto& name) { return bus::peers().processOf(name) == pid; });
+        id = found == names.end() ? "" : *found;
+    });
+    return id;
 }
 
 std::string ownAppId() {

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <thread>
 
@@ -31,14 +32,31 @@ int terminate(const char* id) {
     return code;
 }
 
+// Empty if no application has this process.
+std::string idOf(pid_t process) {
+    char* id = nullptr;
+    const int code = app_manager_get_app_id(process, &id);
+    EXPECT_EQ(code, id ? APP_MANAGER_ERROR_NONE : APP_MANAGER_ERROR_NO_SUCH_APP);
+    const std::string copy = id ? id : "";
+    free(id);
+    return copy;
+}
+
 TEST(ARunningApplication, IsFoundByItsIdAndByItsProcess) {
     EXPECT_FALSE(runs(SERVICE_ID));
     RunningService service;
     EXPECT_TRUE(runs(SERVICE_ID));
-    char* id = nullptr;
-    ASSERT_EQ(app_manager_get_app_id(service.process().id(), &id), APP_MANAGER_ERROR_NONE);
-    EXPECT_STREQ(id, SERVICE_ID);
-    free(id);
+    EXPECT_EQ(idOf(service.process().id()), SERVICE_ID);
+}
+
+TEST(ARunningApplication, IsFoundByItsNewProcessAfterARestart) {
+    auto service = std::make_unique<RunningService>();
+    const pid_t before = service->process().id();
+    EXPECT_EQ(idOf(before), SERVICE_ID);
+    service.reset();
+    service = std::make_unique<RunningService>();
+    EXPECT_EQ(idOf(service->process().id()), SERVICE_ID);
+    EXPECT_EQ(idOf(before), "");
 }
 
 TEST(ARunningApplication, KeepsItsIdWhenItsProcessOwnsOtherNames) {
@@ -46,10 +64,7 @@ TEST(ARunningApplication, KeepsItsIdWhenItsProcessOwnsOtherNames) {
     for (const char* other : {"org.orvane.Focus.Playback", "org.orvane.VoiceControl", "org.freedesktop.Something"}) {
         app.own(other);
     }
-    char* id = nullptr;
-    ASSERT_EQ(app_manager_get_app_id(getpid(), &id), APP_MANAGER_ERROR_NONE);
-    EXPECT_STREQ(id, "zz.example.app");
-    free(id);
+    EXPECT_EQ(idOf(getpid()), "zz.example.app");
 }
 
 TEST(ARunningApplication, ShutsDownCleanlyWhenItIsTerminated) {
@@ -77,8 +92,8 @@ TEST(AnApplicationThatDoesNotRun, HasNoContext) {
 
 TEST(AProcessThatIsNotAnApplication, HasNoId) {
     Program sleeper({"sleep", "infinity"});
+    EXPECT_EQ(idOf(sleeper.process().id()), "");
     char* id = nullptr;
-    EXPECT_EQ(app_manager_get_app_id(sleeper.process().id(), &id), APP_MANAGER_ERROR_NO_SUCH_APP);
     EXPECT_EQ(app_manager_get_app_id(0, &id), APP_MANAGER_ERROR_INVALID_PARAMETER);
     EXPECT_EQ(id, nullptr);
 }

@@ -6,6 +6,7 @@
 
 #include "AppId.h"
 #include "Bundle.h"
+#include "HungApps.h"
 #include "Ports.h"
 #include "bus/SessionBus.h"
 #include "gio/Address.h"
@@ -25,9 +26,23 @@ int failureOf(const gio::CallError& error) {
                                                                          : MESSAGE_PORT_ERROR_IO_ERROR;
 }
 
-// Throws gio::CallError. Does not start the application if it is not running.
+// Short, because the product sends partial results from its main loop.
+constexpr int kReplyMs = 200;
+
+// Throws gio::CallError. Does not start the application if it is not running, and does not wait for one that hangs.
 gio::Variant callPort(const char* app, const char* method, const gio::Variant& arguments) {
-    return bus::session().call({app, Ports::kPath, Ports::kInterface}, method, arguments, {5000, false});
+    auto& hung = process::shared<appfw::HungApps>();
+    if (hung.contains(app)) {
+        throw gio::CallError(std::string(app) + " does not reply");
+    }
+    try {
+        return bus::session().call({app, Ports::kPath, Ports::kInterface}, method, arguments, {kReplyMs, false});
+    } catch (const gio::CallError& error) {
+        if (error.isTimeout()) {
+            hung.add(app);
+        }
+        throw;
+    }
 }
 
 bool isName(const char* app, const char* port) {

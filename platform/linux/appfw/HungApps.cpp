@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "HungApps.h"
+
+#include "Ports.h"
+#include "bus/SessionBus.h"
+#include "dlog.h"
+#include "process/Guard.h"
+
+namespace appfw {
+
+namespace {
+
+constexpr int kNoTimeLimit = G_MAXINT;  // as GDBus defines it
+
+void log(const std::string& app, const char* what) {
+    dlog_print(DLOG_WARN, "orvane-appfw", "%s %s", app.c_str(), what);
+}
+
+}  // namespace
+
+bool HungApps::contains(const std::string& app) {
+    const std::lock_guard lock(mMutex);
+    return mApps.count(app) != 0;
+}
+
+// Asks the application for a reply, without a time limit. The bus replies in its place if it ends.
+void HungApps::add(const std::string& app) {
+    {
+        const std::lock_guard lock(mMutex);
+        if (!mApps.insert(app).second) {
+            return;
+        }
+    }
+    log(app, "does not reply; it receives no messages until it does");
+    bus::session().callAsync({app, Ports::kPath, Ports::kInterface}, "HasPort", gio::Variant::tuple(""),
+                             {kNoTimeLimit, false}, [this, app](const gio::Variant& answer, const gio::CallError*) {
+                                 process::contained("reply of a hung application", [&] { remove(app, bool(answer)); });
+                             });
+}
+
+// On the IO thread.
+void HungApps::remove(const std::string& app, bool replied) {
+    {
+        const std::lock_guard lock(mMutex);
+        mApps.erase(app);
+    }
+    log(app, replied ? "replies again" : "has ended");
+}
+
+}  // namespace appfw

@@ -43,7 +43,14 @@ constexpr char HELP[] =
     "  ORVANE_MODEL_ROOT         directory of the speech models\n"
     "  ORVANE_AUDIO_REPLAY       sound file to use instead of the microphone\n"
     "  ORVANE_AUDIO_REPLAY_PACE  realtime or fast\n"
-    "  ORVANE_WAKEUP_RECORDINGS  directory for recordings of the sound before each wake-word detection\n";
+    "  ORVANE_WAKEUP_RECORDINGS  directory for recordings of the sound before each wake-word detection\n"
+    "\n"
+    "Exit status:\n"
+    "  0  after a signal or a request to close\n"
+    "  1  if the service cannot start\n"
+    "  2  for an unknown option\n"
+    "  3  if the session bus goes away\n";
+constexpr int BUS_LOST = 3;
 
 struct App {
     service_app_lifecycle_callback_s* callbacks;
@@ -91,6 +98,7 @@ struct Presence {
     gio::Registration status;
     gio::Registration loss;
     gio::OwnedName name;
+    int exitCode = EXIT_SUCCESS;  // main loop only
 };
 
 bool refuse(const std::string& reason) {
@@ -116,10 +124,13 @@ bool join(const App& app, Presence& presence) {
         return refuse("the service runs already on this bus");
     }
     appfw::setOwnAppId(APP_ID);
-    presence.loss = bus.onClosed([] {
-        process::contained("loss of the session bus", [] {
+    presence.loss = bus.onClosed([&presence] {
+        process::contained("loss of the session bus", [&] {
             dlog_print(DLOG_ERROR, "orvane-appfw", "the session bus has gone; the service ends");
-            quit();
+            postToMainLoop([&presence] {
+                presence.exitCode = BUS_LOST;
+                ecore_main_loop_quit();
+            });
         });
     });
     return true;
@@ -168,7 +179,7 @@ int run(const App& app) {
     bus::session().flush();  // sends the reply to Close and the callbacks' last messages
     closeMainLoopPost();
     ecore_shutdown();
-    return created ? EXIT_SUCCESS : EXIT_FAILURE;
+    return created ? presence.exitCode : EXIT_FAILURE;
 }
 
 }  // namespace

@@ -61,13 +61,13 @@ TEST_F(TheService, LogsTheBusErrorAndDoesNotStartIfTheBusRefusesItsName) {
     EXPECT_NE(service.wait(), 0);
 }
 
-TEST_F(TheService, LogsOneLineAndShutsDownCleanlyWhenTheBusGoesAway) {
+TEST_F(TheService, LogsOneLineShutsDownCleanlyAndExitsWithThreeWhenTheBusGoesAway) {
     std::optional<PrivateBus> bus(std::in_place);
     RunningService service;
     bus.reset();
     EXPECT_NE(service.line().find("the session bus has gone"), std::string::npos);
     EXPECT_EQ(service.rest(), "terminate\n");
-    EXPECT_EQ(service.wait(), 0);
+    EXPECT_EQ(service.wait(), 3);
 }
 
 class ARunningService : public testing::TestWithParam<int> {

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Ports.h"
 
-#include <unistd.h>
-
+#include "bus/Admission.h"
 #include "dbus/Interfaces.h"
 #include "mainloop/MainLoopPost.h"
 #include "process/Guard.h"
@@ -66,9 +65,10 @@ int Ports::find(const std::string& name) const {
 }
 
 void Ports::called(gio::MethodCall& call) {
-    if (bus::peers().userOf(call.sender()) != getuid()) {
-        call.fail(kAccessDenied, "message ports accept calls only from their own user");
-    } else if (call.method() == "HasPort") {
+    if (!bus::admits(call)) {
+        return;
+    }
+    if (call.method() == "HasPort") {
         const auto [port] = call.arguments().fields<std::string>();
         call.reply(gio::Variant::tuple(idOf(port) != 0));
     } else {

@@ -14,7 +14,9 @@
 #include "AppId.h"
 #include "Replies.h"
 #include "Request.h"
+#include "RequestLimit.h"
 #include "Watchdog.h"
+#include "bus/Admission.h"
 #include "bus/SessionBus.h"
 #include "dbus/Interfaces.h"
 #include "dlog.h"
@@ -55,6 +57,7 @@ constexpr int BUS_LOST = 3;
 struct App {
     service_app_lifecycle_callback_s* callbacks;
     void* userData;
+    std::shared_ptr<appfw::RequestLimit> limit;
 };
 
 app_control_s requestOf(const gio::MethodCall& call) {
@@ -73,18 +76,31 @@ Eina_Bool onSignal(void*, int, void*) noexcept {
     return ECORE_CALLBACK_DONE;
 }
 
+void onLaunch(const App& app, gio::MethodCall& call) {
+    const auto pending = app.limit->accept(call.sender(), appfw::RequestLimit::Clock::now());
+    if (!pending) {
+        return call.fail("org.orvane.Error.TooManyRequests", "the sender must wait before its next request");
+    }
+    call.reply();
+    postToMainLoop([app, pending, request = requestOf(call)] {
+        process::contained("callback of a request", [&] {
+            app_control_s copy = request;
+            app.callbacks->app_control(&copy, app.userData);
+        });
+    });
+}
+
 // Requests wait for the main loop, and therefore for the create callback to finish. Each call is answered before it is
 // carried out, so that Close is answered before the loop can end.
 void onCall(const App& app, gio::MethodCall& call) {
-    call.reply();
+    if (!bus::admits(call)) {
+        return;
+    }
     if (call.method() == "Launch") {
-        postToMainLoop([app, request = requestOf(call)] {
-            process::contained("callback of a request", [&] {
-                app_control_s copy = request;
-                app.callbacks->app_control(&copy, app.userData);
-            });
-        });
-    } else if (call.method() == "Reply") {
+        return onLaunch(app, call);
+    }
+    call.reply();
+    if (call.method() == "Reply") {
         appfw::Reply reply = appfw::toReply(call.arguments());
         process::shared<appfw::Replies>().take(reply.token, reply.result, std::move(reply.extras));
     } else {
@@ -195,6 +211,6 @@ int service_app_main(int argc, char** argv, service_app_lifecycle_callback_s* ca
     }
     // Not a Call: it lasts as long as the process, and the owner's end would wait for it.
     int code = EXIT_FAILURE;
-    process::contained(__func__, [&] { code = run({callback, user_data}); });
+    process::contained(__func__, [&] { code = run({callback, user_data, std::make_shared<appfw::RequestLimit>()}); });
     return code;
 }

@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <mutex>
+#include <utility>
 
 #include "process/Owner.h"
 
@@ -28,8 +29,8 @@ void runWaiting(void*) noexcept {
         std::lock_guard lock(queue.mutex);
         due.swap(queue.waiting);
     }
-    for (const Work& work : due) {
-        work();
+    for (Work& work : due) {
+        std::exchange(work, nullptr)();  // destroys what the work holds before the next one runs
     }
 }
 

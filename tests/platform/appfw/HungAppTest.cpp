@@ -4,9 +4,9 @@
 #include <signal.h>
 #include <sys/wait.h>
 
-#include "Program.h"
 #include "message_port.h"
 #include "support/MainLoop.h"
+#include "support/Program.h"
 
 namespace {
 

@@ -8,12 +8,12 @@
 #include <string>
 
 #include "OtherApp.h"
-#include "Program.h"
 #include "appfw/AppId.h"
 #include "appfw/Bundle.h"
 #include "bus/SessionBus.h"
 #include "message_port.h"
 #include "support/MainLoop.h"
+#include "support/Program.h"
 
 namespace {
 

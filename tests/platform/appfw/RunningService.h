@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include "Program.h"
+#include "support/Program.h"
 
 constexpr char SERVICE_ID[] = "org.orvane.da-service";
 
 class RunningService : public Program {
 public:
-    RunningService() : Program({APPFW_SERVICE}) { EXPECT_EQ(line(), "create"); }
+    explicit RunningService(const std::vector<std::string>& words = {APPFW_SERVICE}) : Program(words) {
+        EXPECT_EQ(line(), "create");
+    }
 };

@@ -7,10 +7,10 @@
 #include <optional>
 #include <string>
 
-#include "Bus.h"
 #include "OtherApp.h"
 #include "RunningService.h"
 #include "support/NotifySocket.h"
+#include "support/OpenBus.h"
 #include "support/PrivateBus.h"
 
 namespace {

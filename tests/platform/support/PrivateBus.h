@@ -71,8 +71,8 @@ private:
     std::string mAddress;
 };
 
-// The address of this test program's bus, which starts on first use.
-inline const std::string& privateBusAddress() {
-    static const PrivateBus bus;
+// The address of this test program's bus, which starts on first use, with the configuration given then.
+inline const std::string& privateBusAddress(const std::string& configuration = "--session") {
+    static const PrivateBus bus(configuration);
     return bus.address();
 }

@@ -9,6 +9,7 @@
 #include "VoiceHarness.h"
 #include "bus/SessionBus.h"
 #include "dbus/Interfaces.h"
+#include "support/Caller.h"
 #include "support/OwnConnection.h"
 #include "support/PrivateBus.h"
 #include "voice/manager/Clients.h"
@@ -146,6 +147,18 @@ TEST_F(AResult, GoesOnceToAnApplicationThatRegistersAgainForOtherAgents) {
     mRecipes.registerFor({"Clock"});
     EXPECT_EQ(voice::clientsFor("Recipe").size(), 1U);
     EXPECT_EQ(voice::clientsFor("Clock").size(), 3U);
+}
+
+TEST_F(AResult, CannotBeRequestedByAnotherUser) {
+    if (!Caller::canBecomeAnotherUser()) {
+        GTEST_SKIP() << "only root can become another user";
+    }
+    const Caller caller;
+    const std::vector<std::string> words{"org.orvane.VoiceControl", "/org/orvane/VoiceControl",
+                                         "org.orvane.VoiceControl1", "Register"};
+    EXPECT_EQ(caller.callAsAnotherUser(words), "org.freedesktop.DBus.Error.AccessDenied");
+    EXPECT_EQ(voice::clientsFor("Recipe").size(), 2U);
+    EXPECT_EQ(caller.call(words), "accepted");
 }
 
 }  // namespace

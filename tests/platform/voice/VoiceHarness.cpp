@@ -14,6 +14,7 @@
 
 #include "audio_io.h"
 #include "mainloop/MainLoopPost.h"
+#include "support/OpenBus.h"
 #include "support/PrivateBus.h"
 #include "tzplatform_config.h"
 
@@ -132,7 +133,7 @@ int audio_in_read(audio_in_h, void* buffer, unsigned int length) {
 }
 
 VoiceHarness::VoiceHarness() {
-    privateBusAddress();
+    privateBusAddress(openBus());
     ecore_app_no_system_modules();
     ecore_init();
     mainThread = std::this_thread::get_id();

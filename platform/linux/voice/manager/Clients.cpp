@@ -5,6 +5,7 @@
 #include <mutex>
 #include <set>
 
+#include "bus/Admission.h"
 #include "bus/SessionBus.h"
 #include "dbus/Interfaces.h"
 #include "dlog.h"
@@ -71,6 +72,9 @@ Registry::Registry() {
 // Acquires the name last, because an application that waits for it may register immediately.
 void Registry::serve() {
     mObject = mBus.exportObject(kPath, dbus::interface(kName + std::string("1")), [this](gio::MethodCall& call) {
+        if (!bus::admits(call)) {
+            return;
+        }
         const auto [domains] = call.arguments().fields<std::vector<std::string>>();
         remember(call.sender(), std::set<std::string>(domains.begin(), domains.end()));
         call.reply();

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sphinx/Decoder.h"
 
-#include <pocketsphinx.h>
-#include <sphinxbase/err.h>
-
 #include <cstdarg>
 #include <cstdio>
 #include <mutex>
 #include <utility>
 
 #include "sphinx/Fsg.h"
+#include "sphinx/Library.h"
 
 namespace sphinx {
 
@@ -38,7 +36,7 @@ void keepError(void*, err_lvl_t level, const char* format, ...) noexcept {
 }
 
 struct FreeConfig {
-    void operator()(cmd_ln_t* config) const noexcept { cmd_ln_free_r(config); }
+    void operator()(cmd_ln_t* config) const noexcept { library().cmd_ln_free_r(config); }
 };
 using Config = std::unique_ptr<cmd_ln_t, FreeConfig>;
 
@@ -52,7 +50,8 @@ Config makeConfig(const Options& options) {
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }
-    Config config(cmd_ln_parse_r(nullptr, ps_args(), static_cast<int>(arguments.size()), arguments.data(), TRUE));
+    Config config(library().cmd_ln_parse_r(nullptr, library().ps_args(), static_cast<int>(arguments.size()),
+                                           arguments.data(), TRUE));
     if (!config) {
         fail("bad decoder options");
     }
@@ -62,8 +61,8 @@ Config makeConfig(const Options& options) {
 void quietLibrary() {
     static std::once_flag once;
     std::call_once(once, [] {
-        err_set_logfp(nullptr);
-        err_set_callback(keepError, nullptr);
+        library().err_set_logfp(nullptr);
+        library().err_set_callback(keepError, nullptr);
     });
 }
 
@@ -72,40 +71,42 @@ constexpr char kSearch[] = "orvane";
 }  // namespace
 
 void Decoder::Free::operator()(ps_decoder_s* decoder) const noexcept {
-    ps_free(decoder);
+    library().ps_free(decoder);
 }
 
 Decoder::Decoder(const Options& options) {
     quietLibrary();
     lastError.clear();
     Config config = makeConfig(options);
-    mDecoder.reset(ps_init(config.get()));
+    mDecoder.reset(library().ps_init(config.get()));
     if (!mDecoder) {
         fail("cannot read the models");
     }
-    if (cmn_t* normaliser = ps_get_feat(mDecoder.get())->cmn_struct) {
+    if (cmn_t* normaliser = library().ps_get_feat(mDecoder.get())->cmn_struct) {
         mInitialMean.resize(static_cast<std::size_t>(normaliser->veclen));
-        cmn_live_get(normaliser, mInitialMean.data());
+        library().cmn_live_get(normaliser, mInitialMean.data());
     }
 }
 
 Decoder::~Decoder() {
     // The library leaks the memory of an utterance that has not ended.
     if (mRunning) {
-        ps_end_utt(mDecoder.get());
+        library().ps_end_utt(mDecoder.get());
     }
 }
 
 void Decoder::searchKeyphrases(const std::string& keyphraseFile) {
     lastError.clear();
-    if (ps_set_kws(mDecoder.get(), kSearch, keyphraseFile.c_str()) < 0 || ps_set_search(mDecoder.get(), kSearch) < 0) {
+    if (library().ps_set_kws(mDecoder.get(), kSearch, keyphraseFile.c_str()) < 0 ||
+        library().ps_set_search(mDecoder.get(), kSearch) < 0) {
         fail("bad key phrase");
     }
 }
 
 void Decoder::searchGrammar(const Fsg& grammar) {
     lastError.clear();
-    if (ps_set_fsg(mDecoder.get(), kSearch, grammar.handle()) < 0 || ps_set_search(mDecoder.get(), kSearch) < 0) {
+    if (library().ps_set_fsg(mDecoder.get(), kSearch, grammar.handle()) < 0 ||
+        library().ps_set_search(mDecoder.get(), kSearch) < 0) {
         fail("bad grammar");
     }
 }
@@ -114,45 +115,45 @@ void Decoder::start() {
     finish();
     lastError.clear();
     if (!mInitialMean.empty()) {
-        cmn_live_set(ps_get_feat(mDecoder.get())->cmn_struct, mInitialMean.data());
+        library().cmn_live_set(library().ps_get_feat(mDecoder.get())->cmn_struct, mInitialMean.data());
     }
-    if (ps_start_stream(mDecoder.get()) < 0 || ps_start_utt(mDecoder.get()) < 0) {
+    if (library().ps_start_stream(mDecoder.get()) < 0 || library().ps_start_utt(mDecoder.get()) < 0) {
         fail("cannot start the utterance");
     }
     mRunning = true;
 }
 
 void Decoder::accept(const int16_t* samples, std::size_t count, bool whole) {
-    if (ps_process_raw(mDecoder.get(), samples, count, FALSE, whole ? TRUE : FALSE) < 0) {
+    if (library().ps_process_raw(mDecoder.get(), samples, count, FALSE, whole ? TRUE : FALSE) < 0) {
         fail("decoding failed");
     }
 }
 
 void Decoder::finish() {
-    if (std::exchange(mRunning, false) && ps_end_utt(mDecoder.get()) < 0) {
+    if (std::exchange(mRunning, false) && library().ps_end_utt(mDecoder.get()) < 0) {
         fail("cannot end the utterance");
     }
 }
 
 std::string Decoder::text() const {
-    const char* text = ps_get_hyp(mDecoder.get(), nullptr);
+    const char* text = library().ps_get_hyp(mDecoder.get(), nullptr);
     return text ? text : "";
 }
 
 std::vector<Segment> Decoder::segments() const {
     std::vector<Segment> segments;
-    for (ps_seg_t* it = ps_seg_iter(mDecoder.get()); it; it = ps_seg_next(it)) {
+    for (ps_seg_t* it = library().ps_seg_iter(mDecoder.get()); it; it = library().ps_seg_next(it)) {
         Segment segment;
-        segment.word = ps_seg_word(it);
-        ps_seg_frames(it, &segment.firstFrame, &segment.lastFrame);
-        segment.probability = ps_seg_prob(it, nullptr, nullptr, nullptr);
+        segment.word = library().ps_seg_word(it);
+        library().ps_seg_frames(it, &segment.firstFrame, &segment.lastFrame);
+        segment.probability = library().ps_seg_prob(it, nullptr, nullptr, nullptr);
         segments.push_back(std::move(segment));
     }
     return segments;
 }
 
 double Decoder::naturalLog(int probability) const {
-    return logmath_log_to_ln(ps_get_logmath(mDecoder.get()), probability);
+    return library().logmath_log_to_ln(library().ps_get_logmath(mDecoder.get()), probability);
 }
 
 }  // namespace sphinx

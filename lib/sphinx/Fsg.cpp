@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sphinx/Fsg.h"
 
-#include <pocketsphinx.h>
-#include <sphinxbase/fsg_model.h>
-
 #include "sphinx/Decoder.h"
+#include "sphinx/Library.h"
 
 namespace sphinx {
 
@@ -14,17 +12,18 @@ namespace {
 constexpr float kLanguageWeight = 1.0F;
 
 struct FreeList {
-    void operator()(gnode_s* list) const noexcept { glist_free(list); }
+    void operator()(gnode_s* list) const noexcept { library().glist_free(list); }
 };
 
 }  // namespace
 
 void Fsg::Free::operator()(fsg_model_s* model) const noexcept {
-    fsg_model_free(model);
+    library().fsg_model_free(model);
 }
 
 Fsg::Fsg(const Decoder& decoder, int states, int start, int final)
-    : mModel(fsg_model_init("commands", ps_get_logmath(decoder.handle()), kLanguageWeight, states)) {
+    : mModel(
+          library().fsg_model_init("commands", library().ps_get_logmath(decoder.handle()), kLanguageWeight, states)) {
     if (!mModel) {
         throw Error("out of memory for the grammar");
     }
@@ -33,20 +32,20 @@ Fsg::Fsg(const Decoder& decoder, int states, int start, int final)
 }
 
 int Fsg::logWeight(double probability) const {
-    return static_cast<int>(logmath_log(mModel->lmath, probability) * mModel->lw);
+    return static_cast<int>(library().logmath_log(mModel->lmath, probability) * mModel->lw);
 }
 
 void Fsg::addWord(int from, int to, const std::string& word, double probability) {
-    const int id = fsg_model_word_add(mModel.get(), word.c_str());
-    fsg_model_trans_add(mModel.get(), from, to, logWeight(probability), id);
+    const int id = library().fsg_model_word_add(mModel.get(), word.c_str());
+    library().fsg_model_trans_add(mModel.get(), from, to, logWeight(probability), id);
 }
 
 void Fsg::addSilent(int from, int to, double probability) {
-    fsg_model_null_trans_add(mModel.get(), from, to, logWeight(probability));
+    library().fsg_model_null_trans_add(mModel.get(), from, to, logWeight(probability));
 }
 
 void Fsg::close() {
-    std::unique_ptr<gnode_s, FreeList> arcs(fsg_model_null_trans_closure(mModel.get(), nullptr));
+    std::unique_ptr<gnode_s, FreeList> arcs(library().fsg_model_null_trans_closure(mModel.get(), nullptr));
 }
 
 }  // namespace sphinx

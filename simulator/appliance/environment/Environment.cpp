@@ -40,7 +40,11 @@ void writeBus(const Folder& folder, const std::string& type, const std::string& 
                      type + "</type><listen>unix:path=" + (folder / (type + ".bus")) +
                      "</listen><auth>EXTERNAL</auth>" + services +
                      "<policy context='default'><allow send_destination='*'/><allow own='*'/>"
-                     "<allow receive_sender='*'/></policy></busconfig>\n");
+                     "<allow receive_sender='*'/></policy>"
+                     // As on an ordinary session bus.
+                     "<limit name='max_message_size'>1000000000</limit>"
+                     "<limit name='max_incoming_bytes'>1000000000</limit>"
+                     "<limit name='max_outgoing_bytes'>1000000000</limit></busconfig>\n");
 }
 
 void writeService(const Folder& folder, const std::string& name, const std::string& command) {
@@ -95,7 +99,8 @@ Environment::Environment(const Folder& folder) {
     set("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (folder / "session.bus"));
     set("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + (folder / "system.bus"));
     set("PULSE_SERVER", "unix:" + (folder / "pulse.socket"));
-    set("ORVANE_LOG", "stderr");  // into the logs in the directory, which tests read, and not into the journal
+    set("G_SLICE", "always-malloc");  // as in the unit of the service
+    set("ORVANE_LOG", "stderr");      // into the logs in the directory, which tests read, and not into the journal
     set("ORVANE_DATA_ROOT", sourceFolder() + "/data");
     set("ORVANE_SIM_ACCOUNT", folder / "account.json");
     set("ORVANE_SIM_RECORDS", folder.make("records"));

@@ -28,6 +28,8 @@ SoundRoom::SoundRoom(int channels) : mFolder(makeFolder()), mChannels(channels) 
     setenv("PULSE_COOKIE", (mFolder + "/cookie").c_str(), 1);
     setenv("PULSE_RUNTIME_PATH", mFolder.c_str(), 1);
     setenv("PULSE_STATE_PATH", mFolder.c_str(), 1);
+    // The settings of this machine's user may have the microphone turned off.
+    setenv("XDG_CONFIG_HOME", mFolder.c_str(), 0);
     start();
 }
 

@@ -13,9 +13,9 @@
 
 class SoundRoom {
 public:
-    // Starts the room and sets PULSE_SERVER and similar variables, so that this process and its later children use it.
-    // Loudspeaker and microphone are the server's defaults, "room" and "mic", with this number of channels. Throws
-    // std::runtime_error.
+    // Starts the room and sets PULSE_SERVER and similar variables, and XDG_CONFIG_HOME if it is unset, so that this
+    // process and its later children use it. Loudspeaker and microphone are the server's defaults, "room" and "mic",
+    // with this number of channels. Throws std::runtime_error.
     explicit SoundRoom(int channels = 1);
     ~SoundRoom();
     SoundRoom(const SoundRoom&) = delete;

@@ -1,38 +1,66 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sphinx/Decoder.h"
 
+#include <sphinxbase/ckd_alloc.h>
+
+#include <csetjmp>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <mutex>
 #include <utility>
 
 #include "sphinx/Fsg.h"
 #include "sphinx/Library.h"
+#include "sphinx/ModelDefinition.h"
 
 namespace sphinx {
 
 namespace {
 
 // The library reports errors only as text, on the calling thread.
-thread_local std::string lastError;
+thread_local char lastError[512];
+// Where the library's current call on this thread continues after a fatal error.
+thread_local std::jmp_buf* afterFatalError = nullptr;
 
+void keepText(const char* format, va_list arguments) noexcept {
+    std::vsnprintf(lastError, sizeof lastError, format, arguments);
+    lastError[std::strcspn(lastError, "\n")] = '\0';
+}
+
+// The library ends the process after a fatal error when the callback returns.
 void keepError(void*, err_lvl_t level, const char* format, ...) noexcept {
     if (level < ERR_ERROR) {
         return;
     }
-    char text[512];
     va_list arguments;
     va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
+    keepText(format, arguments);
     va_end(arguments);
-    lastError = text;
-    while (!lastError.empty() && lastError.back() == '\n') {
-        lastError.pop_back();
+    if (afterFatalError != nullptr && level >= ERR_FATAL) {
+        std::longjmp(*afterFatalError, 1);
     }
 }
 
+// Runs a call of the library. False after a fatal error, which leaves the objects of the call in an unknown state. The
+// jump runs no destructors, so the call must only contain C.
+template <typename Call>
+bool survived(const Call& call) {
+    std::jmp_buf here;
+    std::jmp_buf* const outer = afterFatalError;
+    if (setjmp(here) != 0) {
+        afterFatalError = outer;
+        return false;
+    }
+    afterFatalError = &here;
+    call();
+    afterFatalError = outer;
+    return true;
+}
+
 [[noreturn]] void fail(const std::string& what) {
-    throw Error(lastError.empty() ? what : what + ": " + lastError);
+    throw Error(lastError[0] == '\0' ? what : what + ": " + lastError);
 }
 
 struct FreeConfig {
@@ -40,8 +68,9 @@ struct FreeConfig {
 };
 using Config = std::unique_ptr<cmd_ln_t, FreeConfig>;
 
+// The models are read, not mapped: a file that becomes shorter while it is mapped would end the process.
 Config makeConfig(const Options& options) {
-    std::vector<std::string> words{"orvane"};
+    std::vector<std::string> words{"orvane", "-mmap", "no"};
     for (const auto& [name, value] : options) {
         words.push_back("-" + name);
         words.push_back(value);
@@ -70,79 +99,118 @@ constexpr char kSearch[] = "orvane";
 
 }  // namespace
 
+// Replaces the library's function for a lack of memory, which jumps to one place for all threads or ends the process.
+extern "C" void ckd_fail(char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    keepText(format, arguments);
+    va_end(arguments);
+    if (afterFatalError == nullptr) {
+        std::abort();
+    }
+    std::longjmp(*afterFatalError, 1);
+}
+
 void Decoder::Free::operator()(ps_decoder_s* decoder) const noexcept {
     library().ps_free(decoder);
 }
 
 Decoder::Decoder(const Options& options) {
     quietLibrary();
-    lastError.clear();
+    lastError[0] = '\0';
+    const auto model = options.find("hmm");
+    if (model != options.end() && !isWholeDefinition(model->second + "/mdef")) {
+        fail("damaged model: " + model->second + "/mdef");
+    }
     Config config = makeConfig(options);
-    mDecoder.reset(library().ps_init(config.get()));
+    if (!survived([&] { mDecoder.reset(library().ps_init(config.get())); })) {
+        config.release();  // the decoder, which is lost, refers to it
+    }
     if (!mDecoder) {
         fail("cannot read the models");
     }
+    keepMean();
+}
+
+void Decoder::keepMean() {
     if (cmn_t* normaliser = library().ps_get_feat(mDecoder.get())->cmn_struct) {
         mInitialMean.resize(static_cast<std::size_t>(normaliser->veclen));
         library().cmn_live_get(normaliser, mInitialMean.data());
     }
 }
 
+// After a fatal error, nobody can use or free the decoder.
+template <typename Call>
+void Decoder::call(const char* failure, const Call& function) {
+    if (!mDecoder) {
+        fail(std::string(failure) + " after a fatal error");
+    }
+    lastError[0] = '\0';
+    int result = 0;
+    if (!survived([&] { result = function(mDecoder.get()); })) {
+        mDecoder.release();
+        mRunning = false;
+        fail(failure);
+    }
+    if (result < 0) {
+        fail(failure);
+    }
+}
+
 Decoder::~Decoder() {
     // The library leaks the memory of an utterance that has not ended.
-    if (mRunning) {
-        library().ps_end_utt(mDecoder.get());
+    if (mRunning && !survived([this] { library().ps_end_utt(mDecoder.get()); })) {
+        mDecoder.release();
     }
 }
 
 void Decoder::searchKeyphrases(const std::string& keyphraseFile) {
-    lastError.clear();
-    if (library().ps_set_kws(mDecoder.get(), kSearch, keyphraseFile.c_str()) < 0 ||
-        library().ps_set_search(mDecoder.get(), kSearch) < 0) {
-        fail("bad key phrase");
-    }
+    call("bad key phrase", [&](ps_decoder_s* decoder) {
+        return library().ps_set_kws(decoder, kSearch, keyphraseFile.c_str()) < 0
+                   ? -1
+                   : library().ps_set_search(decoder, kSearch);
+    });
 }
 
 void Decoder::searchGrammar(const Fsg& grammar) {
-    lastError.clear();
-    if (library().ps_set_fsg(mDecoder.get(), kSearch, grammar.handle()) < 0 ||
-        library().ps_set_search(mDecoder.get(), kSearch) < 0) {
-        fail("bad grammar");
-    }
+    call("bad grammar", [&](ps_decoder_s* decoder) {
+        return library().ps_set_fsg(decoder, kSearch, grammar.handle()) < 0 ? -1
+                                                                            : library().ps_set_search(decoder, kSearch);
+    });
 }
 
 void Decoder::start() {
     finish();
-    lastError.clear();
-    if (!mInitialMean.empty()) {
-        library().cmn_live_set(library().ps_get_feat(mDecoder.get())->cmn_struct, mInitialMean.data());
-    }
-    if (library().ps_start_stream(mDecoder.get()) < 0 || library().ps_start_utt(mDecoder.get()) < 0) {
-        fail("cannot start the utterance");
-    }
+    call("cannot start the utterance", [this](ps_decoder_s* decoder) {
+        if (!mInitialMean.empty()) {
+            library().cmn_live_set(library().ps_get_feat(decoder)->cmn_struct, mInitialMean.data());
+        }
+        return library().ps_start_stream(decoder) < 0 ? -1 : library().ps_start_utt(decoder);
+    });
     mRunning = true;
 }
 
 void Decoder::accept(const int16_t* samples, std::size_t count, bool whole) {
-    if (library().ps_process_raw(mDecoder.get(), samples, count, FALSE, whole ? TRUE : FALSE) < 0) {
-        fail("decoding failed");
-    }
+    call("decoding failed", [&](ps_decoder_s* decoder) {
+        return library().ps_process_raw(decoder, samples, count, FALSE, whole ? TRUE : FALSE);
+    });
 }
 
 void Decoder::finish() {
-    if (std::exchange(mRunning, false) && library().ps_end_utt(mDecoder.get()) < 0) {
-        fail("cannot end the utterance");
+    if (std::exchange(mRunning, false)) {
+        call("cannot end the utterance", [](ps_decoder_s* decoder) { return library().ps_end_utt(decoder); });
     }
 }
 
 std::string Decoder::text() const {
-    const char* text = library().ps_get_hyp(mDecoder.get(), nullptr);
+    const char* text = mDecoder ? library().ps_get_hyp(mDecoder.get(), nullptr) : nullptr;
     return text ? text : "";
 }
 
 std::vector<Segment> Decoder::segments() const {
     std::vector<Segment> segments;
-    for (ps_seg_t* it = library().ps_seg_iter(mDecoder.get()); it; it = library().ps_seg_next(it)) {
+    for (ps_seg_t* it = mDecoder ? library().ps_seg_iter(mDecoder.get()) : nullptr; it;
+         it = library().ps_seg_next(it)) {
         Segment segment;
         segment.word = library().ps_seg_word(it);
         library().ps_seg_frames(it, &segment.firstFrame, &segment.lastFrame);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owns a PocketSphinx decoder. One thread at a time may use a decoder; separate decoders may run on separate threads.
+// Owns a PocketSphinx decoder. After a fatal error of the library, such as a damaged model or a lack of memory, the
+// decoder only throws, and its memory is lost. One thread at a time may use a decoder; separate decoders may run on
+// separate threads.
 #pragma once
 
 #include <cstddef>
@@ -63,6 +65,10 @@ private:
     struct Free {
         void operator()(ps_decoder_s* decoder) const noexcept;
     };
+    void keepMean();
+    template <typename Call>
+    void call(const char* failure, const Call& function);
+
     std::unique_ptr<ps_decoder_s, Free> mDecoder;
     bool mRunning = false;
     std::vector<float> mInitialMean;  // of the spectrum, from the model

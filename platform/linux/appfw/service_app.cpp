@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "AppId.h"
+#include "Limits.h"
 #include "Replies.h"
 #include "Request.h"
 #include "RequestLimit.h"
@@ -208,6 +209,11 @@ int service_app_main(int argc, char** argv, service_app_lifecycle_callback_s* ca
     if (argc > 1) {
         fprintf(stderr, "orvane-da-service: unknown option %s; see --help\n", argv[1]);
         return 2;
+    }
+    const std::string limit = appfw::insufficientLimit();
+    if (!limit.empty()) {
+        refuse("cannot start: " + limit);
+        return EXIT_FAILURE;
     }
     // Not a Call: it lasts as long as the process, and the owner's end would wait for it.
     int code = EXIT_FAILURE;

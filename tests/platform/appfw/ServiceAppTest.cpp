@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "OtherApp.h"
 #include "RunningService.h"
@@ -33,6 +34,22 @@ TEST(AServiceWhoseCreateCallbackFails, ExitsWithoutTheTerminateCallback) {
     Program service({"env", "SERVICE_GIVES_UP=1", APPFW_SERVICE});
     EXPECT_EQ(service.rest(), "create\n");
     EXPECT_NE(service.wait(), 0);
+}
+
+TEST(AServiceWithTooFewResources, PrintsTheReasonAndExitsWithOne) {
+    const std::pair<const char*, const char*> limits[] = {
+        {"--nofile=36", "org.orvane.da-service: cannot start: the limit of open files is below 64"},
+        {"--as=900000000", "org.orvane.da-service: cannot start: the limit of address space is below 1536 MB"}};
+    for (const auto& [limit, reason] : limits) {
+        Program service({"prlimit", limit, APPFW_SERVICE});
+        EXPECT_EQ(service.line(), reason);
+        EXPECT_EQ(service.wait(), 1);
+    }
+}
+
+TEST(AServiceWithALowSoftLimit, RaisesIt) {
+    Program service({"prlimit", "--nofile=36:", APPFW_SERVICE});
+    EXPECT_EQ(service.line(), "create");
 }
 
 // Restores the address of the bus that the other tests share.

@@ -2,13 +2,22 @@
 // The engine reports each fault with its own code.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/resource.h>
 #include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
 
 #include "EngineHarness.h"
 #include "process/Owner.h"
+#include "sphinx/Decoder.h"
+#include "sphinx/Models.h"
 #include "status/Problems.h"
 
 namespace {
+
+namespace fs = std::filesystem;
 
 using nuance::IWakeupListener;
 using testing::ElementsAre;
@@ -57,6 +66,73 @@ TEST_F(AnEngine, ThatCannotStartIsAProblemOfTheServiceUntilItStarts) {
 TEST_F(AnEngine, WithDeeplyNestedJsonReportsAParserError) {
     EXPECT_FALSE(loadText("{\"phrase\":" + std::string(100000, '[') + std::string(100000, ']') + "}"));
     EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::ERROR_FROM_CONFIG_PARSER));
+}
+
+// A copy of the acoustic model, which a test may damage.
+class ModelCopy {
+public:
+    ModelCopy() : mFolder(mkdtemp(mName)) {
+        fs::copy(sphinx::modelPath("en-us/en-us"), mFolder, fs::copy_options::recursive);
+    }
+    ~ModelCopy() { fs::remove_all(mFolder); }
+    ModelCopy(const ModelCopy&) = delete;
+    ModelCopy& operator=(const ModelCopy&) = delete;
+
+    std::string configuration() const {
+        return R"({"phrase": "hey you", "threshold": 1e-20, "model": ")" + mFolder.string() + "\"}";
+    }
+    std::vector<fs::path> files() const { return {fs::directory_iterator(mFolder), fs::directory_iterator()}; }
+    static void halve(const fs::path& file) { fs::resize_file(file, fs::file_size(file) / 2); }
+
+private:
+    char mName[32] = "/tmp/orvane-model-XXXXXX";
+    const fs::path mFolder;
+};
+
+TEST_F(AnEngine, WithADamagedModelReportsWrongData) {
+    for (const char* part : {"mdef", "means", "variances", "transition_matrices", "sendump"}) {
+        const ModelCopy model;
+        for (const fs::path& file : model.files()) {
+            if (file.filename() == part) {
+                ModelCopy::halve(file);
+            }
+        }
+        mEngine.listener.errors.clear();
+        EXPECT_FALSE(loadText(model.configuration())) << part;
+        EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::WRONG_VOCON_DATA)) << part;
+    }
+    EXPECT_TRUE(loadText(ModelCopy().configuration())) << "the next model is sound";
+}
+
+TEST_F(AnEngine, KeepsItsModelWhenTheFilesAreCutOff) {
+    const ModelCopy model;
+    ASSERT_TRUE(loadText(model.configuration()));
+    for (const fs::path& file : model.files()) {
+        ModelCopy::halve(file);
+    }
+    mEngine.listen();
+    mEngine.feed.add(
+        speech::join({speech::silence(0.5), speech::say(speech::kVoices[0], "hey you"), speech::silence(1)}));
+    EXPECT_TRUE(mEngine.listener.waitForWakeups(1));
+    EXPECT_THAT(mEngine.listener.errors, IsEmpty());
+}
+
+TEST(ADecoder, ThrowsWhenMemoryRunsOut) {
+    const auto loadWithoutMemory = [] {
+        rlimit addresses{};
+        getrlimit(RLIMIT_AS, &addresses);
+        std::ifstream statm("/proc/self/statm");
+        statm >> addresses.rlim_cur;
+        addresses.rlim_cur = addresses.rlim_cur * 4096 + (2 << 20);
+        setrlimit(RLIMIT_AS, &addresses);
+        try {
+            const sphinx::Decoder decoder({{"hmm", sphinx::modelPath("en-us/en-us")}});
+        } catch (const std::exception&) {
+            _exit(7);
+        }
+        _exit(0);
+    };
+    EXPECT_EXIT(loadWithoutMemory(), testing::ExitedWithCode(7), "");
 }
 
 TEST_F(AnEngine, WithoutAWakeWordWarns) {

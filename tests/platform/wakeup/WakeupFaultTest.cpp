@@ -118,7 +118,10 @@ TEST_F(AnEngine, KeepsItsModelWhenTheFilesAreCutOff) {
 }
 
 TEST(ADecoder, ThrowsWhenMemoryRunsOut) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";  // a heap without free memory
     const auto loadWithoutMemory = [] {
+        const sphinx::Options options{{"hmm", sphinx::modelPath("en-us/en-us")}};
+        const sphinx::Decoder first(options);
         rlimit addresses{};
         getrlimit(RLIMIT_AS, &addresses);
         std::ifstream statm("/proc/self/statm");
@@ -126,7 +129,7 @@ TEST(ADecoder, ThrowsWhenMemoryRunsOut) {
         addresses.rlim_cur = addresses.rlim_cur * 4096 + (2 << 20);
         setrlimit(RLIMIT_AS, &addresses);
         try {
-            const sphinx::Decoder decoder({{"hmm", sphinx::modelPath("en-us/en-us")}});
+            const sphinx::Decoder second(options);
         } catch (const std::exception&) {
             _exit(7);
         }

@@ -83,10 +83,17 @@ void withoutModels(Trial& trial) {
     trial.restart();
 }
 
+// A copy of the models that a fault may damage.
+std::string copiedModels(Trial& trial) {
+    const std::string copy = trial.appliance().folder() / "models";
+    std::filesystem::remove_all(copy);
+    trial.run({"cp", "-r", "/usr/share/pocketsphinx/model", copy});
+    return copy;
+}
+
 // The model becomes shorter while the service has it open.
 void truncatedModel(Trial& trial) {
-    const std::string models = trial.appliance().folder() / "models";
-    trial.run({"cp", "-r", "/usr/share/pocketsphinx/model", models});
+    const std::string models = copiedModels(trial);
     trial.startUnder("export ORVANE_MODEL_ROOT=" + models);
     sim::until("the service records", [&] { return trial.records(); });
     for (const auto& entry : std::filesystem::recursive_directory_iterator(models)) {
@@ -101,17 +108,15 @@ void truncatedModel(Trial& trial) {
 }
 
 void damagedModel(Trial& trial) {
-    const std::string models = trial.appliance().folder() / "models";
-    std::filesystem::remove_all(models);
-    trial.run({"cp", "-r", "/usr/share/pocketsphinx/model", models});
+    const std::string models = copiedModels(trial);
     for (const auto& entry : std::filesystem::recursive_directory_iterator(models)) {
         if (entry.is_regular_file()) {
             std::filesystem::resize_file(entry, entry.file_size() / 2);
         }
     }
     trial.startUnder("export ORVANE_MODEL_ROOT=" + models);
-    trial.awaitLog("- detail : ", 20);
-    sim::until("the service records", [&] { return trial.records(); });
+    trial.awaitLog("- detail : damaged model: ", 20);
+    trial.awaitLog("cannot load the recognizer", 20);
     trial.restart();
 }
 

@@ -115,6 +115,7 @@ struct Codec<std::map<std::string, T>> {
     static std::string type() { return "a" + entryType(); }
     static GVariant* make(const std::map<std::string, T>& values) {
         std::vector<Variant> entries;
+        entries.reserve(values.size());
         for (const auto& [key, value] : values) {
             entries.emplace_back(g_variant_new_dict_entry(newText(key), Codec<T>::make(value)));
         }

@@ -40,7 +40,7 @@ std::string Peers::ownerOf(const std::string& name) {
     if (peer.owner.empty()) {
         peer.owner = mConnection.ownerOf(name);
     }
-    const std::string owner = peer.owner;
+    std::string owner = peer.owner;
     if (owner.empty()) {
         mPeers.erase(name);
     }

@@ -76,6 +76,7 @@ Config makeConfig(const Options& options) {
         words.push_back(value);
     }
     std::vector<char*> arguments;
+    arguments.reserve(words.size());
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }

@@ -32,7 +32,7 @@ Fsg::Fsg(const Decoder& decoder, int states, int start, int final)
 }
 
 int Fsg::logWeight(double probability) const {
-    return static_cast<int>(library().logmath_log(mModel->lmath, probability) * mModel->lw);
+    return static_cast<int>(static_cast<float>(library().logmath_log(mModel->lmath, probability)) * mModel->lw);
 }
 
 void Fsg::addWord(int from, int to, const std::string& word, double probability) {

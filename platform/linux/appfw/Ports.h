@@ -31,8 +31,8 @@ public:
 private:
     struct Port {
         std::string name;
-        message_port_trusted_message_cb callback;
-        void* userData;
+        message_port_trusted_message_cb callback = nullptr;
+        void* userData = nullptr;
     };
 
     void called(gio::MethodCall& call);

@@ -24,7 +24,7 @@ WireExtras toWire(const Extras& extras) {
         for (const std::string& value : extra.values) {
             values.push_back({value});
         }
-        wire.push_back({{key}, extra.array, std::move(values)});
+        wire.emplace_back(gio::Bytes{key}, extra.array, std::move(values));
     }
     return wire;
 }

@@ -38,11 +38,12 @@ const std::string& dataRoot() {
 
 extern "C" const char* tzplatform_mkpath(enum tzplatform_variable id, const char* path) {
     thread_local std::string made;
-    return process::guarded(static_cast<const char*>(nullptr), __func__, [&]() -> const char* {
+    const bool found = process::guarded(false, __func__, [&] {
         if (id != TZPLATFORM_DATA_ROOT || path == nullptr) {
-            return nullptr;
+            return false;
         }
         made = dataRoot() + "/" + path;
-        return made.c_str();
+        return true;
     });
+    return found ? made.c_str() : nullptr;
 }

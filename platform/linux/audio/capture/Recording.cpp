@@ -122,17 +122,17 @@ void Recording::interpolate(double position, float* out) const {
     }
     const double reach = kLobes / mCutoff;
     const auto last = static_cast<int64_t>(std::floor(position + reach));
-    float sums[2] = {0, 0};
+    std::fill_n(out, mFormat.channels, 0.0F);
     float total = 0;
     for (auto frame = static_cast<int64_t>(std::ceil(position - reach)); frame <= last; ++frame) {
         const float share = weight((static_cast<double>(frame) - position) * mCutoff);
         total += share;
         for (int channel = 0; channel < mFormat.channels; ++channel) {
-            sums[channel] += share * at(frame, channel);
+            out[channel] += share * at(frame, channel);
         }
     }
     for (int channel = 0; channel < mFormat.channels; ++channel) {
-        out[channel] = sums[channel] / total;
+        out[channel] /= total;
     }
 }
 

@@ -17,8 +17,8 @@ endfunction()
 # A module of the platform on Linux: orvane_linux_module(NAME SOURCES FILE... [DEPENDS TARGET...]) makes linux_NAME.
 #
 # Private headers are beside the sources and are included by their bare names. Headers for other modules are in include/,
-# and only a module that lists this one after DEPENDS finds them. DEPENDS takes modules (linux_NAME), wrappers
-# (lib_NAME), and imported libraries.
+# and only a module that lists this one after DEPENDS includes them (script/includes). DEPENDS takes modules (linux_NAME), wrappers
+# (lib_NAME), the D-Bus interfaces (dbus_interfaces), and imported libraries.
 #
 # A module is an object library, so that platform_linux is a single archive from which the linker takes only the needed
 # objects.
@@ -31,6 +31,6 @@ function(orvane_linux_module name)
   endif()
   target_link_libraries(linux_${name} PUBLIC platform_seam Threads::Threads ${MODULE_DEPENDS} PRIVATE orvane_warnings)
   target_link_libraries(platform_linux PRIVATE linux_${name})
-  list(FILTER MODULE_DEPENDS INCLUDE REGEX "^lib_")
+  list(FILTER MODULE_DEPENDS INCLUDE REGEX "^(lib|dbus)_")
   target_link_libraries(platform_linux_internals INTERFACE ${MODULE_DEPENDS})
 endfunction()

@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "appliance/Measures.h"
-#include "lib/Usage.h"
+#include "appliance/processes/Usage.h"
 
 namespace bench {
 
@@ -22,9 +22,9 @@ constexpr char kTalk[] =
 template <typename Wait>
 double share(pid_t process, Wait wait) {
     const double begun = sim::monotonicNow();
-    const double used = cpuSeconds(process);
+    const double used = sim::cpuSeconds(process);
     wait();
-    return 100 * (cpuSeconds(process) - used) / (sim::monotonicNow() - begun);
+    return 100 * (sim::cpuSeconds(process) - used) / (sim::monotonicNow() - begun);
 }
 
 void letTimePass() {
@@ -61,7 +61,7 @@ void measureListening(sim::Appliance& appliance, Figures& figures) {
     appliance.turnPage();
     measureInTalk(appliance, figures);
     figures.add("false detections in talk", appliance.count(sim::kUi, {{"event", "wake word detected"}}));
-    figures.add("resident MB", static_cast<double>(usageOf(appliance.service().process()).residentKb) / 1024);
+    figures.add("resident MB", static_cast<double>(sim::usageOf(appliance.service().process()).residentKb) / 1024);
     appliance.service().stop();
     measureWithoutEngine(appliance, figures, "yes", "listening audio discarded %");
     measureWithoutEngine(appliance, figures, "no", "listening without engine %");

@@ -5,7 +5,7 @@
 
 #include <appliance/Appliance.h>
 
-#include "lib/Figures.h"
+#include "runner/Figures.h"
 
 namespace bench {
 

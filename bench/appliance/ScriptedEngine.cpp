@@ -2,12 +2,13 @@
 #include "appliance/ScriptedEngine.h"
 
 #include <fcntl.h>
-#include <lib/Record.h>
 #include <poll.h>
 #include <stdlib.h>
 #include <unistd.h>
 
 #include <string>
+
+#include "shared/Record.h"
 
 namespace nuance {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // bench_appliance FILE [NAME...]: measures the real program on a simulated appliance.
 #include "appliance/Measures.h"
-#include "lib/Run.h"
+#include "runner/Run.h"
 
 int main(int count, char** words) {
     return bench::runMeasures(count, words,

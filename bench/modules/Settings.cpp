@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The duration of a read, and the time from another process's change until the listener receives it on the main loop.
-#include <lib/Settings.h>
 #include <stdlib.h>
 #include <unistd.h>
 #include <vconf.h>
@@ -10,6 +9,7 @@
 
 #include "modules/MainLoop.h"
 #include "modules/Measures.h"
+#include "shared/Settings.h"
 
 namespace bench {
 

@@ -2,8 +2,8 @@
 // bench_modules FILE [NAME...]: measures modules of the platform.
 #include <string>
 
-#include "lib/Run.h"
 #include "modules/Measures.h"
+#include "runner/Run.h"
 
 int main(int count, char** words) {
     const std::string role = count > 1 ? words[1] : "";

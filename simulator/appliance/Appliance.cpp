@@ -11,8 +11,8 @@
 #include "appliance/environment/Tree.h"
 #include "appliance/processes/Interrupt.h"
 #include "appliance/sound/Speech.h"
-#include "lib/Control.h"
-#include "lib/Request.h"
+#include "shared/Control.h"
+#include "shared/Request.h"
 
 namespace sim {
 

@@ -18,9 +18,9 @@
 #include "appliance/processes/Service.h"
 #include "appliance/processes/Until.h"
 #include "appliance/sound/Room.h"
-#include "lib/Database.h"
-#include "lib/Record.h"
-#include "lib/Settings.h"
+#include "shared/Database.h"
+#include "shared/Record.h"
+#include "shared/Settings.h"
 
 namespace sim {
 

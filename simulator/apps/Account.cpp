@@ -6,7 +6,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "lib/Later.h"
+#include "shared/Later.h"
 
 namespace sim {
 

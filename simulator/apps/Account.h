@@ -7,7 +7,7 @@
 //   notify                                              announces that a profile has changed
 #pragma once
 
-#include "lib/Application.h"
+#include "shared/Application.h"
 
 namespace sim {
 

@@ -3,8 +3,8 @@
 // Actions: play, stop, write TEXT (as the state).
 #pragma once
 
-#include "lib/Application.h"
-#include "lib/Database.h"
+#include "shared/Application.h"
+#include "shared/Database.h"
 
 namespace sim {
 

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "gio/GPointer.h"
-#include "lib/Record.h"
+#include "shared/Record.h"
 
 namespace sim {
 

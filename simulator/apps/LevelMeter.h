@@ -3,8 +3,8 @@
 // period, and the longest gap in milliseconds (event "levels").
 #pragma once
 
-#include "lib/FileWatch.h"
-#include "lib/Record.h"
+#include "shared/FileWatch.h"
+#include "shared/Record.h"
 
 namespace sim {
 

@@ -4,8 +4,8 @@
 // play, pause.
 #pragma once
 
-#include "lib/Application.h"
-#include "lib/Player.h"
+#include "shared/Application.h"
+#include "shared/Player.h"
 
 namespace sim {
 

@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <vector>
 
-#include "dbus/StandInInterfaces.h"
-#include "lib/Control.h"
+#include "dbus/standins/StandInInterfaces.h"
+#include "shared/Control.h"
 
 namespace sim {
 

@@ -2,7 +2,7 @@
 // A recipe application. It registers for recipe commands and records them.
 #pragma once
 
-#include "lib/Application.h"
+#include "shared/Application.h"
 
 namespace sim {
 

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "lib/Settings.h"
+#include "shared/Settings.h"
 
 namespace sim {
 

@@ -8,7 +8,7 @@
 
 #include "apps/Ducker.h"
 #include "apps/LevelMeter.h"
-#include "lib/Application.h"
+#include "shared/Application.h"
 
 namespace sim {
 

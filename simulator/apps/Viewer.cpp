@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "dbus/StandInInterfaces.h"
+#include "dbus/standins/StandInInterfaces.h"
 
 namespace sim {
 

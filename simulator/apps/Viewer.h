@@ -2,7 +2,7 @@
 // A web browser that records the addresses that it opens (org.freedesktop.Application).
 #pragma once
 
-#include "lib/Application.h"
+#include "shared/Application.h"
 
 namespace sim {
 

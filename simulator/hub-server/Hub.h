@@ -8,7 +8,7 @@
 
 #include "hub-server/Household.h"
 #include "hub-server/Message.h"
-#include "lib/Record.h"
+#include "shared/Record.h"
 
 namespace sim::hub {
 

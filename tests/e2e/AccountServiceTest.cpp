@@ -8,7 +8,7 @@
 #include "appliance/Appliance.h"
 #include "dbus/Interfaces.h"
 #include "gio/IoThread.h"
-#include "lib/Request.h"
+#include "shared/Request.h"
 
 using sim::Appliance;
 

@@ -7,7 +7,7 @@
 #include "Output.h"
 #include "RawRecording.h"
 #include "appliance/Appliance.h"
-#include "lib/Request.h"
+#include "shared/Request.h"
 
 using sim::Appliance;
 

@@ -9,7 +9,7 @@
 
 #include "Person.h"
 #include "gio/Connection.h"
-#include "lib/Application.h"
+#include "shared/Application.h"
 
 namespace {
 

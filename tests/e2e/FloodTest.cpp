@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "Person.h"
-#include "lib/Application.h"
-#include "lib/Request.h"
+#include "shared/Application.h"
+#include "shared/Request.h"
 
 TEST(AFloodOfStartRequests, IsRefusedAndTheNextWakeWordWorks) {
     Person person;

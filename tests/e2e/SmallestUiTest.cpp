@@ -6,7 +6,7 @@
 
 #include "Person.h"
 #include "Ui.h"
-#include "lib/Settings.h"
+#include "shared/Settings.h"
 
 namespace {
 

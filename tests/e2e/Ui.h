@@ -5,7 +5,7 @@
 #include <string>
 
 #include "appliance/Appliance.h"
-#include "lib/Request.h"
+#include "shared/Request.h"
 
 inline void sendState(sim::Appliance& appliance, const std::string& state) {
     sim::sendRequest(appliance.session(), sim::kUi,

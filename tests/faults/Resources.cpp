@@ -6,7 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "lib/Usage.h"
+#include "appliance/processes/Usage.h"
 
 namespace faults {
 
@@ -42,7 +42,7 @@ Resources resourcesOf(sim::Appliance& appliance) {
         throw std::runtime_error("the service has ended");
     }
     const pid_t process = appliance.service().process();
-    const bench::Usage usage = bench::usageOf(process);
+    const sim::Usage usage = sim::usageOf(process);
     return {streamsOf(appliance, process), usage.files, usage.threads, usage.residentKb};
 }
 

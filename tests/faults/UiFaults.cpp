@@ -6,8 +6,8 @@
 
 #include "Fault.h"
 #include "appliance/environment/Tree.h"
-#include "lib/Application.h"
-#include "lib/Request.h"
+#include "shared/Application.h"
+#include "shared/Request.h"
 
 namespace faults {
 

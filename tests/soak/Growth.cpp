@@ -5,7 +5,7 @@ namespace soak {
 
 namespace {
 
-double mean(const std::vector<bench::Usage>& samples, std::size_t first, std::size_t end) {
+double mean(const std::vector<sim::Usage>& samples, std::size_t first, std::size_t end) {
     double sum = 0;
     for (std::size_t i = first; i < end; ++i) {
         sum += static_cast<double>(samples[i].residentKb);
@@ -15,7 +15,7 @@ double mean(const std::vector<bench::Usage>& samples, std::size_t first, std::si
 
 }  // namespace
 
-double growth(const std::vector<bench::Usage>& samples) {
+double growth(const std::vector<sim::Usage>& samples) {
     if (samples.size() < 4) {
         return 0;
     }

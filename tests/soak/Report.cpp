@@ -13,8 +13,8 @@ void print(const Report& report) {
     for (const auto& [end, times] : report.ends) {
         printf("%6d  %s\n", times, end.c_str());
     }
-    const bench::Usage& first = report.samples.front();
-    const bench::Usage& last = report.samples.back();
+    const sim::Usage& first = report.samples.front();
+    const sim::Usage& last = report.samples.back();
     printf("memory %ld kB at the beginning, %ld kB at the end, %+.1f %% from the third to the last quarter\n",
            first.residentKb, last.residentKb, soak::growth(report.samples) * 100);
     printf("%d threads and %d open files at the beginning, %d and %d at the end\n", first.threads, first.files,
@@ -22,8 +22,8 @@ void print(const Report& report) {
 }
 
 void writeJson(const Report& report, unsigned seed, std::ostream& file) {
-    const bench::Usage& first = report.samples.front();
-    const bench::Usage& last = report.samples.back();
+    const sim::Usage& first = report.samples.front();
+    const sim::Usage& last = report.samples.back();
     const nlohmann::json json{{"requests", report.requests},
                               {"seed", seed},
                               {"seconds", report.seconds},

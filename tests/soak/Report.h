@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "lib/Usage.h"
+#include "appliance/processes/Usage.h"
 
 namespace soak {
 
 struct Report {
     int requests = 0;
     double seconds = 0;
-    std::vector<bench::Usage> samples;
+    std::vector<sim::Usage> samples;
     std::map<std::string, int> ends;
 };
 

@@ -21,7 +21,7 @@ constexpr int kFewestForGrowth = 400;
 
 void proveAndSample(sim::Appliance& appliance, soak::Soak& soak, soak::Report& report) {
     soak.proveAlive();
-    report.samples.push_back(bench::usageOf(appliance.service().process()));
+    report.samples.push_back(sim::usageOf(appliance.service().process()));
 }
 
 void makeRequest(soak::Soak& soak, int number) {

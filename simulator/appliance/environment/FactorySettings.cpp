@@ -2,7 +2,7 @@
 #include "appliance/environment/FactorySettings.h"
 
 #include "appliance/Names.h"
-#include "lib/Settings.h"
+#include "shared/Settings.h"
 
 namespace sim {
 

@@ -9,7 +9,7 @@
 
 #include <stdexcept>
 
-#include "lib/Record.h"
+#include "shared/Record.h"
 
 namespace sim {
 

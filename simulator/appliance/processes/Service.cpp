@@ -14,7 +14,7 @@
 
 #include "appliance/environment/Tree.h"
 #include "appliance/processes/Until.h"
-#include "lib/Application.h"
+#include "shared/Application.h"
 
 namespace sim {
 

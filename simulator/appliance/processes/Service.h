@@ -11,7 +11,7 @@
 #include "appliance/processes/Process.h"
 #include "appliance/sound/Room.h"
 #include "gio/Connection.h"
-#include "lib/Record.h"
+#include "shared/Record.h"
 
 namespace sim {
 

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "appliance/processes/Interrupt.h"
-#include "lib/Record.h"
+#include "shared/Record.h"
 
 namespace sim {
 

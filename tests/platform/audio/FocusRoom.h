@@ -9,7 +9,7 @@
 
 #include "Reports.h"
 #include "bus/SessionBus.h"
-#include "dbus/StandInInterfaces.h"
+#include "dbus/standins/StandInInterfaces.h"
 #include "room/Child.h"
 #include "sound_manager.h"
 #include "support/OwnConnection.h"

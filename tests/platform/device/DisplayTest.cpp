@@ -5,7 +5,7 @@
 
 #include <atomic>
 
-#include "dbus/StandInInterfaces.h"
+#include "dbus/standins/StandInInterfaces.h"
 #include "support/OwnConnection.h"
 #include "support/PrivateBus.h"
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "dbus/StandInInterfaces.h"
+#include "dbus/standins/StandInInterfaces.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Record.h"
+#include "shared/Record.h"
 
 #include <fcntl.h>
 #include <time.h>

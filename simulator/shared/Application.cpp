@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Application.h"
+#include "shared/Application.h"
 
 #include <glib-unix.h>
 #include <signal.h>
@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "dbus/Interfaces.h"
-#include "lib/Control.h"
+#include "shared/Control.h"
 
 namespace sim {
 

@@ -8,8 +8,8 @@
 
 #include "gio/Connection.h"
 #include "gio/MainLoop.h"
-#include "lib/Record.h"
-#include "lib/Request.h"
+#include "shared/Record.h"
+#include "shared/Request.h"
 
 namespace sim {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "dbus/StandInInterfaces.h"
+#include "dbus/standins/StandInInterfaces.h"
 
 extern "C" {
 #include "standin_interfaces.h"

@@ -4,7 +4,7 @@
 
 #include <sys/types.h>
 
-namespace bench {
+namespace sim {
 
 struct Usage {
     long residentKb = 0;
@@ -16,4 +16,4 @@ Usage usageOf(pid_t process);
 // Processor time of all its threads, including ended ones, in seconds.
 double cpuSeconds(pid_t process);
 
-}  // namespace bench
+}  // namespace sim

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Player.h"
+#include "shared/Player.h"
 
 #include <cmath>
 
-#include "lib/Later.h"
 #include "pulse/Requests.h"
+#include "shared/Later.h"
 
 namespace sim {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Request.h"
+#include "shared/Request.h"
 
 namespace sim {
 

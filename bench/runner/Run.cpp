@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Run.h"
+#include "runner/Run.h"
 
 #include <appliance/environment/PrivateTmp.h>
 

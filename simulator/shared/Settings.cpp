@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Settings.h"
+#include "shared/Settings.h"
 
 #include <stdexcept>
 

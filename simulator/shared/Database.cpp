@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Database.h"
+#include "shared/Database.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Figures.h"
+#include "runner/Figures.h"
 
 #include <nlohmann/json.hpp>
 #include <stdexcept>

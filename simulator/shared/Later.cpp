@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Later.h"
+#include "shared/Later.h"
 
 #include <cstdio>
 #include <exception>

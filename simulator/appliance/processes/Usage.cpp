@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Usage.h"
+#include "appliance/processes/Usage.h"
 
 #include <time.h>
 
@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace bench {
+namespace sim {
 
 Usage usageOf(pid_t process) {
     const std::filesystem::path folder = "/proc/" + std::to_string(process);
@@ -38,4 +38,4 @@ double cpuSeconds(pid_t process) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-}  // namespace bench
+}  // namespace sim

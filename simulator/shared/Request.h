@@ -5,7 +5,7 @@
 #include <string>
 
 #include "gio/Connection.h"
-#include "lib/Extras.h"
+#include "shared/Extras.h"
 
 namespace sim {
 

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "lib/Figures.h"
+#include "runner/Figures.h"
 
 namespace bench {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Control.h"
+#include "shared/Control.h"
 
-#include "dbus/StandInInterfaces.h"
+#include "dbus/standins/StandInInterfaces.h"
 
 namespace sim {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/Extras.h"
+#include "shared/Extras.h"
 
 namespace sim {
 

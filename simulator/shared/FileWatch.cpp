@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "lib/FileWatch.h"
+#include "shared/FileWatch.h"
 
 #include <glib-unix.h>
 #include <sys/inotify.h>

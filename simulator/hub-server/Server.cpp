@@ -39,7 +39,7 @@ void blockPipeSignal() {
 
 }  // namespace
 
-Server::Server(Hub& hub, int port, const Identity* identity)
+Server::Server(Hub& hub, int port, const openssl::Identity* identity)
     : mHub(hub), mIdentity(identity), mListener(listenOn(port)), mAccepting([this] { accept(); }) {}
 
 Server::~Server() {

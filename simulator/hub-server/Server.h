@@ -15,7 +15,7 @@ namespace sim::hub {
 class Server {
 public:
     // Port 0 selects a free port. Without an identity, the server uses plain HTTP. Throws std::runtime_error.
-    Server(Hub& hub, int port, const Identity* identity);
+    Server(Hub& hub, int port, const openssl::Identity* identity);
     ~Server();
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
@@ -39,7 +39,7 @@ private:
     bool answer(const Socket& socket, Stream& stream, const Request& request);
 
     Hub& mHub;
-    const Identity* mIdentity;
+    const openssl::Identity* mIdentity;
     Socket mListener;
     std::atomic<int> mAccepted{0};
     std::list<Connection> mConnections;  // used by the accepting thread, and later by the destructor

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "hub-server/Stream.h"
 
-#include <openssl/err.h>
-#include <openssl/ssl.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -45,37 +43,17 @@ private:
 
 class SecureStream : public Stream {
 public:
-    SecureStream(int socket, SSL_CTX* context) : mSsl(SSL_new(context)) {
-        if (!mSsl || SSL_set_fd(mSsl.get(), socket) != 1 || SSL_accept(mSsl.get()) != 1) {
-            ERR_clear_error();
-            throw std::runtime_error("the TLS handshake failed");
-        }
-    }
+    SecureStream(int socket, const openssl::Identity& identity) : mConnection(socket, identity) {}
 
-    std::string read() override {
-        std::string block(kBlock, 0);
-        const int count = SSL_read(mSsl.get(), block.data(), static_cast<int>(block.size()));
-        ERR_clear_error();
-        block.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
-        return block;
-    }
-
+    std::string read() override { return mConnection.read(kBlock); }
     void write(const std::string& bytes) override {
-        if (SSL_write(mSsl.get(), bytes.data(), static_cast<int>(bytes.size())) <= 0) {
-            ERR_clear_error();
+        if (!mConnection.write(bytes)) {
             throw std::runtime_error("the client has closed the connection");
         }
     }
 
 private:
-    struct Free {
-        void operator()(SSL* ssl) const noexcept {
-            SSL_shutdown(ssl);
-            ERR_clear_error();
-            SSL_free(ssl);
-        }
-    };
-    std::unique_ptr<SSL, Free> mSsl;
+    openssl::Connection mConnection;
 };
 
 }  // namespace
@@ -95,21 +73,9 @@ bool Socket::isLeftWithin(int milliseconds) const {
     return poll(&wait, 1, milliseconds) > 0;
 }
 
-Identity::Identity(const std::string& certificate, const std::string& key)
-    : mContext(SSL_CTX_new(TLS_server_method())) {
-    if (!mContext || SSL_CTX_use_certificate_chain_file(mContext.get(), certificate.c_str()) != 1 ||
-        SSL_CTX_use_PrivateKey_file(mContext.get(), key.c_str(), SSL_FILETYPE_PEM) != 1) {
-        throw std::runtime_error("cannot use the certificate " + certificate + " with the key " + key);
-    }
-}
-
-void Identity::Free::operator()(SSL_CTX* context) const noexcept {
-    SSL_CTX_free(context);
-}
-
-std::unique_ptr<Stream> makeStream(const Socket& socket, const Identity* identity) {
+std::unique_ptr<Stream> makeStream(const Socket& socket, const openssl::Identity* identity) {
     if (identity != nullptr) {
-        return std::make_unique<SecureStream>(socket.get(), identity->get());
+        return std::make_unique<SecureStream>(socket.get(), *identity);
     }
     return std::make_unique<PlainStream>(socket.get());
 }

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-struct ssl_ctx_st;
+#include "openssl/Server.h"
 
 namespace sim::hub {
 
@@ -35,21 +35,7 @@ public:
     virtual void write(const std::string& bytes) = 0;
 };
 
-// The certificate and the key of the server.
-class Identity {
-public:
-    // PEM files. Throws std::runtime_error.
-    Identity(const std::string& certificate, const std::string& key);
-    ssl_ctx_st* get() const { return mContext.get(); }
-
-private:
-    struct Free {
-        void operator()(ssl_ctx_st* context) const noexcept;
-    };
-    std::unique_ptr<ssl_ctx_st, Free> mContext;
-};
-
 // The caller keeps the socket. With an identity, the stream uses TLS. Throws std::runtime_error if the handshake fails.
-std::unique_ptr<Stream> makeStream(const Socket& socket, const Identity* identity);
+std::unique_ptr<Stream> makeStream(const Socket& socket, const openssl::Identity* identity);
 
 }  // namespace sim::hub

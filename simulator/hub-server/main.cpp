@@ -51,9 +51,9 @@ sigset_t blockEndings() {
 }
 
 void serve(const Options& options, const sigset_t& endings) {
-    std::unique_ptr<sim::hub::Identity> identity;
+    std::unique_ptr<openssl::Identity> identity;
     if (!options.certificate.empty()) {
-        identity = std::make_unique<sim::hub::Identity>(options.certificate, options.key);
+        identity = std::make_unique<openssl::Identity>(options.certificate, options.key);
     }
     sim::hub::Hub hub(options.household);
     const sim::hub::Server server(hub, options.port, identity.get());

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "gio/GPointer.h"
+#include "gio/Command.h"
 
 namespace appfw {
 
@@ -14,22 +14,18 @@ bool isUnderSystemd() {
     return std::getenv("INVOCATION_ID") != nullptr;
 }
 
-bool succeeds(const std::vector<const char*>& command) {
-    const auto quiet =
-        static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDOUT_SILENCE | G_SUBPROCESS_FLAGS_STDERR_SILENCE);
-    const gio::Object<GSubprocess> process(g_subprocess_newv(command.data(), quiet, nullptr));
-    return process && g_subprocess_wait_check(process.get(), nullptr, nullptr);
-}
-
 }  // namespace
 
-bool startInOwnUnit(GDesktopAppInfo* app, const std::string& uri) {
-    const char* file = g_desktop_app_info_get_filename(app);
-    if (!file || !isUnderSystemd() || g_desktop_app_info_get_boolean(app, "DBusActivatable")) {
+bool startInOwnUnit(const gio::DesktopApp& app, const std::string& uri) {
+    const std::string file = app.file();
+    if (file.empty() || !isUnderSystemd() || app.isBusActivatable()) {
         return false;
     }
-    return succeeds({"systemd-run", "--user", "--collect", "--quiet", "--", "gio", "launch", file,
-                     uri.empty() ? nullptr : uri.c_str(), nullptr});
+    std::vector<std::string> command{"systemd-run", "--user", "--collect", "--quiet", "--", "gio", "launch", file};
+    if (!uri.empty()) {
+        command.push_back(uri);
+    }
+    return gio::succeeds(command);
 }
 
 }  // namespace appfw

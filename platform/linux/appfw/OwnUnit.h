@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <gio/gdesktopappinfo.h>
-
 #include <string>
+
+#include "gio/DesktopApp.h"
 
 namespace appfw {
 
 // The unit of the service restricts all its processes, in ways that a web browser does not survive. Under systemd, this
 // starts the application in a unit of its own instead, through the user's service manager. False without systemd, if
 // the bus starts the application anyway, or if the manager cannot start it. Blocks until the manager answers.
-bool startInOwnUnit(GDesktopAppInfo* app, const std::string& uri);
+bool startInOwnUnit(const gio::DesktopApp& app, const std::string& uri);
 
 }  // namespace appfw

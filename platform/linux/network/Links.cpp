@@ -7,8 +7,9 @@
 #include <net/if.h>
 #include <sys/socket.h>
 
-#include <array>
 #include <memory>
+#include <stdexcept>
+#include <utility>
 
 #include "process/Guard.h"
 
@@ -21,27 +22,22 @@ struct FreeAddresses {
 };
 
 // A message from the kernel only triggers a new check.
-gboolean onNews(GSocket* socket, GIOCondition, gpointer changed) noexcept {
-    std::array<char, 16384> skipped;
-    while (g_socket_receive_with_blocking(socket, skipped.data(), skipped.size(), FALSE, nullptr, nullptr) > 0) {
-    }
-    process::contained("watch of the links", *static_cast<std::function<void()>*>(changed));
-    return G_SOURCE_CONTINUE;
-}
-
-gio::Object<GSocket> openNews() {
-    const int descriptor = socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC | SOCK_NONBLOCK, NETLINK_ROUTE);
+std::unique_ptr<gio::SocketWatch> watchKernel(std::function<void()> changed) {
     sockaddr_nl address{};
     address.nl_family = AF_NETLINK;
     address.nl_groups = RTMGRP_LINK | RTMGRP_IPV4_ROUTE | RTMGRP_IPV6_ROUTE;
-    gio::Error error;
-    gio::Object<GSocket> news(g_socket_new_from_fd(descriptor, error.out()));
-    if (news == nullptr || bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
-        dlog_print(DLOG_WARN, "orvane-network", "a disconnected network cable will be detected late: %s",
-                   error ? error.message().c_str() : "the kernel does not report link changes");
+    const int descriptor = socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC | SOCK_NONBLOCK, NETLINK_ROUTE);
+    try {
+        auto watch = std::make_unique<gio::SocketWatch>(
+            descriptor, [changed = std::move(changed)] { process::contained("watch of the links", changed); });
+        if (bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
+            throw std::runtime_error("the kernel does not report link changes");
+        }
+        return watch;
+    } catch (const std::exception& error) {
+        dlog_print(DLOG_WARN, "orvane-network", "a disconnected network cable will be detected late: %s", error.what());
         return nullptr;
     }
-    return news;
 }
 
 }  // namespace
@@ -60,18 +56,6 @@ bool linkWorks(const std::string& interface) {
     return false;
 }
 
-LinkWatch::LinkWatch(std::function<void()> changed) : mChanged(std::move(changed)), mSocket(openNews()) {
-    if (mSocket != nullptr) {
-        mSource.reset(g_socket_create_source(mSocket.get(), G_IO_IN, nullptr));
-        g_source_set_callback(mSource.get(), G_SOURCE_FUNC(onNews), &mChanged, nullptr);
-        g_source_attach(mSource.get(), g_main_context_get_thread_default());
-    }
-}
-
-LinkWatch::~LinkWatch() {
-    if (mSource != nullptr) {
-        g_source_destroy(mSource.get());
-    }
-}
+LinkWatch::LinkWatch(std::function<void()> changed) : mKernel(watchKernel(std::move(changed))) {}
 
 }  // namespace network

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 
-#include "gio/GPointer.h"
+#include "gio/SocketWatch.h"
 
 namespace network {
 
@@ -17,14 +18,9 @@ class LinkWatch {
 public:
     // `changed` runs after every change of a link or route.
     explicit LinkWatch(std::function<void()> changed);
-    ~LinkWatch();
-    LinkWatch(const LinkWatch&) = delete;
-    LinkWatch& operator=(const LinkWatch&) = delete;
 
 private:
-    std::function<void()> mChanged;
-    gio::Object<GSocket> mSocket;
-    gio::Source mSource;  // null without a socket
+    std::unique_ptr<gio::SocketWatch> mKernel;  // null if the kernel does not report changes
 };
 
 }  // namespace network

@@ -88,7 +88,7 @@ void WithAHub::setHousehold(const char* key, const json& value) {
     std::ofstream(mFolder + "/household.json") << mHousehold;
 }
 
-void WithAHub::start(int port, const sim::hub::Identity* identity) {
+void WithAHub::start(int port, const openssl::Identity* identity) {
     mHub = std::make_unique<sim::hub::Hub>(mFolder + "/household.json");
     mServer = std::make_unique<sim::hub::Server>(*mHub, port, identity);
 }

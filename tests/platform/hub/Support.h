@@ -45,7 +45,7 @@ protected:
     void replyWith(const std::string& body) { setFaults({{{"kind", "body"}, {"body", body}}}); }
 
     // Port 0 selects a free port.
-    void start(int port = 0, const sim::hub::Identity* identity = nullptr);
+    void start(int port = 0, const openssl::Identity* identity = nullptr);
     void stop() { mServer.reset(); }
     int port() const { return mServer->port(); }
     int sockets() const { return mServer->connections(); }

@@ -27,7 +27,7 @@ protected:
     }
     void startAs(const Identity& identity, int newestTls = TLS1_3_VERSION) {
         identity.write(file("hub.pem"), file("hub.key"));
-        mIdentity = std::make_unique<sim::hub::Identity>(file("hub.pem"), file("hub.key"));
+        mIdentity = std::make_unique<openssl::Identity>(file("hub.pem"), file("hub.key"));
         ASSERT_EQ(SSL_CTX_set_max_proto_version(mIdentity->get(), newestTls), 1);
         start(0, mIdentity.get());
     }
@@ -38,7 +38,7 @@ protected:
     const Identity mAuthority{"an authority", nullptr};
 
 private:
-    std::unique_ptr<sim::hub::Identity> mIdentity;
+    std::unique_ptr<openssl::Identity> mIdentity;
 };
 
 TEST_F(ASecureHub, SignedByATrustedAuthorityIsAccepted) {

@@ -1,26 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Speech.h"
 
-#include <sndfile.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
-#include <memory>
 #include <random>
 #include <stdexcept>
+
+#include "sndfile/SoundFile.h"
 
 namespace speech {
 
 namespace {
-
-struct CloseSound {
-    void operator()(SNDFILE* file) const noexcept { sf_close(file); }
-};
-using SoundFile = std::unique_ptr<SNDFILE, CloseSound>;
 
 class TempFile {
 public:
@@ -53,12 +50,17 @@ void run(std::vector<std::string> words) {
     }
 }
 
-SoundFile open(const std::string& path, int mode, SF_INFO& info) {
-    SoundFile file(sf_open(path.c_str(), mode, &info));
-    if (!file) {
-        throw std::runtime_error(path + ": " + sf_strerror(nullptr));
+Samples loadWav(const std::string& path) {
+    sndfile::Reader file(path);
+    if (file.rate() != 16000 || file.channels() != 1) {
+        throw std::runtime_error(path + ": not 16 kHz, one channel");
     }
-    return file;
+    std::vector<float> read(static_cast<std::size_t>(file.frames()));
+    read.resize(file.read(read.data(), read.size()));
+    Samples samples(read.size());
+    std::transform(read.begin(), read.end(), samples.begin(),
+                   [](float sample) { return static_cast<int16_t>(std::lround(sample * 32768)); });
+    return samples;
 }
 
 }  // namespace
@@ -94,25 +96,6 @@ Samples join(const std::vector<Samples>& parts) {
         all.insert(all.end(), part.begin(), part.end());
     }
     return all;
-}
-
-Samples loadWav(const std::string& path) {
-    SF_INFO info{};
-    const SoundFile file = open(path, SFM_READ, info);
-    if (info.samplerate != 16000 || info.channels != 1) {
-        throw std::runtime_error(path + ": not 16 kHz, one channel");
-    }
-    Samples samples(static_cast<std::size_t>(info.frames));
-    samples.resize(static_cast<std::size_t>(sf_read_short(file.get(), samples.data(), info.frames)));
-    return samples;
-}
-
-void saveWav(const std::string& path, const Samples& samples) {
-    SF_INFO info{};
-    info.samplerate = 16000;
-    info.channels = 1;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-    sf_write_short(open(path, SFM_WRITE, info).get(), samples.data(), static_cast<sf_count_t>(samples.size()));
 }
 
 }  // namespace speech

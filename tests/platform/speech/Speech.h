@@ -22,7 +22,5 @@ Samples silence(double seconds);
 Samples noise(double seconds, int peak);
 
 Samples join(const std::vector<Samples>& parts);
-Samples loadWav(const std::string& path);
-void saveWav(const std::string& path, const Samples& samples);
 
 }  // namespace speech

@@ -125,7 +125,7 @@ Decoder::Decoder(const Options& options) {
     }
     Config config = makeConfig(options);
     if (!survived([&] { mDecoder.reset(library().ps_init(config.get())); })) {
-        config.release();  // the decoder, which is lost, refers to it
+        static_cast<void>(config.release());  // the decoder, which is lost, refers to it
     }
     if (!mDecoder) {
         fail("cannot read the models");
@@ -149,7 +149,7 @@ void Decoder::call(const char* failure, const Call& function) {
     lastError[0] = '\0';
     int result = 0;
     if (!survived([&] { result = function(mDecoder.get()); })) {
-        mDecoder.release();
+        static_cast<void>(mDecoder.release());
         mRunning = false;
         fail(failure);
     }
@@ -161,7 +161,7 @@ void Decoder::call(const char* failure, const Call& function) {
 Decoder::~Decoder() {
     // The library leaks the memory of an utterance that has not ended.
     if (mRunning && !survived([this] { library().ps_end_utt(mDecoder.get()); })) {
-        mDecoder.release();
+        static_cast<void>(mDecoder.release());
     }
 }
 

@@ -81,7 +81,7 @@ std::string forStandardError(log_priority priority, const char* tag, const std::
 }
 
 // Never destroyed, because threads that nobody joins may log until the process exits.
-LogQueue& systemLog() noexcept {
+LogQueue& systemLog() {
     static LogQueue& queue =
         sink() == Sink::JOURNAL
             ? *new LogQueue(Destination::JOURNAL,
@@ -92,7 +92,7 @@ LogQueue& systemLog() noexcept {
     return queue;
 }
 
-LogQueue& standardOutput() noexcept {
+LogQueue& standardOutput() {
     static LogQueue& queue =
         *new LogQueue(Destination::STANDARD_OUTPUT, [](unsigned long lost) { return lostLines(lost) + "\n"; });
     return queue;

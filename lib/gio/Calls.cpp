@@ -32,13 +32,16 @@ void onAnswer(GObject* bus, GAsyncResult* result, gpointer data) noexcept {
     }
 }
 
-void onSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* arguments,
-              gpointer handler) noexcept {
-    (*static_cast<SignalHandler*>(handler))(Variant(g_variant_ref(arguments)));
-}
+// Owned by the registration, like the data of an exported object.
+struct Subscriber : std::enable_shared_from_this<Subscriber> {
+    explicit Subscriber(SignalHandler chosen) : handler(std::move(chosen)) {}
+    SignalHandler handler;
+};
 
-void destroyHandler(gpointer handler) noexcept {
-    delete static_cast<SignalHandler*>(handler);
+void onSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant* arguments,
+              gpointer data) noexcept {
+    const auto subscriber = static_cast<Subscriber*>(data)->shared_from_this();
+    subscriber->handler(Variant(g_variant_ref(arguments)));
 }
 
 }  // namespace
@@ -81,13 +84,14 @@ Registration Connection::subscribe(const Target& source, const std::string& sign
     if (!mBus) {
         return {};
     }
+    const auto subscriber = std::make_shared<Subscriber>(std::move(handler));
     guint id = 0;
     mContext.run([&] {
         id = g_dbus_connection_signal_subscribe(mBus.get(), orAny(source.name), orAny(source.interface), orAny(signal),
                                                 orAny(source.path), orAny(firstArgument), G_DBUS_SIGNAL_FLAGS_NONE,
-                                                onSignal, new SignalHandler(std::move(handler)), destroyHandler);
+                                                onSignal, subscriber.get(), nullptr);
     });
-    return {mContext, [bus = share(), id] { g_dbus_connection_signal_unsubscribe(bus.get(), id); }};
+    return {mContext, [bus = share(), id, subscriber] { g_dbus_connection_signal_unsubscribe(bus.get(), id); }};
 }
 
 void Connection::emitSignal(const std::string& path, const std::string& interface, const std::string& signal,

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Objects that a connection exports.
+#include <memory>
 #include <stdexcept>
 
 #include "gio/Connection.h"
@@ -8,7 +9,11 @@ namespace gio {
 
 namespace {
 
-struct Exported {
+// GDBus would free it on the context, later, which never happens if the context's thread has ended. The registration
+// owns it instead, and a handler that ends its own registration keeps it until it returns.
+struct Exported : std::enable_shared_from_this<Exported> {
+    Exported(Connection::MethodHandler call, Connection::PropertyReader read)
+        : onCall(std::move(call)), onRead(std::move(read)) {}
     Connection::MethodHandler onCall;
     Connection::PropertyReader onRead;
 };
@@ -26,21 +31,19 @@ void handle(const Connection::MethodHandler& onCall, MethodCall& call) {
 void onMethod(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant*,
               GDBusMethodInvocation* invocation, gpointer data) noexcept {
     MethodCall call(invocation);
-    handle(static_cast<Exported*>(data)->onCall, call);
+    const auto exported = static_cast<Exported*>(data)->shared_from_this();
+    handle(exported->onCall, call);
 }
 
 GVariant* onGet(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* name, GError** error,
                 gpointer data) noexcept {
     try {
-        return g_variant_ref(static_cast<Exported*>(data)->onRead(name).get());
+        const auto exported = static_cast<Exported*>(data)->shared_from_this();
+        return g_variant_ref(exported->onRead(name).get());
     } catch (const std::exception& failure) {
         g_set_error_literal(error, G_DBUS_ERROR, G_DBUS_ERROR_FAILED, failure.what());
         return nullptr;
     }
-}
-
-void destroyExported(gpointer data) noexcept {
-    delete static_cast<Exported*>(data);
 }
 
 }  // namespace
@@ -51,17 +54,17 @@ Registration Connection::exportObject(const std::string& path, const Interface& 
         return {};
     }
     static const GDBusInterfaceVTable handlers{onMethod, onGet, nullptr, {}};
+    const auto exported = std::make_shared<Exported>(std::move(onCall), std::move(onRead));
     guint id = 0;
     Error error;
     mContext.run([&] {
-        id = g_dbus_connection_register_object(mBus.get(), path.c_str(), interface.get(), &handlers,
-                                               new Exported{std::move(onCall), std::move(onRead)}, destroyExported,
-                                               error.out());
+        id = g_dbus_connection_register_object(mBus.get(), path.c_str(), interface.get(), &handlers, exported.get(),
+                                               nullptr, error.out());
     });
     if (id == 0) {
         throw std::runtime_error(path + " cannot be exported: " + error.message());
     }
-    return {mContext, [bus = share(), id] { g_dbus_connection_unregister_object(bus.get(), id); }};
+    return {mContext, [bus = share(), id, exported] { g_dbus_connection_unregister_object(bus.get(), id); }};
 }
 
 }  // namespace gio

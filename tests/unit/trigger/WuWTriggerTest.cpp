@@ -24,6 +24,11 @@ struct OpenTrigger : WuWTrigger {
     using WuWTrigger::mEnabled;
 };
 
+struct ShotOfItsOwn : WuWTrigger {
+    void _shot(int level) override { shot = level; }
+    std::atomic<int> shot{0};
+};
+
 }  // namespace
 
 class WuWTriggerTest : public PlatformTest {
@@ -181,6 +186,19 @@ TEST_F(WuWTriggerTest, AShotNeedsACallbackButNotAnEnabledTrigger) {
     trigger._shot(2);
     EXPECT_EQ(shots, 1);
     EXPECT_EQ(level, 2);
+}
+
+TEST_F(WuWTriggerTest, ADetectionCallsTheShotOfASubclassButAForcedShotDoesNot) {
+    ShotOfItsOwn trigger;
+    countShotsOf(trigger);
+    detect(7);
+    drainWorker();
+    EXPECT_EQ(trigger.shot, 7);
+    EXPECT_EQ(shots, 0);
+    trigger.forceShot();
+    drainWorker();
+    EXPECT_EQ(trigger.shot, 7);
+    EXPECT_EQ(level, -1);
 }
 
 TEST_F(WuWTriggerTest, AForcedShotOfAStoppedTriggerStillCallsBackWithMinusOne) {

@@ -3,6 +3,8 @@
 
 #include <tzplatform_config.h>
 
+#include <utility>
+
 #include "Controller/Trigger/vocon_4_10/WakeupAudioIn.h"
 #include "Util/AsyncThread.h"
 #include "Util/Constants.h"
@@ -102,33 +104,37 @@ void WuWTrigger::__cancelListening() {
     mEngine->CancelListening();
 }
 
-// The callback launches an application. Neither the engine's thread, nor the caller of forceShot, nor the destructor
-// waits for that, so the job does not use the trigger after it has copied the callback.
-void WuWTrigger::queueShot(int level) {
-    Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([this, life = mLife, level] {
-        std::function<void(int)> callback;
-        {
-            std::lock_guard<std::mutex> lock(life->mutex);
-            if (!life->ended) {
-                callback = mCallback;
-            }
-        }
-        if (callback) {
-            callback(level);
+// The trigger exists until `shoot` unlocks.
+template <typename Shoot>
+void WuWTrigger::queueShot(Shoot shoot) {
+    Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([life = mLife, shoot] {
+        Lock lock(life->mutex);
+        if (!life->ended) {
+            shoot(lock);
         }
         return false;
     });
 }
 
+// The callback launches an application. Neither the engine's thread, nor the caller of forceShot, nor the destructor
+// waits for that, so this does not use the trigger after it has copied the callback.
+void WuWTrigger::callBack(int level, Lock* lock) const {
+    const auto callback = mCallback;
+    if (lock != nullptr) {
+        lock->unlock();
+    }
+    if (callback) {
+        callback(level);
+    }
+}
+
 void WuWTrigger::forceShot() {
     stop();
-    queueShot(FORCED_LEVEL);
+    queueShot([this](Lock& lock) { callBack(FORCED_LEVEL, &lock); });
 }
 
 void WuWTrigger::_shot(int level) {
-    if (mCallback) {
-        mCallback(level);
-    }
+    callBack(level, std::exchange(mShotLock, nullptr));
 }
 
 void WuWTrigger::OnWakeup(const std::string& word, int level) {
@@ -137,7 +143,13 @@ void WuWTrigger::OnWakeup(const std::string& word, int level) {
         mAudioIn->setEnabled(false);
     }
     mEnabled = 0;
-    queueShot(level);
+    queueShot([this, level](Lock& lock) {
+        mShotLock = &lock;
+        _shot(level);
+        if (lock) {  // a subclass has replaced _shot
+            mShotLock = nullptr;
+        }
+    });
 }
 
 SRecordListener* WuWTrigger::getSRecordListener() {

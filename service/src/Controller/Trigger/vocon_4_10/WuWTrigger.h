@@ -52,19 +52,23 @@ public:
 private:
     // Shared with the queued jobs, which may outlive the trigger and then do nothing.
     struct Life {
-        std::mutex mutex;  // held while a job reads the callback
+        std::mutex mutex;  // held while a job uses the trigger
         bool ended = false;
     };
+    using Lock = std::unique_lock<std::mutex>;
     struct DestroyEngine {
         void operator()(nuance::IWakeupCtx* engine) const noexcept;
     };
 
     void __startListening();
     void __cancelListening();
-    void queueShot(int level);
+    template <typename Shoot>
+    void queueShot(Shoot shoot);
+    void callBack(int level, Lock* lock) const;
 
     std::mutex mStateMutex;  // held by start and stop, which change the engine and the feed together
     std::shared_ptr<Life> mLife = std::make_shared<Life>();
+    Lock* mShotLock = nullptr;  // of the job that calls _shot, which unlocks it
     std::unique_ptr<WakeupAudioIn> mAudioIn;
     std::unique_ptr<nuance::IWakeupCtx, DestroyEngine> mEngine;
 };

@@ -2,7 +2,10 @@
 #include "apps/LevelMeter.h"
 
 #include <algorithm>
-#include <fstream>
+#include <cstring>
+#include <string>
+
+#include "shared/OwnFile.h"
 
 namespace sim {
 
@@ -30,11 +33,12 @@ void LevelMeter::recording(bool on) {
 
 // A file that is just being written again is too short. Its own event follows.
 void LevelMeter::onWritten() {
-    std::ifstream file(std::string(kFolder) + "/" + kFile, std::ios::binary);
+    const std::string content = contentOfOwnFile(std::string(kFolder) + "/" + kFile);
     int32_t level = 0;
-    if (!file.read(reinterpret_cast<char*>(&level), sizeof level)) {
+    if (content.size() < sizeof level) {
         return;
     }
+    memcpy(&level, content.data(), sizeof level);
     mRecord.write("level", {{"level", level}});
     const double now = monotonicNow();
     if (mChanges++ == 0) {

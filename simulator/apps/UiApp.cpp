@@ -2,10 +2,9 @@
 #include "apps/UiApp.h"
 
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
+#include "shared/OwnFile.h"
 #include "shared/Settings.h"
 
 namespace sim {
@@ -14,11 +13,6 @@ namespace {
 
 constexpr char kResultFile[] = "/tmp/Result_Orvane_json.txt";
 constexpr char kAcknowledgement[] = "db/orvane/manager/response";
-
-std::string contentOf(const char* path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::string valueOf(const Extras& extras, const std::string& key) {
     const auto found = extras.find(key);
@@ -63,7 +57,7 @@ void UiApp::showState(const Extras& extras) {
 }
 
 void UiApp::showResult() {
-    record().write("result", {{"json", contentOf(kResultFile)}});
+    record().write("result", {{"json", contentOfOwnFile(kResultFile)}});
 }
 
 void UiApp::onMessage(const std::string&, const Entries& data) {

@@ -96,7 +96,7 @@ void removeSharedFiles() {
 }
 
 Faults fileFaults() {
-    return {{"FIFO in place of a file in /tmp", false, fifo},
+    return {{"FIFO in place of a file in /tmp", true, fifo},
             {"link in place of a file in /tmp", false, symlink},
             {"directory in place of a file in /tmp", false, folder},
             {"another user's file in /tmp", false, foreign},

@@ -129,10 +129,14 @@ TEST_F(SettingsTest, TheCallbacksOfAKeyRunInTheOrderOfTheirSubscriptions) {
     vconf_notify_key_changed("db/watched", a, &order);
     vconf_notify_key_changed("db/watched", b, &order);
     ASSERT_TRUE(dconf("write /db/watched 1"));
-    EXPECT_TRUE(runMainLoopUntil([&] { return order == "ab"; })) << order;
+    // dconf reports a change twice if it happens while dconf still sets up its watch.
+    EXPECT_TRUE(runMainLoopUntil([&] { return order.size() >= 2; }));
+    EXPECT_EQ(order.substr(0, 2), "ab");
     EXPECT_EQ(vconf_ignore_key_changed("db/watched", a), 0);
+    order.clear();
     ASSERT_TRUE(dconf("write /db/watched 2"));
-    EXPECT_TRUE(runMainLoopUntil([&] { return order == "abb"; })) << order;
+    EXPECT_TRUE(runMainLoopUntil([&] { return !order.empty(); }));
+    EXPECT_EQ(order.find('a'), std::string::npos) << order;
     vconf_ignore_key_changed("db/watched", b);
 }
 

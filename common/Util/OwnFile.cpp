@@ -23,7 +23,7 @@ const char* faultOf(const struct stat& status) {
 OwnFile openFile(const char* path, int flags, const char* mode) {
     const int descriptor = open(path, flags | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
     struct stat status {};
-    // The kernel refuses some of these files itself; the path then tells why.
+    // The kernel itself refuses to open some of these files. The status of the path then shows the reason.
     const int known = descriptor >= 0 ? fstat(descriptor, &status) : lstat(path, &status);
     const char* fault = known == 0 ? faultOf(status) : nullptr;
     if (descriptor < 0) {

@@ -45,7 +45,7 @@ namespace sphinx {
 
 // PocketSphinx, loaded by the first use, because it also loads BLAS, of which some versions start threads.
 struct Library {
-// A declaration is not a place for parentheses. NOLINTNEXTLINE(bugprone-macro-parentheses)
+// A declaration takes no parentheses here. NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define ORVANE_SPHINX_POINTER(name) decltype(&::name) name;
     ORVANE_SPHINX_FUNCTIONS(ORVANE_SPHINX_POINTER)
 #undef ORVANE_SPHINX_POINTER

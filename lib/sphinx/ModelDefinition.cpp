@@ -16,7 +16,7 @@ constexpr std::string_view kMagic = "BMDF";
 constexpr std::int64_t kTreeNode = 8;  // bytes
 constexpr std::int64_t kPhone = 12;
 constexpr std::int64_t kSequenceEntry = 2;
-constexpr std::int32_t kMost = 1 << 24;  // of anything
+constexpr std::int32_t kMost = 1 << 24;  // the largest count accepted
 
 std::optional<std::int64_t> readCount(std::istream& in) {
     std::int32_t value = 0;

@@ -64,7 +64,7 @@ TEST(LosingTheNetworkDuringRecording, EndsTheRecordingWithWifiOff) {
     person.appliance.awaitState("Error", "WifiOff");
 }
 
-TEST(TheWakeWordWithTheMicrophoneOff, IsNotHeard) {
+TEST(TheWakeWordWithTheMicrophoneOff, IsNotDetected) {
     Person person;
     sim::settings::set(sim::kMicrophone, 0);
     sim::until("the service releases the microphone", [&] { return !person.appliance.isRecorded(); });
@@ -73,7 +73,7 @@ TEST(TheWakeWordWithTheMicrophoneOff, IsNotHeard) {
     sim::until("the service records the microphone again", [&] { return person.appliance.isRecorded(); });
     person.wakes();
     const std::string log = person.appliance.service().log();
-    EXPECT_EQ(log.find("> Trigger Shot!"), log.rfind("> Trigger Shot!")) << "the first wake word was heard, too";
+    EXPECT_EQ(log.find("> Trigger Shot!"), log.rfind("> Trigger Shot!")) << "the first wake word was detected, too";
     EXPECT_EQ(person.appliance.events().countEver(sim::kUi, {{"event", "wake word detected"}}), 1);
 }
 

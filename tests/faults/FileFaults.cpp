@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The files in /tmp that the UI reads, in the hands of others, and file systems that take nothing.
+// Files in /tmp that other users have replaced, and file systems that are full or read-only.
 #include <sys/stat.h>
 #include <unistd.h>
 

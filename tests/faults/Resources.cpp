@@ -15,7 +15,7 @@ namespace {
 constexpr double kSettleSeconds = 10;
 // GLib ends unused threads of its pool after 15 s.
 constexpr int kPoolThreads = 2;
-// What an allocator keeps for the next request.
+// Memory that an allocator keeps for later requests.
 constexpr long kMemorySlackKb = 8192;
 
 int streamsOf(const sim::Appliance& appliance, pid_t process) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the service meets at its start: limits, missing or damaged data, a clock that jumps.
+// Faults at the start of the service: limits, missing or damaged data, and a clock that jumps.
 #include <unistd.h>
 
 #include <filesystem>
@@ -41,7 +41,7 @@ std::string copiedData(Trial& trial) {
     return copy;
 }
 
-// The service runs and takes requests from the UI, although no wake word can be heard.
+// The service runs and accepts requests from the UI, although it cannot detect the wake word.
 void startWithConfiguration(Trial& trial, const Broken& broken) {
     const std::string content = broken.content ? broken.content : std::string(1 << 20, '[');
     const std::string data = copiedData(trial);
@@ -58,7 +58,7 @@ void startWithLimit(Trial& trial, const std::string& limit) {
     trial.awaitEnd(kCannotStart, "cannot start");
 }
 
-// The clock of the wall jumps there and back while the service runs.
+// The wall clock jumps and then jumps back while the service runs.
 void jumpClock(Trial& trial, const std::string& jump) {
     if (!std::filesystem::exists("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")) {
         throw CannotRun{"the package faketime is not installed"};

@@ -50,12 +50,12 @@ public:
     bool records();
     // Runs a program and returns its exit code.
     int run(const std::vector<std::string>& words);
-    // As the user nobody. Throws CannotRun when this user may not become another.
+    // Like run(), as the user nobody. Throws CannotRun if this user may not run programs as another user.
     int runAsAnotherUser(const std::vector<std::string>& words);
 
     const std::string& reported() const { return mReported; }
     bool serviceEnded() const { return mEnded; }
-    // The service is another process than before the fault.
+    // Whether the service runs in a different process than before the fault.
     bool restarted() const { return mRestarted; }
 
 private:

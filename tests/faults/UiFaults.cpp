@@ -33,7 +33,7 @@ void killedDuringRecording(Trial& trial) {
     trial.awaitState("Error", "RecordingTimeout");
 }
 
-// The microphone key must act although the UI does not take its messages.
+// The microphone key must work even while the UI hangs.
 void hung(Trial& trial) {
     trial.appliance().control(sim::kUi, "start", "Default");
     trial.appliance().awaitState("Recording");

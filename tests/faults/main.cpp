@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// orvane-faults: breaks the running service in many ways and prints what it did. Succeeds when every fault ended in a
-// report, the service recovered within two seconds, and it then held what it held before.
+// orvane-faults: injects faults into the running service and prints how it reacts. Succeeds if the service reports
+// every fault, recovers within two seconds, and then holds no more resources than before.
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -27,7 +27,7 @@ constexpr char kHelp[] =
     "Breaks the running service and prints a row for each fault: what the service reported, how long it took to "
     "record\n"
     "again, and its streams, memory, files, and threads before and after.\n"
-    "  --short      the faults that CI causes\n"
+    "  --short      the faults that CI injects\n"
     "  --list       prints the names of the faults\n"
     "  --log        prints the end of the service's log after each failure\n"
     "  --only TEXT  the faults whose names contain the text\n";

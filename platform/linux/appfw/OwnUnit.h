@@ -7,9 +7,10 @@
 
 namespace appfw {
 
-// The unit of the service restricts all its processes, in ways that a web browser does not survive. Under systemd, this
-// starts the application in a unit of its own instead, through the user's service manager. False without systemd, if
-// the bus starts the application anyway, or if the manager cannot start it. Blocks until the manager answers.
+// The unit of the service restricts all processes in it, and a web browser does not work under these restrictions.
+// Under systemd, this starts the application in a unit of its own instead, through the user's service manager. False
+// without systemd, if the bus starts the application anyway, or if the manager cannot start it. Blocks until the
+// manager answers.
 bool startInOwnUnit(const gio::DesktopApp& app, const std::string& uri);
 
 }  // namespace appfw

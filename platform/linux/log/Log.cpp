@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The system log goes to the journal if its socket exists, otherwise to standard error. ORVANE_LOG=stderr or off
-// overrides this. Nothing here throws, because C code logs too, and no line waits for its reader, because the main loop
-// logs too. This also holds for what the product prints to standard output.
+// overrides this. Nothing here throws, because C code logs too. No call waits for the log's reader, because the main
+// loop logs too. The same is true of what the product prints to standard output.
 #include <dlog.h>
 #include <signal.h>
 #include <stdarg.h>
@@ -60,8 +60,8 @@ char letterOf(log_priority priority) noexcept {
     return index >= 0 && index < 4 ? "DIWE"[index] : '?';
 }
 
-// The journal's own protocol, because its library waits for a journal that stands still. A text of several lines has
-// its length before it.
+// The journal's native protocol. The journal's library is not an option, because it waits if the journal hangs. The
+// length of a text with several lines precedes the text.
 std::string forJournal(log_priority priority, const char* tag, const std::string& text) {
     std::string message = "MESSAGE";
     if (text.find('\n') == std::string::npos) {

@@ -37,7 +37,7 @@ void LogQueue::write(std::string_view line) noexcept {
     mWaiting = !mLines.empty();
 }
 
-// Returns whether nothing waits any more.
+// Returns whether the queue is empty.
 bool LogQueue::drain() {
     while (true) {
         if (mLines.empty() && mDropped > 0) {
@@ -57,7 +57,7 @@ bool LogQueue::drain() {
     }
 }
 
-// Reports lost lines where they are missing. An empty line only reports.
+// Inserts the report of lost lines where they are missing. With an empty line, adds only the report.
 void LogQueue::append(std::string_view line) {
     if (mBytes + line.size() > kMostBytes) {
         ++mDropped;
@@ -82,7 +82,7 @@ void LogQueue::startThread() {
     }
 }
 
-// Signals are for the other threads.
+// Blocks all signals, so that the other threads receive them.
 void LogQueue::run() noexcept {
     sigset_t all;
     sigfillset(&all);

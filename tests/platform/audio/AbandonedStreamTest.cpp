@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Returns when the server has carried out everything that this process asked for, and what its answers led to.
+// Returns after the server has processed every request of this process, including those that its replies caused.
 void settle() {
     audio::whatPlays();
     audio::whatPlays();

@@ -138,7 +138,7 @@ TEST(ALogOnAMachineWithAJournal, GoesThereWithItsPriorityAndTag) {
     }
 }
 
-TEST(ALogOnAMachineWithAJournal, DoesNotWaitForAJournalThatStandsStill) {
+TEST(ALogOnAMachineWithAJournal, DoesNotWaitForAJournalThatHangs) {
     std::string received;
     const int error = readJournal("flood > /dev/null", received);
     if (error == EPERM) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Readers of a program's output that stand still. Its standard output and error are pipes that nobody reads at first.
+// A program whose output is not read: its standard output and error are pipes that nobody reads at first.
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

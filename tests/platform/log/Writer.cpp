@@ -40,7 +40,7 @@ void flood() {
     }
 }
 
-// Tells the test that this point is reached, and waits for its answer.
+// Signals to the test that this point is reached, and waits for its reply.
 void meetTest() {
     char byte = '.';
     if (write(3, &byte, 1) != 1 || read(STDIN_FILENO, &byte, 1) != 1) {

@@ -31,7 +31,7 @@ const std::vector<Row>& rows() {
         {"message port round trip", "message round trip us", "us"},
         {"  95th percentile", "message round trip us", "us", Shown::P95},
         {"message accepted by a port", "message accepted us", "us", Shown::Median, 1.5, "plain call us"},
-        {"  a D-Bus call that is only answered", "plain call us", "us"},
+        {"  a D-Bus call whose receiver only replies", "plain call us", "us"},
         {"profile refresh, 20 families of 10", "profile refresh ms", "ms"},
         {"fade down, mean distance to the line", "fade down error levels", "levels"},
         {"fade up, mean distance to the line", "fade up error levels", "levels"},

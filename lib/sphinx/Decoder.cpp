@@ -107,6 +107,7 @@ extern "C" void ckd_fail(char* format, ...) {
     keepText(format, arguments);
     va_end(arguments);
     if (afterFatalError == nullptr) {
+        std::fprintf(stderr, "the speech library cannot continue: %s\n", lastError);
         std::abort();
     }
     std::longjmp(*afterFatalError, 1);
@@ -222,6 +223,9 @@ std::vector<Segment> Decoder::segments() const {
 }
 
 double Decoder::naturalLog(int probability) const {
+    if (!mDecoder) {
+        fail("the decoder is lost");
+    }
     return library().logmath_log_to_ln(library().ps_get_logmath(mDecoder.get()), probability);
 }
 

@@ -21,9 +21,12 @@ void Fsg::Free::operator()(fsg_model_s* model) const noexcept {
     library().fsg_model_free(model);
 }
 
-Fsg::Fsg(const Decoder& decoder, int states, int start, int final)
-    : mModel(
-          library().fsg_model_init("commands", library().ps_get_logmath(decoder.handle()), kLanguageWeight, states)) {
+Fsg::Fsg(const Decoder& decoder, int states, int start, int final) {
+    if (decoder.handle() == nullptr) {
+        throw Error("the decoder is lost");
+    }
+    mModel.reset(
+        library().fsg_model_init("commands", library().ps_get_logmath(decoder.handle()), kLanguageWeight, states));
     if (!mModel) {
         throw Error("out of memory for the grammar");
     }

@@ -30,8 +30,7 @@ void recordWith(Trial& trial, Place place) {
         std::filesystem::remove_all(path);
         place(path);
     }
-    trial.appliance().control(sim::kUi, "start", "Default");
-    trial.appliance().awaitState("Recording");
+    trial.startRecording();
     trial.appliance().say("search for apple pie");
     trial.awaitState("Ready", "NoResultJson");
     trial.awaitLog(kLevelFile);

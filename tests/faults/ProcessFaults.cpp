@@ -38,14 +38,12 @@ void inStandby(Trial& trial) {
 }
 
 void inRecording(Trial& trial) {
-    trial.appliance().control(sim::kUi, "start", "Default");
-    trial.appliance().awaitState("Recording");
+    trial.startRecording();
     endIn(trial, "recording");
 }
 
 void inProcessing(Trial& trial) {
-    trial.appliance().control(sim::kUi, "start", "PTT");
-    trial.appliance().awaitState("Recording");
+    trial.startRecording("PTT");
     trial.appliance().say("search for apple pie");
     trial.appliance().control(sim::kUi, "stop");
     trial.appliance().awaitState("Processing");
@@ -54,8 +52,7 @@ void inProcessing(Trial& trial) {
 
 void inReady(Trial& trial) {
     trial.appliance().control(sim::kUi, "acknowledge", "no");
-    trial.appliance().control(sim::kUi, "start", "Default");
-    trial.appliance().awaitState("Recording");
+    trial.startRecording();
     trial.appliance().say("search for apple pie");
     trial.appliance().awaitState("Ready");
     endIn(trial, "ready");

@@ -40,8 +40,8 @@ void corrupt(Trial& trial) {
     const std::string kept = trial.appliance().folder() / "kept";
     trial.run({"cp", path, kept});
     std::ofstream(path, std::ios::trunc) << std::string(4096, '\xff');
-    sim::until("the service answers", [&] { return trial.records() || true; });
-    trial.report("runs");
+    trial.records();  // any answer will do
+    trial.report("answers a start");
     trial.run({"cp", kept, path});
     trial.appliance().kill(kSettingsService);
     sim::settings::set(sim::kMicrophone, 1);
@@ -52,8 +52,8 @@ void wrongTypes(Trial& trial) {
     sim::settings::set(sim::kMenuLanguage, 7);
     sim::settings::set(sim::kWakeWord, "quorbit");
     sim::settings::set(sim::kReadyAcknowledged, 3);
-    trial.records();
-    trial.report("runs");
+    trial.records();  // any answer will do
+    trial.report("answers a start");
     sim::settings::set(sim::kMicrophone, 1);
     sim::settings::set(sim::kMenuLanguage, "en_US.UTF-8");
     sim::settings::set(sim::kWakeWord, 0);

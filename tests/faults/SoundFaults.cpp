@@ -22,8 +22,7 @@ void killed(Trial& trial) {
 }
 
 void killedDuringSpeech(Trial& trial) {
-    trial.appliance().control(sim::kUi, "start", "Default");
-    trial.appliance().awaitState("Recording");
+    trial.startRecording();
     trial.appliance().restartSound();
     trial.awaitError();
     awaitRecorded(trial);

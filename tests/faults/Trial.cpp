@@ -37,9 +37,9 @@ std::string messageOf(const std::string& line) {
     return message.substr(0, message.find('\x1b'));
 }
 
-bool answers(sim::Appliance& appliance) {
+bool answers(sim::Appliance& appliance, const std::string& mode) {
     try {
-        appliance.control(sim::kUi, "start", "Default");
+        appliance.control(sim::kUi, "start", mode);
         return true;
     } catch (const std::runtime_error&) {  // the bus is starting the UI again
         return false;
@@ -113,14 +113,22 @@ void Trial::restart() {
     startWarm(mAppliance);
 }
 
-bool Trial::records() {
+bool Trial::tryStart(const std::string& mode) {
     mAppliance.turnPage();
-    if (!answers(mAppliance)) {
+    if (!answers(mAppliance, mode)) {
         return false;
     }
     const auto shows = [this](const char* name) { return mAppliance.count(sim::kUi, state(name)) != 0; };
     sim::until("the service answers a start", [&] { return shows("Recording") || shows("Error"); });
-    if (!shows("Recording")) {
+    return shows("Recording");
+}
+
+void Trial::startRecording(const std::string& mode) {
+    sim::until("the service records", [&] { return tryStart(mode); });
+}
+
+bool Trial::records() {
+    if (!tryStart("Default")) {
         return false;
     }
     mAppliance.control(sim::kUi, "cancel");

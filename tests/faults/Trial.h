@@ -46,6 +46,9 @@ public:
     void endStarted();
     void restart();
 
+    // Starts a recognition session from the UI, again while the service reports that it is not ready, and returns when
+    // it records.
+    void startRecording(const std::string& mode = "Default");
     // Asks for a recognition session as the UI does, and returns true if the service records.
     bool records();
     // Runs a program and returns its exit code.
@@ -60,6 +63,8 @@ public:
 
 private:
     std::string newLog() const;
+    // Returns false if the service does not record.
+    bool tryStart(const std::string& mode);
 
     sim::Appliance& mAppliance;
     std::size_t mLogBefore;

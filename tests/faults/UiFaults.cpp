@@ -27,16 +27,14 @@ pid_t processOf(Trial& trial, const char* application) {
 }
 
 void killedDuringRecording(Trial& trial) {
-    trial.appliance().control(sim::kUi, "start", "Default");
-    trial.appliance().awaitState("Recording");
+    trial.startRecording();
     trial.appliance().kill(sim::kUi);
     trial.awaitState("Error", "RecordingTimeout");
 }
 
 // The microphone key must work even while the UI hangs.
 void hung(Trial& trial) {
-    trial.appliance().control(sim::kUi, "start", "Default");
-    trial.appliance().awaitState("Recording");
+    trial.startRecording();
     const auto speech = trial.appliance().startSaying("show me the recipe for pancakes");
     {
         const Frozen ui(processOf(trial, sim::kUi));
@@ -55,8 +53,8 @@ void hung(Trial& trial) {
 void duplicated(Trial& trial) {
     sim::Process second({sim::builtProgram(sim::kSimulatedApp), "ui", sim::kUi},
                         trial.appliance().folder() / "second.log");
-    trial.appliance().control(sim::kUi, "start", "Default");
-    trial.awaitState("Recording");
+    trial.startRecording();
+    trial.report("Recording");
     trial.appliance().control(sim::kUi, "cancel");
     trial.awaitState("StandBy");
 }

@@ -93,7 +93,8 @@ void perform(const Fault& fault, Trial& trial, Row& row) {
     row.before = faults::resourcesOf(trial.appliance());
     fault.run(trial);
     row.recovery = recover(trial);
-    if (trial.restarted()) {
+    if (trial.restarted()) {  // there is no earlier state to compare with
+        row.recovery = -1;
         row.before = faults::resourcesOf(trial.appliance());
     }
     row.after = faults::settledResources(trial.appliance(), row.before);
@@ -123,6 +124,7 @@ Row rowOf(const Fault& fault, sim::Appliance& appliance) {
 struct Progress {
     std::size_t next;
     int failures;
+    int skipped;
 };
 
 // Performs faults up to the first failure, after which the fault may still last.
@@ -138,6 +140,7 @@ void performSome(const std::vector<Fault>& chosen, Progress& progress, bool log)
             appliance.service().printEndOfLog();
         }
         progress.failures += failed && !row.skipped ? 1 : 0;
+        progress.skipped += row.skipped ? 1 : 0;
     }
 }
 
@@ -173,7 +176,7 @@ int run(const std::vector<Fault>& chosen, bool log) {
             return 1;
         }
     }
-    printf("%zu faults, %d failures\n", chosen.size(), progress.failures);
+    printf("%zu faults, %d failures, %d skipped\n", chosen.size(), progress.failures, progress.skipped);
     return progress.failures == 0 ? 0 : 1;
 }
 

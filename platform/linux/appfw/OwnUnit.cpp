@@ -21,7 +21,9 @@ bool startInOwnUnit(const gio::DesktopApp& app, const std::string& uri) {
     if (file.empty() || !isUnderSystemd() || app.isBusActivatable()) {
         return false;
     }
-    std::vector<std::string> command{"systemd-run", "--user", "--collect", "--quiet", "--", "gio", "launch", file};
+    // gio ends as soon as it has started the application. The unit lives as long as the application.
+    std::vector<std::string> command{"systemd-run", "--user", "--collect", "--quiet", "--property=ExitType=cgroup",
+                                     "--",          "gio",    "launch",    file};
     if (!uri.empty()) {
         command.push_back(uri);
     }

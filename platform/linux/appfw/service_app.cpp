@@ -150,7 +150,7 @@ bool join(const App& app, Presence& presence) {
             });
         });
     });
-    return true;
+    return bus.isOpen() || refuse("the session bus has gone");
 }
 
 // Deleting a timer that has already expired is harmless, but EFL logs three errors about it, two of them in its object

@@ -54,7 +54,7 @@ std::size_t writeTo(int descriptor, std::string_view bytes) noexcept {
         return bytes.size();
     }
     if (S_ISSOCK(status.st_mode)) {
-        return written(send(descriptor, bytes.data(), bytes.size(), MSG_DONTWAIT), bytes.size());
+        return written(send(descriptor, bytes.data(), bytes.size(), MSG_DONTWAIT | MSG_NOSIGNAL), bytes.size());
     }
     if (S_ISFIFO(status.st_mode) || (S_ISCHR(status.st_mode) && isatty(descriptor) != 0)) {
         return writeToPipe(descriptor, bytes);

@@ -5,6 +5,7 @@
 #include <time.h>
 
 #include <exception>
+#include <system_error>
 #include <thread>
 
 namespace logging {
@@ -76,9 +77,13 @@ void LogQueue::append(std::string_view line) {
 
 // Without a thread, the next line tries again.
 void LogQueue::startThread() {
-    if (!mThreadRuns) {
+    if (mThreadRuns) {
+        return;
+    }
+    try {
         std::thread([this] { run(); }).detach();
         mThreadRuns = true;
+    } catch (const std::system_error&) {  // the line waits for the next one, which tries again
     }
 }
 

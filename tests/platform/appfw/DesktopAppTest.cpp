@@ -73,7 +73,7 @@ TEST_F(ADesktopApplication, IsStartedByTheUsersServiceManagerUnderSystemd) {
     const std::filesystem::path data = getenv("XDG_DATA_HOME");
     const std::string path = getenv("PATH");
     std::ofstream(data / "systemd-run") << "#!/bin/sh\necho \"$*\" >" << (data / "run").string()
-                                        << "\nshift 4\nexec \"$@\"\n";
+                                        << "\nshift 5\nexec \"$@\"\n";
     std::filesystem::permissions(data / "systemd-run", std::filesystem::perms::owner_all);
     setenv("PATH", (data.string() + ":" + path).c_str(), 1);
     setenv("INVOCATION_ID", "1", 1);
@@ -82,8 +82,8 @@ TEST_F(ADesktopApplication, IsStartedByTheUsersServiceManagerUnderSystemd) {
     expectStart(std::string("desk ") + URI);
     std::string arguments;
     std::getline(std::ifstream(data / "run"), arguments);
-    EXPECT_EQ(arguments, "--user --collect --quiet -- gio launch " + data.string() + "/applications/" + APP_ID +
-                             ".desktop " + URI);
+    EXPECT_EQ(arguments, "--user --collect --quiet --property=ExitType=cgroup -- gio launch " + data.string() +
+                             "/applications/" + APP_ID + ".desktop " + URI);
     unsetenv("INVOCATION_ID");
     setenv("PATH", path.c_str(), 1);
 }

@@ -11,8 +11,8 @@
 
 #include <string>
 
-// What glibc makes of printf when a program is built with _FORTIFY_SOURCE: with flag 1, a "%n" in a writable format
-// ends the program. The log calls it by name, so that builds without that macro write the same way.
+// glibc's printf for programs built with _FORTIFY_SOURCE. With flag 1, a "%n" in a writable format ends the program.
+// The log calls it directly, so that builds without that macro behave the same way.
 extern "C" int __printf_chk(int flag, const char* format, ...);
 
 namespace Util {

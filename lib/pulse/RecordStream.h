@@ -24,8 +24,9 @@ public:
 
     struct Settings {
         const char* name;
-        const char*
-            source;  // null: the default, the one in PULSE_SOURCE, or where the user moved this program's stream
+        // Null: the source that the server chooses: the default, the one in PULSE_SOURCE, or where the user moved this
+        // program's stream.
+        const char* source;
         int rate;
         int channels;
         std::size_t fragment;  // in bytes

@@ -6,12 +6,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <optional>
 #include <string>
-#include <thread>
 
 #include "room/SoundRoom.h"
+#include "support/Eventually.h"
 
 namespace {
 
@@ -19,18 +18,6 @@ int level() {
     int now = -1;
     sound_manager_get_volume(SOUND_TYPE_MEDIA, &now);
     return now;
-}
-
-template <typename Condition>
-bool eventually(Condition condition) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::yield();
-    }
-    return true;
 }
 
 int openFifo(const std::string& path) {

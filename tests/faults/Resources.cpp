@@ -6,8 +6,6 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "appliance/processes/Usage.h"
-
 namespace faults {
 
 namespace {
@@ -42,8 +40,7 @@ Resources resourcesOf(sim::Appliance& appliance) {
         throw std::runtime_error("the service has ended");
     }
     const pid_t process = appliance.service().process();
-    const sim::Usage usage = sim::usageOf(process);
-    return {streamsOf(appliance, process), usage.files, usage.threads, usage.residentKb};
+    return {sim::usageOf(process), streamsOf(appliance, process)};
 }
 
 Resources settledResources(sim::Appliance& appliance, const Resources& before) {

@@ -5,14 +5,12 @@
 #include <string>
 
 #include "appliance/Appliance.h"
+#include "appliance/processes/Usage.h"
 
 namespace faults {
 
-struct Resources {
+struct Resources : sim::Usage {
     int streams = 0;
-    int files = 0;
-    int threads = 0;
-    long residentKb = 0;
 };
 
 // Throws std::runtime_error when the service does not run or the sound server does not answer.

@@ -33,18 +33,18 @@ void HungApps::add(const std::string& app) {
     }
     log(app, "does not reply; it receives no messages until it does");
     bus::session().callAsync({app, Ports::kPath, Ports::kInterface}, "HasPort", gio::Variant::tuple(""),
-                             {kNoTimeLimit, false}, [this, app](const gio::Variant& answer, const gio::CallError*) {
-                                 process::contained("reply of a hung application", [&] { remove(app, bool(answer)); });
+                             {kNoTimeLimit, false}, [this, app](const gio::Variant&, const gio::CallError*) {
+                                 process::contained("reply of a hung application", [&] { remove(app); });
                              });
 }
 
 // On the IO thread.
-void HungApps::remove(const std::string& app, bool replied) {
+void HungApps::remove(const std::string& app) {
     {
         const std::lock_guard lock(mMutex);
         mApps.erase(app);
     }
-    log(app, replied ? "replies again" : "has ended");
+    log(app, "replied or ended; it receives messages again");
 }
 
 }  // namespace appfw

@@ -16,7 +16,7 @@ public:
     void add(const std::string& app);
 
 private:
-    void remove(const std::string& app, bool replied);
+    void remove(const std::string& app);
 
     std::mutex mMutex;
     std::set<std::string> mApps;

@@ -10,7 +10,8 @@ RequestLimit::Pending RequestLimit::accept(const std::string& sender, Clock::tim
         return nullptr;
     }
     known.accepted.push_back(now);
-    return known.pending;
+    // A new object for each request, so that the limit counts requests, not copies.
+    return Pending(known.pending.get(), [pending = known.pending](const void*) {});
 }
 
 // Also forgets senders, which may have left the bus.

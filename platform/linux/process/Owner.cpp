@@ -8,6 +8,8 @@ namespace process {
 namespace {
 
 constexpr std::chrono::seconds kPatience{1};
+constexpr unsigned kEnded = 1;
+constexpr unsigned kCall = 2;
 
 thread_local Call* current = nullptr;
 
@@ -33,17 +35,25 @@ void Owner::enter() {
     if (!current || current->mOwner) {
         return;
     }
-    const std::lock_guard lock(mMutex);
-    if (mEnded) {
-        throw Ended();
-    }
-    ++mCalls;
+    unsigned calls = mCalls;
+    do {
+        if (calls & kEnded) {
+            throw Ended();
+        }
+    } while (!mCalls.compare_exchange_weak(calls, calls + kCall));
     current->mOwner = this;
 }
 
 void Owner::leave() noexcept {
+    unsigned calls = mCalls;
+    while (!(calls & kEnded)) {
+        if (mCalls.compare_exchange_weak(calls, calls - kCall)) {
+            return;
+        }
+    }
+    // Under the lock, because the owner may be gone as soon as end() sees that no call is left.
     const std::lock_guard lock(mMutex);
-    --mCalls;
+    mCalls -= kCall;
     mLeft.notify_all();
 }
 
@@ -53,8 +63,7 @@ Owner::Slot& Owner::slotOf(std::type_index type) {
 }
 
 void Owner::throwIfEnded() {
-    const std::lock_guard lock(mMutex);
-    if (mEnded && mCalls == 0) {
+    if (mCalls == kEnded) {
         throw Ended();
     }
 }
@@ -66,8 +75,8 @@ void Owner::add(Slot& slot) {
 
 void Owner::end() noexcept {
     std::unique_lock lock(mMutex);
-    mEnded = true;
-    if (!mLeft.wait_for(lock, kPatience, [this] { return mCalls == 0; })) {
+    mCalls |= kEnded;
+    if (!mLeft.wait_for(lock, kPatience, [this] { return mCalls == kEnded; })) {
         return;
     }
     const std::vector<Slot*> running = mCreated;
@@ -79,6 +88,7 @@ void Owner::end() noexcept {
     while (!mCreated.empty()) {
         Slot* const newest = mCreated.back();
         mCreated.pop_back();
+        newest->existing = nullptr;
         newest->object.reset();
     }
 }

@@ -52,4 +52,9 @@ TEST_F(ARequestLimit, AcceptsTenRequestsThatArePending) {
     EXPECT_EQ(accepts(1), 1);
 }
 
+TEST_F(ARequestLimit, CountsARequestOnceHoweverManyCopiesExist) {
+    const std::vector<appfw::RequestLimit::Pending> copies(100, mLimit.accept(":1.1", mNow));
+    EXPECT_EQ(accepts(1), 1);
+}
+
 }  // namespace

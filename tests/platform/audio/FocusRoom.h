@@ -28,19 +28,6 @@ constexpr Change acquired(int reason) {
     return {SOUND_STREAM_FOCUS_FOR_RECORDING, SOUND_STREAM_FOCUS_STATE_ACQUIRED, reason};
 }
 
-// Waits until the condition is true; false after ten seconds.
-template <typename Condition>
-bool eventually(Condition condition) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::yield();
-    }
-    return true;
-}
-
 inline bool isFree() {
     return !bus::session().hasOwner(kName);
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "FocusRoom.h"
+#include "support/Eventually.h"
 
 using namespace focus;
 using testing::ElementsAre;

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <chrono>
 #include <thread>
 
 #include "Captured.h"
 #include "Listener.h"
 #include "room/SoundRoom.h"
 #include "speech_capture.h"
+#include "support/Eventually.h"
 #include "support/PrivateBus.h"
 #include "support/PrivateHome.h"
 
@@ -18,18 +18,6 @@ namespace {
 // Another process changes the setting.
 void setKey(const std::string& value) {
     ASSERT_EQ(system(("dconf write /db/mic_key/status " + value).c_str()), 0);
-}
-
-template <typename Condition>
-bool eventually(Condition condition) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::yield();
-    }
-    return true;
 }
 
 bool isCaptured() {

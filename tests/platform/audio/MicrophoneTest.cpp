@@ -11,6 +11,7 @@
 #include "room/SoundRoom.h"
 #include "speech_capture.h"
 #include "status/Problems.h"
+#include "support/Eventually.h"
 
 using testing::HasSubstr;
 using testing::internal::CaptureStderr;
@@ -87,7 +88,7 @@ TEST(AStreamThatIsMovedToAMonitor, ReturnsToTheMicrophone) {
         readUntilItSucceeds();
         EXPECT_EQ(sourceOfTheStream(), "mic");
         room.control({"move-source-output", captured::streams().at(0).number, "room.monitor"});
-        EXPECT_TRUE(focus::eventually([] { return sourceOfTheStream() == "mic"; }));
+        EXPECT_TRUE(eventually([] { return sourceOfTheStream() == "mic"; }));
         readUntilItSucceeds();
     }
 }

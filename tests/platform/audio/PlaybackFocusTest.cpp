@@ -13,8 +13,7 @@
 #include "Tone.h"
 #include "room/SoundRoom.h"
 #include "sound_manager.h"
-
-using focus::eventually;
+#include "support/Eventually.h"
 
 namespace {
 

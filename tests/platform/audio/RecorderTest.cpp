@@ -11,8 +11,7 @@
 #include "FocusRoom.h"
 #include "Listener.h"
 #include "room/SoundRoom.h"
-
-using focus::eventually;
+#include "support/Eventually.h"
 
 namespace {
 

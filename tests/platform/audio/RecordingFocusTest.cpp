@@ -8,6 +8,7 @@
 
 #include "FocusRoom.h"
 #include "audio/focus/FocusReason.h"
+#include "support/Eventually.h"
 
 using namespace focus;
 using testing::ElementsAre;

@@ -3,6 +3,7 @@
 // use and destroys it when the process exits.
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <map>
 #include <memory>
@@ -52,16 +53,21 @@ public:
 
 private:
     friend class Call;
+    template <typename T>
+    friend T& shared();
 
     struct Slot {
         std::mutex creation;
         std::shared_ptr<void> object;
+        std::atomic<void*> existing{nullptr};  // the object, for a call that finds it created
         void (*stop)(void*) noexcept = nullptr;
     };
 
     void enter();
     void leave() noexcept;
     Slot& slotOf(std::type_index type);
+    template <typename T>
+    T& get(Slot& slot);
     void throwIfEnded();
     void add(Slot& slot);
     template <typename T, typename = void>
@@ -77,8 +83,9 @@ private:
     std::condition_variable mLeft;
     std::map<std::type_index, Slot> mSlots;
     std::vector<Slot*> mCreated;  // newest last
-    int mCalls = 0;               // calls that use the owner
-    bool mEnded = false;
+    // Twice the number of calls that use the owner, plus kEnded after the end. One number, because each call of a C
+    // function changes it twice and should not wait for a lock.
+    std::atomic<unsigned> mCalls{0};
 };
 
 // One call of a C function, on the stack of its thread. It uses the owner from its first get() until it returns, and
@@ -98,21 +105,31 @@ private:
 
 template <typename T>
 T& Owner::get() {
+    return get<T>(slotOf(typeid(T)));
+}
+
+template <typename T>
+T& Owner::get(Slot& slot) {
     enter();
-    Slot& slot = slotOf(typeid(T));
+    if (void* const existing = slot.existing.load()) {
+        return *static_cast<T*>(existing);
+    }
     const std::lock_guard lock(slot.creation);
     if (!slot.object) {
         throwIfEnded();
         slot.object = std::make_shared<T>();
         slot.stop = Stop<T>::run;
         add(slot);
+        slot.existing = slot.object.get();
     }
     return *static_cast<T*>(slot.object.get());
 }
 
+// The process's only T, see Owner::get().
 template <typename T>
 T& shared() {
-    return Owner::instance().get<T>();
+    static Owner::Slot& slot = Owner::instance().slotOf(typeid(T));
+    return Owner::instance().get<T>(slot);
 }
 
 }  // namespace process

@@ -5,12 +5,16 @@
 
 #include "OwnUnit.h"
 #include "app_control.h"
-#include "dlog.h"
 #include "gio/DesktopApp.h"
+#include "process/FaultLog.h"
 
 namespace appfw {
 
 namespace {
+
+void logFault(const std::string& app, const std::string& text) {
+    process::logFault(DLOG_ERROR, "orvane-appfw", app, text);
+}
 
 // `what` names the application in the log. `uri` may be empty.
 int launch(const gio::DesktopApp& app, const std::string& uri, const std::string& what) {
@@ -21,7 +25,7 @@ int launch(const gio::DesktopApp& app, const std::string& uri, const std::string
         app.launch(uri);
         return APP_CONTROL_ERROR_NONE;
     } catch (const std::exception& error) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "cannot launch %s: %s", what.c_str(), error.what());
+        logFault(what, "cannot launch " + what + ": " + error.what());
         return APP_CONTROL_ERROR_LAUNCH_FAILED;
     }
 }
@@ -31,7 +35,7 @@ int launch(const gio::DesktopApp& app, const std::string& uri, const std::string
 int launchDesktopApp(const std::string& id, const std::string& uri) {
     const auto app = gio::DesktopApp::find(id);
     if (!app) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed", id.c_str());
+        logFault(id, "application " + id + " is not installed");
         return APP_CONTROL_ERROR_APP_NOT_FOUND;
     }
     return launch(*app, uri, id);
@@ -40,7 +44,7 @@ int launchDesktopApp(const std::string& id, const std::string& uri) {
 int openInDefaultApp(const std::string& uri) {
     const auto app = gio::DesktopApp::findForUri(uri);
     if (!app) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "no application is registered for the URI \"%s\"", uri.c_str());
+        logFault(uri, "no application is registered for the URI \"" + uri + "\"");
         return APP_CONTROL_ERROR_APP_NOT_FOUND;
     }
     return launch(*app, uri, uri);

@@ -3,7 +3,7 @@
 
 #include "Ports.h"
 #include "bus/SessionBus.h"
-#include "dlog.h"
+#include "process/FaultLog.h"
 #include "process/Guard.h"
 
 namespace appfw {
@@ -13,7 +13,7 @@ namespace {
 constexpr int kNoTimeLimit = G_MAXINT;  // as GDBus defines it
 
 void log(const std::string& app, const char* what) {
-    dlog_print(DLOG_WARN, "orvane-appfw", "%s %s", app.c_str(), what);
+    process::logFault(DLOG_WARN, "orvane-appfw", app, app + " " + what);
 }
 
 }  // namespace

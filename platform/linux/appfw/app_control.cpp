@@ -11,8 +11,8 @@
 #include "Replies.h"
 #include "Request.h"
 #include "bus/SessionBus.h"
-#include "dlog.h"
 #include "gio/Address.h"
+#include "process/FaultLog.h"
 #include "process/Guard.h"
 
 namespace {
@@ -63,8 +63,12 @@ gio::Target applicationOf(const std::string& name) {
     return {name, "/org/orvane/Application", "org.orvane.Application1"};
 }
 
+void logFault(const std::string& app, const std::string& text) {
+    process::logFault(DLOG_ERROR, "orvane-appfw", app, text);
+}
+
 int failureOf(const std::string& id, const gio::CallError& error) {
-    dlog_print(DLOG_ERROR, "orvane-appfw", "%s did not accept the request: %s", id.c_str(), error.what());
+    logFault(id, id + " did not accept the request: " + error.what());
     if (!bus::session().isOpen()) {
         return APP_CONTROL_ERROR_IO_ERROR;
     }
@@ -88,7 +92,7 @@ int launch(const app_control_s& request, const std::string& token) {
     const std::string operation = request.operation.value_or("");
     const std::string uri = request.uri.value_or("");
     if (!gio::isBusName(id)) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "application %s is not installed", id.c_str());
+        logFault(id, "application " + id + " is not installed");
         return APP_CONTROL_ERROR_APP_NOT_FOUND;
     }
     try {
@@ -98,6 +102,7 @@ int launch(const app_control_s& request, const std::string& token) {
     } catch (const gio::CallError& error) {
         return error.hasNoReceiver() ? started(appfw::launchDesktopApp(id, uri), token) : failureOf(id, error);
     }
+    process::faultEnded(id);
     if (!token.empty()) {
         process::shared<appfw::Replies>().expectFrom(token, bus::session().ownerOf(id));
     }
@@ -113,7 +118,7 @@ int send(app_control_h request, app_control_reply_cb callback, void* userData) {
         return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
     if (!isText(request->operation) || !isText(request->uri)) {
-        dlog_print(DLOG_ERROR, "orvane-appfw", "a request contains text that is not UTF-8");
+        logFault("request", "a request contains text that is not UTF-8");
         return APP_CONTROL_ERROR_INVALID_PARAMETER;
     }
     auto& replies = process::shared<appfw::Replies>();

@@ -22,6 +22,7 @@
 #include "dbus/Interfaces.h"
 #include "dlog.h"
 #include "mainloop/MainLoopPost.h"
+#include "process/FaultLog.h"
 #include "process/Guard.h"
 #include "status/Notify.h"
 #include "status/Problems.h"
@@ -166,7 +167,7 @@ void logEfl(const Eina_Log_Domain*, Eina_Log_Level, const char*, const char* fun
         if (!isOfAnEndedTimer(function)) {
             char text[1024];
             vsnprintf(text, sizeof text, format, arguments);
-            dlog_print(DLOG_ERROR, "orvane-appfw", "%s: %s", function, text);
+            process::logFault(DLOG_ERROR, "orvane-appfw", function, std::string(function) + ": " + text);
         }
     });
 }

@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "bus/SessionBus.h"
-#include "dlog.h"
+#include "process/FaultLog.h"
 
 namespace bus {
 
@@ -48,7 +48,8 @@ bool admits(gio::MethodCall& call) {
     if (peers().userOf(call.sender()) != getuid()) {
         call.fail("org.freedesktop.DBus.Error.AccessDenied", "only calls of the same user are accepted");
     } else if (tooLarge) {
-        dlog_print(DLOG_WARN, "orvane-bus", "refused a call of %s: its arguments are too large", call.method().c_str());
+        process::logFault(DLOG_WARN, "orvane-bus", call.method(),
+                          "refused a call of " + call.method() + ": its arguments are too large");
         call.fail("org.orvane.Error.TooLarge", "the arguments exceed the limits on size or count");
     }
     return !call.isAnswered();

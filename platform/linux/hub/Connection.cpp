@@ -9,8 +9,8 @@
 #include "Exchange.h"
 #include "PlainText.h"
 #include "curl/Url.h"
-#include "dlog.h"
 #include "kelso_server.h"
+#include "process/FaultLog.h"
 
 namespace hub {
 
@@ -61,7 +61,8 @@ void Connection::signIn(const std::string& guid, const std::string& accessToken,
     checkText(serverUri, "server URI");
     const curl::Url url = parse(serverUri);
     if (!url.isSecure() && !url.isLoopback()) {
-        dlog_print(DLOG_WARN, "orvane-hub", "the connection to the hub uses plain http, which others can read");
+        process::logFault(DLOG_WARN, "orvane-hub", "plain http",
+                          "the connection to the hub uses plain http, which others can read");
     }
     const std::string base = url.base();
     const std::string body = signInBody(guid, clientId);

@@ -6,7 +6,7 @@
 #include "Connection.h"
 #include "Error.h"
 #include "Records.h"
-#include "dlog.h"
+#include "process/FaultLog.h"
 #include "process/Guard.h"
 
 struct ks_server_s : hub::Connection {};
@@ -27,9 +27,10 @@ int guarded(const char* function, Action action) noexcept {
     return process::guarded(kFailures, function, [&]() -> int {
         try {
             action();
+            process::faultEnded(function);
             return KS_SERVER_OK;
         } catch (const hub::Error& error) {
-            dlog_print(DLOG_ERROR, kTag, "%s", error.what());
+            process::logFault(DLOG_ERROR, kTag, function, error.what());
             return error.code();
         }
     });

@@ -5,6 +5,7 @@
 
 #include "Handles.h"
 #include "Location.h"
+#include "process/FaultLog.h"
 
 namespace {
 
@@ -25,13 +26,16 @@ int refuseName(std::string name) {
 // Runs an operation on the database. A failure becomes an error code and one log line with the database's name.
 template <typename Operation>
 int attempt(const char* verb, const std::string& name, Operation operation) {
+    const std::string failure = std::string("cannot ") + verb + " the database " + name;
     try {
-        return operation();
+        const int code = operation();
+        process::faultEnded(failure);
+        return code;
     } catch (const std::bad_alloc&) {
-        dlog_print(DLOG_ERROR, kTag, "cannot %s the database %s: out of memory", verb, name.c_str());
+        process::logFault(DLOG_ERROR, kTag, failure, failure + ": out of memory");
         return VRD_ERROR_OUT_OF_MEMORY;
     } catch (const std::exception& error) {
-        dlog_print(DLOG_ERROR, kTag, "cannot %s the database %s: %s", verb, name.c_str(), error.what());
+        process::logFault(DLOG_ERROR, kTag, failure, failure + ": " + error.what());
         return VRD_ERROR_IO_ERROR;
     }
 }

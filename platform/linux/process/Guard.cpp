@@ -2,19 +2,33 @@
 #include "process/Guard.h"
 
 #include <exception>
+#include <string>
 
-#include "dlog.h"
+#include "process/FaultLog.h"
 
 namespace process {
 
-void logException(const char* name) noexcept {
+namespace {
+
+// Needs no memory if there is none.
+void logFaultOf(const char* name, const char* what) noexcept {
     constexpr const char* TAG = "orvane-platform";
+    try {
+        logFault(DLOG_ERROR, TAG, name, std::string(name) + ": " + what);
+    } catch (const std::bad_alloc&) {
+        dlog_print(DLOG_ERROR, TAG, "%s: %s", name, what);
+    }
+}
+
+}  // namespace
+
+void logException(const char* name) noexcept {
     try {
         throw;
     } catch (const std::exception& fault) {
-        dlog_print(DLOG_ERROR, TAG, "%s: %s", name, fault.what());
+        logFaultOf(name, fault.what());
     } catch (...) {
-        dlog_print(DLOG_ERROR, TAG, "%s: unknown exception", name);
+        logFaultOf(name, "unknown exception");
     }
 }
 

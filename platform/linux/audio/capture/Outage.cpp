@@ -1,10 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Outage.h"
 
-#include "dlog.h"
+#include <utility>
+
+#include "process/FaultLog.h"
 #include "process/Owner.h"
 
 namespace audio {
+
+namespace {
+
+constexpr char kTag[] = "orvane-audio";
+constexpr char kOperation[] = "capture";
+// A microphone that comes and goes more often has one long outage in the log.
+constexpr std::chrono::seconds kProof{10};
+
+}  // namespace
 
 Outage::Outage() : mProblems(process::shared<status::Problems>()) {}
 
@@ -13,8 +24,8 @@ void Outage::began(const std::string& why) {
     if (!mOut.exchange(true)) {
         mSince = std::chrono::steady_clock::now();
     }
-    if (mReasons.insert(why).second) {
-        dlog_print(DLOG_WARN, "orvane-audio", "no sound to capture: %s", why.c_str());
+    if (process::logFault(DLOG_WARN, kTag, kOperation, "no sound to capture: " + why)) {
+        mLogged = true;
     }
     mProblems.set(status::Problems::Part::Capture, why);
 }
@@ -22,9 +33,11 @@ void Outage::began(const std::string& why) {
 void Outage::end() {
     const std::lock_guard lock(mMutex);
     if (mOut.exchange(false)) {
-        mReasons.clear();
+        process::faultEnded(kOperation, kProof);
         mProblems.set(status::Problems::Part::Capture, "");
-        dlog_print(DLOG_INFO, "orvane-audio", "capturing sound again");
+        if (std::exchange(mLogged, false)) {
+            dlog_print(DLOG_INFO, kTag, "capturing sound again");
+        }
     }
 }
 

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <chrono>
 #include <mutex>
-#include <set>
 #include <string>
 
 #include "status/Problems.h"
@@ -12,8 +11,8 @@
 namespace audio {
 
 // Tracks capture failures for the whole process and shows the current one in the service's problems. Logs each reason
-// once when capture begins to fail, and one line when it works again, even if readers retry many times in between. Any
-// thread.
+// when capture begins to fail and then at growing intervals, although readers retry many times a second, and logs one
+// line when capture works again. Any thread.
 class Outage {
 public:
     Outage();
@@ -34,7 +33,7 @@ private:
     std::atomic<bool> mOut{false};
     mutable std::mutex mMutex;
     std::chrono::steady_clock::time_point mSince;
-    std::set<std::string> mReasons;  // of this outage
+    bool mLogged = false;  // this outage is in the log
 };
 
 }  // namespace audio

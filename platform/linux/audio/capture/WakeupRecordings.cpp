@@ -13,7 +13,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "dlog.h"
+#include "process/FaultLog.h"
 #include "sndfile/SoundFile.h"
 
 namespace fs = std::filesystem;

@@ -8,7 +8,7 @@
 #include "FocusReason.h"
 #include "StreamInfo.h"
 #include "bus/SessionBus.h"
-#include "dlog.h"
+#include "process/FaultLog.h"
 #include "process/Guard.h"
 
 namespace audio {
@@ -127,7 +127,8 @@ void Focus::ask(const char* method, const gio::Variant& arguments, std::function
     mBus.callAsync(gio::messageBus(), method, arguments, {kAnswerMs},
                    [method, then = std::move(then)](const gio::Variant& result, const gio::CallError* error) {
                        if (error != nullptr) {
-                           dlog_print(DLOG_ERROR, "orvane-sound", "focus: %s failed: %s", method, error->what());
+                           process::logFault(DLOG_ERROR, "orvane-sound", method,
+                                             std::string("focus: ") + method + " failed: " + error->what());
                        }
                        if (then) {
                            then(error == nullptr ? std::get<0>(result.fields<unsigned>()) : 0);

@@ -8,14 +8,16 @@
 #include <utility>
 
 #include "Clients.h"
-#include "dlog.h"
 #include "mainloop/MainLoopPost.h"
+#include "process/FaultLog.h"
 #include "voice/Understanding.h"
 
 namespace voice {
 
 namespace {
 
+constexpr char kTag[] = "orvane-voice";
+constexpr char kOperation[] = "recognition";
 // How much louder than the room's noise speech must be. The margin grows while loud media plays, so that a song is not
 // mistaken for speech.
 constexpr double kSpeechMarginDb = 9;
@@ -108,7 +110,7 @@ void Manager::loaded(Number load, bool ok) {
 
 int Manager::setSentenceFile(const std::string& path) {
     if (access(path.c_str(), R_OK) != 0) {
-        dlog_print(DLOG_ERROR, "orvane-voice", "cannot read %s", path.c_str());
+        process::logFault(DLOG_ERROR, kTag, path, "cannot read " + path);
         return VC_ERROR_IO_ERROR;
     }
     mSentenceFile = path;
@@ -223,7 +225,7 @@ void Manager::setServiceState(vc_service_state_e state) {
 
 void Manager::reportError(vc_error_e reason, const std::string& message) {
     mErrorMessage = message;
-    dlog_print(DLOG_ERROR, "orvane-voice", "%s", message.c_str());
+    process::logFault(DLOG_ERROR, kTag, kOperation, message);
     if (callbacks.error) {
         callbacks.error(reason);
     }

@@ -2,9 +2,16 @@
 #include "voice/Engine.h"
 
 #include "SphinxRecognizer.h"
-#include "dlog.h"
+#include "process/FaultLog.h"
 
 namespace voice {
+
+namespace {
+
+constexpr char kTag[] = "orvane-voice";
+constexpr char kOperation[] = "load of the recognizer";
+
+}  // namespace
 
 std::unique_ptr<Recognizer> makeRecognizer(const Language& language, SentenceFile& commands) {
     return std::make_unique<SphinxRecognizer>(language, commands);
@@ -19,11 +26,12 @@ std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& 
             readSentenceFile(path, engine->commands);
         }
         engine->recognizer = makeRecognizer(language, engine->commands);
-        dlog_print(DLOG_INFO, "orvane-voice", "recognizes %s", language.id.c_str());
+        process::faultEnded(kOperation);
+        dlog_print(DLOG_INFO, kTag, "recognizes %s", language.id.c_str());
         return engine;
     } catch (const std::exception& fault) {
-        dlog_print(DLOG_ERROR, "orvane-voice", "cannot load the recognizer for \"%s\": %s", language.id.c_str(),
-                   fault.what());
+        process::logFault(DLOG_ERROR, kTag, kOperation,
+                          "cannot load the recognizer for \"" + language.id + "\": " + fault.what());
         return nullptr;
     }
 }

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "Grammar.h"
-#include "dlog.h"
+#include "process/FaultLog.h"
 #include "sphinx/MemoryFile.h"
 
 namespace voice {
@@ -121,7 +121,8 @@ std::string SphinxRecognizer::dictate(std::size_t fromSample) {
         mDictation = mLoading.get();
     }
     if (!mDictation) {
-        dlog_print(DLOG_WARN, "orvane-voice", "no language model for free speech in %s", mLanguage.id.c_str());
+        process::logFault(DLOG_WARN, "orvane-voice", "dictation",
+                          "no language model for free speech in " + mLanguage.id);
         return "";
     }
     const std::size_t from = fromSample > kLeadSamples ? fromSample - kLeadSamples : 0;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The states and errors that the service reports to the UI application. The service sends their names. The values are
-// fixed.
+// The states and errors that the service reports to the UI application, by name. Do not renumber the values.
 #pragma once
 
 namespace OrvaneDA {

@@ -117,8 +117,8 @@ void Service::triggerShot(WakeupModules& modules, int level) {
     }
 }
 
-// The settings and the display may take their time, so the modules are not locked until the request is queued. Without
-// a recorder, the service has ended.
+// Reading the settings and waking the display may block, so this function locks the modules only to queue the request.
+// If there is no recorder, the service has ended.
 void Service::wakeUi(WakeupModules& modules) {
     if (!systemConfig().isOutOfBoxing() || systemConfig().getMicState() == 0) {
         return;

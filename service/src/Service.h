@@ -68,8 +68,8 @@ private:
     // The modules that a wake-word detection uses. The worker shares them during a detection, because it may still wait
     // for the display when the service is destroyed.
     struct WakeupModules {
-        // Held by the worker while it calls a module, and by the main loop while it changes a pointer. Nobody waits for
-        // another process while holding it.
+        // Held by the worker while it calls a module, and by the main loop while it changes a pointer. A thread that
+        // holds it must not wait for another process.
         std::mutex mutex;
         std::unique_ptr<SRecorder> recorder;
         std::unique_ptr<Trigger> trigger;

@@ -26,7 +26,8 @@ std::shared_ptr<ProfileSession> liveSession(void* refresher) {
     return found == liveSessions.end() ? nullptr : found->second.lock();
 }
 
-// Worker only. The refresher may be destroyed at any time; this code only passes on its address for the reply.
+// Worker only. The refresher may be destroyed at any time, so this code never dereferences the pointer. It only passes
+// it on, for the reply.
 void refresh(const std::shared_ptr<ProfileSession>& session, ProfileRefresher* refresher) {
     Util::AppControlData request;
     session->refresh([&] {

@@ -24,7 +24,7 @@ public:
     ProfileRefresher& operator=(const ProfileRefresher&) = delete;
 
     void initPushProfile();
-    // Does nothing without a network.
+    // Does nothing without a network connection.
     void updateProfileInfo();
     // Frees the records of the last refresh but not the stored users. Waits for a refresh in progress.
     void resetBundle();

@@ -11,7 +11,7 @@ constexpr std::chrono::nanoseconds ACCOUNT_TIMEOUT{5'000'000'000};
 
 }  // namespace
 
-// Sends the request with the mutex held, so that no request is sent after close(). The app control worker outlives the
+// Sends the request with the mutex held, so that no request is sent after close(). The app-control worker outlives the
 // refresher.
 void ProfileSession::refresh(const std::function<void()>& requestAccount) {
     Lock lock(mMutex);
@@ -42,8 +42,8 @@ void ProfileSession::awaitRecords(Lock& lock) {
     mChanged.wait(lock, [this] { return !mRecordsTaken; });
 }
 
-// Only a reply that arrives during the wait ends it. An earlier reply has stored its credentials, but the wait still
-// lasts its full time.
+// Only a reply that arrives during the wait ends it. If the reply arrived earlier, its credentials are stored, but the
+// wait still lasts its full time.
 void ProfileSession::awaitAnswer(Lock& lock) {
     const unsigned before = mAnswers;
     mChanged.wait_until(lock, std::chrono::system_clock::now() + ACCOUNT_TIMEOUT,

@@ -3,8 +3,8 @@
 // closes the hub connection and the database.
 //
 // One mutex guards the state, and one condition variable signals its changes. A worker does not hold the mutex while it
-// fetches and stores: it marks the records as taken, releases the mutex, and then has exclusive use of them. Otherwise,
-// whoever holds the mutex may use the records.
+// fetches and stores: it marks the records as taken, releases the mutex, and then has exclusive use of them. At all
+// other times, the mutex guards the records too.
 #pragma once
 
 #include <condition_variable>
@@ -24,7 +24,7 @@ public:
     void answer(const Account* account);
     // Frees the records. Waits for a refresh in progress.
     void resetBundle();
-    // After this, no request is sent, and a refresh in progress stops after its current call, without storing.
+    // From now on, no worker sends a request. A refresh in progress stops after its current call and stores nothing.
     void close();
 
 private:

@@ -9,7 +9,7 @@ namespace OrvaneDA {
 // Receives the recorder's blocks, split into chunks of the size that the listener chooses.
 class SRecordListener {
 public:
-    // `chunkSize` is in bytes. Below 1, every block is passed through whole.
+    // `chunkSize` is in bytes. If it is below 1, the listener receives every block unsplit.
     explicit SRecordListener(int chunkSize);
     virtual ~SRecordListener() = default;
     SRecordListener(const SRecordListener&) = delete;

@@ -22,7 +22,7 @@ namespace OrvaneDA {
 
 class SRecorder {
 public:
-    // The stop flag of one read thread, which ends when the flag is set.
+    // Setting this flag ends the read thread that owns it.
     using StopFlag = std::atomic<bool>;
 
     SRecorder();
@@ -38,11 +38,11 @@ public:
     virtual int _audio_unprepare() = 0;
     virtual int _audio_deinit() = 0;
 
-    // Any thread, but not within a listener. The caller keeps ownership of the listeners.
+    // Any thread, but never from within a listener. The caller keeps ownership of the listeners.
     void addListener(SRecordListener* listener);
     void clearListener();
 
-    // If no thread can be created, logs that; a later call tries again.
+    // If the thread cannot be created, logs the failure; a later call tries again.
     void startRecord();
     // Waits until the current read returns. Not from the read thread.
     void stopRecord();

@@ -84,8 +84,8 @@ void SRecorderBackEnd::_audio_record(const StopFlag& stop) {
     LOGI("_audio_record finish");
 }
 
-// Not locked if the device is not prepared or another read thread uses it. Does not wait for that thread, so that a
-// stop does not wait either.
+// Returns an unlocked lock if the device is not prepared or another read thread uses it. Does not wait for that thread,
+// because a stop would then have to wait as well.
 std::unique_lock<std::mutex> SRecorderBackEnd::takeTurn() {
     std::unique_lock<std::mutex> turn(mReadMutex, std::try_to_lock);
     if (turn && mState != PREPARED) {

@@ -27,7 +27,7 @@ protected:
         const char* destroyFailed;  // null: failures are not logged
     };
     struct Read {
-        int error;  // 0: `bytes` bytes were read, perhaps none
+        int error;  // 0: success; `bytes` may still be 0
         int bytes;
     };
 
@@ -40,8 +40,8 @@ protected:
     static constexpr int BUFFER_SIZE = 1024;  // bytes
 
 private:
-    // Device calls, never concurrent. They return 0 or the platform's code. Returns whether the device can be prepared;
-    // `result` is the platform's code.
+    // Device calls, never concurrent. They return 0 or the platform's code, except createDevice, which returns whether
+    // the device can be prepared and stores the code in `result`.
     virtual bool createDevice(int& result) = 0;
     virtual int bindStream() = 0;
     virtual int startDevice() = 0;

@@ -25,7 +25,7 @@ SRecorderSSE::~SRecorderSSE() {
     shutDown();
 }
 
-// The library counts as created even if a call fails.
+// Treats the library as created even if a call fails.
 bool SRecorderSSE::createDevice(int& result) {
     const int created = sse_create(16000, AUDIO_CHANNEL_STEREO, AUDIO_SAMPLE_TYPE_S16_LE, FRAMES);
     const int initialized = sse_init();

@@ -49,7 +49,7 @@ public:
 
     void startTimeOutTimer(double seconds);
     void stopTimeOutTimer();
-    // Replaces the running timer, once per recognition session.
+    // Replaces the running timer. Only the first call in a recognition session has an effect.
     void startSpeechTimeOutTimer(double seconds);
 
     void syncAppState(const ClientState& state, const ErrorType& error);

@@ -13,7 +13,7 @@ enum class VoiceStartMode : int {
     Unnamed = 3,
 };
 
-// Unnamed for a text that does not exactly match the name of a mode.
+// Returns Unnamed unless `name` is exactly the name of a mode.
 VoiceStartMode startModeOf(const std::string& name);
 // "UNKNOWN" for Unnamed.
 const char* TranslateStartModeToRecognitionMode(VoiceStartMode mode);

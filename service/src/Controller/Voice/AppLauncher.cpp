@@ -14,8 +14,8 @@ namespace {
 namespace App = Constants::App;
 using Util::getTrimmedStringFromVRP;
 
-// The application to launch for `package` in a result. In some places, another application replaces the general recipe
-// partner.
+// The application to launch for `package` in a result. In some regions, another application replaces the general recipe
+// partner. Some countries have no recipe application.
 std::string appToLaunch(const std::string& package) {
     Util::SystemConfig& config = Util::systemConfig();
     const int region = config.getSystemRegion();

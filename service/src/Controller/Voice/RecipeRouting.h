@@ -11,7 +11,7 @@
 
 namespace OrvaneDA {
 
-// Whether the UI shows the answer from the result, so that no recipe application receives it.
+// Whether the UI itself shows the answer to this action, so that no recipe application receives the result.
 bool isRecipeAnswer(const std::string& actionName);
 // Removes the commands of all other applications from `list` and passes the rest to the manager. Logs for the caller.
 void routeRecipe(vrp_recipe_data_s* recipe, const std::string& actionName, vc_cmd_list_s* list,

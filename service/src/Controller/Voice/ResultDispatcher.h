@@ -11,8 +11,8 @@
 
 namespace OrvaneDA {
 
-// Carries out the service's part of a final result: nothing, canceling the recognition, launching an application,
-// opening a web search, or routing a recipe command to one recipe application. Main loop only.
+// Carries out the service's part of a result: cancels the recognition, launches an application, opens a web search,
+// routes a recipe command to one recipe application, or does nothing. Main loop only.
 class ResultDispatcher {
 public:
     explicit ResultDispatcher(std::function<void()> cancelRecognition);

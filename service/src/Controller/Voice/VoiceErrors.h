@@ -9,7 +9,7 @@
 
 namespace OrvaneDA {
 
-// "NONE" to "EMPTY"; "VC_ERROR_UNKNOWN" for any other code.
+// The name of the code, from "NONE" to "EMPTY"; "VC_ERROR_UNKNOWN" for any other code.
 const char* voiceErrorName(int error);
 // Logs a failed call and the name of its error for the caller.
 void logIfFailed(const char* call, int result, const Util::Caller& caller = Util::Caller::current());

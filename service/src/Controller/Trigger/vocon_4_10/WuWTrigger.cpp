@@ -104,7 +104,7 @@ void WuWTrigger::__cancelListening() {
     mEngine->CancelListening();
 }
 
-// The trigger exists until `shoot` unlocks.
+// `shoot` receives the lock that keeps the trigger alive. Once it unlocks, the trigger may be destroyed.
 template <typename Shoot>
 void WuWTrigger::queueShot(Shoot shoot) {
     Util::Singleton<Util::AsyncThread>::getInstance()->asyncCall([life = mLife, shoot] {
@@ -117,7 +117,7 @@ void WuWTrigger::queueShot(Shoot shoot) {
 }
 
 // The callback launches an application. Neither the engine's thread, nor the caller of forceShot, nor the destructor
-// waits for that, so this does not use the trigger after it has copied the callback.
+// may wait for that, so this function must not use the trigger after it has copied the callback.
 void WuWTrigger::callBack(int level, Lock* lock) const {
     const auto callback = mCallback;
     if (lock != nullptr) {
@@ -146,7 +146,7 @@ void WuWTrigger::OnWakeup(const std::string& word, int level) {
     queueShot([this, level](Lock& lock) {
         mShotLock = &lock;
         _shot(level);
-        if (lock) {  // a subclass has replaced _shot
+        if (lock) {  // a subclass has overridden _shot
             mShotLock = nullptr;
         }
     });

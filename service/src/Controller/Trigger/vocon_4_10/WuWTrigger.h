@@ -68,7 +68,7 @@ private:
 
     std::mutex mStateMutex;  // held by start and stop, which change the engine and the feed together
     std::shared_ptr<Life> mLife = std::make_shared<Life>();
-    Lock* mShotLock = nullptr;  // of the job that calls _shot, which unlocks it
+    Lock* mShotLock = nullptr;  // the lock of the job that calls _shot; _shot unlocks it
     std::unique_ptr<WakeupAudioIn> mAudioIn;
     std::unique_ptr<nuance::IWakeupCtx, DestroyEngine> mEngine;
 };

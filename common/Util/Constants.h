@@ -36,7 +36,7 @@ inline constexpr char SPEECH_DETECTED[] = ORVANE_OPERATION_BASE "/appcontrol/ope
 inline constexpr char LANG_CHANGE[] = ORVANE_OPERATION_BASE "/appcontrol/operation/lang_change";
 inline constexpr char REFRESH_VIEW_TIMEOUT[] = ORVANE_OPERATION_BASE "/appcontrol/operation/refresh_view_timeout";
 inline constexpr char CLOSE_APP[] = ORVANE_OPERATION_BASE "/appcontrol/operation/close_app";
-// An operation of the account service, without a base.
+// An operation of the account service, which is not a URI.
 inline constexpr char GET_SERVICE_STATUS[] = "get_service_status";
 }  // namespace Operation
 
@@ -82,7 +82,7 @@ inline constexpr char NO_RESULT_JSON[] = "NoResultJson";
 inline constexpr char SERVER_CRASHED[] = "ServerCrashed";
 }  // namespace Error
 
-// The name of an unnamed start mode, state, or error.
+// Stands for a start mode, state, or error without a name.
 inline constexpr char UNKNOWN[] = "UNKNOWN";
 
 namespace Port {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads, writes, and removes whole files. Every operation is synchronous, logs a failure once, and never throws.
-// Reading and writing need a regular file of this user: other users can create files in the same directory.
+// Reading and writing require a regular file that this user owns, because other users can create files in the same
+// directory.
 #pragma once
 
 #include <memory>
@@ -22,7 +23,7 @@ public:
     std::string path;
     int size = 0;
     std::unique_ptr<char[]> data;
-    bool nullTerminate = false;  // write() adds one zero byte
+    bool nullTerminate = false;  // write() appends one zero byte
 };
 
 class FileHelper {

@@ -15,7 +15,7 @@ struct CloseFile {
 // The file, or null. Never follows a link and never blocks.
 struct OwnFile {
     std::unique_ptr<FILE, CloseFile> file;
-    // What the path names if it is not a regular file of this user; otherwise null. Only set without a file.
+    // What the path names if it is not a regular file that this user owns; otherwise null. Set only without a file.
     const char* fault = nullptr;
 
     // Creates the file, with the permissions that the umask allows, or empties it.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The device's settings, as the service's enumerations and texts, and the registry of their change listeners. Any
+// The device's settings, as the service's enumerations and strings, and the registry of their change listeners. Any
 // thread may call getters and setters. Only the main loop may create the instance and register listeners.
 #pragma once
 

@@ -30,10 +30,11 @@ SystemStateListener* watchConnection(SystemConfig& config, const char*) {
 
 using Watch = SystemStateListener* (*)(SystemConfig& config, const char* key);
 
-// Creates the listener for each registry key. All are keys of the settings store, except the connection.
+// Creates the listener for each registry key. All keys except the connection are keys of the settings store.
 //
-// The country and the two switches are watched with their converted values, as ints. The first notification is compared
-// with the field of the key's own type, which is still empty or false.
+// The store holds the country as a string and the two switches as booleans, but their listeners start with the
+// converted value, an int. Therefore the first notification is compared with an empty string or with false, not with
+// the value that was stored before.
 const std::map<std::string, Watch> WATCHED = {
     {VConfKey::WIDGET_LANG, watchText<&SystemConfig::getWidgetLangStr>},
     {CONNECTION_STATE, watchConnection},

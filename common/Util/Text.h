@@ -11,7 +11,7 @@ namespace Util {
 struct Free {
     void operator()(void* memory) const noexcept { free(memory); }
 };
-// A text that a platform call returned and the caller owns.
+// A string that a platform call returned and that the caller owns.
 using PlatformText = std::unique_ptr<char, Free>;
 
 inline std::string copied(const PlatformText& text) {
@@ -29,8 +29,8 @@ inline std::string trimmed(const std::string& text) {
     return text.substr(first, last - first + 1);
 }
 
-// The trimmed text that a getter of the NLU result parser returns for `part`. Empty if the text is absent or `part` is
-// null.
+// The trimmed string that a getter of the NLU result parser returns for `part`. Empty if the string is absent or `part`
+// is null.
 template <typename Part>
 std::string getTrimmedStringFromVRP(int (*getter)(Part*, char**), Part* part) {
     if (part == nullptr) {

@@ -35,7 +35,8 @@ typedef enum {
 /* Open a URI in the application registered for it. */
 #define APP_CONTROL_OPERATION_VIEW "http://orvane.example/appcontrol/operation/view"
 
-/* A reply to a request, on the main loop. The platform owns both handles, which are valid during the call. */
+/* Called on the main loop with the reply to a request. The platform owns both handles, which are valid during the
+ * call. */
 typedef void (*app_control_reply_cb)(app_control_h request, app_control_h reply, app_control_result_e result,
                                      void* user_data);
 /* Return false to stop the iteration. */
@@ -48,7 +49,7 @@ int app_control_destroy(app_control_h app_control);
 int app_control_set_app_id(app_control_h app_control, const char* app_id);
 int app_control_set_operation(app_control_h app_control, const char* operation);
 int app_control_set_uri(app_control_h app_control, const char* uri);
-/* The caller frees the text with free(). Null if the field was never set. */
+/* The caller frees the string with free(). Null if the field was never set. */
 int app_control_get_app_id(app_control_h app_control, char** app_id);
 int app_control_get_operation(app_control_h app_control, char** operation);
 int app_control_get_uri(app_control_h app_control, char** uri);
@@ -56,7 +57,7 @@ int app_control_get_uri(app_control_h app_control, char** uri);
 /* Inserts or replaces. Values are any bytes that a C string can hold. */
 int app_control_add_extra_data(app_control_h app_control, const char* key, const char* value);
 int app_control_add_extra_data_array(app_control_h app_control, const char* key, const char* value[], int length);
-/* The caller frees the text with free(). */
+/* The caller frees the string with free(). */
 int app_control_get_extra_data(app_control_h app_control, const char* key, char** value);
 /* The caller frees each element and the array with free(). */
 int app_control_get_extra_data_array(app_control_h app_control, const char* key, char*** value, int* length);

@@ -17,11 +17,11 @@ typedef enum {
     EVENT_ERROR_IO_ERROR = -401,
 } event_error_e;
 
-/* An event, on the main loop. The platform owns the data, which is valid during the call. */
+/* Called on the main loop for each event. The platform owns the data, which is valid during the call. */
 typedef void (*event_cb)(const char* event_name, bundle* event_data, void* user_data);
 
-/* event_name: "event.", the id of the application that announces it, ".", the event's own name. The caller frees the
- * handler with event_remove_event_handler, after which the callback is not called again. Main loop only. */
+/* event_name: "event.<id of the application that announces it>.<name of the event>". The caller frees the handler with
+ * event_remove_event_handler, after which the callback is not called again. Main loop only. */
 int event_add_event_handler(const char* event_name, event_cb callback, void* user_data, event_handler_h* event_handler);
 int event_remove_event_handler(event_handler_h event_handler);
 

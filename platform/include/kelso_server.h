@@ -23,8 +23,8 @@ enum {
     KS_SERVER_ERROR_BAD_ANSWER = -1205, /* the hub's reply is invalid or too long */
 };
 
-/* Every text has a terminator. A name that does not fit is truncated at a character boundary. An id that does not fit
- * is KS_SERVER_ERROR_BAD_ANSWER, because a truncated id could equal another id. */
+/* Every string is null-terminated. A name that does not fit is truncated at a character boundary. An id that does not
+ * fit causes KS_SERVER_ERROR_BAD_ANSWER, because a truncated id could equal another id. */
 typedef struct {
     char family_name[256];
     char family_id[256];
@@ -35,12 +35,12 @@ typedef struct {
     char user_name[1024];
 } ks_family_user_s;
 
-/* One thread at a time may use a handle. All functions return KS_SERVER_OK or an error code; the library logs one line
- * about an error. */
+/* One thread at a time may use a handle. All functions return KS_SERVER_OK or an error code; the library logs each
+ * error in one line. */
 int ks_server_create(ks_server_h* server);
 int ks_server_destroy(ks_server_h server);
-/* Signs in to the hub, after signing out of the previous account, if any. `server_uri` is the hub's http or https
- * address. No text may be empty or contain a control character. */
+/* Signs out of the previous account, if any, and then signs in to the hub. `server_uri` is the hub's http or https
+ * address. No string may be empty or contain a control character. */
 int ks_server_sa_account_set(ks_server_h server, const char* guid, const char* access_token, const char* client_id,
                              const char* server_uri);
 /* Lists of ks_family_s and ks_family_user_s. The caller frees each record with free() and the list with g_slist_free.

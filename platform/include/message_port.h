@@ -19,8 +19,8 @@ typedef enum {
     MESSAGE_PORT_ERROR_IO_ERROR = -303,
 } message_port_error_e;
 
-/* A message, on the main loop. remote_port is null if the sender has no port to reply to. The platform owns all
- * arguments, which are valid during the call. */
+/* Called on the main loop for each message. remote_port is null if the sender has no port to reply to. The platform
+ * owns all arguments, which are valid during the call. */
 typedef void (*message_port_trusted_message_cb)(int trusted_local_port_id, const char* remote_app_id,
                                                 const char* remote_port, bool trusted_remote_port, bundle* message,
                                                 void* user_data);

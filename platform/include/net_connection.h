@@ -23,7 +23,7 @@ typedef enum {
     CONNECTION_ERROR_OPERATION_FAILED = -501,
 } connection_error_e;
 
-/* A change of the type, on the main loop. */
+/* Called on the main loop when the type changes. */
 typedef void (*connection_type_changed_cb)(connection_type_e type, void* user_data);
 
 /* May be called before main(). The caller frees the handle with connection_destroy. */

@@ -23,13 +23,13 @@ typedef enum {
 /* The type of a field. */
 enum { VRD_FIELD_TEXT = 1 };
 
-/* One field of a record. The texts are valid during the call. Return false to stop the iteration. */
+/* One field of a record. The strings are valid during the call. Return false to stop the iteration. */
 typedef bool (*vrd_table_cb)(const char* field, int kind, const char* value, void* user_data);
 
 /* One thread at a time may use a handle. All functions return vrd_error_e. A name must be usable as a file name: not
- * empty, no slash, no leading dot, and at most 200 bytes; otherwise the error is VRD_ERROR_INVALID_PARAMETER. A damaged
- * file is VRD_ERROR_IO_ERROR. vrd_manager_create also succeeds if the database cannot be opened yet; each use tries
- * again. */
+ * empty, no slash, no leading dot, and at most 200 bytes; any other name causes VRD_ERROR_INVALID_PARAMETER. A damaged
+ * file causes VRD_ERROR_IO_ERROR. vrd_manager_create also succeeds if the database cannot be opened yet; each later
+ * call tries again. */
 int vrd_manager_create(vrd_manager_h* manager, const char* name);
 int vrd_manager_destroy(vrd_manager_h manager);
 /* Iterates over the fields of all records, record by record, in their state at the beginning of the iteration. The

@@ -23,7 +23,7 @@ typedef enum {
 vrp_response_data_s* vrp_response_data_parse(const char* json);
 void vrp_response_data_destroy(vrp_response_data_s* response);
 
-/* All getters return vrp_error_e. The caller frees a text with free(); it is null if it is absent. */
+/* All getters return vrp_error_e. The caller frees the string with free(); an absent string is null. */
 int vrp_response_data_get_action_type(vrp_response_data_s* response, char** action_type);
 int vrp_response_data_get_agent(vrp_response_data_s* response, char** agent);
 int vrp_response_data_get_action_name(vrp_response_data_s* response, char** action_name);

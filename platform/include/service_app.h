@@ -12,7 +12,7 @@ extern "C" {
 
 /* Return false to end the loop, without the terminate callback. */
 typedef bool (*service_app_create_cb)(void* user_data);
-/* The process no longer owns its application id, so a request that arrives now starts a new process. */
+/* Called when the process no longer owns its application id, so a request that arrives now starts a new process. */
 typedef void (*service_app_terminate_cb)(void* user_data);
 /* The platform owns the handle, which is valid during the call. */
 typedef void (*service_app_control_cb)(app_control_h app_control, void* user_data);

@@ -58,7 +58,7 @@ typedef enum {
 
 enum { SOUND_BEHAVIOR_NONE = 0 };
 
-/* The stream's focus changed; the mask identifies it. sound_behavior is SOUND_BEHAVIOR_*; extra_info may be null. */
+/* The stream's focus changed; the mask says which one. sound_behavior is SOUND_BEHAVIOR_*; extra_info may be null. */
 typedef void (*sound_stream_focus_state_changed_cb)(sound_stream_info_h stream_info,
                                                     sound_stream_focus_mask_e focus_mask,
                                                     sound_stream_focus_state_e focus_state,
@@ -89,15 +89,15 @@ int sound_manager_acquire_focus(sound_stream_info_h stream_info, sound_stream_fo
 int sound_manager_release_focus(sound_stream_info_h stream_info, sound_stream_focus_mask_e focus_mask,
                                 int sound_behavior, const char* extra_info);
 
-/* The reason for which the holder of the playback focus acquired it; SOUND_MANAGER_ERROR_NO_DATA if no stream has it.
- * The caller frees extra_info with free(). */
+/* The reason why the holder acquired the playback focus; SOUND_MANAGER_ERROR_NO_DATA if no stream has it. The caller
+ * frees extra_info with free(). */
 int sound_manager_get_current_playback_focus(sound_stream_focus_change_reason_e* acquired_by, int* flags,
                                              char** extra_info);
 int sound_manager_add_focus_state_watch_cb(sound_stream_focus_mask_e focus_mask,
                                            sound_stream_focus_state_watch_cb callback, void* user_data, int* id);
 int sound_manager_remove_focus_state_watch_cb(int id);
 
-/* Levels are steps from 0 to the type's maximum. A higher level is SOUND_MANAGER_ERROR_INVALID_PARAMETER. */
+/* Levels are steps from 0 to the type's maximum. A higher level causes SOUND_MANAGER_ERROR_INVALID_PARAMETER. */
 int sound_manager_get_volume(sound_type_e type, int* volume);
 int sound_manager_set_volume(sound_type_e type, int volume);
 /* Reports changes of every sound type, by this application or any other. If the level is unknown when the callback is

@@ -15,13 +15,13 @@ enum {
     VCONF_TYPE_BOOL = 43,
 };
 
-/* A change, on the main loop. The platform owns the node, which is valid during the call. */
+/* Called on the main loop for each change. The platform owns the node, which is valid during the call. */
 typedef void (*vconf_callback_fn)(keynode_t* node, void* user_data);
 
 /* Any thread. Return 0, or -1 with the output unchanged if the key is missing or has another type. */
 int vconf_get_int(const char* key, int* value);
 int vconf_get_bool(const char* key, int* value); /* 0 or 1 */
-/* The caller frees the text with free(). Null if the key is missing or has another type. */
+/* The caller frees the string with free(). Null if the key is missing or has another type. */
 char* vconf_get_str(const char* key);
 
 /* Any thread. Return 0 or -1. A later read in this process returns the new value. */

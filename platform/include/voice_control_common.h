@@ -46,11 +46,11 @@ int vc_cmd_set_type(vc_cmd_h command, vc_cmd_type_e type);
 int vc_cmd_set_format(vc_cmd_h command, vc_cmd_format_e format);
 /* The process that registered the command. Unchanged on failure. */
 int vc_cmd_get_pid(vc_cmd_h command, int* pid);
-/* The recognizer's result. The caller frees the text with free(); null if the command has no JSON. */
+/* The recognizer's result. The caller frees the string with free(); null if the command has no JSON. */
 int vc_cmd_get_nlu_json(vc_cmd_h command, char** json);
 
 int vc_cmd_list_create(vc_cmd_list_h* list);
-/* release_command: whether to destroy the commands in the list too. */
+/* release_command: also destroys the commands in the list. */
 int vc_cmd_list_destroy(vc_cmd_list_h list, bool release_command);
 int vc_cmd_list_add(vc_cmd_list_h list, vc_cmd_h command);
 /* Removes the command from the list without destroying it. */

@@ -88,7 +88,7 @@ int vc_mgr_stop(void);
 int vc_mgr_cancel(void);
 /* Selects the commands that get the result. Call this only in the all-result callback. */
 int vc_mgr_set_selected_results(vc_cmd_list_h list);
-/* The text of the last error. The caller frees it with free(). */
+/* The text of the last error. The caller frees the string with free(). */
 int vc_mgr_get_error_message(char** message);
 
 #ifdef __cplusplus

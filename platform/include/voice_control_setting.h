@@ -14,7 +14,7 @@ int vc_setting_initialize(void);
 int vc_setting_deinitialize(void);
 int vc_setting_get_enabled(bool* enabled);
 int vc_setting_set_enabled_changed_cb(vc_setting_enabled_changed_cb callback, void* user_data);
-/* The caller frees the text with free(). */
+/* The caller frees the string with free(). */
 int vc_setting_get_language(char** language);
 int vc_setting_set_language(const char* language);
 /* true: the engine's language follows the platform's. */

@@ -14,8 +14,8 @@ public:
     virtual int Start() = 0;
     virtual int Stop() = 0;
     virtual int HasData(bool& available) = 0;
-    // May block for audio. Gives null and 0 if there is no more audio. The size is in bytes. The engine returns each
-    // block with ReturnData.
+    // May block for audio. Sets data to null and size to 0 if there is no more audio. The size is in bytes. The engine
+    // returns each block with ReturnData.
     virtual int FetchData(void*& data, unsigned int& size) = 0;
     virtual int ReturnData(void* data) = 0;
 };
@@ -65,9 +65,9 @@ public:
     // detached.
     virtual bool Initialize(const std::string& configDirectory, const std::string& configFile) = 0;
     virtual void AttachListener(IWakeupListener* listener) = 0;
-    // Replacing or removing the input ends a listening period with the old input. This waits for a call to the old
-    // input in progress, so close the feed first, and do not call this on the engine's thread. After it returns, the
-    // engine no longer calls the old input.
+    // Replacing or removing the input ends a listening period with the old input. This waits until a call in progress
+    // to the old input returns, so close the feed first, and do not call this on the engine's thread. After it returns,
+    // the engine no longer calls the old input.
     virtual void AttachAudioIn(IWakeupAudioIn* audioIn) = 0;
     virtual bool IsListening() = 0;
     // Waits for the listener's call at the end of the previous listening period, unless that call starts the new one.

@@ -14,7 +14,7 @@ template <typename Owner>
 void readText(int (*get)(Owner*, char**), Owner* owner) {
     char* text = nullptr;
     const int code = get(owner, &text);
-    require((code == VRP_ERROR_NONE) == (text != nullptr), "a text if and only if there is no error");
+    require((code == VRP_ERROR_NONE) == (text != nullptr), "there is a text if and only if there is no error");
     std::free(text);
 }
 
@@ -22,7 +22,7 @@ template <typename Part>
 Part* part(int (*get)(vrp_action_data_s*, Part**), vrp_action_data_s* of) {
     Part* found = nullptr;
     const int code = get(of, &found);
-    require((code == VRP_ERROR_NONE) == (found != nullptr), "a part if and only if there is no error");
+    require((code == VRP_ERROR_NONE) == (found != nullptr), "there is a part if and only if there is no error");
     return found;
 }
 

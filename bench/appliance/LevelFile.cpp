@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The periods between writes of the level file while a person speaks.
+// The periods between writes of the level file while the level of a tone changes with every block.
 #include <appliance/sound/Speech.h>
 #include <poll.h>
 #include <sys/inotify.h>
@@ -25,7 +25,7 @@ public:
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
 
-    // Waits for a write until `end`. Returns its time, or 0.
+    // Waits until `end` for a write. Returns the time of the write, or 0 if there is none.
     double next(double end) {
         pollfd ready{mHandle, POLLIN, 0};
         const double left = end - sim::monotonicNow();

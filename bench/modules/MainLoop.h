@@ -11,7 +11,8 @@ public:
     MainLoop(const MainLoop&) = delete;
     MainLoop& operator=(const MainLoop&) = delete;
 
-    // Runs until quit(). Throws std::runtime_error that names `what`, a clause, after half a minute.
+    // Runs until quit(). After half a minute, throws std::runtime_error with the text "timed out waiting until " +
+    // `what`.
     void run(const char* what);
     static void quit();
 };

@@ -59,7 +59,7 @@ struct Rounds {
     bool failed;
 };
 
-// The same call as a message, to an object that only replies.
+// Makes the D-Bus call of a message, but to an object that only replies.
 void callPlainly(bundle& message) {
     bus::session().call({kThere, kPlainPath, kInterface}, "Send",
                         gio::Variant::tuple(kPort, appfw::toEntries(message), kHere, kPort));

@@ -16,15 +16,15 @@ struct Row {
     const char* samples;
     const char* unit;
     Shown shown = Shown::Median;
-    double aim = 0;                 // the upper limit; 0 without one
-    const char* floor = nullptr;    // with it, the aim is a multiple of this median
-    const char* without = nullptr;  // this median is subtracted
+    double aim = 0;                 // the upper limit; 0: none
+    const char* floor = nullptr;    // samples; if set, the aim is a multiple of their median
+    const char* without = nullptr;  // samples; if set, their median is subtracted from the figure
 };
 
 const std::vector<Row>& rows();
 
 bool isMeasured(const Row& row, const Samples& samples);
-// These need a measured row.
+// Only for a measured row:
 double valueOf(const Row& row, const Samples& samples);
 double aimOf(const Row& row, const Samples& samples);
 

@@ -10,7 +10,7 @@ namespace bench {
 
 using Samples = std::map<std::string, std::vector<double>>;
 
-// Adds the samples of a file by Figures or by Google Benchmark with repetitions (processor time in ns). Throws
+// Adds the samples of a file that Figures wrote, or Google Benchmark with repetitions (processor time in ns). Throws
 // std::exception.
 void readSamples(const std::string& path, Samples& samples);
 

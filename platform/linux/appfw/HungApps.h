@@ -7,8 +7,8 @@
 
 namespace appfw {
 
-// The applications that did not reply to a message in time, so that no caller waits for them again. The process owner
-// has the only object. Any thread; nothing here blocks.
+// The applications that did not reply to a message in time, so that no caller waits for them again. Shared by the
+// process. Any thread; nothing here blocks.
 class HungApps {
 public:
     bool contains(const std::string& app);

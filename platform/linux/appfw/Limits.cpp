@@ -7,7 +7,7 @@ namespace appfw {
 
 namespace {
 
-// The service uses about 45 files and 1.3 GB of addresses, most of them reserved for the heaps of its threads.
+// The service uses about 45 files and 1.3 GB of address space, most of it reserved for the heaps of its threads.
 constexpr rlim_t kFiles = 64;
 constexpr rlim_t kMegabyte = 1 << 20;
 constexpr rlim_t kAddresses = 1536 * kMegabyte;

@@ -5,8 +5,8 @@
 
 namespace appfw {
 
-// Raises the limits of this process to what the service needs, where that is allowed. Returns the reason if the service
-// cannot start within them; otherwise nothing.
+// Raises the limits of this process to what the service needs, where that is allowed. If a limit stays too low for the
+// service to start, returns the reason; otherwise an empty string.
 std::string insufficientLimit();
 
 }  // namespace appfw

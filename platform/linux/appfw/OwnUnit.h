@@ -7,10 +7,10 @@
 
 namespace appfw {
 
-// The unit of the service restricts all processes in it, and a web browser does not work under these restrictions.
-// Under systemd, this starts the application in a unit of its own instead, through the user's service manager. False
-// without systemd, if the bus starts the application anyway, or if the manager cannot start it. Blocks until the
-// manager answers.
+// Starts the application in its own systemd unit, through the user's service manager. In the service's unit, it would
+// inherit restrictions under which, for example, a web browser does not work. Returns false if systemd does not run the
+// service, if the bus starts the application anyway, or if the manager cannot start it. Blocks until the manager
+// replies.
 bool startInOwnUnit(const gio::DesktopApp& app, const std::string& uri);
 
 }  // namespace appfw

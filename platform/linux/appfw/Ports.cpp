@@ -10,7 +10,7 @@ namespace appfw {
 
 namespace {
 
-// Whether the sender owns the application id that it claims. It may also claim none.
+// Whether the sender owns the application id that it claims. A sender may also claim no id.
 bool isItself(const std::string& sender, const std::string& app) {
     return app.empty() || bus::peers().ownerOf(app) == sender;
 }
@@ -54,7 +54,7 @@ int Ports::idOf(const std::string& name) {
     return find(name);
 }
 
-// With the mutex held. 0 without such a port.
+// Call with the mutex held. Returns 0 if there is no such port.
 int Ports::find(const std::string& name) const {
     for (const auto& [id, port] : mPorts) {
         if (port.name == name) {
@@ -95,7 +95,7 @@ void Ports::post(int id, bundle_s message, const std::string& app, const std::st
     });
 }
 
-// A port that is gone by now gets nothing.
+// Drops the message if the port no longer exists.
 void Ports::deliver(int id, bundle_s& message, const std::string& app, const std::string& remotePort) {
     if (const auto port = portOf(id)) {
         port->callback(id, app.c_str(), remotePort.empty() ? nullptr : remotePort.c_str(), !remotePort.empty(),

@@ -12,8 +12,8 @@
 
 namespace appfw {
 
-// The message ports of this process. The process owner has the only object. Messages arrive on the IO thread, which
-// checks their sender; callbacks run on the main loop.
+// The message ports of this process. Messages arrive on the IO thread, which checks their sender; callbacks run on the
+// main loop. Shared by the process.
 class Ports {
 public:
     static constexpr char kPath[] = "/org/orvane/MessagePort";
@@ -21,7 +21,7 @@ public:
     static constexpr char kPortNotFound[] = "org.orvane.Error.PortNotFound";
     static constexpr char kAccessDenied[] = "org.freedesktop.DBus.Error.AccessDenied";
 
-    // Exports the ports on the bus, the first time. False without a bus. Throws std::runtime_error.
+    // The first call exports the ports on the bus. Returns false without a bus. Throws std::runtime_error.
     bool serve();
     // Returns the port's id. A known name keeps its id and gets the new callback.
     int add(const std::string& name, message_port_trusted_message_cb callback, void* userData);

@@ -65,7 +65,7 @@ void Replies::watchPeers() {
     });
 }
 
-// This notice arrives after all messages of the connection, including its replies.
+// The bus sends this signal after all messages of the connection, including its replies.
 void Replies::ownerChanged(const gio::Variant& arguments) {
     const auto [name, before, after] = arguments.fields<std::string, std::string, std::string>();
     if (name.front() != ':' || !after.empty()) {

@@ -11,8 +11,8 @@
 
 namespace appfw {
 
-// Requests that this process sent and that wait for a reply. The process owner has the only object. Any thread: replies
-// arrive on the IO thread, and callbacks run on the main loop.
+// Requests that this process sent and that wait for a reply. Shared by the process. Any thread: replies arrive on the
+// IO thread, and callbacks run on the main loop.
 class Replies {
 public:
     // Returns a token for the request; empty without a callback.

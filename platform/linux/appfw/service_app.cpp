@@ -216,7 +216,7 @@ int service_app_main(int argc, char** argv, service_app_lifecycle_callback_s* ca
         refuse("cannot start: " + limit);
         return EXIT_FAILURE;
     }
-    // Not a Call: it lasts as long as the process, and the owner's end would wait for it.
+    // Deliberately not a Call: it lasts as long as the process, and Owner::end() would wait for it.
     int code = EXIT_FAILURE;
     process::contained(__func__, [&] { code = run({callback, user_data, std::make_shared<appfw::RequestLimit>()}); });
     return code;

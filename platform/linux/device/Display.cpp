@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The display. The desktop's screen saver on the session bus, if it is running, wakes it.
+// Wakes the display through the desktop's screen saver on the session bus, if one is running.
 #include <device.h>
 
 #include "bus/SessionBus.h"

@@ -6,7 +6,7 @@
 
 namespace hub {
 
-// A failure, with a code from kelso_server.h and a text for the log.
+// A failure, with a code from kelso_server.h and a message for the log.
 class Error : public std::runtime_error {
 public:
     Error(int code, const std::string& text) : std::runtime_error(text), mCode(code) {}

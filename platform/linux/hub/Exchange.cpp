@@ -37,7 +37,7 @@ void throwNoReply(const curl::Error& error, const std::string& what) {
     throw Error(codeOf(error.failure()), what + ": " + error.what());
 }
 
-// The text of a JSON error quotes the reply, which may contain a token or a name.
+// The message of a JSON error quotes the reply, which may contain a token or a name.
 void throwBadReply(const std::exception& error, const std::string& what) {
     const bool isSyntax = dynamic_cast<const nlohmann::json::exception*>(&error) != nullptr;
     throw Error(KS_SERVER_ERROR_BAD_ANSWER, what + ": invalid reply: " + (isSyntax ? "it is not JSON" : error.what()));

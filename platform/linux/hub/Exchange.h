@@ -10,12 +10,12 @@
 
 namespace hub {
 
-// Each throws a hub::Error whose text begins with `what`.
+// Each throws a hub::Error whose message begins with `what`.
 void checkStatus(long status, const std::string& what);
 [[noreturn]] void throwNoReply(const curl::Error& error, const std::string& what);
 [[noreturn]] void throwBadReply(const std::exception& error, const std::string& what);
 
-// Sends a request and reads its reply. Throws hub::Error with a text that names the request as `what`.
+// Sends a request and reads its reply. Throws hub::Error with a message that names the request as `what`.
 template <typename Send, typename Read>
 auto exchange(const std::string& what, Send send, Read read) {
     curl::Reply reply{};

@@ -16,7 +16,7 @@ struct FreeList {
     void operator()(GSList* list) const noexcept { g_slist_free_full(list, std::free); }
 };
 
-// The record is zeroed beforehand, so the text has a terminator.
+// The record is zeroed beforehand, so the string is null-terminated.
 template <std::size_t Size>
 void put(char (&field)[Size], const std::string& text) {
     std::memcpy(field, text.data(), lengthThatFits(text, Size));

@@ -10,8 +10,7 @@
 
 namespace hub {
 
-// The length of the longest prefix of a text that fits into `bytes` with its terminator and does not split a UTF-8
-// character.
+// The length of the longest prefix that fits into `bytes` with its terminator and does not split a UTF-8 character.
 std::size_t lengthThatFits(const std::string& text, std::size_t bytes);
 
 // Make lists of ks_family_s and ks_family_user_s, allocated with malloc(). The caller owns the lists and the records.

@@ -14,7 +14,7 @@ using nlohmann::json;
 
 constexpr std::size_t kMostRecords = 10000;
 
-// Empty if the member is missing or is not a text.
+// Empty if the member is missing or is not a string.
 std::string text(const json& object, const char* key) {
     const auto found = object.find(key);
     return found != object.end() && found->is_string() ? found->get<std::string>() : std::string();

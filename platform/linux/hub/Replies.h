@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Parses the hub's JSON replies (docs/hub-http.md). The functions throw std::exception, with a text for the log, if a
-// reply has another form.
+// Parses the hub's JSON replies (docs/hub-http.md). If a reply is malformed, the functions throw std::exception with a
+// message for the log.
 #pragma once
 
 #include <string>

@@ -47,8 +47,8 @@ void Manager::open() {
     mOpened = FileIdentity::of(mFile);
 }
 
-// Opens the file again if it was removed or replaced. Also tries again if the database could not be opened, or only for
-// reading.
+// Opens the file again if it was removed or replaced. Also tries again if it could not be opened, or could be opened
+// only for reading.
 sqlite::Database& Manager::current() {
     if (!mDatabase || !FileIdentity::of(mFile).isSame(mOpened) || mDatabase->isReadOnly()) {
         open();

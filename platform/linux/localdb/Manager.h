@@ -25,7 +25,7 @@ public:
     explicit Manager(const std::string& name) : mName(name) {}
 
     const std::string& name() const { return mName; }
-    // Opens the database now. The two functions below also open it, if it is not open or the file was replaced.
+    // Opens the database now. If it is not open, or the file was replaced, the two functions below open it too.
     void open();
     // Returns false if the table does not exist.
     bool walk(const std::string& table, const Visitor& visitor);

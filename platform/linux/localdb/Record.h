@@ -13,7 +13,7 @@ public:
 
     // Inserts the field or replaces its text.
     void set(const std::string& key, const std::string& text);
-    // In the order of their insertion, each key once.
+    // In the order of insertion; each key once.
     const std::vector<Field>& fields() const { return mFields; }
 
 private:

@@ -60,8 +60,8 @@ char letterOf(log_priority priority) noexcept {
     return index >= 0 && index < 4 ? "DIWE"[index] : '?';
 }
 
-// The journal's native protocol. The journal's library is not an option, because it waits if the journal hangs. The
-// length of a text with several lines precedes the text.
+// The journal's native protocol. The journal's library is not an option, because it waits if the journal hangs. A
+// message of several lines is preceded by its length.
 std::string forJournal(log_priority priority, const char* tag, const std::string& text) {
     std::string message = "MESSAGE";
     if (text.find('\n') == std::string::npos) {
@@ -80,7 +80,7 @@ std::string forStandardError(log_priority priority, const char* tag, const std::
     return std::string(1, letterOf(priority)) + '/' + tag + ' ' + text + '\n';
 }
 
-// Never destroyed, because threads that nobody joins may log until the process exits.
+// Never destroyed, because detached threads may log until the process exits.
 LogQueue& systemLog() {
     static LogQueue& queue =
         sink() == Sink::JOURNAL

@@ -17,14 +17,14 @@ struct connection_s {
 
 namespace network {
 
-// The handles in use, and the monitor that reports to them. The process owner has the only object. Any thread, except
-// that callbacks are set, run, and unset on the main loop.
+// The handles in use, and the monitor that reports to them. Shared by the process. Any thread, except that callbacks
+// are set, run, and unset on the main loop.
 class Handles {
 public:
     connection_h create();
     // False if the handle is not in use.
     bool destroy(connection_h handle);
-    // Waits for the first answer, a second at most. Any thread but the IO thread.
+    // Waits for at most one second for the first answer. Any thread except the IO thread.
     connection_type_e type() { return mMonitor.type(); }
     // A null callback ends the reports.
     void setCallback(connection_h handle, connection_type_changed_cb callback, void* userData);
@@ -35,7 +35,7 @@ private:
     void report(connection_type_e type);
 
     std::mutex mMutex;
-    std::vector<std::unique_ptr<connection_s>> mAll;  // by ids that are never reused
+    std::vector<std::unique_ptr<connection_s>> mAll;  // in the order of their ids, which are never reused
     unsigned long mLastId = 0;
     // Destroyed first, so that it does not report to a list that is gone.
     Monitor mMonitor{[this](connection_type_e type) { post(type); }};

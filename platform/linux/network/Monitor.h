@@ -17,9 +17,9 @@ namespace network {
 // The type of the machine's network connection, from NetworkManager if it is running, otherwise from the default route.
 class Monitor {
 public:
-    // Starts on the IO thread; the caller does not wait. The listener runs on the IO thread after each change and after
-    // the first answer, unless that is "disconnected", which readers get if they time out before the first answer. It
-    // must not call the monitor.
+    // Starts on the IO thread; the caller does not wait. The listener runs on the IO thread after each change. The type
+    // begins as "disconnected", so a first answer of "disconnected" is not a change. The listener must not call the
+    // monitor.
     explicit Monitor(std::function<void(connection_type_e)> listener);
     // Waits for the IO thread. The listener does not run afterward.
     ~Monitor();

@@ -48,7 +48,7 @@ NetworkManager::NetworkManager(gio::IoThread& thread, std::function<void()> chan
     connect();
 }
 
-// Wraps a method for a call that may arrive after this object is gone, which then does nothing.
+// Wraps a method as a callback that does nothing once this object is destroyed.
 template <typename Method>
 auto NetworkManager::handler(Method method) {
     return [method, self = std::weak_ptr<NetworkManager*>(mSelf)](auto&&... arguments) {

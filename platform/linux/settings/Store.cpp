@@ -50,7 +50,7 @@ Store::Store()
     forgetAfterRestart();
 }
 
-// Keeps values that were written before the first process with this store ran on the machine.
+// Without a stored boot id, this is the first run on this machine, so values that were written earlier are kept.
 void Store::forgetAfterRestart() {
     const std::string now = bootId();
     const gio::Variant kept = read(BOOT_ID);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the modules of one process share of D-Bus. The process owner creates these on first use and destroys them when
-// the process exits.
+// The D-Bus objects that the modules of one process share. The process owner creates them on first use and destroys
+// them when the process exits.
 #pragma once
 
 #include "gio/Connection.h"

@@ -7,8 +7,8 @@
 
 namespace status {
 
-// What keeps parts of the service from working while the process runs. Shows it in the status text of the service
-// manager. Shared by the process. Any thread; nothing here blocks.
+// Tracks which parts of the running service do not work, and why. The service manager shows this in its status text.
+// Shared by the process. Any thread; nothing here blocks.
 class Problems {
 public:
     enum class Part { Capture, WakeEngine, Recognizer };

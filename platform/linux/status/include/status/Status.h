@@ -14,7 +14,8 @@ class Status {
 public:
     Status();
 
-    // From now on, the connection, which must outlive the returned export, announces the changes. Once.
+    // Exports the status on the connection, which then announces each change and must outlive the returned
+    // registration. Call this once.
     gio::Registration exportOn(const gio::Connection& connection);
 
     // The wake engine listens for the wake word.

@@ -8,7 +8,7 @@
 
 namespace status {
 
-// Knows the work in progress of the threads that must not hang. Shared by the process. Any thread.
+// Tracks the work in progress on the threads that must not hang. Shared by the process. Any thread.
 class Supervisor {
 public:
     using Clock = std::chrono::steady_clock;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // A complete appliance on this machine: buses, settings, a room, the applications, the hub, and the service. Only one
 // per process. Its destructor ends everything that it started. Call all functions on the thread that created it. They
-// throw std::runtime_error, which names what did not happen, and Interrupted.
+// throw Interrupted, or std::runtime_error with a text that names what did not happen.
 #pragma once
 
 #include <memory>
@@ -36,7 +36,7 @@ public:
     void wakeUp(const std::string& voice = "slt", const std::string& word = "hey quorbit");
     // Returns when the last word has been played.
     void say(const std::string& text, const std::string& voice = "slt");
-    // Returns at once; the speech ends at the latest with the process object.
+    // Returns at once. Destroying the process ends the speech.
     std::unique_ptr<Process> startSaying(const std::string& text, const std::string& voice = "slt");
     void play(const std::string& wav);
 
@@ -49,7 +49,7 @@ public:
     // "ethernet", "wifi", or "none".
     void setNetwork(const std::string& kind);
     void stopNetworkManager();
-    // Its connection is ethernet again.
+    // The network is ethernet again.
     void startNetworkManager();
     // Kills the sound server and starts it again; all streams end.
     void restartSound();

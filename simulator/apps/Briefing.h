@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The morning briefing. It writes to the database "Morning Brief" whether it plays. It plays when it is launched.
+// The morning briefing. It writes to the database "Morning Brief" whether it plays. A launch starts it playing.
 // Actions: play, stop, write TEXT (as the state).
 #pragma once
 

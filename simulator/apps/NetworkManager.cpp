@@ -35,7 +35,7 @@ NetworkManager::NetworkManager(const std::string& name) : mName(name) {
 void NetworkManager::run() {
     const gio::OwnedName name = mBus.ownName(mName);
     if (!name) {
-        throw std::runtime_error(mName + " already runs");
+        throw std::runtime_error(mName + " is already running");
     }
     mLoop.run();
 }

@@ -21,7 +21,7 @@ std::string valueOf(const Extras& extras, const std::string& key) {
 
 bool yes(const std::string& argument) {
     if (argument != "yes" && argument != "no") {
-        throw std::runtime_error("the argument is yes or no, not " + argument);
+        throw std::runtime_error("the argument must be yes or no, not " + argument);
     }
     return argument == "yes";
 }

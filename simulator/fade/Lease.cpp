@@ -11,7 +11,7 @@
 
 namespace {
 
-// Returns the last level that the process sent, when it has ended.
+// Waits until the process ends, and returns the last level that it sent.
 int lastOf(int connection, int level) {
     for (int next = level; read(connection, &next, sizeof next) == sizeof next;) {
         level = next;
@@ -19,7 +19,7 @@ int lastOf(int connection, int level) {
     return level;
 }
 
-// Only raises the volume: whoever raised it meanwhile keeps that level.
+// Only raises the volume. If somebody has already raised it above the level, it stays there.
 void restore(int level) {
     int now = 0;
     if (sound_manager_get_volume(SOUND_TYPE_MEDIA, &now) == SOUND_MANAGER_ERROR_NONE && now < level) {
@@ -32,18 +32,18 @@ void restore(int level) {
 Lease::Lease() {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) {
-        throw std::runtime_error("cannot reach the keeper of the volume");
+        throw std::runtime_error("cannot create a connection to the volume keeper");
     }
     const pid_t child = fork();
     if (child < 0) {
-        throw std::runtime_error("cannot start the keeper of the volume");
+        throw std::runtime_error("cannot start the volume keeper");
     }
     if (child != 0) {
         close(ends[0]);
         mKeeper = ends[1];
         return;
     }
-    // The keeper survives a signal to the process group, and holds neither the input nor the output open.
+    // The keeper must survive a signal to the process group, and must not keep the process's input and output open.
     setsid();
     close(ends[1]);
     const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);

@@ -3,8 +3,8 @@
 
 #include <atomic>
 
-// The right to keep the media volume down. A child process, the keeper, restores the user's level if this process ends
-// while it holds the lease, however it ends. Any thread.
+// The right to keep the media volume down. If this process ends while it holds the lease, a child process, the keeper,
+// restores the user's level, even after SIGKILL. Any thread.
 class Lease {
 public:
     // Starts the keeper. Call it before the process starts any thread. Throws std::runtime_error.
@@ -16,9 +16,9 @@ public:
     // From now on, the keeper restores this level.
     void hold(int level);
     void release() { hold(kNothing); }
-    // Releases the lease when the volume has risen to the level.
+    // From now on, reached() releases the lease at this level or above it.
     void releaseAt(int level) { mReleasedAt = level; }
-    // The volume is at the level.
+    // Call this at every change of the volume, with the new level.
     void reached(int level);
 
 private:

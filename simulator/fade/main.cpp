@@ -63,7 +63,7 @@ private:
 class Fader {
 public:
     Fader(const Screen& screen, Lease& lease) : mScreen(screen), mLease(lease) { mScreen.draw(mMedia.getVolume()); }
-    // Also stops a running fade, which does not end without a sound server.
+    // Also stops a running fade, which without a sound server would never end.
     ~Fader() {
         if (mFaded) {
             mMedia.restoreVolume(0);

@@ -59,7 +59,7 @@ bool Reader::fill() {
         throw std::runtime_error("the request is too long");
     }
     if (!mPending.empty() && std::isupper(static_cast<unsigned char>(mPending[0])) == 0) {
-        throw std::runtime_error("not a request");
+        throw std::runtime_error("the request line is invalid");
     }
     return !more.empty();
 }

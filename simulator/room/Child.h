@@ -9,8 +9,8 @@
 
 class Child {
 public:
-    // Runs a program from the PATH. `environment` (NAME=value) extends this process's. `output`, a file descriptor,
-    // becomes its standard output and error. Throws std::runtime_error.
+    // Runs a program from the PATH. `environment` (NAME=value) extends this process's environment. `output`, a file
+    // descriptor, becomes the program's standard output and error. Throws std::runtime_error.
     explicit Child(const std::vector<std::string>& words, const std::vector<std::string>& environment = {},
                    int output = -1);
     ~Child();

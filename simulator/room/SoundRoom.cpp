@@ -16,7 +16,7 @@ namespace {
 std::string makeFolder() {
     char name[] = "/tmp/orvane-sound-XXXXXX";
     if (!mkdtemp(name)) {
-        throw std::runtime_error("cannot create a folder for the sound room");
+        throw std::runtime_error("cannot create a directory for the sound room");
     }
     return name;
 }
@@ -28,7 +28,7 @@ SoundRoom::SoundRoom(int channels) : mFolder(makeFolder()), mChannels(channels) 
     setenv("PULSE_COOKIE", (mFolder + "/cookie").c_str(), 1);
     setenv("PULSE_RUNTIME_PATH", mFolder.c_str(), 1);
     setenv("PULSE_STATE_PATH", mFolder.c_str(), 1);
-    // The settings of this machine's user may have the microphone turned off.
+    // This user's own settings may have turned the microphone off.
     setenv("XDG_CONFIG_HOME", mFolder.c_str(), 0);
     start();
 }

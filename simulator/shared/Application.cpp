@@ -35,7 +35,7 @@ void Application::run() {
     g_unix_signal_add(SIGINT, onSignal, this);
     const gio::OwnedName name = mBus.ownName(mId);
     if (!name) {
-        throw std::runtime_error(mId + " already runs");
+        throw std::runtime_error(mId + " is already running");
     }
     mRecord.write("started");
     mLoop.run();

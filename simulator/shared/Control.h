@@ -9,8 +9,8 @@
 
 namespace sim {
 
-// `handler` runs on the connection's context for every call of Do. The caller receives the text of an exception that it
-// throws.
+// `handler` runs on the connection's context for every call of Do. If it throws, the caller receives the exception's
+// text.
 gio::Registration exportControl(
     const gio::Connection& bus,
     const std::function<void(const std::string& action, const std::string& argument)>& handler);

@@ -5,7 +5,7 @@
 
 namespace sim {
 
-// Runs `action` once on the default main context, after this time. An exception from it is printed. Any thread.
+// Runs `action` once on the default main context, after this time. Prints an exception that it throws. Any thread.
 void later(unsigned milliseconds, std::function<void()> action);
 
 }  // namespace sim

@@ -13,7 +13,7 @@ double monotonicNow();
 
 class Record {
 public:
-    // Writes to standard output without $ORVANE_SIM_RECORDS. Throws std::runtime_error.
+    // If $ORVANE_SIM_RECORDS is not set, writes to standard output. Throws std::runtime_error.
     explicit Record(std::string application);
     ~Record();
     Record(const Record&) = delete;

@@ -13,7 +13,7 @@ std::unique_ptr<Process> startDaemon(const Folder& folder, const std::string& ty
     auto daemon = std::make_unique<Process>(
         std::vector<std::string>{"dbus-daemon", "--nofork", "--config-file=" + (folder / (type + ".conf"))},
         folder / "dbus.log");
-    until("the " + type + " bus is there", [&] { return std::filesystem::exists(folder / (type + ".bus")); });
+    until("the " + type + " bus has a socket", [&] { return std::filesystem::exists(folder / (type + ".bus")); });
     return daemon;
 }
 

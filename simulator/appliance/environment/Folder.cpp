@@ -10,7 +10,7 @@ namespace sim {
 Folder::Folder() {
     char name[] = "/tmp/orvane-appliance-XXXXXX";
     if (mkdtemp(name) == nullptr) {
-        throw std::runtime_error("cannot create a folder in /tmp");
+        throw std::runtime_error("cannot create a directory in /tmp");
     }
     mPath = name;
 }

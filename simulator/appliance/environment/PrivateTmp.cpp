@@ -53,7 +53,7 @@ void show(const std::vector<Shown>& entries) {
 }  // namespace
 
 bool enterPrivateTmp(const std::vector<std::string>& shown) {
-    buildFolder();  // found while this program's path is visible, which in a chroot it is not afterwards
+    buildFolder();  // finds it now, because in a chroot the new namespace hides this program's path
     try {
         enterMountNamespace();
     } catch (const std::system_error&) {

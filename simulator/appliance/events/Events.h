@@ -18,7 +18,7 @@ public:
 
     explicit Events(std::string folder) : mFolder(std::move(folder)) {}
 
-    // `watcher` receives every event, on the thread that reads, while it reads.
+    // From now on, read() passes every event to `watcher`.
     void watch(Watcher watcher) { mWatcher = std::move(watcher); }
     // Reads what has been written since the last call.
     void read();

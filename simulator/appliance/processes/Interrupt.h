@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Ctrl-C and SIGTERM end a run where it waits, so that everything that it started ends in order.
+// Ctrl-C and SIGTERM end a run at its next wait, so that everything that it started ends in order.
 #pragma once
 
 namespace sim {
@@ -9,7 +9,7 @@ struct Interrupted {
     int signal;
 };
 
-// Stores both signals from now on instead of ending the process.
+// From now on, both signals are stored and do not end the process.
 void catchInterrupts();
 // The first signal that arrived, or 0.
 int interrupt();

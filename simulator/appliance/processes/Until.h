@@ -6,8 +6,8 @@
 
 namespace sim {
 
-// Waits for a condition. After `seconds` throws std::runtime_error that names `what`, a clause such as "the service
-// listens"; throws Interrupted when a signal arrives (see Interrupt.h).
+// Waits until the condition is true. After `seconds`, throws std::runtime_error with `what`, a clause such as "the
+// service listens". Throws Interrupted when a signal arrives (see Interrupt.h).
 void until(const std::string& what, const std::function<bool()>& condition, double seconds = 10);
 
 }  // namespace sim

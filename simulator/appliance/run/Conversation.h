@@ -5,8 +5,8 @@
 
 namespace sim {
 
-// Speaks a series of commands to the appliance and changes its household. Throws std::runtime_error, which names the
-// step that did not happen.
+// Speaks a series of commands to the appliance and changes its household. Throws std::runtime_error with a text that
+// names the step that did not happen.
 void converse(Appliance& appliance);
 
 }  // namespace sim

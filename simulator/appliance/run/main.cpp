@@ -45,7 +45,7 @@ void listen(sim::Appliance& appliance) {
     }
 }
 
-// Keeps the files visible that the options name, which may be in /tmp.
+// Keeps the files that the options name visible, because they may be in /tmp.
 void enterPrivateTmp(const sim::Options& options, const std::string& soundServer) {
     std::vector<std::string> shown;
     for (const std::string& path : {options.wav, sim::socketOf(soundServer)}) {
@@ -54,7 +54,7 @@ void enterPrivateTmp(const sim::Options& options, const std::string& soundServer
         }
     }
     if (!sim::enterPrivateTmp(shown)) {
-        fputs("run: this machine permits no private /tmp; using the shared one\n", stderr);
+        fputs("run: this machine does not permit a private /tmp; using the shared one\n", stderr);
     }
 }
 

@@ -79,7 +79,7 @@ void Room::start() {
         std::make_unique<Process>(std::vector<std::string>{"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no",
                                                            "--exit-idle-time=-1", "-F", mScript},
                                   mFolder / "pulse.log");
-    until("the sound server is there", [this] {
+    until("the sound server has a socket", [this] {
         if (!mServer->runs()) {
             throw std::runtime_error("the sound server ended during its start");
         }

@@ -20,7 +20,7 @@ constexpr int kRate = 16000;
 constexpr float kPeak = 0.5F;
 constexpr float kNoise = 0.001F;
 constexpr float kFullScale = 32767;
-// The tone of stepped loudness, in samples. Each step is one block, so it has one level.
+// The tone of stairs(), in samples. Each step is one block, so it has one level.
 constexpr std::size_t kStep = 256;
 constexpr std::size_t kSteps = 8;
 constexpr std::size_t kHalfPeriod = 16;
@@ -29,7 +29,7 @@ constexpr float kLoudestStep = 0.6F;
 std::vector<float> read(const std::string& path) {
     sndfile::Reader file(path);
     if (file.rate() != kRate || file.channels() != 1) {
-        throw std::runtime_error("flite did not write a mono sound of 16 kHz");
+        throw std::runtime_error("flite did not write a mono sound file with 16 kHz");
     }
     std::vector<float> samples(static_cast<std::size_t>(file.frames()));
     samples.resize(file.read(samples.data(), samples.size()));

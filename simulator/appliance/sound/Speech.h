@@ -8,7 +8,7 @@
 
 namespace sim {
 
-// The functions that make a file return its path.
+// Each of these writes a file and returns its path.
 // Speech by flite, over the faint noise of a room. `voice` is one of flite's voices.
 std::string speak(const Folder& folder, const std::string& text, const std::string& voice);
 // The noise alone.

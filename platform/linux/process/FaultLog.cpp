@@ -19,7 +19,7 @@ struct OfThisProcess {
     Recurrences faults;
 };
 
-// Never destroyed, because threads that nobody joins may log until the process exits.
+// Never destroyed, because detached threads may log until the process exits.
 OfThisProcess& ofThisProcess() {
     static OfThisProcess& only = *std::make_unique<OfThisProcess>().release();
     return only;
@@ -89,7 +89,7 @@ bool logFault(log_priority priority, const char* tag, const std::string& operati
             return false;
         }
         hidden = hiddenText(*count);
-    } catch (const std::exception&) {  // out of memory: the line is more important than the count
+    } catch (const std::exception&) {  // out of memory: logs the line without the count
     }
     dlog_print(priority, tag, "%s%s", text.c_str(), hidden.c_str());
     return true;

@@ -10,7 +10,7 @@ namespace process {
 
 namespace {
 
-// Needs no memory if there is none.
+// Logs the line even if memory has run out.
 void logFaultOf(const char* name, const char* what) noexcept {
     constexpr const char* TAG = "orvane-platform";
     try {

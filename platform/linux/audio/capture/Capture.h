@@ -17,8 +17,8 @@ public:
     explicit Capture(const Format& format) : mFormat(format) {}
 
     const Format& format() const { return mFormat; }
-    // These return audio_io_error_e. Does not wait for the sound server; without a server, reads fail. Throws
-    // std::runtime_error if the source cannot be opened.
+    // All functions return audio_io_error_e. prepare() throws std::runtime_error if the source cannot be opened. It
+    // does not wait for the sound server; without a server, reads fail.
     int prepare();
     // Ends a read in progress.
     int unprepare();

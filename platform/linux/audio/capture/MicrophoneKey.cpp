@@ -15,7 +15,7 @@ constexpr const char* kPath = "/db/mic_key/status";
 
 }  // namespace
 
-// Runs after a change of any setting, because reading the key takes only a microsecond.
+// Checks the key after a change of any setting. This takes only a microsecond.
 MicrophoneKey::MicrophoneKey()
     : mServer(process::shared<SoundServer>()),
       mSettings(bus::ioThread().context(), [this](const std::vector<std::string>&) { look(); }) {}

@@ -13,7 +13,8 @@ class MicrophoneKey {
 public:
     class Listener {
     public:
-        // On the IO thread or in add(), with the lock of the sound server's loop held. Also called without a change.
+        // Called on the IO thread or in add(), with the lock of the sound server's loop held, possibly without a
+        // change.
         virtual void keyChanged(bool off) noexcept = 0;
 
     protected:

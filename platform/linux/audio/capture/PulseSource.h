@@ -20,7 +20,8 @@ namespace audio {
 // It captures only from a microphone. Without one, the server offers the monitor of a loudspeaker as its default
 // source, and moves streams to it when their microphone is unplugged. So the source searches for a microphone before it
 // opens the stream, and verifies the stream's own source when it is open or moved; frames that arrive before the answer
-// are dropped. A stream at a monitor is replaced by one at the microphone that the search finds.
+// are dropped. If the stream captures from a monitor, the source replaces it with a stream from the microphone that the
+// search finds.
 //
 // A source that is destroyed before the first answer requests no stream, so retries do not pile up at a server that
 // does not answer.
@@ -54,11 +55,11 @@ private:
     std::unique_ptr<pulse::RecordStream> mStream;
     pulse::Operation mQuestion;  // the search or the verification in progress
     bool mVerified = false;
-    bool mByName = false;  // the last stream was at a monitor
+    bool mByName = false;  // the last stream captured from a monitor
     std::string mWhy;
 
     std::atomic<bool> mOff{false};      // the microphone key
-    std::atomic<bool> mFlowing{false};  // frames come, or will come soon
+    std::atomic<bool> mFlowing{false};  // frames arrive, or will arrive soon
     std::atomic<bool> mInterrupted{false};
 };
 

@@ -174,7 +174,7 @@ void Focus::forget(sound_stream_info_h stream) {
     mStreams.erase(std::remove(mStreams.begin(), mStreams.end(), stream), mStreams.end());
 }
 
-// Keeps the stream itself, because a later stream may get the same handle.
+// Captures the stream, not only its handle, because a later stream may get the same handle.
 void Focus::report(sound_stream_info_h handle, sound_stream_focus_state_e state, Reason reason) {
     mThread.post([this, stream = streamOf(handle), handle, state, reason] {
         if (!reason && state == SOUND_STREAM_FOCUS_STATE_RELEASED) {

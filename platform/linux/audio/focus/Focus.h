@@ -14,8 +14,8 @@
 
 namespace audio {
 
-// A focus of sound streams, which is the ownership of a well-known D-Bus name. The streams of this process share one
-// connection, so they queue here, with the newest first; other processes queue at the bus.
+// A focus of sound streams, which a process holds while it owns a well-known D-Bus name. The streams of this process
+// share one connection, so they queue here, with the newest first; other processes queue at the bus.
 //
 // The state changes only on the IO thread, which receives the bus's replies and signals in order, so it always knows
 // who holds the focus. Callers wait for the reply. The callbacks of streams run on the sound thread.

@@ -12,8 +12,8 @@ namespace audio {
 // Publishes this reason from now on. IO thread only. Throws std::runtime_error on failure.
 void showFocusReason(int reason);
 
-// Queries the owner of the name and waits for at most a quarter of a second. Without a valid reply, the reason is the
-// system. Not on the IO thread.
+// Queries the owner of the name and waits for at most a quarter of a second. Without a valid reply, returns
+// SOUND_STREAM_FOCUS_CHANGED_BY_SYSTEM. Not on the IO thread.
 sound_stream_focus_change_reason_e focusReasonOf(const std::string& owner);
 
 }  // namespace audio

@@ -17,7 +17,7 @@ constexpr sound_type_e kSoundTypes[] = {SOUND_TYPE_SYSTEM, SOUND_TYPE_NOTIFICATI
 bool isSoundType(sound_type_e type);
 
 // Both wait for the server. A muted type has level 0, and a role without a volume has the highest level. Empty or false
-// if the server does not answer or does not support volumes of roles; `late` is then true if it is still connected.
+// if the server does not answer or does not support role volumes; `late` is then true if it is still connected.
 std::optional<int> readLevel(sound_type_e type, bool* late = nullptr);
 // Keeps the balance of the channels. Level 0 mutes; any other level unmutes.
 bool writeLevel(sound_type_e type, int level);

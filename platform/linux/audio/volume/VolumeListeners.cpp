@@ -44,7 +44,7 @@ bool VolumeListeners::remove(sound_manager_volume_changed_cb callback, void* dat
     return true;
 }
 
-// check() updates the known levels and reports changes.
+// Reads only levels that are still unknown. For the others, check() reads the level and reports a change.
 void VolumeListeners::learn() {
     for (const sound_type_e type : kSoundTypes) {
         {

@@ -237,7 +237,7 @@ void Manager::fail(const std::string& what) {
         setServiceState(VC_SERVICE_STATE_RECORDING);
     }
     if (!mUtterance) {
-        return;  // that callback has canceled the utterance
+        return;  // the state callback has canceled the utterance
     }
     mUtterance.reset();
     reportError(VC_ERROR_OPERATION_FAILED, what);

@@ -81,7 +81,7 @@ int vc_mgr_set_recognition_mode(vc_recognition_mode_e mode) {
 }
 
 int vc_mgr_set_command_list(vc_cmd_list_h list) {
-    // The list contains the service's domains. The sentence file contains their sentences.
+    // Ignores the list. It contains only the service's domains; the sentence file contains their sentences.
     return list ? callManager(__func__, [](Manager&) { return VC_ERROR_NONE; }) : VC_ERROR_INVALID_PARAMETER;
 }
 

@@ -15,8 +15,8 @@ namespace voice {
 constexpr char kFreePhone = '*';
 constexpr char kFillerPhone = '?';
 
-// The pronunciation of every word in the grammar, including the phones. Removes each sentence that has a word without a
-// pronunciation from `commands`, and logs it.
+// The pronunciation of every word in the grammar, including the phones. Removes from `commands` each sentence that has
+// a word without a pronunciation, and logs it.
 sphinx::Pronunciations soundsOf(SentenceFile& commands, const std::string& dictionary);
 
 // The decoder's dictionary must contain the words.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Log lines about faults that may last or recur, such as a missing sound server. The log shows the first occurrence,
-// and later ones at growing intervals with their number. Any thread; nothing here blocks.
+// Log lines about faults that may last or recur, such as a missing sound server. Logs the first occurrence, and later
+// ones at growing intervals, with the number of skipped occurrences. Any thread; nothing here blocks.
 #pragma once
 
 #include <dlog.h>
@@ -19,10 +19,10 @@ public:
     using Clock = std::chrono::steady_clock;
     using Count = unsigned long;
 
-    // Empty: the log does not show this occurrence. Otherwise, how many it has not shown since the last one that it
-    // showed.
+    // Returns nothing if this occurrence is not to be logged. Otherwise, returns how many occurrences were skipped
+    // since the last logged one.
     std::optional<Count> occurred(Clock::time_point now);
-    // What failed works. A fault that returns before this time is still the same fault.
+    // The operation works again. A fault that returns before this time still counts as the same fault.
     void endsAt(Clock::time_point time);
     Clock::time_point last() const { return mLast; }
 
@@ -54,7 +54,7 @@ private:
 // Logs a fault of this operation, or counts it. Returns whether it is in the log. `operation` names what failed, for
 // faultEnded().
 bool logFault(log_priority priority, const char* tag, const std::string& operation, const std::string& text) noexcept;
-// The operation works. Its faults count as new if they return after it has worked this long.
+// The operation works again. A fault that returns counts as new only if the operation has worked for `proof`.
 void faultEnded(const std::string& operation, std::chrono::seconds proof = {}) noexcept;
 
 }  // namespace process

@@ -9,8 +9,8 @@
 
 namespace audio {
 
-// The sound server's streams that are playing, by the reason that their media role corresponds to. The value names one
-// of the applications that play for this reason.
+// The streams that play at the sound server, by the focus reason of their media role. The value names one of the
+// applications that play for this reason.
 using Playing = std::map<sound_stream_focus_change_reason_e, std::string>;
 
 // Queries the server and waits. Empty without an answer; `late` is then true if the server is still connected.

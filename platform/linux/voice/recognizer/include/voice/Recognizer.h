@@ -26,8 +26,8 @@ public:
     virtual std::string finish() = 0;
 };
 
-// Loads the models of the language, which takes up to a second. Removes each sentence that has a word without a
-// pronunciation from `commands`. Throws std::exception if a model is missing or broken.
+// Loads the models of the language, which takes up to a second. Removes from `commands` each sentence that has a word
+// without a pronunciation. Throws std::exception if a model is missing or broken.
 std::unique_ptr<Recognizer> makeRecognizer(const Language& language, SentenceFile& commands);
 
 }  // namespace voice

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// The context that earlier requests create for the next one: the question that the assistant asked, the open recipe,
-// its step, and the state of reading it aloud. A person may also open a recipe by touch, so the dialogue uses only what
-// it knows for certain. Main loop only.
+// The context that earlier utterances create for the next one: the question that the assistant asked, the open recipe,
+// its step, and whether it is being read aloud. A person may also open a recipe by touch, so the dialogue uses only
+// what it knows for certain. Main loop only.
 #pragma once
 
 #include <string>

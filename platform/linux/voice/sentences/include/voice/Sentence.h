@@ -29,7 +29,7 @@ struct Named {
 };
 using NameLists = std::map<std::string, std::vector<Named>>;
 
-// Throws std::invalid_argument, with a text for the log, if the sentence is malformed. Converts words to lower case.
+// Throws std::invalid_argument, with a message for the log, if the sentence is malformed. Converts words to lower case.
 Sentence parseSentence(const std::string& text);
 
 // Adds the words of the sentence and of its lists.

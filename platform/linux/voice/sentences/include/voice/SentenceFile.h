@@ -12,7 +12,7 @@
 
 namespace voice {
 
-// A field of the result's data: a text, "<list>", or "*".
+// A field of the result's data: literal text, "<list>", or "*".
 using Fields = std::vector<std::pair<std::string, std::string>>;
 
 // The sentences with one intent.

@@ -106,7 +106,7 @@ void onRequest(GDBusConnection* bus, GVariant* arguments) {
     g_variant_get(arguments, "(&s&sa(aybaay)&s)", &operation, nullptr, &list, nullptr);
     Texts extras = extrasOf(list);
     if (operation == kBase + "trigger_shot/voice") {
-        printf("wake-up\n");
+        printf("wake word\n");
         startVoiceEngine(bus);
     } else if (operation == kBase + "speech_detected") {
         printf("speech detected\n");

@@ -20,7 +20,7 @@ struct Reply {
     sim::Extras extras;
 };
 
-// An application that requests the status of the account. It receives the replies on a thread of its own.
+// An application that requests the status of the account. It receives the replies on a separate thread.
 class Client {
 public:
     void request(const char* token) {

@@ -94,7 +94,7 @@ bool status(const gio::Connection& bus, const char* property) {
 // The service has no message port of its own, so it does not export that interface.
 TEST(TheRunningService, ExportsExactlyTheDescribedInterfaces) {
     Person person;
-    person.wakes();  // the focus is on the bus since its first request
+    person.wakes();  // the service exports the focus object when it first requests the focus
     EXPECT_THAT(objectsOfTheService(person.appliance.session()),
                 testing::ContainerEq(Objects{{"/org/orvane/Application", described("org.orvane.Application1")},
                                              {"/org/orvane/Focus", described("org.orvane.Focus1")},

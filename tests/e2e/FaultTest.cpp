@@ -91,7 +91,7 @@ TEST(KillingTheUiDuringRecording, LeavesTheServiceRunningAndTheNextWakeWordWorki
     person.wakes();
     person.appliance.kill(sim::kUi);
     person.appliance.turnPage();
-    // The recording ends with its time-out, and the report of that starts the UI again.
+    // The recording times out. The request that reports this error starts the UI again.
     person.appliance.awaitState("Error", "RecordingTimeout", 15);
     person.wakes();
     EXPECT_TRUE(person.appliance.service().runs());

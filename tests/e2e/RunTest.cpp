@@ -45,7 +45,7 @@ public:
     void untilShown(const std::string& text) {
         sim::until(
             "the program prints " + text, [&] { return output().find(text) != std::string::npos; }, kWatchdogSeconds);
-        // An open handle keeps its /tmp after its end.
+        // While this handle is open, the program's private /tmp outlives the program.
         const std::string tmp = "/proc/" + std::to_string(mProgram->id()) + "/root/tmp";
         mTmp = open(tmp.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     }
@@ -99,7 +99,7 @@ std::unique_ptr<sim::Process> startSoundServer(const sim::Folder& folder, const 
                                    "module-native-protocol-unix auth-anonymous=1 socket=" + socket};
     words.insert(words.end(), modules.begin(), modules.end());
     auto server = std::make_unique<sim::Process>(words, folder / "pulse.log");
-    sim::until("the sound server is there", [&] { return fs::exists(socket); });
+    sim::until("the sound server has a socket", [&] { return fs::exists(socket); });
     return server;
 }
 

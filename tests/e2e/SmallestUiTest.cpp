@@ -41,10 +41,10 @@ private:
 
 // Says the wake word up to three times, as a person would.
 void wake(Person& person, const SmallestUi& ui) {
-    for (int said = 1; !ui.prints("wake-up\n"); ++said) {
+    for (int said = 1; !ui.prints("wake word\n"); ++said) {
         person.says("hey quorbit");
         try {
-            ui.awaitOutput("wake-up\n", kAnswerSeconds);
+            ui.awaitOutput("wake word\n", kAnswerSeconds);
         } catch (const std::runtime_error&) {
             if (said == kMostCalls) {
                 throw;
@@ -74,7 +74,7 @@ TEST(TheSmallestUi, ReceivesAWholeRecognitionSessionAndAcknowledgesReady) {
     sim::until("the smallest UI acknowledges Ready", [] { return sim::settings::getBool(sim::kReadyAcknowledged); });
     person.appliance.await(sim::kMusic, {{"event", "launch"}});
     const std::string shown = ui.output();
-    expectInOrder(shown, {"wake-up", "state Recording None", "speech detected", "state Processing None",
+    expectInOrder(shown, {"wake word", "state Recording None", "speech detected", "state Processing None",
                           "state Ready None", "result {", "}"});
     expectInOrder(shown, {"\" final False", "partial \"open music\" final True"});
     EXPECT_EQ(person.appliance.events().countEver(sim::kUi, {}), 0);

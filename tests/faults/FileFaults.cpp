@@ -58,7 +58,7 @@ void foreign(Trial& trial) {
     recordWith(trial, [](const char* path) {
         std::ofstream(path) << "forged";
         if (chown(path, kNobody, kNobody) != 0) {
-            throw CannotRun{"only root may give a file away"};
+            throw CannotRun{"only root may change the owner of a file"};
         }
     });
 }
@@ -67,7 +67,7 @@ void foreign(Trial& trial) {
 void refreshOn(Trial& trial, const std::string& options) {
     const std::string folder = trial.appliance().folder() / "data/orvane-da/db";
     if (trial.run({"mount", "-t", "tmpfs", "-o", options, "none", folder}) != 0) {
-        throw CannotRun{"this machine permits no mounts"};
+        throw CannotRun{"this machine does not permit mounts"};
     }
     trial.appliance().announceProfile();
     trial.awaitLog("orvane-db");

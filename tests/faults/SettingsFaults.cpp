@@ -27,7 +27,7 @@ void readOnly(Trial& trial) {
     const std::string folder = trial.appliance().folder() / "config/dconf";
     trial.appliance().kill(kSettingsService);
     if (trial.run({"mount", "-t", "tmpfs", "-o", "ro", "none", folder}) != 0) {
-        throw CannotRun{"this machine permits no mounts"};
+        throw CannotRun{"this machine does not permit mounts"};
     }
     sim::until("the service records", [&] { return trial.records(); });
     trial.report("records");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// One fault against the running service. The functions that wait throw std::runtime_error, which names what did not
-// happen.
+// One fault against the running service. The functions that wait throw std::runtime_error with a text that names what
+// did not happen.
 #pragma once
 
 #include <signal.h>

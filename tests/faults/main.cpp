@@ -24,13 +24,12 @@ using faults::Trial;
 
 constexpr char kHelp[] =
     "usage: script/faults [--short] [--list] [--log] [--only TEXT]\n"
-    "Breaks the running service and prints a row for each fault: what the service reported, how long it took to "
-    "record\n"
-    "again, and its streams, memory, files, and threads before and after.\n"
-    "  --short      the faults that CI injects\n"
+    "Injects faults into the running service and prints a row for each: what the service reported, how long it\n"
+    "took to record again, and its streams, memory, files, and threads before and after.\n"
+    "  --short      injects only the faults that CI injects\n"
     "  --list       prints the names of the faults\n"
     "  --log        prints the end of the service's log after each failure\n"
-    "  --only TEXT  the faults whose names contain the text\n";
+    "  --only TEXT  injects only the faults whose names contain TEXT\n";
 constexpr double kRecoverySeconds = 2;
 constexpr double kRecoveryWatchdog = 30;
 
@@ -192,7 +191,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (!sim::enterPrivateTmp()) {
-        fputs("faults: this machine permits no private /tmp; using the shared one\n", stderr);
+        fputs("faults: this machine does not permit a private /tmp; using the shared one\n", stderr);
     }
     return run(chosen, options.log);
 }

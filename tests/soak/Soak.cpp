@@ -126,7 +126,7 @@ void Soak::start(const std::string& mode) {
     }
 }
 
-// PulseAudio itself aborts now and then. That is not a failure of the service.
+// PulseAudio itself sometimes aborts, which is not a failure of the service.
 void Soak::restoreSound() {
     mEnd += ", the sound server aborted";
     std::ifstream log(mAppliance.folder() / "pulse.log");

@@ -80,7 +80,7 @@ int main(int count, char** words) {
         }
     }
     if (!sim::enterPrivateTmp()) {
-        fputs("soak: this machine permits no private /tmp; using the shared one\n", stderr);
+        fputs("soak: this machine does not permit a private /tmp; using the shared one\n", stderr);
     }
     try {
         sim::Appliance appliance;

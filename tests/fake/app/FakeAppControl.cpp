@@ -16,7 +16,7 @@ std::mutex stateMutex;
 std::vector<fake::Launch> sent;
 // Never destroyed, so that the leak checker finds the handles that the product does not destroy.
 auto& open = *new std::set<app_control_h>;
-// Of earlier tests: never destroyed, or still in use by the worker.
+// The handles that earlier tests left open: the product never destroys them, or its worker still uses them.
 auto& left = *new std::set<app_control_h>;
 
 const bool registered = platform().addReset([] {

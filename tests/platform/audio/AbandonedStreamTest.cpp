@@ -56,7 +56,7 @@ TEST(StartsThatAreCanceledImmediately, LeaveNoStream) {
     for (int times = 0; times < 25; ++times) {
         { const AudioIn canceled; }
         const AudioIn opening;
-        audio::whatPlays();  // the server has now answered the source's first question
+        audio::whatPlays();  // when this returns, the server has replied to the source's first request
     }
     settle();
     EXPECT_EQ(captured::streams().size(), 0U);

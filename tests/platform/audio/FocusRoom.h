@@ -35,7 +35,7 @@ inline bool isOurs() {
     return bus::session().ownerOf(kName) == bus::session().uniqueName();
 }
 
-// Returns when everything that the bus and the sound thread had to report is reported.
+// Returns when the bus and the sound thread have delivered every change so far.
 inline void settle() {
     isFree();
     std::promise<void> done;

@@ -10,8 +10,7 @@
 #include "process/Owner.h"
 #include "room/SoundRoom.h"
 
-// Lets the sound thread check what `change` changed while the server does not answer. Returns when the server answers
-// again.
+// Makes the sound thread handle `change` while the server does not answer. Returns when the server answers again.
 inline void standStillAfter(SoundRoom& room, const std::function<void()>& change) {
     std::promise<void> changed;
     std::promise<void> looked;

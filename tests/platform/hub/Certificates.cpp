@@ -20,7 +20,7 @@ struct Close {
 
 void check(bool made) {
     if (!made) {
-        throw std::runtime_error("no certificate");
+        throw std::runtime_error("cannot create a certificate");
     }
 }
 

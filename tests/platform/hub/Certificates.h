@@ -15,11 +15,11 @@ struct FreeOpenSsl {
     void operator()(X509* certificate) const noexcept { X509_free(certificate); }
 };
 
-// An authority that signs itself, or a server with the signature of an authority.
+// An authority with a self-signed certificate, or a server whose certificate an authority signed.
 class Identity {
 public:
-    // `address`: its IP address or host name. `issuer` null: signs itself. Expires `seconds` from now; a negative value
-    // makes an expired certificate.
+    // `address`: an IP address or host name. `issuer` null: self-signed. The certificate expires `seconds` from now; a
+    // negative value makes an expired certificate.
     Identity(const std::string& address, const Identity* issuer, long seconds = 3600);
 
     // Throws std::runtime_error.

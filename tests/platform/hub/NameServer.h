@@ -4,7 +4,7 @@
 
 namespace hub_test {
 
-// While it exists, such lookups do not return. One at a time.
+// While an object exists, such lookups do not return. Only one object at a time.
 class SilentNameServer {
 public:
     SilentNameServer();

@@ -17,7 +17,7 @@ class AnUpdate : public DatabaseFolder {};
 
 constexpr int kRounds = 60;
 
-// The kernel kills this process after the time.
+// The kernel kills this process after this time.
 void dieIn(long nanoseconds) {
     sigevent death{};
     death.sigev_notify = SIGEV_SIGNAL;

@@ -12,7 +12,7 @@ namespace {
 
 using testing::HasSubstr;
 
-// The fault of opening the library in a directory that has this file as its libonnxruntime.so. Empty: it works.
+// Opens the library in a directory whose libonnxruntime.so is this file. Returns the error, or "" if there is none.
 std::string faultOf(const std::string& file) {
     char directory[] = "/tmp/orvane-onnx-XXXXXX";
     std::filesystem::create_symlink(file, std::string(mkdtemp(directory)) + "/libonnxruntime.so");
@@ -26,7 +26,7 @@ std::string faultOf(const std::string& file) {
     return fault;
 }
 
-TEST(OnnxRuntime, ThatIsMissingOrReplacedIsReportedInOneLine) {
+TEST(AnOnnxRuntime, ThatIsMissingOrReplacedIsReportedInOneLine) {
     for (const char* file : {"/nowhere", "/proc/self/status", "/proc/self/exe"}) {
         const std::string fault = faultOf(file);
         if (fault.empty()) {

@@ -22,7 +22,7 @@ using testing::HasSubstr;
 
 const std::string kLibraryDirectory = ORVANE_DATA "/speech";
 
-class OnnxSession : public testing::Test {
+class AnOnnxSession : public testing::Test {
 protected:
     void SetUp() override {
         try {
@@ -65,13 +65,13 @@ protected:
     std::string mDirectory;
 };
 
-TEST_F(OnnxSession, ComputesWithFloatsIntegersAndTruthValues) {
+TEST_F(AnOnnxSession, ComputesWithFloatsIntegersAndTruthValues) {
     Session session(mRuntime, write(onnx::tinyModel()));
     EXPECT_THAT(pick(session, {1}, true), ElementsAre(13, 24));
     EXPECT_THAT(pick(session, {1, 0, 1}, false), ElementsAre(-13, -24, -11, -22, -13, -24));
 }
 
-TEST_F(OnnxSession, ComputesTheSameWithEveryOption) {
+TEST_F(AnOnnxSession, ComputesTheSameWithEveryOption) {
     onnx::SessionOptions options;
     options.arena = options.pattern = true;
     options.prepack = false;
@@ -79,7 +79,7 @@ TEST_F(OnnxSession, ComputesTheSameWithEveryOption) {
     EXPECT_THAT(pick(session, {0}, true), ElementsAre(11, 22));
 }
 
-TEST_F(OnnxSession, NamesItsInputsAndOutputs) {
+TEST_F(AnOnnxSession, NamesItsInputsAndOutputs) {
     const Session session(mRuntime, write(onnx::tinyModel()));
     ASSERT_EQ(session.inputs().size(), 3u);
     EXPECT_EQ(session.inputs()[0].name, "x");
@@ -90,7 +90,7 @@ TEST_F(OnnxSession, NamesItsInputsAndOutputs) {
     EXPECT_THAT(session.outputs(), ElementsAre("y", "sum"));
 }
 
-TEST_F(OnnxSession, ReturnsOutputsThatCanBeInputsAgain) {
+TEST_F(AnOnnxSession, ReturnsOutputsThatCanBeInputsAgain) {
     Session session(mRuntime, write(onnx::tinyModel()));
     const Tensor x(mRuntime, std::vector<float>{1, 2}, {1, 2});
     const Tensor row(mRuntime, std::vector<int64_t>{0}, {1});
@@ -101,11 +101,11 @@ TEST_F(OnnxSession, ReturnsOutputsThatCanBeInputsAgain) {
     EXPECT_EQ(twice[0].floats()[1], 42);
 }
 
-TEST_F(OnnxSession, RejectsATensorWhoseCountDoesNotFitItsShape) {
+TEST_F(AnOnnxSession, RejectsATensorWhoseCountDoesNotFitItsShape) {
     EXPECT_THROW(Tensor(mRuntime, std::vector<float>{1, 2, 3}, {2, 2}), Error);
 }
 
-TEST_F(OnnxSession, RejectsInputsThatDoNotFitTheModel) {
+TEST_F(AnOnnxSession, RejectsInputsThatDoNotFitTheModel) {
     Session session(mRuntime, write(onnx::tinyModel()));
     const Tensor x(mRuntime, std::vector<float>{1, 2, 3}, {1, 3});
     const Tensor good(mRuntime, std::vector<float>{1, 2}, {1, 2});
@@ -120,7 +120,7 @@ TEST_F(OnnxSession, RejectsInputsThatDoNotFitTheModel) {
     EXPECT_THAT(pick(session, {0}, true), ElementsAre(11, 22)) << "The session still works.";
 }
 
-TEST_F(OnnxSession, ReportsAMissingTruncatedOrReplacedModelInOneLine) {
+TEST_F(AnOnnxSession, ReportsAMissingTruncatedOrReplacedModelInOneLine) {
     const std::string model = onnx::tinyModel();
     for (const std::string& path : {mDirectory + "/missing.onnx", mDirectory}) {
         EXPECT_THAT(faultOfLoading(path), HasSubstr(path));

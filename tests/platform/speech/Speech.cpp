@@ -25,7 +25,7 @@ public:
         mPath = (std::filesystem::temp_directory_path() / "speech-XXXXXX.wav").string();
         const int descriptor = mkstemps(mPath.data(), 4);
         if (descriptor < 0) {
-            throw std::runtime_error("no temporary file");
+            throw std::runtime_error("cannot create a temporary file");
         }
         ::close(descriptor);
     }
@@ -53,7 +53,7 @@ void run(std::vector<std::string> words) {
 Samples loadWav(const std::string& path) {
     sndfile::Reader file(path);
     if (file.rate() != 16000 || file.channels() != 1) {
-        throw std::runtime_error(path + ": not 16 kHz, one channel");
+        throw std::runtime_error(path + " does not have 16 kHz and one channel");
     }
     std::vector<float> read(static_cast<std::size_t>(file.frames()));
     read.resize(file.read(read.data(), read.size()));

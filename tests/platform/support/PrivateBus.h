@@ -18,7 +18,7 @@ public:
     explicit PrivateBus(std::string configuration = "--session") {
         int ends[2];
         if (pipe2(ends, O_CLOEXEC) != 0) {
-            throw std::runtime_error("no pipe");
+            throw std::runtime_error("cannot create a pipe");
         }
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
@@ -28,7 +28,7 @@ public:
                                "--nofork", "--print-address=3"};
         char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(),
                              words[4].data(), words[5].data(), words[6].data(), nullptr};
-        // Ecore's main loop blocks signals, and the daemon would inherit that.
+        // Ecore's main loop blocks signals, and the daemon would inherit the signal mask.
         sigset_t none;
         sigemptyset(&none);
         posix_spawnattr_t attributes;
@@ -40,7 +40,7 @@ public:
         posix_spawn_file_actions_destroy(&actions);
         ::close(ends[1]);
         if (code != 0) {
-            throw std::runtime_error("no dbus-daemon");
+            throw std::runtime_error("cannot start dbus-daemon");
         }
         readAddress(ends[0]);
         ::close(ends[0]);
@@ -63,7 +63,7 @@ private:
             mAddress += letter;
         }
         if (mAddress.empty()) {
-            throw std::runtime_error("dbus-daemon gives no address");
+            throw std::runtime_error("dbus-daemon prints no address");
         }
     }
 

@@ -13,7 +13,7 @@ public:
     PrivateHome() {
         char name[] = "/tmp/orvane-home-XXXXXX";
         if (mkdtemp(name) == nullptr) {
-            throw std::runtime_error("no folder under /tmp");
+            throw std::runtime_error("cannot create a directory in /tmp");
         }
         mFolder = name;
         for (const char* variable : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {

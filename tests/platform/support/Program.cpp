@@ -9,7 +9,7 @@
 Program::Program(const std::vector<std::string>& words) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
-        throw std::runtime_error("no pipe");
+        throw std::runtime_error("cannot create a pipe");
     }
     mOutput.reset(fdopen(ends[0], "r"));
     mProcess = std::make_unique<Child>(words, std::vector<std::string>{"ORVANE_LOG=stderr"}, ends[1]);

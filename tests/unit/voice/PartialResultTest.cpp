@@ -55,7 +55,7 @@ TEST_F(PartialResultTest, TheTextIsTrimmedAndForwarded) {
     EXPECT_TRUE(fake::platform().logged(DLOG_DEBUG, "Result Text -   hello\n"));
 }
 
-TEST_F(PartialResultTest, OnlyFiveKindsOfBlanksAreTrimmedAndOnlyAtTheEnds) {
+TEST_F(PartialResultTest, OnlyFiveKindsOfWhitespaceAreTrimmedAndOnlyAtTheEnds) {
     fake::preResult(VC_PRE_RESULT_EVENT_PARTIAL, "\v\fred \t wine\f\r");
     EXPECT_EQ(reports, Texts{"[\fred \t wine\f]"});
 }

@@ -30,7 +30,7 @@ private:
     std::unique_ptr<Curl_URL, Cleanup> mUrl;
 };
 
-// Percent-encodes a text as one segment of a path.
+// Percent-encodes a string as one segment of a path.
 std::string escaped(const std::string& text);
 
 }  // namespace curl

@@ -14,7 +14,7 @@
 
 namespace gio {
 
-// A text of arbitrary nonzero bytes: ay with a terminating zero. Reads as empty if the terminator is missing.
+// A string of arbitrary nonzero bytes: ay with a terminating zero. Reads as empty if the terminator is missing.
 struct Bytes {
     std::string text;
 };
@@ -22,7 +22,7 @@ struct ObjectPath {
     std::string path;
 };
 
-// Throws std::invalid_argument for a text that is not UTF-8, because sending it would close the connection.
+// Throws std::invalid_argument for a string that is not UTF-8, because sending it would close the connection.
 GVariant* newText(std::string_view text);
 GVariant* newArray(const std::string& elementType, const std::vector<Variant>& elements);
 GVariant* newTuple(const std::vector<Variant>& fields);

@@ -6,8 +6,8 @@
 
 namespace gio {
 
-// Runs a program from the PATH without output and waits for its end. Returns whether it exits with 0; false if it
-// cannot start.
+// Runs a program from the PATH, discards its output, and waits until it exits. Returns whether it exits with 0; false
+// if it cannot start.
 bool succeeds(const std::vector<std::string>& words);
 
 }  // namespace gio

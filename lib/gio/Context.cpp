@@ -10,8 +10,8 @@ namespace {
 
 using Work = std::function<void()>;
 
-// GLib hands over work under its own locks, which ThreadSanitizer does not see. This lock shows it that attaching the
-// work happens before running it.
+// GLib hands over work under its own locks, which ThreadSanitizer does not see. Taking this lock on both sides shows
+// ThreadSanitizer that attaching the work happens before running it.
 std::mutex handover;
 
 gboolean runOnce(gpointer data) noexcept {

@@ -9,8 +9,9 @@ namespace gio {
 
 namespace {
 
-// GDBus would free it on the context, later, which never happens if the context's thread has ended. The registration
-// owns it instead, and a handler that ends its own registration keeps it until it returns.
+// The handlers of an exported object. GDBus would free them later, on the context, which never happens if the context's
+// thread has ended. Instead, the registration owns them, and a handler that ends its own registration keeps them until
+// it returns.
 struct Exported : std::enable_shared_from_this<Exported> {
     Exported(Connection::MethodHandler call, Connection::PropertyReader read)
         : onCall(std::move(call)), onRead(std::move(read)) {}

@@ -7,8 +7,8 @@
 
 namespace gio {
 
-// Waits for datagrams whose content does not matter. Create and destroy it on the thread of the main context that is
-// the thread's default; `received` runs there after one or more datagrams. It must not throw.
+// Waits for datagrams whose content does not matter. `received` runs on the default main context of the thread that
+// creates the object, after one or more datagrams, and must not throw. Destroy the object on the same thread.
 class SocketWatch {
 public:
     // Takes over `descriptor`, an open and nonblocking socket. Throws std::runtime_error.

@@ -28,7 +28,7 @@ public:
     }
     ~Variant() { reset(); }
 
-    // Codec.h lists the possible types for T. A Variant is wrapped as v. A text that is not UTF-8 throws
+    // Codec.h lists the possible types for T. A Variant is wrapped as v. A string that is not UTF-8 throws
     // std::invalid_argument.
     template <typename T>
     static Variant of(const T& value) {

@@ -11,7 +11,7 @@ namespace json {
 constexpr int kMaxDepth = 32;
 constexpr std::size_t kMaxBytes = std::size_t{1} << 20;
 
-// Throws std::exception, with a text for the log, if the text is not JSON or exceeds a limit.
+// Throws std::exception, with a message for the log, if the text is not JSON or exceeds a limit.
 inline nlohmann::json parseBounded(std::string_view text) {
     if (text.size() > kMaxBytes) {
         throw std::length_error("more than a megabyte of JSON");

@@ -15,7 +15,7 @@ Identity::Identity(const std::string& certificate, const std::string& key)
     }
 }
 
-// Every failed call leaves an error in a queue of its thread, which a later call would take for its own.
+// A failed call leaves its error in the thread's error queue, where a later call would mistake it for its own.
 Connection::Connection(int socket, const Identity& identity) : mSsl(SSL_new(identity.get())) {
     if (!mSsl || SSL_set_fd(mSsl.get(), socket) != 1 || SSL_accept(mSsl.get()) != 1) {
         ERR_clear_error();

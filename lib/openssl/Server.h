@@ -24,7 +24,7 @@ private:
     std::unique_ptr<SSL_CTX, Free> mContext;
 };
 
-// One connection of a client. One thread at a time. The destructor sends the end of TLS.
+// One connection of a client. One thread at a time. The destructor sends TLS's closing message.
 class Connection {
 public:
     // The caller keeps the connected socket. Blocks until the handshake ends. Throws std::runtime_error if it fails.

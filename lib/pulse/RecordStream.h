@@ -24,8 +24,8 @@ public:
 
     struct Settings {
         const char* name;
-        // Null: the source that the server chooses: the default, the one in PULSE_SOURCE, or where the user moved this
-        // program's stream.
+        // Null lets the server choose: the default source, the one in PULSE_SOURCE, or the one to which the user moved
+        // this program's stream.
         const char* source;
         int rate;
         int channels;

@@ -33,7 +33,7 @@ struct PlaybackInfo {
     std::string application;
     std::string role;  // empty: none
     bool isPaused;
-    bool belongsToServer;  // connects two devices
+    bool belongsToServer;  // the server's own stream, which connects two devices
 };
 Operation listPlayback(const Context& context, std::function<void(const PlaybackInfo&)> each, Done done);
 

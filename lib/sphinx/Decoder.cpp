@@ -100,7 +100,7 @@ constexpr char kSearch[] = "orvane";
 
 }  // namespace
 
-// Replaces the library's function for a lack of memory, which jumps to one place for all threads or ends the process.
+// Replaces the library's out-of-memory handler, which ends the process or jumps to one place for all threads.
 extern "C" void ckd_fail(char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
@@ -126,7 +126,7 @@ Decoder::Decoder(const Options& options) {
     }
     Config config = makeConfig(options);
     if (!survived([&] { mDecoder.reset(library().ps_init(config.get())); })) {
-        static_cast<void>(config.release());  // the decoder, which is lost, refers to it
+        static_cast<void>(config.release());  // the leaked decoder still refers to it
     }
     if (!mDecoder) {
         fail("cannot read the models");
@@ -141,7 +141,7 @@ void Decoder::keepMean() {
     }
 }
 
-// After a fatal error, nobody can use or free the decoder.
+// After a fatal error, the decoder cannot be used or freed.
 template <typename Call>
 void Decoder::call(const char* failure, const Call& function) {
     if (!mDecoder) {

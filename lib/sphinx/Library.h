@@ -43,7 +43,7 @@
 
 namespace sphinx {
 
-// PocketSphinx, loaded by the first use, because it also loads BLAS, of which some versions start threads.
+// PocketSphinx, loaded on first use, because it also loads BLAS, and some versions of BLAS start threads.
 struct Library {
 // A declaration takes no parentheses here. NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define ORVANE_SPHINX_POINTER(name) decltype(&::name) name;
@@ -51,7 +51,7 @@ struct Library {
 #undef ORVANE_SPHINX_POINTER
 };
 
-// Any thread. Throws Error if the library is missing or incomplete; after it has returned once, it does not throw.
+// Any thread. Throws Error if the library is missing or incomplete. After one successful call, it never throws.
 const Library& library();
 
 }  // namespace sphinx

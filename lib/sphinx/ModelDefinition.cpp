@@ -28,8 +28,8 @@ std::optional<std::int64_t> readCount(std::istream& in) {
     return value >= 0 && value <= kMost ? std::optional<std::int64_t>(value) : std::nullopt;
 }
 
-// After the magic number: version, length of a text, the text, ten counts, the phones' names, padding to four bytes,
-// the tree, the phones, the length of the sequences, and the sequences.
+// After the magic number: version, length of a string, the string, ten counts, the phones' names, padding to four
+// bytes, the tree, the phones, the length of the sequences, and the sequences.
 std::optional<std::int64_t> lengthByHeader(std::istream& in) {
     const auto version = readCount(in);
     const auto text = readCount(in);

@@ -19,8 +19,8 @@ public:
     int get() const { return mHandle; }
     // Any thread. Ends every wait on the socket.
     void interrupt() const;
-    // Waits until the peer closes the connection, somebody interrupts it, or the time is over. -1 waits without a
-    // limit. Returns false if the time is over.
+    // Waits until the peer closes the connection, another thread calls interrupt(), or the time is over. -1 waits
+    // without a limit. Returns false if the time is over.
     bool isLeftWithin(int milliseconds) const;
 
 private:

@@ -32,7 +32,7 @@ void recordDuring(Trial& trial, const json& fault) {
     trial.appliance().hub().faults({fault});
     trial.appliance().announceProfile();
     sim::until("the service records", [&] { return trial.records(); });
-    trial.report("records meanwhile");
+    trial.report("still records");
     trial.awaitLog("orvane-hub", 2 * kRefreshSeconds);
     awaitRefresh(trial, "after " + fault.at("kind").get<std::string>());
 }

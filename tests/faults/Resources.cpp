@@ -47,7 +47,7 @@ Resources settledResources(sim::Appliance& appliance, const Resources& before) {
     Resources last;
     try {
         sim::until(
-            "the service holds what it held before",
+            "the service uses no more resources than before",
             [&] {
                 last = resourcesOf(appliance);
                 return excess(before, last).empty() && last.streams == before.streams;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// What the service holds: capture streams at the sound server, memory, open files, and threads.
+// The resources that the service uses: capture streams at the sound server, memory, open files, and threads.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@ struct Resources : sim::Usage {
 
 // Throws std::runtime_error when the service does not run or the sound server does not answer.
 Resources resourcesOf(sim::Appliance& appliance);
-// Waits until the service holds at most what it held before, up to 10 s, and returns what it holds then.
+// Waits up to 10 s until the service uses no more than `before`, and returns what it uses then.
 Resources settledResources(sim::Appliance& appliance, const Resources& before);
 // Names what exceeds the previous values; empty if nothing does.
 std::string excess(const Resources& before, const Resources& after);

@@ -74,7 +74,8 @@ private:
     bool mRestarted = false;
 };
 
-// Starts the service, searches, and refreshes the profile, so that it holds what it loads and opens once.
+// Starts the service, makes a search, and refreshes the profile, so that the service has loaded and opened everything
+// that it loads or opens only once.
 void startWarm(sim::Appliance& appliance);
 
 // Stops a process for as long as this object exists.

@@ -76,7 +76,7 @@ std::vector<Fault> chosenFaults(const Options& options) {
     return chosen;
 }
 
-// Seconds until the service records again. A service that ended by itself starts again first.
+// Returns the seconds until the service records again. If the service has ended by itself, restarts it and returns -1.
 double recover(Trial& trial) {
     if (trial.serviceEnded()) {
         trial.restart();

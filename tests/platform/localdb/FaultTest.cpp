@@ -36,7 +36,7 @@ void expectToWork(const Manager& manager) {
     EXPECT_EQ(markOf(walk(manager.get(), "Profile")), "works");
 }
 
-TEST_F(ADamagedFile, FailsEachUseWithOneLogLineAndStaysAsItIs) {
+TEST_F(ADamagedFile, FailsEachOperationWithOneLogLineAndStaysAsItIs) {
     const std::string content(5000, 'x');
     put(file("Profile"), content);
     Manager manager;
@@ -60,7 +60,7 @@ TEST_F(ADamagedFile, ThatIsADirectoryFailsWithOneLogLineUntilItIsRemoved) {
     expectToWork(manager);
 }
 
-TEST_F(AMissingDirectory, FailsEachUseWithOneLogLineUntilItCanBeCreated) {
+TEST_F(AMissingDirectory, FailsEachOperationWithOneLogLineUntilItCanBeCreated) {
     const std::string folder = path() + "/not/yet";
     put(path() + "/not", "in its way");
     setenv("ORVANE_DB_DIR", folder.c_str(), 1);

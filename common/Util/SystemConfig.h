@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The device's settings, as the service's enumerations and strings, and the registry of their change listeners. Any
+// The appliance's settings, as the service's enumerations and strings, and the registry of their change listeners. Any
 // thread may call getters and setters. Only the main loop may create the instance and register listeners.
 #pragma once
 
@@ -36,7 +36,7 @@ public:
 
     int getMicState();  // 0 off, 1 on
     void setMicState(bool on);
-    // True if the device is in neither its first-start nor its demonstration state.
+    // True if the appliance is in neither its first-start nor its demonstration state.
     bool isOutOfBoxing();
 
     OrvaneLang getOrvaneLang();

@@ -49,8 +49,8 @@ bool Variant::hasType(const std::string& signature) const {
 
 void Variant::expectType(const std::string& signature) const {
     if (!hasType(signature)) {
-        throw std::runtime_error("a D-Bus value has the type " +
-                                 std::string(mValue ? g_variant_get_type_string(mValue) : "of nothing") + " and not " +
+        throw std::runtime_error("a D-Bus value has type " +
+                                 std::string(mValue ? g_variant_get_type_string(mValue) : "none") + " instead of " +
                                  signature);
     }
 }

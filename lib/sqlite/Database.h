@@ -14,7 +14,7 @@ enum class Access {
     READ,
     WRITE,
     CREATE,     // writes, and creates the file if it is missing
-    READ_ALONE  // reads the file without its log; the file must not change meanwhile
+    READ_ALONE  // reads the file without its log; the file must not change while it is open
 };
 
 // One connection to a database file. One thread at a time may use it. All functions throw sqlite::Error.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/* Keys, lights, and display of the device. Any thread. All functions return device_error_e. */
+/* Keys, lights, and display of the appliance. Any thread. All functions return device_error_e. */
 #pragma once
 
 #include <stdbool.h>
@@ -17,7 +17,7 @@ typedef enum {
 typedef enum {
     DEVICE_ERROR_NONE = 0,
     DEVICE_ERROR_INVALID_PARAMETER = -22,
-    DEVICE_ERROR_NOT_SUPPORTED = -601, /* the device does not have this part */
+    DEVICE_ERROR_NOT_SUPPORTED = -601, /* the appliance does not have this part */
     DEVICE_ERROR_OPERATION_FAILED = -602,
 } device_error_e;
 

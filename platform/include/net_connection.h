@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-/* Network connection of the device. */
+/* Network connection of the appliance. */
 #pragma once
 
 #ifdef __cplusplus

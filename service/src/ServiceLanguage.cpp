@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Keeps the assistant's language in sync with the language of the device's menu. A change of the menu's language writes
-// the assistant's language to the settings store. If the stored value changes too, its listener rebuilds everything
-// that depends on it.
+// Keeps the assistant's language in sync with the language of the appliance's menu. A change of the menu's language
+// writes the assistant's language to the settings store. If the stored value changes too, its listener rebuilds
+// everything that depends on it.
 #include <mutex>
 
 #include "Controller/SRecorder.h"

@@ -49,7 +49,7 @@ bool admits(gio::MethodCall& call) {
         call.fail("org.freedesktop.DBus.Error.AccessDenied", "only calls of the same user are accepted");
     } else if (tooLarge) {
         process::logFault(DLOG_WARN, "orvane-bus", call.method(),
-                          "refused a call of " + call.method() + ": its arguments are too large");
+                          "refused a call to " + call.method() + ": its arguments are too large");
         call.fail("org.orvane.Error.TooLarge", "the arguments exceed the limits on size or count");
     }
     return !call.isAnswered();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The light of the microphone key is the machine's microphone LED, if it has one. On a desktop, this LED is on while
+// The light of the microphone key is the appliance's microphone LED, if it has one. On a desktop, this LED is on while
 // the microphone is muted.
 #include <device.h>
 #include <stdlib.h>

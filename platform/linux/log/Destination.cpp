@@ -34,8 +34,8 @@ std::size_t sendToJournal(std::string_view bytes) noexcept {
                    bytes.size());
 }
 
-// Other processes share the open file, so it must not become non-blocking. A second open file of the same pipe or
-// terminal may be. It is closed at once, so that a reader notices when all writers are gone.
+// Other processes share the open file, so it must stay blocking. Instead, this opens the same pipe or terminal again,
+// without blocking, and closes it right after the write, so that a reader notices when all writers are gone.
 std::size_t writeToPipe(int descriptor, std::string_view bytes) noexcept {
     const char* name = descriptor == STDOUT_FILENO ? "/proc/self/fd/1" : "/proc/self/fd/2";
     const int own = open(name, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);

@@ -13,8 +13,8 @@ namespace {
 
 using Work = std::function<void()>;
 
-// One queue for all threads keeps the order of the calls. Ecore's own queue would run a call from the main loop's
-// thread immediately, within that call.
+// One queue for all threads keeps the order of the calls. Ecore's own queue would run work that the main
+// loop's thread posts immediately, before the posting call returns.
 struct Queue {
     std::mutex mutex;
     std::deque<Work> waiting;
@@ -38,8 +38,8 @@ void runWaiting(void*) noexcept {
 
 void postToMainLoop(Work work) {
     auto& queue = process::shared<Queue>();
-    // Held until the call to Ecore returns, so that Ecore is not shut down during it. Ecore runs no callback within
-    // this call.
+    // Held until the call to Ecore returns, so that Ecore is not shut down during the call. Ecore runs no callback
+    // during it.
     std::lock_guard lock(queue.mutex);
     if (queue.closed) {
         return;

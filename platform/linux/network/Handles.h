@@ -37,7 +37,7 @@ private:
     std::mutex mMutex;
     std::vector<std::unique_ptr<connection_s>> mAll;  // in the order of their ids, which are never reused
     unsigned long mLastId = 0;
-    // Destroyed first, so that it does not report to a list that is gone.
+    // Destroyed first, so that it never reports to a destroyed list.
     Monitor mMonitor{[this](connection_type_e type) { post(type); }};
 };
 

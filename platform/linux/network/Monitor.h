@@ -14,7 +14,8 @@
 
 namespace network {
 
-// The type of the machine's network connection, from NetworkManager if it is running, otherwise from the default route.
+// The type of the appliance's network connection, from NetworkManager if it is running, otherwise from the default
+// route.
 class Monitor {
 public:
     // Starts on the IO thread; the caller does not wait. The listener runs on the IO thread after each change. The type

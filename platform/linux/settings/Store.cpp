@@ -50,7 +50,7 @@ Store::Store()
     forgetAfterRestart();
 }
 
-// Without a stored boot id, this is the first run on this machine, so values that were written earlier are kept.
+// Without a stored boot id, this is the first run on this appliance, so values that were written earlier are kept.
 void Store::forgetAfterRestart() {
     const std::string now = bootId();
     const gio::Variant kept = read(BOOT_ID);

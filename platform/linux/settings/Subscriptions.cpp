@@ -57,8 +57,8 @@ void Subscriptions::changed(const std::vector<std::string>& paths) {
     }
 }
 
-// Main loop only, like unsubscribing. Reads the value now, so that the callback gets the same value as a read within
-// it.
+// Main loop only, like unsubscribing. Reads the value now, so that the callback receives the same value that it would
+// read itself.
 void Subscriptions::notify(unsigned long id) {
     Subscription subscription{};
     {

@@ -13,7 +13,7 @@ namespace wakeup {
 struct WakeupConfig {
     std::string wakeWord;                   // "hey quorbit"
     sphinx::Pronunciations pronunciations;  // of the wake word's words; the dictionary has the others
-    std::string model = "en-us/en-us";      // acoustic model, below the model folder or absolute
+    std::string model = "en-us/en-us";      // acoustic model, relative to the model directory or absolute
     std::string dictionary = "en-us/cmudict-en-us.dict";
     double threshold = 1e-20;   // 1e-60 to 1; a smaller value detects more, including false positives
     double speechMarginDb = 9;  // 0 to 40; how much louder than the room's noise speech must be

@@ -56,7 +56,7 @@ std::shared_ptr<Spotter> WakeupContext::load(const std::string& path) {
         return nullptr;
     }
     std::shared_ptr<Spotter> spotter = mMakeSpotter(config);
-    dlog_print(DLOG_INFO, "orvane-wakeup", "listens for \"%s\" of %s", config.wakeWord.c_str(), path.c_str());
+    dlog_print(DLOG_INFO, "orvane-wakeup", "listens for \"%s\" (%s)", config.wakeWord.c_str(), path.c_str());
     return spotter;
 }
 

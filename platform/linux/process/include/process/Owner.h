@@ -16,7 +16,7 @@
 
 namespace process {
 
-// The process is exiting, and an object that the call needs is gone.
+// The process is exiting, and an object that the call needs no longer exists.
 class Ended : public std::runtime_error {
 public:
     Ended() : std::runtime_error("the process is exiting") {}

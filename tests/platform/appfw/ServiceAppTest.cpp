@@ -161,7 +161,7 @@ TEST_F(AServiceUnderAManager, StopsFeedingTheWatchdogWhileTheMainLoopHangs) {
     EXPECT_EQ(mService.line(), "operation hang");
     while (!mManager.next(0).empty()) {
     }
-    EXPECT_EQ(mManager.next(300), "") << "longer than the limit";
+    EXPECT_EQ(mManager.next(300), "") << "the watchdog gets no message for longer than its limit";
     mService.process().kill();
 }
 

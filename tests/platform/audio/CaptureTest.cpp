@@ -48,7 +48,7 @@ TEST(AToneInTheRoom, IsReadFromAudioInput) {
     EXPECT_TRUE(microphone.captureUntil(hasTone));
     const tone::Samples captured = microphone.capture(0.5);
     EXPECT_THAT(tone::amplitudeAt(1000, kRate, captured), DoubleNear(8000, 400));
-    EXPECT_THAT(tone::level(captured), DoubleNear(8000 / std::sqrt(2), 400)) << "there is more than the tone";
+    EXPECT_THAT(tone::level(captured), DoubleNear(8000 / std::sqrt(2), 400)) << "the microphone captures only the tone";
 }
 
 TEST(AStereoSource, IsMixedToOneChannelForSpeech) {
@@ -99,7 +99,8 @@ TEST(ABlockedRead, EndsWhenTheDeviceIsUnpreparedByAnotherThread) {
     CaptureStderr();
     EXPECT_EQ(audio_in_unprepare(microphone.handle()), 0);
     EXPECT_LT(soon(reading), 0);
-    EXPECT_EQ(GetCapturedStderr(), "") << "a read that waits until the module gives up on the server logs an outage";
+    EXPECT_EQ(GetCapturedStderr(), "")
+        << "unpreparing ends the read before the module gives up on the server and logs it";
     room.thaw();
 }
 
@@ -119,7 +120,8 @@ TEST(ABlockedSpeechRead, EndsWhenTheCaptureIsUnpreparedByAnotherThread) {
     CaptureStderr();
     EXPECT_EQ(sse_unprepare(), 0);
     EXPECT_NE(soon(reading), 0);
-    EXPECT_EQ(GetCapturedStderr(), "") << "a read that waits until the module gives up on the server logs an outage";
+    EXPECT_EQ(GetCapturedStderr(), "")
+        << "unpreparing ends the read before the module gives up on the server and logs it";
     room.thaw();
 }
 

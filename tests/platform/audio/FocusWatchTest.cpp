@@ -54,7 +54,7 @@ TEST(AWatchOfTheRecordingFocus, ReportsEachNewHolder) {
     Child emergency = holder(kEmergency);
     ASSERT_TRUE(watch->await(acquired(kEmergency)));
     emergency.kill();
-    ASSERT_TRUE(eventually([&] { return watch->all().size() == 3; })) << "the first gets it back";
+    ASSERT_TRUE(eventually([&] { return watch->all().size() == 3; })) << "the first holder gets the focus back";
     alarm.kill();
     ASSERT_TRUE(watch->await(released(kAlarm)));
     EXPECT_THAT(watch->all(), ElementsAre(acquired(kAlarm), acquired(kEmergency), acquired(kAlarm), released(kAlarm)));

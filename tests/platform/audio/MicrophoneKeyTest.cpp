@@ -82,7 +82,7 @@ TEST_F(TheMicrophoneKey, ReleasesTheMicrophoneAndReacquiresIt) {
         EXPECT_TRUE(eventually(isCaptured));
         EXPECT_TRUE(reader.readsSound());
     }
-    EXPECT_EQ(reader.failures(), before) << "the recorder would reset the device";
+    EXPECT_EQ(reader.failures(), before) << "no read fails, so the recorder does not reset the device";
 }
 
 TEST_F(TheMicrophoneKey, KeepsTheMicrophoneReleasedWhileItIsOff) {

@@ -213,7 +213,7 @@ TEST_F(AnAudioStream, GetsNoCallbackAfterItIsDestroyed) {
         stream.destroy();
         return left.load();
     });
-    ASSERT_TRUE(eventually([] { return !waitsAtTheBus(); })) << "it is being destroyed";
+    ASSERT_TRUE(eventually([] { return !waitsAtTheBus(); })) << "the destruction has begun";
     leave.set_value();
     EXPECT_TRUE(leftBefore.get()) << "the destruction waits for the callback that runs";
 }

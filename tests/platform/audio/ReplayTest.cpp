@@ -134,7 +134,7 @@ TEST_F(AReplayedRecording, EndsItsReadWhenTheCaptureStops) {
     });
     ASSERT_EQ(reading.wait_for(50ms), std::future_status::timeout);
     EXPECT_EQ(audio_in_unprepare(microphone.handle()), 0);
-    EXPECT_LT(reading.get(), 0) << "a read of the whole half second succeeds";
+    EXPECT_LT(reading.get(), 0) << "the read ends before it has the whole half second";
 }
 
 TEST_F(AReplayedRecording, FailsToOpenWhenItsFileCannotBeRead) {

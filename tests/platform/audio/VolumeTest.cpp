@@ -93,7 +93,7 @@ TEST(TheAlarmVolume, AffectsAlarmsAndNothingElse) {
     Child alarm = player(room, "alarm");
     Child bell = player(room, "event");
     ASSERT_TRUE(microphone.captureUntil([](const auto& captured) { return toneIn(captured) > 7500; }))
-        << "the notification";
+        << "the notification is loud";
     bell.stop();
     ASSERT_TRUE(microphone.captureUntil([](const auto& captured) { return toneIn(captured) < 1; }))
         << "the alarm is silent";

@@ -118,7 +118,7 @@ TEST_F(ADatabase, IsOpenedAgainAfterSomebodyReplacesItsFile) {
     update(openDatabase("Other").get(), {});
     const Manager manager = openDatabase("Profile");
     update(manager.get(), kTwoUsers);
-    EXPECT_EQ(std::filesystem::file_size(file("Profile") + "-wal"), 0U) << "the new file would get its contents";
+    EXPECT_EQ(std::filesystem::file_size(file("Profile") + "-wal"), 0U) << "an empty log cannot change the new file";
     {
         sqlite::Database other(file("Other"), sqlite::Access::WRITE, 0);
         other.execute("ALTER TABLE Other RENAME TO Profile; INSERT INTO Profile VALUES (0, 0, 'userId', 1, '3')");

@@ -69,9 +69,9 @@ std::string markOf(const Fields& fields) {
         ADD_FAILURE() << "not a user: " << first;
         return "broken";
     }
-    EXPECT_EQ(fields.size(), 2 * std::stoul(first.substr(semicolon + 1))) << "the list is not complete";
+    EXPECT_EQ(fields.size(), 2 * std::stoul(first.substr(semicolon + 1))) << "the list is complete";
     for (std::size_t i = 0; i < fields.size(); i += 2) {
-        EXPECT_EQ(fields[i], first) << "the list contains records of several updates";
+        EXPECT_EQ(fields[i], first) << "all records come from one update";
     }
     return first.substr(equals + 1, semicolon - equals - 1);
 }

@@ -140,7 +140,7 @@ Received sorted(const std::string& text) {
 
 TEST(AStuckReader, DoesNotStopTheProgramAndLearnsHowManyLinesItMissed) {
     Writer writer("flood and last");
-    ASSERT_TRUE(writer.arrives()) << "blocked by its reader";
+    ASSERT_TRUE(writer.arrives()) << "the reader does not block the program";
     auto out = writer.out.read();
     auto error = writer.error.read();
     writer.letGo();
@@ -155,7 +155,7 @@ TEST(AStuckReader, DoesNotStopTheProgramAndLearnsHowManyLinesItMissed) {
 
 TEST(AStuckReader, ReceivesEveryLineBeforeAnAbort) {
     Writer writer("abort");
-    ASSERT_TRUE(writer.arrives()) << "blocked by its reader";
+    ASSERT_TRUE(writer.arrives()) << "the reader does not block the program";
     auto error = writer.error.read();
     writer.letGo();
     const Received received = sorted(error.get());
@@ -176,7 +176,7 @@ TEST(AStuckReader, DoesNotKeepTheServiceFromStartingAndStopping) {
                       output.ends[1]);
         EXPECT_EQ(Child({"gdbus", "wait", "--session", "--timeout=20", "org.orvane.da-service"}).wait(), 0);
         service.signal(SIGTERM);
-        EXPECT_TRUE(ends(service)) << "blocked by its reader";
+        EXPECT_TRUE(ends(service)) << "the reader does not block the program";
         service.kill();
     }
     std::filesystem::remove_all(home);

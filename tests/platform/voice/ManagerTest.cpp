@@ -81,7 +81,7 @@ TEST_F(ARecognitionSession, CanceledWhileRecordingHasNoResultAndIsReadyAgain) {
     ASSERT_TRUE(start());
     ASSERT_TRUE(mVoice.runUntilEvent("speech"));
     EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_NONE);
-    EXPECT_EQ(mVoice.count("service 2->1"), 0) << "reported within the call";
+    EXPECT_EQ(mVoice.count("service 2->1"), 0) << "the main loop reports it after the call";
     ASSERT_TRUE(mVoice.runUntilEvent("service 2->1"));
     microphone::fallSilent();
     mVoice.events.clear();

@@ -101,7 +101,7 @@ TEST_F(AnEngine, WithADamagedModelReportsWrongData) {
         EXPECT_FALSE(loadText(model.configuration())) << part;
         EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::WRONG_VOCON_DATA)) << part;
     }
-    EXPECT_TRUE(loadText(ModelCopy().configuration())) << "the next model is sound";
+    EXPECT_TRUE(loadText(ModelCopy().configuration())) << "an undamaged model loads after the damaged ones";
 }
 
 TEST_F(AnEngine, KeepsItsModelWhenTheFilesAreCutOff) {

@@ -45,5 +45,6 @@ extern "C" const char* tzplatform_mkpath(enum tzplatform_variable id, const char
         made = dataRoot() + "/" + path;
         return true;
     });
+    // The text outlives the call. NOLINTNEXTLINE(clang-analyzer-cplusplus.InnerPointer)
     return found ? made.c_str() : nullptr;
 }

@@ -14,6 +14,7 @@ IWakeupCtx* IWakeupCtx::Create() {
 }
 
 void IWakeupCtx::Destroy(IWakeupCtx* ctx) {
+    // Create() creates no other class. NOLINTNEXTLINE(cppcoreguidelines-pro-type-static-cast-downcast)
     delete static_cast<wakeup::WakeupContext*>(ctx);
 }
 

@@ -163,7 +163,7 @@ void Focus::handOver(Reason reason) {
 }
 
 void Focus::interrupt(Reason reason) {
-    const sound_stream_info_h stream = mHolder.exchange(nullptr);
+    const auto stream = mHolder.exchange(nullptr);
     if (!stream->reacquires) {
         forget(stream);
     }

@@ -32,9 +32,9 @@ public:
 
 private:
     struct Watch {
-        int mask;
-        sound_stream_focus_state_watch_cb callback;
-        void* data;
+        int mask = 0;
+        sound_stream_focus_state_watch_cb callback = nullptr;
+        void* data = nullptr;
         Registration registration;
     };
 

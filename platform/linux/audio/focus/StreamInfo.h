@@ -9,9 +9,9 @@
 
 // A sound stream that a caller created.
 struct sound_stream_info_s {
-    sound_stream_type_e type;
-    sound_stream_focus_state_changed_cb callback;  // may be null
-    void* userData;
+    sound_stream_type_e type{};
+    sound_stream_focus_state_changed_cb callback = nullptr;  // may be null
+    void* userData = nullptr;
     std::atomic<bool> reacquires{false};
     audio::Registration registration;
 };

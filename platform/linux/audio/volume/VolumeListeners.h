@@ -24,8 +24,8 @@ public:
 
 private:
     struct Listener {
-        sound_manager_volume_changed_cb callback;
-        void* data;
+        sound_manager_volume_changed_cb callback = nullptr;
+        void* data = nullptr;
         Registration registration;
     };
     using Listeners = std::vector<std::shared_ptr<Listener>>;

@@ -42,7 +42,7 @@ Named readNamed(const json& element, std::size_t longestId) {
 }  // namespace
 
 std::string readSessionToken(const std::string& reply) {
-    const std::string token = text(parseObject(reply), "session_token");
+    std::string token = text(parseObject(reply), "session_token");
     if (!isPlainText(token)) {
         throw std::invalid_argument("it has no session token");
     }

@@ -20,8 +20,8 @@ public:
     AsyncThread(const AsyncThread&) = delete;
     AsyncThread& operator=(const AsyncThread&) = delete;
 
-    // Any thread; returns immediately. If the worker could not be started before, tries again; a failure is logged, and
-    // the job waits for a later call. An empty condition ends the process when the worker reaches it.
+    // Any thread; returns immediately. If the worker could not be started earlier, tries again; logs a failure, after
+    // which the job waits for a later call. An empty condition ends the process when the worker reaches it.
     void asyncCall(
         const std::function<bool()>& condition, const std::function<void()>& action = [] {});
     // Runs the action on the main loop and waits for it. Any thread.

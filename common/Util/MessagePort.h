@@ -58,7 +58,7 @@ private:
                                      bundle* message, void* holder) noexcept;
 
     std::unique_ptr<CallbackHolder> mCallbackHolder;
-    std::string mLocalPortName;  // the platform contract requires it; nothing reads it
+    std::string mLocalPortName;  // kept, although nothing reads it
     std::string mTargetAppId;
     std::string mTargetPort;
     int mLocalPortId = -1;

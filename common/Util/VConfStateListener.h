@@ -28,7 +28,7 @@ private:
     static void vconfNotifyCb(keynode_t* node, void* listener) noexcept;
 
     std::string mKey;
-    [[maybe_unused]] int mValueType;  // the platform contract requires it; nothing reads it
+    [[maybe_unused]] int mValueType;  // kept, although nothing reads it
     // The last known value of each type. A notification is compared with the value of its own type, regardless of the
     // constructor.
     int mIntValue = 0;

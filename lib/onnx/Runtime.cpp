@@ -10,7 +10,7 @@ namespace onnx {
 
 namespace {
 
-// The names of the library in Debian and in the releases of its authors.
+// The library's names in Debian and in upstream releases.
 constexpr const char* kSystemNames[] = {"libonnxruntime.so.1", "libonnxruntime.so.1.21", "libonnxruntime.so"};
 
 std::string oneLine(std::string text) {

@@ -12,7 +12,7 @@
 
 namespace onnx {
 
-// What a session trades for speed.
+// Optimizations, which trade memory for speed.
 struct SessionOptions {
     bool arena = false;    // keeps freed memory for the next run
     bool pattern = false;  // plans memory for inputs of equal shape

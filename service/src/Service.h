@@ -93,7 +93,7 @@ private:
 
     Ecore_Timer* mVolumeTimer = nullptr;
     ClientState mState = ClientState::Unknown;  // last sent to the UI
-    // Last reported by the recognition module. Required, although nothing reads it.
+    // Last reported by the recognition module. Kept, although nothing reads it.
     ClientState mRecognitionState = ClientState::Ready;
     std::shared_ptr<WakeupModules> mModules;
     std::unique_ptr<VoiceControl> mVoiceControl;

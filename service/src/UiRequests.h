@@ -10,7 +10,7 @@ namespace OrvaneDA {
 struct UiRequests {
     Util::AppControlData triggerShot;
     Util::AppControlData stateChange;
-    Util::AppControlData partialResult;  // required, although partial results go to the UI's port
+    Util::AppControlData partialResult;  // kept, although partial results go to the UI's port
     Util::AppControlData speechDetected;
 
     static UiRequests& get();

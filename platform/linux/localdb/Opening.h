@@ -8,8 +8,8 @@
 
 namespace localdb {
 
-// Opens the file and creates it if it is missing. Opens a file that cannot be written for reading. Throws
-// sqlite::Error, for example if the file is not a database.
+// Opens the file and creates it if it is missing. Opens a read-only file only for reading. Throws sqlite::Error, for
+// example if the file is not a database.
 std::unique_ptr<sqlite::Database> openFile(const std::string& file);
 
 }  // namespace localdb

@@ -58,7 +58,7 @@ bool LogQueue::drain() {
     }
 }
 
-// Inserts the report of lost lines where they are missing. With an empty line, adds only the report.
+// If lines were dropped, first adds the report of their number. An empty line adds only that report.
 void LogQueue::append(std::string_view line) {
     if (mBytes + line.size() > kMostBytes) {
         ++mDropped;

@@ -17,7 +17,7 @@ using Listener = nuance::IWakeupListener;
 // The search reports scores in steps of 1024 logarithm units, reduced by this many steps.
 constexpr int kScoreOffset = 1500;
 constexpr int kScoreStep = 1024;
-// The logarithm of the ratio between wake word and phone loop that means full confidence.
+// The log ratio of wake word to phone loop at which the confidence is 100.
 constexpr double kLogCertain = 46;
 // The maximum number of combinations of pronunciations to search.
 constexpr std::size_t kMaxVariants = 64;

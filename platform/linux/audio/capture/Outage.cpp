@@ -12,7 +12,7 @@ namespace {
 
 constexpr char kTag[] = "orvane-audio";
 constexpr char kOperation[] = "capture";
-// A microphone that comes and goes more often has one long outage in the log.
+// How long capture must work before the log treats another failure as a new outage.
 constexpr std::chrono::seconds kProof{10};
 
 }  // namespace

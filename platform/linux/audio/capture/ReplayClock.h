@@ -9,8 +9,8 @@
 
 namespace audio {
 
-// The position of a replayed recording in this process. All capture streams share it, like a microphone: a stream that
-// opens later or again does not start at the beginning of the recording. Any thread.
+// The position of a replayed recording in this process. All capture streams share it, as they would share a microphone:
+// a stream that opens later or reopens does not start at the beginning of the recording. Any thread.
 class ReplayClock {
 public:
     // The clock of this recording. It keeps running without capture streams.

@@ -8,7 +8,7 @@ namespace voice {
 
 namespace {
 
-// "Launch Apps" becomes "launch_apps", "WebSearch" and the other search agent "web_search".
+// "Launch Apps" becomes "launch_apps". "WebSearch" and the other search agent become "web_search".
 std::string dataName(const std::string& agent) {
     if (agent == "Naver") {
         return "web_search";

@@ -15,8 +15,8 @@
 
 namespace audio {
 
-// The process's shared connection to the sound server. PulseAudio's loop runs on its own thread, "orvane-pulse". If
-// clients exist but the server does not, it tries to connect, ten times a second at first and later twice a second.
+// The process's shared connection to the sound server. PulseAudio's loop runs on its own thread, "orvane-pulse". While
+// it has clients but no server, it tries to connect, ten times a second at first and later twice a second.
 class SoundServer {
 public:
     // Both run with the loop's lock held and must not block.

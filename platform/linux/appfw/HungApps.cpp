@@ -34,7 +34,7 @@ void HungApps::add(const std::string& app) {
     log(app, "does not reply; it receives no messages until it does");
     bus::session().callAsync({app, Ports::kPath, Ports::kInterface}, "HasPort", gio::Variant::tuple(""),
                              {kNoTimeLimit, false}, [this, app](const gio::Variant&, const gio::CallError*) {
-                                 process::contained("reply of a hung application", [&] { remove(app); });
+                                 process::contained("reply from a hung application", [&] { remove(app); });
                              });
 }
 

@@ -90,9 +90,8 @@ void Ports::sent(gio::MethodCall& call) {
 }
 
 void Ports::post(int id, bundle_s message, const std::string& app, const std::string& remotePort) {
-    postToMainLoop([=]() mutable {
-        process::contained("callback of a message port", [&] { deliver(id, message, app, remotePort); });
-    });
+    postToMainLoop(
+        [=]() mutable { process::contained("message port callback", [&] { deliver(id, message, app, remotePort); }); });
 }
 
 // Drops the message if the port no longer exists.

@@ -48,7 +48,7 @@ void Replies::take(const std::string& token, app_control_result_e result, Extras
         return;
     }
     postToMainLoop([waiting = std::move(found.mapped()), extras = std::move(extras), result] {
-        process::contained("callback of a reply", [&] {
+        process::contained("reply callback", [&] {
             app_control_s request = waiting.request;
             app_control_s reply;
             reply.extras = extras;
@@ -60,7 +60,7 @@ void Replies::take(const std::string& token, app_control_result_e result, Extras
 void Replies::watchPeers() {
     std::call_once(mWatching, [this] {
         mWatch = bus::session().subscribe(gio::messageBus(), "NameOwnerChanged", [this](const gio::Variant& arguments) {
-            process::contained("watch of the receivers of requests", [&] { ownerChanged(arguments); });
+            process::contained("request receiver watch", [&] { ownerChanged(arguments); });
         });
     });
 }

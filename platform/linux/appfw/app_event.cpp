@@ -58,7 +58,7 @@ void deliver(Handlers& handlers, gsize id, const gio::Variant& arguments) {
         return;
     }
     postToMainLoop([&handlers, id, message = appfw::toBundle(std::get<1>(arguments.as<Emitted>()))]() mutable {
-        process::contained("callback of an event", [&] { call(handlers, id, message); });
+        process::contained("event callback", [&] { call(handlers, id, message); });
     });
 }
 
@@ -67,7 +67,7 @@ gio::Registration subscribe(Handlers& handlers, gsize id, const std::string& app
     return bus::session().subscribe(
         {app, "/org/orvane/Event", "org.orvane.Event1"}, "Emitted",
         [&handlers, id](const gio::Variant& arguments) {
-            process::contained("event of an application", [&] { deliver(handlers, id, arguments); });
+            process::contained("application event", [&] { deliver(handlers, id, arguments); });
         },
         event);
 }

@@ -85,7 +85,7 @@ void onLaunch(const App& app, gio::MethodCall& call) {
     }
     call.reply();
     postToMainLoop([app, pending, request = requestOf(call)] {
-        process::contained("callback of a request", [&] {
+        process::contained("request callback", [&] {
             app_control_s copy = request;
             app.callbacks->app_control(&copy, app.userData);
         });
@@ -163,7 +163,7 @@ bool isOfAnEndedTimer(const std::string& function) {
 // Any thread.
 void logEfl(const Eina_Log_Domain*, Eina_Log_Level, const char*, const char* function, int, const char* format, void*,
             va_list arguments) noexcept {
-    process::contained("log of EFL", [&] {
+    process::contained("EFL log", [&] {
         if (!isOfAnEndedTimer(function)) {
             char text[1024];
             vsnprintf(text, sizeof text, format, arguments);

@@ -43,7 +43,7 @@ connection_s Handles::handleAfter(unsigned long id) {
 void Handles::post(connection_type_e type) {
     const std::lock_guard lock(mMutex);
     if (std::any_of(mAll.begin(), mAll.end(), [](const auto& handle) { return handle->callback; })) {
-        postToMainLoop([this, type] { process::contained("report of the connection's type", [&] { report(type); }); });
+        postToMainLoop([this, type] { process::contained("connection type report", [&] { report(type); }); });
     }
 }
 
@@ -51,7 +51,7 @@ void Handles::post(connection_type_e type) {
 void Handles::report(connection_type_e type) {
     for (connection_s handle = handleAfter(0); handle.id != 0; handle = handleAfter(handle.id)) {
         if (handle.callback != nullptr) {
-            process::contained("callback of a connection", [&] { handle.callback(type, handle.userData); });
+            process::contained("connection callback", [&] { handle.callback(type, handle.userData); });
         }
     }
 }

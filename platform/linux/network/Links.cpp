@@ -29,7 +29,7 @@ std::unique_ptr<gio::SocketWatch> watchKernel(std::function<void()> changed) {
     const int descriptor = socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC | SOCK_NONBLOCK, NETLINK_ROUTE);
     try {
         auto watch = std::make_unique<gio::SocketWatch>(
-            descriptor, [changed = std::move(changed)] { process::contained("watch of the links", changed); });
+            descriptor, [changed = std::move(changed)] { process::contained("link watch", changed); });
         if (bind(descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
             throw std::runtime_error("the kernel does not report link changes");
         }

@@ -11,7 +11,7 @@ namespace network {
 
 Monitor::Monitor(std::function<void(connection_type_e)> listener)
     : mThread(bus::ioThread()), mListener(std::move(listener)) {
-    mThread.post([this] { process::contained("start of the network's monitor", [this] { start(); }); });
+    mThread.post([this] { process::contained("network monitor start", [this] { start(); }); });
 }
 
 Monitor::~Monitor() {

@@ -53,7 +53,7 @@ template <typename Method>
 auto NetworkManager::handler(Method method) {
     return [method, self = std::weak_ptr<NetworkManager*>(mSelf)](auto&&... arguments) {
         if (const auto alive = self.lock()) {
-            process::contained("query of NetworkManager",
+            process::contained("NetworkManager query",
                                [&] { ((*alive)->*method)(std::forward<decltype(arguments)>(arguments)...); });
         }
     };

@@ -133,7 +133,7 @@ void PulseSource::search() noexcept {
     if (!mContext || mOff) {
         return;
     }
-    process::contained("search for a microphone", [&] {
+    process::contained("microphone search", [&] {
         mQuestion = pulse::findMicrophone(*mContext, [this](const std::string& name) {
             if (name.empty()) {
                 streamFailed(kNoMicrophone);
@@ -166,7 +166,7 @@ void PulseSource::open(const std::string& microphone) noexcept {
 
 void PulseSource::verify() noexcept {
     mVerified = false;
-    process::contained("check of the microphone", [&] {
+    process::contained("microphone check", [&] {
         mQuestion =
             pulse::checkMicrophone(*mContext, mStream->source(), [this](bool microphone) { verified(microphone); });
     });

@@ -54,10 +54,10 @@ Focus::Focus(sound_stream_focus_mask_e mask)
       mName(mask == SOUND_STREAM_FOCUS_FOR_RECORDING ? "org.orvane.Focus.Recording" : "org.orvane.Focus.Playback") {
     mAcquired = mBus.subscribe(
         gio::messageBus(), "NameAcquired",
-        [this](const gio::Variant&) { process::contained("gain of a focus", [this] { nameAcquired(); }); }, mName);
+        [this](const gio::Variant&) { process::contained("focus gain", [this] { nameAcquired(); }); }, mName);
     mLost = mBus.subscribe(
         gio::messageBus(), "NameLost",
-        [this](const gio::Variant&) { process::contained("loss of a focus", [this] { nameLost(); }); }, mName);
+        [this](const gio::Variant&) { process::contained("focus loss", [this] { nameLost(); }); }, mName);
 }
 
 int Focus::acquire(sound_stream_info_h stream) {

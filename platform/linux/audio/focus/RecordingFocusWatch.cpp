@@ -19,7 +19,7 @@ RecordingFocusWatch::RecordingFocusWatch()
     mOwnerChanged = bus::session().subscribe(
         gio::messageBus(), "NameOwnerChanged",
         [this](const gio::Variant& arguments) {
-            process::contained("watch of the recording focus", [&] {
+            process::contained("recording focus watch", [&] {
                 ownerChanged(std::get<2>(arguments.fields<std::string, std::string, std::string>()));
             });
         },

@@ -14,7 +14,7 @@ void Registration::call(const std::function<void()>& callback) {
         }
         mRunning = true;
     }
-    process::contained("callback of the sound manager", callback);
+    process::contained("sound manager callback", callback);
     const std::lock_guard lock(mMutex);
     mRunning = false;
     mChanged.notify_all();

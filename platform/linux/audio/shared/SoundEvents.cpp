@@ -58,7 +58,7 @@ void SoundEvents::Watch::run() {
 }
 
 void SoundEvents::connected(pulse::Context& context) noexcept {
-    process::contained("watch of the sound server", [&] {
+    process::contained("sound server watch", [&] {
         context.watch({[this] { mVolume.soon(); }, [this] { mPlayback.soon(); }});
         mVolume.soon();
         mPlayback.soon();
@@ -66,7 +66,7 @@ void SoundEvents::connected(pulse::Context& context) noexcept {
 }
 
 void SoundEvents::lost() noexcept {
-    process::contained("watch of the sound server", [this] { mPlayback.soon(); });
+    process::contained("sound server watch", [this] { mPlayback.soon(); });
 }
 
 }  // namespace audio

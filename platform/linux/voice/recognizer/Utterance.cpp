@@ -28,7 +28,7 @@ void Utterance::cancel() {
 
 void Utterance::run() noexcept {
     const speech::MemoryReturn memoryReturn;
-    process::contained("the utterance's thread", [this] {
+    process::contained("utterance thread", [this] {
         try {
             recognize();
         } catch (const std::exception& fault) {

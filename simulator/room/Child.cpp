@@ -13,6 +13,7 @@ namespace {
 
 std::vector<char*> pointers(std::vector<std::string>& texts) {
     std::vector<char*> list;
+    list.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         list.push_back(text.data());
     }

@@ -18,7 +18,7 @@ bool isOwnRegularFile(int handle) {
 
 std::string contentOf(int handle) {
     std::string content;
-    std::array<char, 4096> part;
+    std::array<char, 4096> part{};
     for (ssize_t size = 0; (size = read(handle, part.data(), part.size())) > 0;) {
         content.append(part.data(), static_cast<std::size_t>(size));
     }

@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sphinx/Decoder.h"
 
-#include <sphinxbase/ckd_alloc.h>
-
-#include <csetjmp>
-#include <cstdarg>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <mutex>
 #include <utility>
 
+#include "sphinx/FatalErrors.h"
 #include "sphinx/Fsg.h"
 #include "sphinx/Library.h"
 #include "sphinx/ModelDefinition.h"
@@ -19,52 +12,10 @@ namespace sphinx {
 
 namespace {
 
-// The library reports errors only as text, on the calling thread.
-thread_local char lastError[512];
-// Where the library's current call on this thread continues after a fatal error.
-thread_local std::jmp_buf* afterFatalError = nullptr;
-
-void keepText(const char* format, va_list arguments) noexcept {
-    std::vsnprintf(lastError, sizeof lastError, format, arguments);
-    lastError[std::strcspn(lastError, "\n")] = '\0';
-}
-
-// The library ends the process after a fatal error when the callback returns.
-void keepError(void*, err_lvl_t level, const char* format, ...) noexcept {
-    if (level < ERR_ERROR) {
-        return;
-    }
-    va_list arguments;
-    va_start(arguments, format);
-    keepText(format, arguments);
-    va_end(arguments);
-    if (afterFatalError != nullptr && level >= ERR_FATAL) {
-        std::longjmp(*afterFatalError, 1);
-    }
-}
-
-// Runs a call of the library. False after a fatal error, which leaves the objects of the call in an unknown state. The
-// jump runs no destructors, so the call must only contain C.
-template <typename Call>
-bool survived(const Call& call) {
-    std::jmp_buf here;
-    std::jmp_buf* const outer = afterFatalError;
-    if (setjmp(here) != 0) {
-        afterFatalError = outer;
-        return false;
-    }
-    afterFatalError = &here;
-    call();
-    afterFatalError = outer;
-    return true;
-}
-
-[[noreturn]] void fail(const std::string& what) {
-    throw Error(lastError[0] == '\0' ? what : what + ": " + lastError);
-}
-
 struct FreeConfig {
-    void operator()(cmd_ln_t* config) const noexcept { library().cmd_ln_free_r(config); }
+    void operator()(cmd_ln_t* config) const noexcept {
+        survived([&] { library().cmd_ln_free_r(config); });
+    }
 };
 using Config = std::unique_ptr<cmd_ln_t, FreeConfig>;
 
@@ -80,46 +31,27 @@ Config makeConfig(const Options& options) {
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }
-    Config config(library().cmd_ln_parse_r(nullptr, library().ps_args(), static_cast<int>(arguments.size()),
-                                           arguments.data(), TRUE));
-    if (!config) {
+    Config config;
+    const int count = static_cast<int>(arguments.size());
+    const bool done = survived(
+        [&] { config.reset(library().cmd_ln_parse_r(nullptr, library().ps_args(), count, arguments.data(), TRUE)); });
+    if (!done || !config) {
         fail("bad decoder options");
     }
     return config;
-}
-
-void quietLibrary() {
-    static std::once_flag once;
-    std::call_once(once, [] {
-        library().err_set_logfp(nullptr);
-        library().err_set_callback(keepError, nullptr);
-    });
 }
 
 constexpr char kSearch[] = "orvane";
 
 }  // namespace
 
-// Replaces the library's out-of-memory handler, which ends the process or jumps to one place for all threads.
-extern "C" void ckd_fail(char* format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
-    keepText(format, arguments);
-    va_end(arguments);
-    if (afterFatalError == nullptr) {
-        std::fprintf(stderr, "the speech library cannot continue: %s\n", lastError);
-        std::abort();
-    }
-    std::longjmp(*afterFatalError, 1);
-}
-
 void Decoder::Free::operator()(ps_decoder_s* decoder) const noexcept {
-    library().ps_free(decoder);
+    survived([&] { library().ps_free(decoder); });
 }
 
 Decoder::Decoder(const Options& options) {
-    quietLibrary();
-    lastError[0] = '\0';
+    keepErrors();
+    forgetError();
     const auto model = options.find("hmm");
     if (model != options.end() && !isWholeDefinition(model->second + "/mdef")) {
         fail("damaged model: " + model->second + "/mdef");
@@ -134,20 +66,13 @@ Decoder::Decoder(const Options& options) {
     keepMean();
 }
 
-void Decoder::keepMean() {
-    if (cmn_t* normaliser = library().ps_get_feat(mDecoder.get())->cmn_struct) {
-        mInitialMean.resize(static_cast<std::size_t>(normaliser->veclen));
-        library().cmn_live_get(normaliser, mInitialMean.data());
-    }
-}
-
 // After a fatal error, the decoder cannot be used or freed.
 template <typename Call>
 void Decoder::call(const char* failure, const Call& function) {
     if (!mDecoder) {
         fail(std::string(failure) + " after a fatal error");
     }
-    lastError[0] = '\0';
+    forgetError();
     int result = 0;
     if (!survived([&] { result = function(mDecoder.get()); })) {
         static_cast<void>(mDecoder.release());
@@ -156,6 +81,16 @@ void Decoder::call(const char* failure, const Call& function) {
     }
     if (result < 0) {
         fail(failure);
+    }
+}
+
+void Decoder::keepMean() {
+    if (cmn_t* normaliser = library().ps_get_feat(mDecoder.get())->cmn_struct) {
+        mInitialMean.resize(static_cast<std::size_t>(normaliser->veclen));
+        call("cannot read the model's mean", [&](ps_decoder_s*) {
+            library().cmn_live_get(normaliser, mInitialMean.data());
+            return 0;
+        });
     }
 }
 
@@ -204,20 +139,32 @@ void Decoder::finish() {
     }
 }
 
-std::string Decoder::text() const {
-    const char* text = mDecoder ? library().ps_get_hyp(mDecoder.get(), nullptr) : nullptr;
+std::string Decoder::text() {
+    const char* text = nullptr;
+    call("cannot read the text", [&](ps_decoder_s* decoder) {
+        text = library().ps_get_hyp(decoder, nullptr);
+        return 0;
+    });
     return text ? text : "";
 }
 
-std::vector<Segment> Decoder::segments() const {
+std::vector<Segment> Decoder::segments() {
     std::vector<Segment> segments;
-    for (ps_seg_t* it = mDecoder ? library().ps_seg_iter(mDecoder.get()) : nullptr; it;
-         it = library().ps_seg_next(it)) {
+    ps_seg_t* at = nullptr;
+    call("cannot read the words", [&](ps_decoder_s* decoder) {
+        at = library().ps_seg_iter(decoder);
+        return 0;
+    });
+    while (at) {
         Segment segment;
-        segment.word = library().ps_seg_word(it);
-        library().ps_seg_frames(it, &segment.firstFrame, &segment.lastFrame);
-        segment.probability = library().ps_seg_prob(it, nullptr, nullptr, nullptr);
+        segment.word = library().ps_seg_word(at);
+        library().ps_seg_frames(at, &segment.firstFrame, &segment.lastFrame);
+        segment.probability = library().ps_seg_prob(at, nullptr, nullptr, nullptr);
         segments.push_back(std::move(segment));
+        call("cannot read the words", [&](ps_decoder_s*) {
+            at = library().ps_seg_next(at);
+            return 0;
+        });
     }
     return segments;
 }

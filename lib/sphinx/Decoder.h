@@ -54,8 +54,8 @@ public:
     void finish();
 
     // The best text so far; may be empty.
-    std::string text() const;
-    std::vector<Segment> segments() const;
+    std::string text();
+    std::vector<Segment> segments();
     // Converts a probability to the natural logarithm.
     double naturalLog(int probability) const;
 

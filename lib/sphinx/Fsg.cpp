@@ -2,6 +2,7 @@
 #include "sphinx/Fsg.h"
 
 #include "sphinx/Decoder.h"
+#include "sphinx/FatalErrors.h"
 #include "sphinx/Library.h"
 
 namespace sphinx {
@@ -10,6 +11,7 @@ namespace {
 
 // The weight of the grammar relative to the sound, as in the decoder's option "lw".
 constexpr float kLanguageWeight = 1.0F;
+constexpr char kFailure[] = "cannot build the grammar";
 
 struct FreeList {
     void operator()(gnode_s* list) const noexcept { library().glist_free(list); }
@@ -18,20 +20,31 @@ struct FreeList {
 }  // namespace
 
 void Fsg::Free::operator()(fsg_model_s* model) const noexcept {
-    library().fsg_model_free(model);
+    survived([&] { library().fsg_model_free(model); });
 }
 
 Fsg::Fsg(const Decoder& decoder, int states, int start, int final) {
     if (decoder.handle() == nullptr) {
         throw Error("the decoder is lost");
     }
-    mModel.reset(
-        library().fsg_model_init("commands", library().ps_get_logmath(decoder.handle()), kLanguageWeight, states));
-    if (!mModel) {
-        throw Error("out of memory for the grammar");
+    const bool done = survived([&] {
+        mModel.reset(
+            library().fsg_model_init("commands", library().ps_get_logmath(decoder.handle()), kLanguageWeight, states));
+    });
+    if (!done || !mModel) {
+        fail(kFailure);
     }
     mModel->start_state = start;
     mModel->final_state = final;
+}
+
+// After a fatal error, nobody can use or free the model.
+template <typename Call>
+void Fsg::call(const Call& function) {
+    if (!mModel || !survived([&] { function(mModel.get()); })) {
+        static_cast<void>(mModel.release());
+        fail(kFailure);
+    }
 }
 
 int Fsg::logWeight(double probability) const {
@@ -39,16 +52,19 @@ int Fsg::logWeight(double probability) const {
 }
 
 void Fsg::addWord(int from, int to, const std::string& word, double probability) {
-    const int id = library().fsg_model_word_add(mModel.get(), word.c_str());
-    library().fsg_model_trans_add(mModel.get(), from, to, logWeight(probability), id);
+    call([&](fsg_model_s* model) {
+        const int id = library().fsg_model_word_add(model, word.c_str());
+        library().fsg_model_trans_add(model, from, to, logWeight(probability), id);
+    });
 }
 
 void Fsg::addSilent(int from, int to, double probability) {
-    library().fsg_model_null_trans_add(mModel.get(), from, to, logWeight(probability));
+    call([&](fsg_model_s* model) { library().fsg_model_null_trans_add(model, from, to, logWeight(probability)); });
 }
 
 void Fsg::close() {
-    std::unique_ptr<gnode_s, FreeList> arcs(library().fsg_model_null_trans_closure(mModel.get(), nullptr));
+    std::unique_ptr<gnode_s, FreeList> arcs;
+    call([&](fsg_model_s* model) { arcs.reset(library().fsg_model_null_trans_closure(model, nullptr)); });
 }
 
 }  // namespace sphinx

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// Builds a finite-state grammar and owns it.
+// Builds a finite-state grammar and owns it. All functions throw Error if memory runs out; the grammar is then lost.
 #pragma once
 
 #include <memory>
@@ -28,6 +28,8 @@ private:
     struct Free {
         void operator()(fsg_model_s* model) const noexcept;
     };
+    template <typename Call>
+    void call(const Call& function);
     int logWeight(double probability) const;
 
     std::unique_ptr<fsg_model_s, Free> mModel;

@@ -1,29 +1,32 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <atomic>
+#include <mutex>
 
-// The right to keep the media volume down. If this process ends while it holds the lease, a child process, the keeper,
-// restores the user's level, even after SIGKILL. Any thread.
+#include "Keeper.h"
+
+// The right to keep the media volume down. If this process ends while it holds the lease, a child process, the keeper
+// (Keeper.h), restores the user's level, even after SIGKILL. Any thread.
 class Lease {
 public:
-    // Starts the keeper. Call it before the process starts any thread. Throws std::runtime_error.
-    Lease();
+    // Takes over the connection to the keeper.
+    explicit Lease(int keeper) : mKeeper(keeper) {}
     ~Lease();
     Lease(const Lease&) = delete;
     Lease& operator=(const Lease&) = delete;
 
     // From now on, the keeper restores this level.
     void hold(int level);
-    void release() { hold(kNothing); }
+    void release() { hold(kNoLevel); }
     // From now on, reached() releases the lease at this level or above it.
-    void releaseAt(int level) { mReleasedAt = level; }
+    void releaseAt(int level);
     // Call this at every change of the volume, with the new level.
     void reached(int level);
 
 private:
-    static constexpr int kNothing = -1;
+    void send(int level);  // needs the mutex
 
-    int mKeeper;  // the connection to it
-    std::atomic<int> mReleasedAt{kNothing};
+    std::mutex mMutex;
+    int mKeeper;
+    int mReleasedAt = kNoLevel;
 };

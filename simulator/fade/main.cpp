@@ -14,6 +14,7 @@
 #include <sstream>
 #include <string>
 
+#include "Keeper.h"
 #include "Lease.h"
 #include "Util/Singleton.h"
 #include "Util/Sound/SoundStreamWatcher.h"
@@ -124,7 +125,7 @@ private:
 }  // namespace
 
 int main() {
-    Lease lease;
+    Lease lease(startKeeper());
     const Screen screen(silenceLog(), lease);
     {
         Fader fader(screen, lease);

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "Fault.h"
 
@@ -63,15 +64,28 @@ void foreign(Trial& trial) {
     });
 }
 
-// Hides the directory of the databases behind a file system with these mount options.
-void refreshOn(Trial& trial, const std::string& options) {
-    const std::string folder = trial.appliance().folder() / "data/orvane-da/db";
-    if (trial.run({"mount", "-t", "tmpfs", "-o", options, "none", folder}) != 0) {
-        throw CannotRun{"this machine does not permit mounts"};
+// Hides a directory behind a file system with these mount options for as long as this object exists.
+class Mount {
+public:
+    Mount(Trial& trial, const std::string& options, std::string folder) : mTrial(trial), mFolder(std::move(folder)) {
+        if (trial.run({"mount", "-t", "tmpfs", "-o", options, "none", mFolder}) != 0) {
+            throw CannotRun{"this machine does not permit mounts"};
+        }
     }
+    ~Mount() { mTrial.run({"umount", "-l", mFolder}); }
+    Mount(const Mount&) = delete;
+    Mount& operator=(const Mount&) = delete;
+
+private:
+    Trial& mTrial;
+    const std::string mFolder;
+};
+
+// A profile refresh while the directory of the databases is on such a file system.
+void refreshOn(Trial& trial, const std::string& options) {
+    const Mount mount(trial, options, trial.appliance().folder() / "data/orvane-da/db");
     trial.appliance().announceProfile();
     trial.awaitLog("orvane-db");
-    trial.run({"umount", "-l", folder});
 }
 
 void full(Trial& trial) {

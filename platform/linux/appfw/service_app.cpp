@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "AppId.h"
+#include "EflLog.h"
 #include "Limits.h"
 #include "Replies.h"
 #include "Request.h"
@@ -22,7 +23,6 @@
 #include "dbus/Interfaces.h"
 #include "dlog.h"
 #include "mainloop/MainLoopPost.h"
-#include "process/FaultLog.h"
 #include "process/Guard.h"
 #include "status/Notify.h"
 #include "status/Problems.h"
@@ -154,24 +154,6 @@ bool join(const App& app, Presence& presence) {
     return bus.isOpen() || refuse("the session bus has gone");
 }
 
-// Deleting a timer that has already expired is harmless, but EFL logs three errors about it, two of them in its object
-// system.
-bool isOfAnEndedTimer(const std::string& function) {
-    return function == "ecore_timer_del" || function == "efl_data_scope_safe_get" || function == "efl_unref";
-}
-
-// Any thread.
-void logEfl(const Eina_Log_Domain*, Eina_Log_Level, const char*, const char* function, int, const char* format, void*,
-            va_list arguments) noexcept {
-    process::contained("EFL log", [&] {
-        if (!isOfAnEndedTimer(function)) {
-            char text[1024];
-            vsnprintf(text, sizeof text, format, arguments);
-            process::logFault(DLOG_ERROR, "orvane-appfw", function, std::string(function) + ": " + text);
-        }
-    });
-}
-
 int run(const App& app) {
     // Ecore would feed the watchdog itself, and would not notice that another thread hangs.
     const auto watchdogLimit = status::takeWatchdogLimit();
@@ -180,7 +162,7 @@ int run(const App& app) {
         fprintf(stderr, "%s: cannot set up the main loop\n", APP_ID);
         return EXIT_FAILURE;
     }
-    eina_log_print_cb_set(logEfl, nullptr);
+    appfw::logEflErrors();
     ecore_event_handler_add(ECORE_EVENT_SIGNAL_EXIT, onSignal, nullptr);
     Presence presence;
     const bool created = join(app, presence) && app.callbacks->create(app.userData);

@@ -27,7 +27,13 @@ std::size_t written(ssize_t result, std::size_t bytes) noexcept {
 }
 
 std::size_t sendToJournal(std::string_view bytes) noexcept {
-    static const int socketToJournal = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    static int socketToJournal = -1;  // under the mutex of the only queue to the journal
+    if (socketToJournal < 0) {
+        socketToJournal = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    }
+    if (socketToJournal < 0) {
+        return 0;  // for example, too many open files; the message waits
+    }
     static const sockaddr_un journal{AF_UNIX, "/run/systemd/journal/socket"};
     return written(sendto(socketToJournal, bytes.data(), bytes.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
                           reinterpret_cast<const sockaddr*>(&journal), sizeof journal),

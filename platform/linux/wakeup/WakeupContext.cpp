@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "RenewedSpotter.h"
 #include "dlog.h"
 
 namespace wakeup {
@@ -55,7 +56,7 @@ std::shared_ptr<Spotter> WakeupContext::load(const std::string& path) {
         mReporter.warn(Listener::WAKEUP_WORD_NOT_SET, path);
         return nullptr;
     }
-    std::shared_ptr<Spotter> spotter = mMakeSpotter(config);
+    auto spotter = std::make_shared<RenewedSpotter>([make = mMakeSpotter, config] { return make(config); });
     dlog_print(DLOG_INFO, "orvane-wakeup", "listens for \"%s\" (%s)", config.wakeWord.c_str(), path.c_str());
     return spotter;
 }

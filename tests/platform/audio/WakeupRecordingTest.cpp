@@ -6,12 +6,14 @@
 
 #include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <future>
 #include <thread>
 
 #include "Listener.h"
 #include "audio/SoundThread.h"
+#include "audio/capture/WakeupRecordings.h"
 #include "process/Owner.h"
 #include "sndfile/SoundFile.h"
 #include "speech_capture.h"
@@ -85,6 +87,35 @@ TEST_F(AWakeWordDetection, StoresTheLastTwoSecondsWithItsLevelInTheFileName) {
     for (std::size_t i = 0; i < samples.size(); ++i) {
         ASSERT_EQ(static_cast<int16_t>(samples[i] * 32768), captured[captured.size() - 32000 + i]) << i;
     }
+}
+
+TEST_F(AWakeWordDetection, StoresWhatOnlyTheOwnerMayReadInADirectoryWithASlashAtTheEnd) {
+    setenv("ORVANE_WAKEUP_RECORDINGS", (root + "/kept//").c_str(), 1);
+    const mode_t usual = umask(0);
+    {
+        const SpeechIn speech;
+        speech.capture(0.1);
+        EXPECT_EQ(sse_trigger_wakeup_word_recording(87), 0);
+        settle();
+    }
+    umask(usual);
+    EXPECT_EQ(kept().size(), 1U);
+    EXPECT_EQ(fs::status(root + "/kept").permissions(), fs::perms(0700));
+}
+
+TEST_F(AWakeWordDetection, LeavesAFileThatHasTheNameOfItsRecording) {
+    const std::string file = root + "/taken.wav";
+    std::ofstream(file) << "kept";
+    EXPECT_THROW(audio::writeNewFile(file, {1, 2, 3}, 16000), std::exception);
+    std::string content;
+    std::ifstream(file) >> content;
+    EXPECT_EQ(content, "kept");
+}
+
+TEST_F(AWakeWordDetection, LeavesNoFileWhenItsRecordingCannotBeWritten) {
+    const std::string file = root + "/new.wav";
+    EXPECT_THROW(audio::writeNewFile(file, {1, 2, 3}, -1), std::exception);
+    EXPECT_FALSE(fs::exists(file));
 }
 
 TEST_F(AWakeWordDetection, KeepsAtMostFiftyRecordings) {

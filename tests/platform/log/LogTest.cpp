@@ -138,6 +138,17 @@ TEST(ALogOnAMachineWithAJournal, GoesThereWithItsPriorityAndTag) {
     }
 }
 
+TEST(ALogOnAMachineWithAJournal, GetsThereAfterAShortageOfFiles) {
+    std::string received;
+    const int error = readJournal("'without files'", received);
+    if (error == EPERM) {
+        GTEST_SKIP() << "this user may not mount a file system here";
+    }
+    ASSERT_EQ(error, 0) << strerror(error);
+    EXPECT_THAT(received, HasSubstr("MESSAGE=first"));
+    EXPECT_THAT(received, HasSubstr("MESSAGE=second"));
+}
+
 TEST(ALogOnAMachineWithAJournal, DoesNotWaitForAJournalThatHangs) {
     std::string received;
     const int error = readJournal("flood > /dev/null", received);

@@ -3,10 +3,12 @@
 #include <dlog.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -40,6 +42,18 @@ void flood() {
     }
 }
 
+// The process has as many open files as it may have when it logs its first line.
+void writeWithoutFiles() {
+    rlimit files{};
+    getrlimit(RLIMIT_NOFILE, &files);
+    const rlim_t usual = std::exchange(files.rlim_cur, 0);
+    setrlimit(RLIMIT_NOFILE, &files);
+    dlog_print(DLOG_INFO, "tag", "first");
+    files.rlim_cur = usual;
+    setrlimit(RLIMIT_NOFILE, &files);
+    dlog_print(DLOG_INFO, "tag", "second");
+}
+
 // Signals to the test that this point is reached, and waits for its reply.
 void meetTest() {
     char byte = '.';
@@ -56,6 +70,8 @@ int main(int, char** arguments) {
         writeOnePerPriority();
     } else if (what == "threads") {
         writeFromThreads();
+    } else if (what == "without files") {
+        writeWithoutFiles();
     } else if (what == "long") {
         return dlog_print(DLOG_INFO, "tag", "%s", std::string(100000, 'x').c_str()) > 0 ? 0 : 1;
     } else if (what == "print") {

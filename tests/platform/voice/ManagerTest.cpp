@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 
+#include "SphinxMemory.h"
 #include "VoiceHarness.h"
 #include "process/Owner.h"
 #include "status/Problems.h"
@@ -61,6 +62,30 @@ TEST_F(ARecognitionSession, ReportsPartialResultsWhileThePersonSpeaks) {
     EXPECT_EQ(mVoice.count("speech"), 1);
     EXPECT_EQ(mVoice.count("service 2->3"), 0);
     EXPECT_TRUE(microphone::isOpen());
+}
+
+// The recognizer is lost when memory runs out, and the next session loads another one.
+TEST_F(ARecognitionSession, ThatRunsOutOfMemoryIsAProblemOfTheServiceUntilTheNextOne) {
+    auto& problems = process::shared<status::Problems>();
+    say("open the notes");
+    ASSERT_TRUE(start(VC_RECOGNITION_MODE_MANUAL));
+    ASSERT_TRUE(mVoice.runUntil([&] { return !mVoice.firstWith("partial ").empty(); }));
+    sphinxmemory::limit(0);
+    say("open the notes");
+    ASSERT_TRUE(mVoice.runUntilEvent("service 2->1"));
+    EXPECT_THAT(problems.text(), testing::StartsWith("No speech recognizer for en_US: "));
+
+    ASSERT_TRUE(start());
+    EXPECT_TRUE(mVoice.runUntilEvent("service 2->1", 2)) << "memory is still short";
+    EXPECT_THAT(problems.text(), testing::StartsWith("No speech recognizer for en_US"));
+
+    sphinxmemory::limit(-1);
+    microphone::reset();
+    say("what time is it");
+    microphone::fallSilent();
+    ASSERT_TRUE(start());
+    EXPECT_TRUE(mVoice.runUntilEvent("result what time is it"));
+    EXPECT_EQ(problems.text(), "Ready");
 }
 
 TEST_F(ARecognitionSession, InManualModeContinuesThroughSilenceUntilItIsStopped) {

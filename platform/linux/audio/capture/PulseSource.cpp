@@ -31,12 +31,21 @@ std::string ofServer(const std::string& why) {
 
 PulseSource::PulseSource(const Format& format)
     : mFormat(format), mQueue(frameSize(format) * static_cast<std::size_t>(format.rate)) {
-    process::shared<MicrophoneKey>().add(*this);
-    process::shared<SoundServer>().add(*this);
+    try {
+        process::shared<MicrophoneKey>().add(*this);
+        process::shared<SoundServer>().add(*this);
+    } catch (...) {
+        end();
+        throw;
+    }
 }
 
 // When the process exits, the connection is already closed, and the stream with it.
 PulseSource::~PulseSource() {
+    end();
+}
+
+void PulseSource::end() noexcept {
     process::contained("end of capture", [this] {
         process::shared<MicrophoneKey>().remove(*this);
         auto& server = process::shared<SoundServer>();

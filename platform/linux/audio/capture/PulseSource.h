@@ -42,6 +42,7 @@ private:
     bool readSilence(char* out, std::size_t bytes);
     void search() noexcept;
     void close() noexcept;
+    void end() noexcept;
     void open(const std::string& microphone) noexcept;
     void verify() noexcept;
     void verified(bool microphone) noexcept;

@@ -24,6 +24,7 @@ namespace {
 
 constexpr std::size_t kKept = 50;
 constexpr const char* kPrefix = "wakeup-";
+constexpr const char* kOperation = "wake-word recording";
 
 std::string nameOf(int level) {
     timeval now{};
@@ -74,19 +75,28 @@ std::string wakeupRecordingsFolder() {
     return folder ? folder : "";
 }
 
-void writeWakeupRecording(const std::vector<int16_t>& samples, int rate, int level) {
-    const fs::path folder = wakeupRecordingsFolder();
-    const fs::path path = folder / nameOf(level);
+void writeNewFile(const std::string& path, const std::vector<int16_t>& samples, int rate) {
+    createFile(path);
     try {
-        createFolder(folder);
-        createFile(path);
         sndfile::writeWav(path, rate, 1, samples.data(), samples.size());
-        dropOldest(folder);
-    } catch (const std::exception& fault) {
-        dlog_print(DLOG_WARN, "orvane-audio", "cannot save the recording of the wake-word detection to %s: %s",
-                   path.c_str(), fault.what());
+    } catch (const std::exception&) {
         std::error_code ignored;
         fs::remove(path, ignored);
+        throw;
+    }
+}
+
+void writeWakeupRecording(const std::vector<int16_t>& samples, int rate, int level) {
+    const std::string name = wakeupRecordingsFolder();
+    try {
+        const fs::path folder = fs::path(name + "/").parent_path();  // without a slash at the end
+        createFolder(folder);
+        writeNewFile(folder / nameOf(level), samples, rate);
+        dropOldest(folder);
+        process::faultEnded(kOperation);
+    } catch (const std::exception& fault) {
+        process::logFault(DLOG_WARN, "orvane-audio", kOperation,
+                          "cannot save the recording of a wake-word detection in " + name + ": " + fault.what());
     }
 }
 

@@ -11,6 +11,9 @@ namespace audio {
 
 // Empty if the variable is not set.
 std::string wakeupRecordingsFolder();
+// Writes a WAV file that only the owner may read. Throws std::exception, also if the file exists, and then leaves what
+// was there.
+void writeNewFile(const std::string& path, const std::vector<int16_t>& samples, int rate);
 // Blocks on the disk. A failure is logged once and leaves no file.
 void writeWakeupRecording(const std::vector<int16_t>& samples, int rate, int level);
 

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <utility>
 
@@ -23,6 +24,16 @@ constexpr char kOperation[] = "recognition";
 constexpr double kSpeechMarginDb = 9;
 constexpr double kMediaMarginDb = 6;
 constexpr int kLoudestMedia = 15;  // the media type's highest level
+
+// Whether the recognizer is loaded and can no longer be used.
+bool isLost(const EngineFuture& engine) {
+    using namespace std::chrono_literals;
+    if (!engine.valid() || engine.wait_for(0s) != std::future_status::ready) {
+        return false;
+    }
+    const auto loaded = engine.get();
+    return !loaded || loaded->failed;
+}
 
 }  // namespace
 
@@ -73,7 +84,7 @@ int Manager::prepare() {
     return VC_ERROR_NONE;
 }
 
-void Manager::load() {
+void Manager::load(bool again) {
     mThreads.reap();
     if (!mUtterance) {
         mUtteranceEngine = {};  // frees the old models before the new ones are loaded
@@ -81,26 +92,28 @@ void Manager::load() {
     const Number number = ++mLastLoad;
     const auto engine = std::make_shared<std::promise<std::shared_ptr<Engine>>>();
     mEngine = engine->get_future().share();
-    mThreads.start("the thread that loads the recognizer",
-                   [this, number, language = mSettings.current(), file = mSentenceFile, engine] {
-                       const speech::MemoryReturn memoryReturn;
-                       const auto loadedEngine = loadEngine(language, file);
-                       engine->set_value(loadedEngine);
-                       post([this, number, ok = loadedEngine != nullptr] { loaded(number, ok); });
-                   });
+    mThreads.start("the thread that loads the recognizer", [=, language = mSettings.current(), file = mSentenceFile] {
+        const speech::MemoryReturn memoryReturn;
+        const auto loadedEngine = loadEngine(language, file);
+        engine->set_value(loadedEngine);
+        post([=, ok = loadedEngine != nullptr] { loaded(number, ok, again); });
+    });
 }
 
-void Manager::loaded(Number load, bool ok) {
+void Manager::loaded(Number load, bool ok, bool again) {
     if (load != mLastLoad) {
         return;  // a newer load is in progress
     }
-    mProblems.set(status::Problems::Part::Recognizer, ok ? "" : "No speech recognizer for " + mSettings.current().id);
     if (!ok) {
-        mStatus.setRecognizerReady(false);
+        showProblem("");
+        if (again) {
+            return;  // the utterance reports the error, and the next start tries again
+        }
         reportError(VC_ERROR_ENGINE_NOT_FOUND, "No speech recognizer");
         setState(VC_STATE_INITIALIZED);
         return;
     }
+    mProblems.set(status::Problems::Part::Recognizer, "");
     mStatus.setRecognizerReady(true);
     setState(VC_STATE_READY);
     if (mServiceState == VC_SERVICE_STATE_NONE) {
@@ -156,6 +169,9 @@ int Manager::start() {
         return VC_ERROR_INVALID_STATE;
     }
     mErrorMessage.clear();
+    if (isLost(mEngine)) {
+        load(true);
+    }
     mUtteranceEngine = mEngine;
     mUtterance = std::make_shared<Utterance>(mUtteranceEngine, utteranceSettings(), eventsFor(++mUtteranceNumber));
     mThreads.start("the utterance's thread", [utterance = mUtterance] { utterance->run(); });
@@ -240,8 +256,16 @@ void Manager::fail(const std::string& what) {
         return;  // the state callback has canceled the utterance
     }
     mUtterance.reset();
+    if (isLost(mEngine)) {
+        showProblem(": " + what);
+    }
     reportError(VC_ERROR_OPERATION_FAILED, what);
     setServiceState(VC_SERVICE_STATE_READY);
+}
+
+void Manager::showProblem(const std::string& why) {
+    mStatus.setRecognizerReady(false);
+    mProblems.set(status::Problems::Part::Recognizer, "No speech recognizer for " + mSettings.current().id + why);
 }
 
 void Manager::done(Number utterance, const std::string& text) {

@@ -56,8 +56,10 @@ private:
     UtteranceEvents eventsFor(Number utterance);
     UtteranceSettings utteranceSettings() const;
 
-    void load();
-    void loaded(Number load, bool ok);
+    // `again`: a recognizer that was lost.
+    void load(bool again = false);
+    void loaded(Number load, bool ok, bool again);
+    void showProblem(const std::string& why);
 
     void setState(vc_state_e state);
     void setServiceState(vc_service_state_e state);

@@ -89,7 +89,7 @@ std::string SphinxRecognizer::finish() {
     return free.empty() ? "" : words + " " + free;
 }
 
-std::string SphinxRecognizer::sentence(int& freeFromFrame) const {
+std::string SphinxRecognizer::sentence(int& freeFromFrame) {
     std::string words;
     for (const std::string& word : splitWords(mDecoder.text())) {
         if (isMark(word, kFillerPhone)) {

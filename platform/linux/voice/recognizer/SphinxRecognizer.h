@@ -27,7 +27,7 @@ public:
 private:
     // The accepted words without the free end; empty for a rejection. Also returns the first frame of the free end, or
     // -1 without one.
-    std::string sentence(int& freeFromFrame) const;
+    std::string sentence(int& freeFromFrame);
     std::string dictate(std::size_t fromSample);
     void loadDictation();
 

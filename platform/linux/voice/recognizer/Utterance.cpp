@@ -16,6 +16,10 @@ namespace {
 constexpr std::size_t kBlock = 256;  // 16 ms
 constexpr const char* kWork = "the recognizer";
 
+struct SourceFailed : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
 }  // namespace
 
 Utterance::Utterance(EngineFuture engine, UtteranceSettings settings, UtteranceEvents events)
@@ -47,16 +51,27 @@ void Utterance::recognize() {
         throw std::runtime_error("No speech recognizer");
     }
     std::lock_guard lock(engine->mutex);
+    try {
+        decode(*engine->recognizer);
+    } catch (const SourceFailed&) {
+        throw;
+    } catch (...) {
+        engine->failed = true;
+        throw;
+    }
+}
+
+void Utterance::decode(Recognizer& recognizer) {
     UtteranceProgress progress(mSettings, mEvents);
-    engine->recognizer->begin();
-    readBlocks(*engine->recognizer, progress);
+    recognizer.begin();
+    readBlocks(recognizer, progress);
     if (mCanceled) {
         return;
     }
     mSource.interrupt();
     mEvents.processing();
     const status::Work work(mSupervisor, kWork);
-    mEvents.done(progress.hasSpeech() ? engine->recognizer->finish() : "");
+    mEvents.done(progress.hasSpeech() ? recognizer.finish() : "");
 }
 
 void Utterance::readBlocks(Recognizer& recognizer, UtteranceProgress& progress) {
@@ -64,7 +79,7 @@ void Utterance::readBlocks(Recognizer& recognizer, UtteranceProgress& progress) 
     while (!mFinish && !mCanceled && !progress.isOver()) {
         const std::size_t count = mSource.read(block, kBlock);
         if (count == 0 && !mCanceled) {
-            throw std::runtime_error("The sound source has failed");
+            throw SourceFailed("The sound source has failed");
         }
         const status::Work work(mSupervisor, kWork);
         progress.accept(recognizer, block, count);

@@ -2,6 +2,7 @@
 // A loaded recognizer and its sentences.
 #pragma once
 
+#include <atomic>
 #include <future>
 #include <memory>
 #include <mutex>
@@ -20,6 +21,7 @@ struct Engine {
     SentenceFile commands;                   // constant after loading
     std::unique_ptr<Recognizer> recognizer;  // guarded by the mutex, because a canceled utterance may still use it
     std::mutex mutex;
+    std::atomic<bool> failed{false};  // the recognizer may be lost and must be loaded again
 };
 
 // An engine that another thread loads. Null if loading failed; loadEngine has logged the reason.

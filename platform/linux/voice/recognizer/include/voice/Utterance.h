@@ -46,6 +46,7 @@ public:
 
 private:
     void recognize();
+    void decode(Recognizer& recognizer);
     void readBlocks(Recognizer& recognizer, UtteranceProgress& progress);
 
     status::Supervisor& mSupervisor = process::shared<status::Supervisor>();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Owns a PocketSphinx decoder. A fatal error of the library, such as a damaged model or a lack of memory, makes it
-// unusable: starting a search or decoding throws, results are empty, and its memory leaks. One thread at a time may use
-// a decoder; separate decoders may run on separate threads.
+// Owns a PocketSphinx decoder. After a fatal error of the library, such as a damaged model or a lack of memory, the
+// decoder is lost: every later call that needs it throws, and its memory leaks. One thread at a time may use a decoder;
+// separate decoders may run on separate threads.
 #pragma once
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// The library ends the process or jumps after a fatal error, such as a lack of memory. Every call that may allocate
-// memory therefore runs in survived(); freeing an object may do so, too. Private to the wrapper.
+// After a fatal error, such as a lack of memory, the library ends the process or jumps. Therefore every call that may
+// allocate memory runs in survived(), including calls that free an object. Private to the wrapper.
 #pragma once
 
 #include <csetjmp>
@@ -18,8 +18,8 @@ void forgetError() noexcept;
 // Sets where the library's current call on this thread continues after a fatal error. Returns the previous place.
 std::jmp_buf* continueAt(std::jmp_buf* place) noexcept;
 
-// Runs a call of the library. False after a fatal error, which leaves the objects of the call in an unknown state. The
-// jump runs no destructors, so the call must only contain C.
+// Runs a call of the library. Returns false after a fatal error, which leaves the call's objects in an unknown state.
+// The jump runs no destructors, so the call must contain only C code.
 template <typename Call>
 bool survived(const Call& call) {
     std::jmp_buf here;

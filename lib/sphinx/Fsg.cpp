@@ -38,7 +38,7 @@ Fsg::Fsg(const Decoder& decoder, int states, int start, int final) {
     mModel->final_state = final;
 }
 
-// After a fatal error, nobody can use or free the model.
+// After a fatal error, the model cannot be used or freed.
 template <typename Call>
 void Fsg::call(const Call& function) {
     if (!mModel || !survived([&] { function(mModel.get()); })) {

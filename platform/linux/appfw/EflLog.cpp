@@ -81,7 +81,8 @@ std::optional<std::string> EflErrors::takeHeld() {
     return std::exchange(mHeld, std::nullopt);
 }
 
-// The three errors about a timer come within one call, so what is held when the loop becomes idle stands alone.
+// One call reports all three errors about a timer, so an error that is still held when the loop becomes idle is
+// unrelated.
 void logEflErrors() {
     eina_log_print_cb_set(onError, nullptr);
     ecore_idle_enterer_add(writeHeld, nullptr);

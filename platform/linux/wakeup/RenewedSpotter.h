@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Replaces a spotter that has failed when the next search begins, because a failed spotter may be lost for good. Shows
-// the failure in the service's problems until then.
+// Replaces a failed spotter when the next search begins, because a failed spotter may be unusable. Shows the failure in
+// the service's problems until then.
 #pragma once
 
 #include <functional>

@@ -11,10 +11,10 @@ namespace audio {
 
 // Empty if the variable is not set.
 std::string wakeupRecordingsFolder();
-// Writes a WAV file that only the owner may read. Throws std::exception, also if the file exists, and then leaves what
-// was there.
+// Writes a WAV file that only the owner may read. Throws std::exception on failure, for example if the file exists, and
+// then leaves the directory as it was.
 void writeNewFile(const std::string& path, const std::vector<int16_t>& samples, int rate);
-// Blocks on the disk. A failure is logged once and leaves no file.
+// Blocks on the disk. Logs a failure, which leaves no file.
 void writeWakeupRecording(const std::vector<int16_t>& samples, int rate, int level);
 
 }  // namespace audio

@@ -25,7 +25,7 @@ constexpr double kSpeechMarginDb = 9;
 constexpr double kMediaMarginDb = 6;
 constexpr int kLoudestMedia = 15;  // the media type's highest level
 
-// Whether the recognizer is loaded and can no longer be used.
+// Whether the recognizer was loaded but can no longer be used.
 bool isLost(const EngineFuture& engine) {
     using namespace std::chrono_literals;
     if (!engine.valid() || engine.wait_for(0s) != std::future_status::ready) {

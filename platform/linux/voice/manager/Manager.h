@@ -56,7 +56,7 @@ private:
     UtteranceEvents eventsFor(Number utterance);
     UtteranceSettings utteranceSettings() const;
 
-    // `again`: a recognizer that was lost.
+    // `again`: replaces a recognizer that was lost.
     void load(bool again = false);
     void loaded(Number load, bool ok, bool again);
     void showProblem(const std::string& why);

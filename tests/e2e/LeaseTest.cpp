@@ -43,7 +43,7 @@ TEST_F(ALease, IsReleasedWhenTheVolumeHasRisenToItsLevel) {
     EXPECT_EQ(received(), std::vector<int>{kNoLevel});
 }
 
-TEST_F(ALease, IsNotReleasedBeforeAnyoneAsks) {
+TEST_F(ALease, IsNotReleasedBeforeAReleaseIsRequested) {
     mLease.hold(9);
     mLease.reached(15);
     EXPECT_EQ(received(), std::vector<int>{9});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// A capture that cannot be opened because memory runs out leaves nothing behind that anyone could call.
+// If memory runs out while a capture is opened, no later event calls the capture.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -15,7 +15,7 @@
 
 namespace {
 
-thread_local long blocksLeft = -1;  // negative: as many as this thread needs
+thread_local long blocksLeft = -1;  // negative: no limit
 
 void* allocate(std::size_t size) {
     void* const block = blocksLeft == 0 ? nullptr : std::malloc(size);

@@ -138,7 +138,7 @@ TEST(ALogOnAMachineWithAJournal, GoesThereWithItsPriorityAndTag) {
     }
 }
 
-TEST(ALogOnAMachineWithAJournal, GetsThereAfterAShortageOfFiles) {
+TEST(ALogOnAMachineWithAJournal, GoesThereOnceTheProcessMayOpenFilesAgain) {
     std::string received;
     const int error = readJournal("'without files'", received);
     if (error == EPERM) {

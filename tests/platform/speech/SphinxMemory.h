@@ -3,7 +3,7 @@
 
 namespace sphinxmemory {
 
-// PocketSphinx gets this many more blocks of memory, on any thread. Negative: as many as it needs.
+// From now on, PocketSphinx can allocate this many blocks of memory on all threads together. Negative: no limit.
 void limit(long blocks);
 // Whether the limit has been reached.
 bool isOut();

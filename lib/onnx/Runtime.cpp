@@ -60,7 +60,7 @@ Runtime::Runtime(const ApiBase& base) : mVersion(base.getVersion()) {
         throw Error("ONNX Runtime " + mVersion + " is too old");
     }
 #define ORVANE_ONNX_FIND(place, result, name, parameters) \
-    mApi.name = reinterpret_cast<result(*) parameters>(table[place]);
+    mApi.name = reinterpret_cast<decltype(mApi.name)>(table[place]);
     ORVANE_ONNX_FUNCTIONS(ORVANE_ONNX_FIND)
 #undef ORVANE_ONNX_FIND
     check(mApi.CreateCpuMemoryInfo(kDeviceAllocator, kDefaultMemory, &mMemory));

@@ -31,7 +31,7 @@ bool isLost(const EngineFuture& engine) {
     if (!engine.valid() || engine.wait_for(0s) != std::future_status::ready) {
         return false;
     }
-    const auto loaded = engine.get();
+    const auto& loaded = engine.get();
     return !loaded || loaded->failed;
 }
 

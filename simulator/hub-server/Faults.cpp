@@ -4,6 +4,8 @@
 #include <map>
 #include <stdexcept>
 
+#include "hub-server/Bomb.h"
+
 namespace sim::hub {
 
 namespace {
@@ -36,6 +38,15 @@ bool giveGarbage(const Exchange& exchange) {
         bytes += static_cast<char>(i * 31 % 251);
     }
     exchange.stream.write(textOf({200, bytes, {}}));
+    return true;
+}
+
+// A client that unpacks the body needs a limit on its size.
+bool giveBomb(const Exchange& exchange) {
+    const std::string body = gzipBomb(exchange.fault.at("megabytes"));
+    exchange.stream.write(
+        "HTTP/1.1 200 -\r\nContent-Type: application/json\r\nContent-Encoding: gzip\r\nContent-Length: " +
+        std::to_string(body.size()) + "\r\n\r\n" + body);
     return true;
 }
 
@@ -111,6 +122,7 @@ const std::map<std::string, Kind>& kinds() {
         {"redirect", {sendOn, nullptr, "location"}},
         {"body", {giveBody, nullptr, "body"}},
         {"garbage", {giveGarbage, nullptr, nullptr}},
+        {"bomb", {giveBomb, "megabytes", nullptr}},
         {"half", {giveHalf, nullptr, nullptr}},
         {"stall", {stall, nullptr, nullptr}},
         {"slow", {answerSlowly, "milliseconds", nullptr}},

@@ -9,6 +9,7 @@
 //   redirect  redirects to this "location"
 //   body      replies with this text as "body"
 //   garbage   replies with random bytes
+//   bomb      replies with gzip that unpacks to this number of "megabytes"
 //   half      announces a whole reply, sends half of it, and closes
 //   stall     announces a whole reply, sends half of it, and waits
 //   slow      replies after this number of "milliseconds"

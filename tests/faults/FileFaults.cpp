@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <utility>
 
 #include "Fault.h"
+#include "Mount.h"
 
 namespace faults {
 
@@ -63,23 +63,6 @@ void foreign(Trial& trial) {
         }
     });
 }
-
-// Hides a directory behind a file system with these mount options for as long as this object exists.
-class Mount {
-public:
-    Mount(Trial& trial, const std::string& options, std::string folder) : mTrial(trial), mFolder(std::move(folder)) {
-        if (trial.run({"mount", "-t", "tmpfs", "-o", options, "none", mFolder}) != 0) {
-            throw CannotRun{"this machine does not permit mounts"};
-        }
-    }
-    ~Mount() { mTrial.run({"umount", "-l", mFolder}); }
-    Mount(const Mount&) = delete;
-    Mount& operator=(const Mount&) = delete;
-
-private:
-    Trial& mTrial;
-    const std::string mFolder;
-};
 
 // A profile refresh while the directory of the databases is on such a file system.
 void refreshOn(Trial& trial, const std::string& options) {

@@ -27,6 +27,16 @@ void secondInstance(Trial& trial) {
     }
 }
 
+// Standard error is a pipe that nobody reads.
+void fullLog(Trial& trial) {
+    const std::string pipe = trial.appliance().folder() / "log-pipe";
+    trial.startUnder("export ORVANE_LOG=stderr\nmkfifo " + pipe + "\nexec 3<>" + pipe +
+                     "\nhead -c 65536 /dev/zero >&3\nexec >&3 2>&3 3>&-");
+    sim::until("the service records", [&] { return trial.records(); });
+    trial.report("records");
+    trial.endStarted();
+}
+
 void endIn(Trial& trial, const char* state) {
     trial.report(std::string("SIGTERM in ") + state);
     kill(trial.service().process(), SIGTERM);
@@ -82,6 +92,7 @@ void withSoundFrozen(Trial& trial) {
 Faults processFaults() {
     return {{"service stopped for 60 s", false, paused},
             {"second instance", true, secondInstance},
+            {"log in a full pipe", true, fullLog},
             {"SIGTERM in standby", false, inStandby},
             {"SIGTERM in recording", true, inRecording},
             {"SIGTERM in processing", false, inProcessing},

@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "Fault.h"
+#include "Mount.h"
 
 namespace faults {
 
@@ -24,14 +25,12 @@ void killed(Trial& trial) {
 
 // While the database cannot be written, settings keep their values.
 void readOnly(Trial& trial) {
-    const std::string folder = trial.appliance().folder() / "config/dconf";
     trial.appliance().kill(kSettingsService);
-    if (trial.run({"mount", "-t", "tmpfs", "-o", "ro", "none", folder}) != 0) {
-        throw CannotRun{"this machine does not permit mounts"};
+    {
+        const Mount mount(trial, "ro", trial.appliance().folder() / "config/dconf");
+        sim::until("the service records", [&] { return trial.records(); });
+        trial.report("records");
     }
-    sim::until("the service records", [&] { return trial.records(); });
-    trial.report("records");
-    trial.run({"umount", folder});
     trial.appliance().kill(kSettingsService);
 }
 

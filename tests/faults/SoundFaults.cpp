@@ -9,7 +9,8 @@ namespace {
 
 constexpr int kCancels = 50;
 constexpr useconds_t kCancelMicroseconds = 120000;
-constexpr useconds_t kFrozenMicroseconds = 5000000;
+constexpr int kShortSeconds = 5;
+constexpr int kLongSeconds = 150;
 
 void awaitRecorded(Trial& trial) {
     sim::until("the service records the microphone again", [&] { return trial.appliance().isRecorded(); });
@@ -28,10 +29,12 @@ void killedDuringSpeech(Trial& trial) {
     awaitRecorded(trial);
 }
 
-void frozen(Trial& trial) {
+void frozen(Trial& trial, int seconds) {
     {
         const Frozen server(trial.appliance().room().process());
-        usleep(kFrozenMicroseconds);
+        for (int passed = 0; passed < seconds; ++passed) {
+            usleep(1000000);
+        }
     }
     awaitRecorded(trial);
     trial.report("records again");
@@ -72,7 +75,8 @@ void unplugged(Trial& trial) {
 Faults soundFaults() {
     return {{"sound server killed", false, killed},
             {"sound server killed during speech", false, killedDuringSpeech},
-            {"sound server frozen for 5 s", true, frozen},
+            {"sound server frozen for 5 s", true, [](Trial& trial) { frozen(trial, kShortSeconds); }},
+            {"sound server frozen for 150 s", false, [](Trial& trial) { frozen(trial, kLongSeconds); }},
             {"sound server frozen during 50 starts", false, frozenDuringStarts},
             {"50 starts canceled at once", true, cancelStarts},
             {"default microphone changed", false, defaultDeviceChanged},

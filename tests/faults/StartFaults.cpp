@@ -120,6 +120,25 @@ void damagedModel(Trial& trial) {
     trial.restart();
 }
 
+// One bit of each file is wrong, and its size is right.
+void changedModel(Trial& trial) {
+    const std::string models = copiedModels(trial);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(models)) {
+        if (entry.is_regular_file()) {
+            std::fstream file(entry.path(), std::ios::in | std::ios::out | std::ios::binary);
+            const auto middle = static_cast<std::streamoff>(entry.file_size() / 2);
+            file.seekg(middle);
+            const int byte = file.get();
+            file.seekp(middle);
+            file.put(static_cast<char>(byte ^ 1));
+        }
+    }
+    trial.startUnder("export ORVANE_MODEL_ROOT=" + models);
+    trial.awaitLog("- detail : damaged model: ", 20);
+    trial.awaitLog("cannot load the recognizer", 20);
+    trial.restart();
+}
+
 void withoutSound(Trial& trial) {
     trial.startUnder("export PULSE_SERVER=unix:/nowhere");
     trial.awaitLog("sound server");
@@ -150,6 +169,7 @@ Faults startFaults() {
                   jumping("clock ten years behind and back", "-10y"),
                   {"speech models missing", true, withoutModels},
                   {"speech models damaged", true, damagedModel},
+                  {"speech models with a wrong bit", true, changedModel},
                   {"speech models truncated while in use", false, truncatedModel},
                   {"start without a sound server", false, withoutSound},
                   {"start without a session bus", false, withoutSessionBus}};

@@ -45,6 +45,7 @@ constexpr char HELP[] =
     "  ORVANE_LOG                journal, stderr, or off\n"
     "  ORVANE_SYSFS_ROOT         directory that contains class/leds, instead of /sys\n"
     "  ORVANE_MODEL_ROOT         directory of the speech models\n"
+    "  ORVANE_MODEL_MANIFEST     checksums of the speech models\n"
     "  ORVANE_AUDIO_REPLAY       sound file to use instead of the microphone\n"
     "  ORVANE_AUDIO_REPLAY_PACE  realtime or fast\n"
     "  ORVANE_WAKEUP_RECORDINGS  directory for recordings of the sound before each wake-word detection\n"

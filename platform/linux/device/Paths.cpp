@@ -4,29 +4,18 @@
 #include <stdlib.h>
 #include <tzplatform_config.h>
 
-#include <filesystem>
 #include <string>
 
 #include "process/Guard.h"
+#include "process/Installation.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string findDataRoot() {
     if (const char* chosen = getenv("ORVANE_DATA_ROOT"); chosen != nullptr && *chosen != 0) {
         return chosen;
     }
-    std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    const fs::path installed = program.parent_path().parent_path() / "share" / "orvane-da";
-    for (fs::path folder = program.parent_path(); folder.has_relative_path();) {
-        folder = folder.parent_path();
-        if (fs::is_directory(folder / "share" / "orvane-da", error)) {
-            return folder / "share" / "orvane-da";
-        }
-    }
-    return installed;
+    return process::installed("orvane-da");
 }
 
 const std::string& dataRoot() {

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <sstream>
 
+#include "process/Owner.h"
+#include "speech/ModelManifest.h"
 #include "sphinx/MemoryFile.h"
 #include "sphinx/Models.h"
 
@@ -31,6 +33,10 @@ std::vector<std::string> wordsOf(const std::string& wakeWord) {
     return words;
 }
 
+void verify(const std::string& model) {
+    process::shared<speech::InstalledModels>().verify(model);
+}
+
 // The pronunciations of the wake word's words: from the configuration, or else from the dictionary.
 sphinx::Pronunciations pronunciationsOf(const WakeupConfig& config) {
     sphinx::Pronunciations pronunciations;
@@ -44,6 +50,9 @@ sphinx::Pronunciations pronunciationsOf(const WakeupConfig& config) {
         }
     }
     const std::string dictionary = sphinx::modelPath(config.dictionary);
+    if (!unknown.empty()) {
+        verify(dictionary);
+    }
     if (!unknown.empty() && !sphinx::readPronunciations(dictionary, unknown, pronunciations)) {
         throw ConfigFault{Listener::COULD_NOT_FIND_CLC, "no dictionary at " + dictionary};
     }
@@ -79,6 +88,7 @@ sphinx::Options decoderOptions(const WakeupConfig& config, const sphinx::MemoryF
     if (!sphinx::isAcousticModel(model)) {
         throw ConfigFault{Listener::COULD_NOT_FIND_ACMOD, "no acoustic model at " + model};
     }
+    verify(model);
     return {{"hmm", model}, {"dict", dictionary.path()}, {"cmn", "live"}, {"bestpath", "no"}};
 }
 

@@ -44,6 +44,14 @@ TEST_F(AHub, ThatReturnsAnUnknownStatusSendsABadReply) {
     }
 }
 
+TEST_F(AHub, ThatSendsACompressionBombSendsABadReply) {
+    const Connection connection = signedIn();
+    for (const int megabytes : {1, 1000}) {
+        setFaults({{{"kind", "bomb"}, {"megabytes", megabytes}}});
+        familiesOf(connection, KS_SERVER_ERROR_BAD_ANSWER);
+    }
+}
+
 TEST_F(AHub, ThatFailsAtTheSecondFamilyHasSentTheFirst) {
     const Connection connection = signedIn();
     setFaults({{{"request", 3}, {"kind", "error"}, {"status", 503}}});

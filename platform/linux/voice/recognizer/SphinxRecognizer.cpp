@@ -5,12 +5,17 @@
 
 #include "Grammar.h"
 #include "process/FaultLog.h"
+#include "process/Owner.h"
+#include "speech/ModelManifest.h"
 #include "sphinx/MemoryFile.h"
+#include "status/Problems.h"
 
 namespace voice {
 
 namespace {
 
+constexpr char kTag[] = "orvane-voice";
+constexpr char kDictation[] = "dictation";
 constexpr std::size_t kFrameSamples = 160;
 // Decoding of a free end starts a little before its first frame in the grammar.
 constexpr std::size_t kLeadSamples = 5 * kFrameSamples;
@@ -24,11 +29,30 @@ sphinx::Options options(const Language& language, const std::string& dictionary)
             {"bestpath", "no"}};
 }
 
+// Throws if a model is damaged.
+const Language& verified(const Language& language) {
+    auto& models = process::shared<speech::InstalledModels>();
+    models.verify(language.acousticModel);
+    models.verify(language.dictionary);
+    return language;
+}
+
+// Null if the model is damaged.
 std::unique_ptr<sphinx::Decoder> openDictation(const Language& language) {
-    sphinx::Options all = options(language, language.dictionary);
-    all["lm"] = language.languageModel;
-    all["bestpath"] = "yes";
-    return std::make_unique<sphinx::Decoder>(all);
+    auto& problems = process::shared<status::Problems>();
+    try {
+        process::shared<speech::InstalledModels>().verify(language.languageModel);
+        sphinx::Options all = options(language, language.dictionary);
+        all["lm"] = language.languageModel;
+        all["bestpath"] = "yes";
+        auto decoder = std::make_unique<sphinx::Decoder>(all);
+        problems.set(status::Problems::Part::Recognizer, "");
+        return decoder;
+    } catch (const std::runtime_error& fault) {
+        process::logFault(DLOG_ERROR, kTag, kDictation, std::string("no free speech: ") + fault.what());
+        problems.set(status::Problems::Part::Recognizer, std::string("No free speech: ") + fault.what());
+        return nullptr;
+    }
 }
 
 std::string decodeWhole(sphinx::Decoder& decoder, const int16_t* samples, std::size_t count) {
@@ -45,7 +69,7 @@ bool isMark(const std::string& word, char mark) {
 }  // namespace
 
 SphinxRecognizer::SphinxRecognizer(const Language& language, SentenceFile& commands)
-    : mLanguage(language),
+    : mLanguage(verified(language)),
       mDecoder(options(language,
                        sphinx::MemoryFile(sphinx::dictionaryText(soundsOf(commands, language.dictionary))).path())) {
     mDecoder.searchGrammar(buildGrammar(commands, mDecoder));
@@ -121,8 +145,7 @@ std::string SphinxRecognizer::dictate(std::size_t fromSample) {
         mDictation = mLoading.get();
     }
     if (!mDictation) {
-        process::logFault(DLOG_WARN, "orvane-voice", "dictation",
-                          "no language model for free speech in " + mLanguage.id);
+        process::logFault(DLOG_WARN, kTag, kDictation, "no language model for free speech in " + mLanguage.id);
         return "";
     }
     const std::size_t from = fromSample > kLeadSamples ? fromSample - kLeadSamples : 0;

@@ -10,14 +10,14 @@
 
 namespace openssl {
 
-// The SHA-256 of bytes that arrive in parts. One thread at a time.
+// Computes the SHA-256 hash of bytes that arrive in parts. One thread at a time.
 class Sha256 {
 public:
     // Throws std::runtime_error.
     Sha256();
 
     void add(const void* bytes, std::size_t size);
-    // In hexadecimal, with lower-case letters. Call it once, at the end.
+    // Returns the hash in hexadecimal, in lower case. Call this once, at the end.
     std::string finish();
 
 private:

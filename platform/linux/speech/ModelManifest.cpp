@@ -102,7 +102,7 @@ std::vector<ModelManifest::Entry*> ModelManifest::entriesAt(const std::string& p
     return entries;
 }
 
-// Two threads, because the service starts with this.
+// Uses two threads, because this delays the start of the service.
 void ModelManifest::verify(const std::string& path) {
     const std::vector<Entry*> entries = entriesAt(path);
     std::atomic<std::size_t> next{0};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The sizes and checksums of model files, recorded when the files were installed. A damaged model can make a decoder
-// read beyond its end, so each model is verified before it is loaded.
+// read beyond the end of the model, so each model is verified before it is loaded.
 #pragma once
 
 #include <sys/stat.h>
@@ -20,9 +20,9 @@ public:
     // file, the manifest is empty. Ignores other lines.
     ModelManifest(const std::string& file, const std::string& root);
 
-    // Verifies a file, or every file in a directory, that the manifest contains. Reads each file unless it is the one
-    // of an earlier call. Throws std::runtime_error, whose text names the damaged or missing file. 10 MB take about 20
-    // ms.
+    // Verifies a file, or every file in a directory, that the manifest contains. Skips files that have not changed
+    // since an earlier call. Throws std::runtime_error, which names the damaged or missing file. Takes about 20 ms for
+    // 10 MB.
     void verify(const std::string& path);
 
 private:
@@ -41,8 +41,8 @@ private:
     std::map<std::string, Entry> mEntries;  // by absolute path
 };
 
-// The manifest of PocketSphinx's models: ORVANE_MODEL_MANIFEST, or the one that the installation has written. Shared by
-// the process.
+// The manifest of PocketSphinx's models: ORVANE_MODEL_MANIFEST, or the one that the installation wrote. Shared by the
+// process.
 struct InstalledModels : ModelManifest {
     InstalledModels();
 };

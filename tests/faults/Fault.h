@@ -15,6 +15,8 @@ struct Fault {
     bool quick;  // part of the short form
     // Causes the fault, waits for what the service shows, and removes the fault.
     std::function<void(Trial&)> run;
+    // Memory that the process keeps, because a library cannot return it.
+    long keptKb = 0;
 };
 
 using Faults = std::vector<Fault>;

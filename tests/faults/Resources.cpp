@@ -43,14 +43,14 @@ Resources resourcesOf(sim::Appliance& appliance) {
     return {sim::usageOf(process), streamsOf(appliance, process)};
 }
 
-Resources settledResources(sim::Appliance& appliance, const Resources& before) {
+Resources settledResources(sim::Appliance& appliance, const Resources& before, long keptKb) {
     Resources last;
     try {
         sim::until(
             "the service uses no more resources than before",
             [&] {
                 last = resourcesOf(appliance);
-                return excess(before, last).empty() && last.streams == before.streams;
+                return excess(before, last, keptKb).empty() && last.streams == before.streams;
             },
             kSettleSeconds);
     } catch (const std::runtime_error&) {  // the row shows what is left
@@ -59,7 +59,7 @@ Resources settledResources(sim::Appliance& appliance, const Resources& before) {
     return last;
 }
 
-std::string excess(const Resources& before, const Resources& after) {
+std::string excess(const Resources& before, const Resources& after, long keptKb) {
     if (after.streams != before.streams) {
         return std::to_string(after.streams) + " streams in place of " + std::to_string(before.streams);
     }
@@ -69,7 +69,7 @@ std::string excess(const Resources& before, const Resources& after) {
     if (after.threads > before.threads + kPoolThreads) {
         return std::to_string(after.threads - before.threads) + " more threads";
     }
-    if (after.residentKb > before.residentKb + kMemorySlackKb) {
+    if (after.residentKb > before.residentKb + kMemorySlackKb + keptKb) {
         return std::to_string((after.residentKb - before.residentKb) / 1024) + " MB more memory";
     }
     return {};

@@ -16,8 +16,8 @@ struct Resources : sim::Usage {
 // Throws std::runtime_error when the service does not run or the sound server does not answer.
 Resources resourcesOf(sim::Appliance& appliance);
 // Waits up to 10 s until the service uses no more than `before`, and returns what it uses then.
-Resources settledResources(sim::Appliance& appliance, const Resources& before);
+Resources settledResources(sim::Appliance& appliance, const Resources& before, long keptKb);
 // Names what exceeds the previous values; empty if nothing does.
-std::string excess(const Resources& before, const Resources& after);
+std::string excess(const Resources& before, const Resources& after, long keptKb);
 
 }  // namespace faults

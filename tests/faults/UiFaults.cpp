@@ -17,6 +17,7 @@ constexpr int kFlood = 10000;
 constexpr double kFloodSeconds = 10;
 constexpr std::size_t kHugeText = 60 << 20;
 constexpr int kManyExtras = 200000;
+constexpr int kExtraBytes = 40;  // in a message
 
 pid_t processOf(Trial& trial, const char* application) {
     const auto [process] = trial.appliance()
@@ -120,8 +121,8 @@ Faults uiFaults() {
             {"UI hung during partial results", true, hung},
             {"second UI with the same name", false, duplicated},
             {"10,000 starts in 10 s", true, flooding},
-            {"request of 60 MB", false, hugeText},
-            {"request with 200,000 extras", false, manyExtras}};
+            {"request of 60 MB", false, hugeText, kHugeText / 1024},
+            {"request with 200,000 extras", false, manyExtras, kManyExtras * kExtraBytes / 1024}};
 }
 
 }  // namespace faults

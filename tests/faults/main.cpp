@@ -96,8 +96,8 @@ void perform(const Fault& fault, Trial& trial, Row& row) {
         row.recovery = -1;
         row.before = faults::resourcesOf(trial.appliance());
     }
-    row.after = faults::settledResources(trial.appliance(), row.before);
-    row.failure = faults::excess(row.before, row.after);
+    row.after = faults::settledResources(trial.appliance(), row.before, fault.keptKb);
+    row.failure = faults::excess(row.before, row.after, fault.keptKb);
     if (row.recovery > kRecoverySeconds) {
         row.failure = "the recovery takes longer than two seconds";
     }

@@ -21,7 +21,6 @@ public:
     void stop() noexcept;
 
     const Context& context() const { return mLoop.context(); }
-    bool isCurrent() const { return std::this_thread::get_id() == mThread.get_id(); }
 
     // See Context.
     void post(std::function<void()> work) { context().post(std::move(work)); }

@@ -39,8 +39,8 @@ typedef struct {
  * error in one line. */
 int ks_server_create(ks_server_h* server);
 int ks_server_destroy(ks_server_h server);
-/* Signs out of the previous account, if any, and then signs in to the hub. `server_uri` is the hub's http or https
- * address. No string may be empty or contain a control character. */
+/* Drops the token of the previous account, if any, and then signs in to the hub. `server_uri` is the hub's http or
+ * https address. No string may be empty or contain a control character. */
 int ks_server_sa_account_set(ks_server_h server, const char* guid, const char* access_token, const char* client_id,
                              const char* server_uri);
 /* Lists of ks_family_s and ks_family_user_s. The caller frees each record with free() and the list with g_slist_free.

@@ -12,9 +12,9 @@ namespace {
 
 constexpr int kNoTimeLimit = G_MAXINT;  // as GDBus defines it
 
-void log(const std::string& app, const char* what) {
-    process::logFault(DLOG_WARN, "orvane-appfw", app, app + " " + what);
-}
+constexpr char kTag[] = "orvane-appfw";
+// An application that hangs again within this time has not recovered.
+constexpr std::chrono::minutes kProof{1};
 
 }  // namespace
 
@@ -31,7 +31,7 @@ void HungApps::add(const std::string& app) {
             return;
         }
     }
-    log(app, "does not reply; it receives no messages until it does");
+    process::logFault(DLOG_WARN, kTag, app, app + " does not reply; it receives no messages until it does");
     bus::session().callAsync({app, Ports::kPath, Ports::kInterface}, "HasPort", gio::Variant::tuple(""),
                              {kNoTimeLimit, false}, [this, app](const gio::Variant&, const gio::CallError*) {
                                  process::contained("reply from a hung application", [&] { remove(app); });
@@ -44,7 +44,8 @@ void HungApps::remove(const std::string& app) {
         const std::lock_guard lock(mMutex);
         mApps.erase(app);
     }
-    log(app, "replied or ended; it receives messages again");
+    process::faultEnded(app, kProof);
+    dlog_print(DLOG_INFO, kTag, "%s replied or ended; it receives messages again", app.c_str());
 }
 
 }  // namespace appfw

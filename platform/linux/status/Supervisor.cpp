@@ -6,12 +6,12 @@ namespace status {
 std::string Supervisor::hanging(Clock::time_point now) const {
     const std::lock_guard lock(mMutex);
     const auto oldest = mRunning.begin();
-    return oldest != mRunning.end() && now - oldest->first > kLimit ? oldest->second : "";
+    return oldest != mRunning.end() && now > oldest->first ? oldest->second : "";
 }
 
-Work::Work(Supervisor& supervisor, const char* name) : mSupervisor(supervisor) {
+Work::Work(Supervisor& supervisor, const char* name, std::chrono::seconds limit) : mSupervisor(supervisor) {
     const std::lock_guard lock(mSupervisor.mMutex);
-    mEntry = mSupervisor.mRunning.emplace(Supervisor::Clock::now(), name);
+    mEntry = mSupervisor.mRunning.emplace(Supervisor::Clock::now() + limit, name);
 }
 
 Work::~Work() {

@@ -10,11 +10,16 @@
 
 namespace wakeup {
 
-EngineThread::EngineThread(Reporter& reporter) : mReporter(reporter), mStatus(process::shared<status::Status>()) {
-    mThread = std::thread([this] {
-        pthread_setname_np(pthread_self(), "orvane-wakeup");
-        run();
-    });
+EngineThread::EngineThread(Reporter& reporter) : mReporter(reporter), mStatus(process::shared<status::Status>()) {}
+
+void EngineThread::launch() {
+    std::lock_guard lock(mMutex);
+    if (!mThread.joinable()) {
+        mThread = std::thread([this] {
+            pthread_setname_np(pthread_self(), "orvane-wakeup");
+            run();
+        });
+    }
 }
 
 EngineThread::~EngineThread() {
@@ -23,7 +28,9 @@ EngineThread::~EngineThread() {
         queueCancel();
         queue({Command::Quit});
     }
-    mThread.join();
+    if (mThread.joinable()) {
+        mThread.join();
+    }
 }
 
 void EngineThread::setSpotter(std::shared_ptr<Spotter> spotter) {

@@ -27,10 +27,12 @@ public:
     using Warning = nuance::IWakeupListener::Warning;
     using AudioIn = nuance::IWakeupAudioIn;
 
-    // The thread passes the outcome of each listening period to the reporter.
+    // The thread passes the outcome of each listening period to the reporter. It does not run before launch().
     explicit EngineThread(Reporter& reporter);
     // Cancels the listening period and waits for the thread.
     ~EngineThread();
+    // Starts the thread unless it runs. Throws std::system_error.
+    void launch();
     EngineThread(const EngineThread&) = delete;
     EngineThread& operator=(const EngineThread&) = delete;
 
@@ -79,7 +81,7 @@ private:
     AudioIn* mInput = nullptr;
     std::shared_ptr<Spotter> mSpotter;
     AudioIn* mAudioIn = nullptr;
-    std::thread mThread;  // last, because it uses all other members
+    std::thread mThread;
 };
 
 }  // namespace wakeup

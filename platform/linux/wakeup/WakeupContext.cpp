@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <new>
+#include <system_error>
 #include <utility>
 
 #include "RenewedSpotter.h"
@@ -21,11 +22,14 @@ bool WakeupContext::Initialize(const std::string& configDirectory, const std::st
     }
     try {
         auto spotter = load(configDirectory + "/" + configFile);
+        mThread.launch();
         mThread.setSpotter(spotter);
         showProblem(spotter ? "" : "cannot use " + configDirectory + "/" + configFile);
         return spotter != nullptr;
     } catch (const ConfigFault& fault) {
         fail(fault.code, fault.detail);
+    } catch (const std::system_error& fault) {
+        fail(Listener::NOT_ENOUGH_RESOURCE, std::string("thread: ") + fault.what());
     } catch (const std::bad_alloc&) {
         fail(Listener::NOT_ENOUGH_RESOURCE, "memory");
     } catch (const std::exception& fault) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <net_connection.h>
 
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <thread>
@@ -16,9 +15,6 @@
 
 namespace {
 
-// Far below the 25 s until a call without a reply times out, and far above what a busy machine needs.
-constexpr std::chrono::seconds kWatchdog{10};
-
 constexpr std::uint32_t DISCONNECTED = 20, CONNECTED_LOCAL = 50, CONNECTED_SITE = 60, CONNECTED_GLOBAL = 70;
 
 std::string systemBus() {
@@ -31,14 +27,11 @@ std::string systemBus() {
 struct Connection {
     Connection() {
         systemBus();
-        const auto start = std::chrono::steady_clock::now();
         result = connection_create(&handle);
-        took = std::chrono::steady_clock::now() - start;
     }
     ~Connection() { connection_destroy(handle); }
     connection_h handle = nullptr;
     int result = -1;
-    std::chrono::steady_clock::duration took{};
 } connection;
 
 connection_type_e type() {
@@ -78,9 +71,8 @@ protected:
 
 }  // namespace
 
-TEST_F(AConnection, IsCreatedBeforeMainWithoutBlocking) {
+TEST_F(AConnection, IsCreatedBeforeMain) {
     EXPECT_EQ(connection.result, CONNECTION_ERROR_NONE);
-    EXPECT_LT(connection.took, kWatchdog);
 }
 
 TEST_F(AConnection, WithoutAManagerHasTheTypeOfTheDefaultRoute) {
@@ -159,18 +151,14 @@ TEST_F(AConnection, DoesNotBlockWhileTheManagerHangsAndAsksItAgain) {
     for (const char* kind : {"vpn", "802-11-wireless", "bluetooth"}) {
         mManager->become(CONNECTED_GLOBAL, kind);
     }
-    // The longest wait for a reply, or for the IO thread.
-    std::chrono::steady_clock::duration longest{};
-    EXPECT_TRUE(runMainLoopUntil([&] {
-        const auto start = std::chrono::steady_clock::now();
-        const connection_type_e now = type();
-        bus::ioThread().run([] {});
-        longest = std::max(longest, std::chrono::steady_clock::now() - start);
-        return now == network::kindOfDefaultRoute();
-    })) << "while the manager does not reply, the type is that of the default route";
-    EXPECT_LT(longest, kWatchdog);
-    // Two calls stay unanswered: one after the first signal, and one for all later signals.
+    EXPECT_TRUE(runMainLoopUntil([] { return type() == network::kindOfDefaultRoute(); }))
+        << "while the manager does not reply, the type is that of the default route";
+    // Two calls stay unanswered: one after the first signal, and one for all later signals. Asking for the type makes
+    // no call that could block.
     ASSERT_TRUE(runMainLoopUntil([&] { return mManager->unanswered() == 2; }));
+    type();
+    bus::ioThread().run([] {});
+    EXPECT_EQ(mManager->unanswered(), 2);
     mManager->freeze(false);
     EXPECT_TRUE(becomes(CONNECTION_TYPE_OTHER)) << "without another signal";
 }

@@ -5,11 +5,13 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <fstream>
 
 #include "SphinxMemory.h"
 #include "VoiceHarness.h"
 #include "process/Owner.h"
 #include "status/Problems.h"
+#include "support/ThreadRefusal.h"
 
 namespace {
 
@@ -238,6 +240,15 @@ TEST_F(ARecognitionSession, WhoseMicrophoneFailsReportsAnError) {
     EXPECT_TRUE(start());
 }
 
+TEST_F(ARecognitionSession, WithoutAThreadDoesNotStartAndCanBeStartedLater) {
+    {
+        const ThreadRefusal refusal;
+        EXPECT_EQ(vc_mgr_start(false), VC_ERROR_OPERATION_FAILED);
+        EXPECT_EQ(vc_mgr_cancel(), VC_ERROR_INVALID_STATE);
+    }
+    EXPECT_TRUE(start());
+}
+
 TEST_F(ARecognitionSession, WithoutClientsReportsOneCommandOfTheService) {
     say("read out the recipe");
     microphone::fallSilent();
@@ -268,6 +279,33 @@ TEST_F(ARecognitionSession, ContinuesWhileTheRecognizerIsReloaded) {
     ASSERT_TRUE(mVoice.runUntilEvent("service 3->1"));
     EXPECT_EQ(mVoice.count("result what time is it"), 1);
     EXPECT_EQ(mVoice.firstWith("state "), "");
+}
+
+TEST_F(ARecognitionSession, IsImpossibleAfterAReloadWithoutAThreadUntilTheNextReload) {
+    auto& problems = process::shared<status::Problems>();
+    {
+        const ThreadRefusal refusal;
+        EXPECT_EQ(vc_mgr_set_private_data("Request", "reloadEngine"), VC_ERROR_NONE);
+    }
+    ASSERT_TRUE(mVoice.runUntilEvent("state 2->1"));
+    EXPECT_EQ(mVoice.count("error -904"), 1);
+    EXPECT_EQ(problems.text(), "No speech recognizer for en_US");
+    EXPECT_EQ(vc_mgr_start(false), VC_ERROR_INVALID_STATE);
+    EXPECT_EQ(vc_mgr_set_private_data("Request", "reloadEngine"), VC_ERROR_NONE);
+    ASSERT_TRUE(mVoice.runUntilEvent("state 1->2"));
+    EXPECT_EQ(problems.text(), "Ready");
+    EXPECT_TRUE(start());
+}
+
+TEST_F(ARecognitionSession, IsImpossibleIfTheSentenceFileCannotBeRead) {
+    const std::string file = testing::TempDir() + "/sentences.txt";
+    std::ofstream(file) << "[Clock / Show Time]\nwhat time is it\n";
+    ASSERT_EQ(vc_mgr_set_preloaded_commands_from_file(file.c_str()), VC_ERROR_NONE);
+    mVoice.settle();
+    ASSERT_EQ(unlink(file.c_str()), 0);
+    EXPECT_EQ(vc_mgr_set_private_data("Request", "reloadEngine"), VC_ERROR_NONE);
+    ASSERT_TRUE(mVoice.runUntilEvent("state 2->1"));
+    EXPECT_EQ(mVoice.count("error -904"), 1);
 }
 
 TEST_F(ARecognitionSession, RemembersAQuestionUntilTheDialogueIsReset) {

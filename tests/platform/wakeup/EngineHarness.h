@@ -28,9 +28,15 @@ public:
             mBlocks.emplace_back(samples.begin() + static_cast<long>(i), samples.begin() + static_cast<long>(i + 256));
         }
     }
+    // False if the engine takes no block for as long as the watchdog allows.
     bool waitUntilEmpty() {
         std::unique_lock lock(mMutex);
-        return mChanged.wait_for(lock, kWatchdog, [this] { return mBlocks.empty() && mBorrowed == 0; });
+        const auto isEmpty = [this] { return mBlocks.empty() && mBorrowed == 0; };
+        for (std::size_t last = mBlocks.size() + 1; !isEmpty() && mBlocks.size() < last;) {
+            last = mBlocks.size();
+            mChanged.wait_for(lock, kWatchdog, isEmpty);
+        }
+        return isEmpty();
     }
     bool waitUntilRead() {
         std::unique_lock lock(mMutex);

@@ -14,6 +14,7 @@
 #include "sphinx/Decoder.h"
 #include "sphinx/Models.h"
 #include "status/Problems.h"
+#include "support/ThreadRefusal.h"
 
 namespace {
 
@@ -61,6 +62,18 @@ TEST_F(AnEngine, ThatCannotStartIsAProblemOfTheServiceUntilItStarts) {
     EXPECT_THAT(problems.text(), testing::StartsWith("No wake engine: "));
     EXPECT_TRUE(loadText("{\"phrase\": \"hey you\"}"));
     EXPECT_EQ(problems.text(), "Ready");
+}
+
+TEST_F(AnEngine, WithoutAThreadReportsThatAndCanBeInitializedLater) {
+    {
+        const ThreadRefusal refusal;
+        EngineHarness created;
+        EXPECT_FALSE(loadText("{\"phrase\": \"hey you\"}"));
+    }
+    EXPECT_THAT(mEngine.listener.errors, ElementsAre(IWakeupListener::NOT_ENOUGH_RESOURCE));
+    mEngine.ctx->StartListening();
+    EXPECT_THAT(mEngine.listener.warnings, ElementsAre(IWakeupListener::NOT_INITIALIZED));
+    EXPECT_TRUE(loadText("{\"phrase\": \"hey you\"}"));
 }
 
 TEST_F(AnEngine, WithDeeplyNestedJsonReportsAParserError) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <system_error>
 #include <utility>
 
 #include "Clients.h"
@@ -92,12 +93,20 @@ void Manager::load(bool again) {
     const Number number = ++mLastLoad;
     const auto engine = std::make_shared<std::promise<std::shared_ptr<Engine>>>();
     mEngine = engine->get_future().share();
-    mThreads.start("the thread that loads the recognizer", [=, language = mSettings.current(), file = mSentenceFile] {
-        const speech::MemoryReturn memoryReturn;
-        const auto loadedEngine = loadEngine(language, file);
+    const auto finish = [=](std::shared_ptr<Engine> loadedEngine) {
         engine->set_value(loadedEngine);
         post([=, ok = loadedEngine != nullptr] { loaded(number, ok, again); });
-    });
+    };
+    try {
+        mThreads.start("the thread that loads the recognizer",
+                       [finish, language = mSettings.current(), file = mSentenceFile] {
+                           const speech::MemoryReturn memoryReturn;
+                           finish(loadEngine(language, file));
+                       });
+    } catch (const std::system_error& fault) {
+        process::logFault(DLOG_ERROR, kTag, "thread", std::string("cannot start a thread: ") + fault.what());
+        finish(nullptr);
+    }
 }
 
 void Manager::loaded(Number load, bool ok, bool again) {
@@ -173,8 +182,10 @@ int Manager::start() {
         load(true);
     }
     mUtteranceEngine = mEngine;
-    mUtterance = std::make_shared<Utterance>(mUtteranceEngine, utteranceSettings(), eventsFor(++mUtteranceNumber));
-    mThreads.start("the utterance's thread", [utterance = mUtterance] { utterance->run(); });
+    const auto utterance =
+        std::make_shared<Utterance>(mUtteranceEngine, utteranceSettings(), eventsFor(++mUtteranceNumber));
+    mThreads.start("the utterance's thread", [utterance] { utterance->run(); });
+    mUtterance = utterance;
     return VC_ERROR_NONE;
 }
 

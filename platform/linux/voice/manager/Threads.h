@@ -10,7 +10,7 @@ namespace voice {
 
 class Threads {
 public:
-    // An exception from the function is logged with the name.
+    // An exception from the function is logged with the name. Throws std::system_error if the thread cannot start.
     void start(const char* name, std::function<void()> function);
     // Frees the resources of finished threads.
     void reap();

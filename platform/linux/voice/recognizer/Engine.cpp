@@ -22,8 +22,8 @@ std::shared_ptr<Engine> loadEngine(const Language& language, const std::string& 
         auto engine = std::make_shared<Engine>();
         engine->language = language;
         const std::string& path = language.commands.empty() ? commandsPath : language.commands;
-        if (!path.empty()) {
-            readSentenceFile(path, engine->commands);
+        if (!path.empty() && !readSentenceFile(path, engine->commands)) {
+            return nullptr;
         }
         engine->recognizer = makeRecognizer(language, engine->commands);
         process::faultEnded(kOperation);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "voice/Utterance.h"
 
+#include <chrono>
 #include <exception>
 #include <stdexcept>
 #include <utility>
@@ -15,6 +16,8 @@ namespace {
 
 constexpr std::size_t kBlock = 256;  // 16 ms
 constexpr const char* kWork = "the recognizer";
+// The second decoding of a long search takes many seconds on a slow processor. The product gives up after 30.
+constexpr std::chrono::seconds kFinishLimit{40};
 
 struct SourceFailed : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -70,7 +73,7 @@ void Utterance::decode(Recognizer& recognizer) {
     }
     mSource.interrupt();
     mEvents.processing();
-    const status::Work work(mSupervisor, kWork);
+    const status::Work work(mSupervisor, kWork, kFinishLimit);
     mEvents.done(progress.hasSpeech() ? recognizer.finish() : "");
 }
 

@@ -12,7 +12,7 @@ namespace status {
 void notifyManager(const std::string& lines) noexcept;
 
 // The manager ends a process that does not send "WATCHDOG=1" within this time (WATCHDOG_USEC). Zero: there is no
-// watchdog for this process. Removes the variable; call it before the process starts a thread.
-std::chrono::microseconds takeWatchdogLimit() noexcept;
+// watchdog for this process (WATCHDOG_PID).
+std::chrono::microseconds watchdogLimit() noexcept;
 
 }  // namespace status

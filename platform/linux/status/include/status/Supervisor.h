@@ -12,10 +12,10 @@ namespace status {
 class Supervisor {
 public:
     using Clock = std::chrono::steady_clock;
-    // The longest that a piece of work may take.
+    // The longest that a piece of work may take, unless it has a limit of its own.
     static constexpr std::chrono::seconds kLimit{10};
 
-    // The oldest work that has taken longer than the limit at `now`. Empty: none.
+    // The work that has exceeded its limit for the longest time at `now`. Empty: none.
     std::string hanging(Clock::time_point now) const;
 
 private:
@@ -23,14 +23,14 @@ private:
     using Running = std::multimap<Clock::time_point, const char*>;
 
     mutable std::mutex mMutex;
-    Running mRunning;  // by its start
+    Running mRunning;  // by the end of its limit
 };
 
 // One piece of work, from construction to destruction: a call that returns soon unless something is broken.
 class Work {
 public:
     // `name` is a literal.
-    Work(Supervisor& supervisor, const char* name);
+    Work(Supervisor& supervisor, const char* name, std::chrono::seconds limit = Supervisor::kLimit);
     ~Work();
     Work(const Work&) = delete;
     Work& operator=(const Work&) = delete;

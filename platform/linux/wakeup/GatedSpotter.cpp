@@ -6,17 +6,14 @@ namespace wakeup {
 namespace {
 
 constexpr int kHoldMilliseconds = 600;
-// How many samples before the first loud one are searched too. These contain the quiet beginning of an H, and enough of
-// the room's noise for the spotter's noise estimate.
-constexpr std::size_t kHistorySamples = 16000 / 2;
 // Several blocks are decoded at once, so that the model stays in the CPU cache. During speech, this takes 3.7 % of a
 // core instead of 4.5 %.
 constexpr std::size_t kBatchSamples = 1024;  // 64 ms
 
 }  // namespace
 
-GatedSpotter::GatedSpotter(std::unique_ptr<Spotter> spotter, double speechMarginDb)
-    : mSpotter(std::move(spotter)), mGate(speechMarginDb, kHoldMilliseconds) {}
+GatedSpotter::GatedSpotter(std::unique_ptr<Spotter> spotter, double speechMarginDb, History history)
+    : mSpotter(std::move(spotter)), mHistory(history), mGate(speechMarginDb, kHoldMilliseconds) {}
 
 void GatedSpotter::begin() {
     mGate.close();
@@ -58,8 +55,8 @@ std::optional<Detection> GatedSpotter::decode() {
 }
 
 void GatedSpotter::trimHistory() {
-    if (mPending.size() > 2 * kHistorySamples) {
-        mPending.erase(mPending.begin(), mPending.end() - kHistorySamples);
+    if (mPending.size() > 2 * mHistory) {
+        mPending.erase(mPending.begin(), mPending.end() - static_cast<std::ptrdiff_t>(mHistory));
     }
 }
 

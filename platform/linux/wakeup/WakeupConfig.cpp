@@ -31,6 +31,14 @@ double within(const json& value, double least, double most) {
     return number;
 }
 
+Engine engine(const json& value) {
+    const auto name = value.get<std::string>();
+    if (name != "neural" && name != "sphinx") {
+        throw std::invalid_argument("neither \"neural\" nor \"sphinx\"");
+    }
+    return name == "neural" ? Engine::Neural : Engine::Sphinx;
+}
+
 std::vector<std::string> phoneTexts(const json& value) {
     auto variants = value.get<std::vector<std::string>>();
     for (const std::string& variant : variants) {
@@ -56,6 +64,8 @@ const std::map<std::string, Reader>& readers() {
         {"model", [](const json& v, WakeupConfig& c) { c.model = nonEmpty(v); }},
         {"dictionary", [](const json& v, WakeupConfig& c) { c.dictionary = nonEmpty(v); }},
         {"threshold", [](const json& v, WakeupConfig& c) { c.threshold = within(v, 1e-60, 1); }},
+        {"engine", [](const json& v, WakeupConfig& c) { c.engine = engine(v); }},
+        {"neural_threshold", [](const json& v, WakeupConfig& c) { c.neuralThreshold = within(v, -20, 20); }},
         {"speech_margin_db", [](const json& v, WakeupConfig& c) { c.speechMarginDb = within(v, 0, 40); }},
     };
     return table;

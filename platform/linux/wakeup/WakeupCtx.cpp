@@ -9,8 +9,12 @@ namespace nuance {
 // This interface passes ownership through raw pointers.
 IWakeupCtx* IWakeupCtx::Create() {
     constexpr wakeup::WakeupContext* failure = nullptr;
-    return process::guarded(failure, "IWakeupCtx::Create",
-                            [] { return std::make_unique<wakeup::WakeupContext>(wakeup::makeSpotter).release(); });
+    return process::guarded(failure, "IWakeupCtx::Create", [] {
+        return std::make_unique<wakeup::WakeupContext>([](const wakeup::WakeupConfig& config) {
+                   return wakeup::makeSpotter(config, wakeup::installedPaths());
+               })
+            .release();
+    });
 }
 
 void IWakeupCtx::Destroy(IWakeupCtx* ctx) {

@@ -68,6 +68,17 @@ TEST_F(AGatedSpotter, PassesOnTheHalfSecondBeforeASoundAndTheSound) {
     EXPECT_LE(mCalls.samples, 16000U * 2);
 }
 
+TEST_F(AGatedSpotter, PassesOnTwoSecondsBeforeASoundIfItShould) {
+    wakeup::GatedSpotter spotter(std::make_unique<CountingSpotter>(mCalls), 9, wakeup::GatedSpotter::TwoSeconds);
+    spotter.begin();
+    const speech::Samples sound = join({silence(5), noise(1, 3000)});
+    for (std::size_t i = 0; i + 256 <= sound.size(); i += 256) {
+        spotter.accept(sound.data() + i, 256);
+    }
+    EXPECT_GE(mCalls.samples, 16000U * 3 - 1024);
+    EXPECT_LE(mCalls.samples, 16000U * 5);
+}
+
 TEST_F(AGatedSpotter, EndsTheSearchWhenTheRoomIsQuietAgain) {
     mSpotter.begin();
     accept(join({silence(1), noise(1, 3000), silence(1)}));

@@ -24,6 +24,19 @@ TEST(AWakeConfiguration, ContainsTheWakeWordItsPronunciationsTheModelAndTheThres
     EXPECT_EQ(warnings, 0);
 }
 
+TEST(AWakeConfiguration, SelectsTheEngineAndTheThresholdOfTheNetwork) {
+    int warnings = 0;
+    const auto warn = [&](auto, auto&) { ++warnings; };
+    EXPECT_EQ(parseWakeupConfig("{}", warn).engine, wakeup::Engine::Sphinx);
+    EXPECT_FALSE(parseWakeupConfig("{}", warn).neuralThreshold);
+    const WakeupConfig config = parseWakeupConfig(R"({"engine": "neural", "neural_threshold": -2.5})", warn);
+    EXPECT_EQ(config.engine, wakeup::Engine::Neural);
+    EXPECT_EQ(config.neuralThreshold, -2.5);
+    EXPECT_EQ(warnings, 0);
+    EXPECT_EQ(parseWakeupConfig(R"({"engine": "magic", "neural_threshold": 21})", warn).engine, wakeup::Engine::Sphinx);
+    EXPECT_EQ(warnings, 2);
+}
+
 TEST(AWakeConfiguration, KeepsTheDefaultOfEveryValueThatIsWrong) {
     int warnings = 0;
     const WakeupConfig config =

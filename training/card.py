@@ -15,6 +15,11 @@ from thresholds import hours
 
 WEAKNESSES = """## Known weaknesses
 
+- This was a short run: 0.7 hours of human talk in the training, and 0.14 hours for the thresholds. The false detections in unseen talk
+  are far too many for a kitchen, so no shipped configuration selects the network. All of the 4 hours of talk that `recordings.py` finds
+  belong into the next run.
+- "hey, good morning" in the voice slt counts as "hey quorbit" (score 3.3). A wake word that follows other words without a pause, and is
+  followed by others, has a low score.
 - Every positive take is synthesized. The voices are formant and diphone synthesizers and four statistical voices, and their wake words
   are spelled for each language. Nobody has measured human wake words.
 - Takes are few for the number of voices. The training half has two flite voices, both male; the evaluation half has the others.
@@ -60,8 +65,8 @@ def card(results):
         "conditions of the training: rooms, noise 2 to 30 dB below the voice, other talk just before, codecs, levels.", "",
         head, line, *rows(results), "",
         "## False detections", "",
-        "In sounds of the evaluation half, three tenths of them after a change of their level to silence, half of them in other rooms",
-        "and noise. \"talk\" is human; \"phrases\" is synthesized and consists mostly of phrases that sound like a wake word.", "",
+        "In sounds of the evaluation half. Three tenths of them begin with silence, and half of them are in other rooms and noise.",
+        "\"talk\" is human; \"phrases\" is synthesized and contains many phrases that sound like a wake word.", "",
         head, line, *false_rows(results), "", WEAKNESSES])
 
 

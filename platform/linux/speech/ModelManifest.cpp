@@ -41,7 +41,7 @@ public:
     }
     std::string checksum() const {
         openssl::Sha256 sum;
-        std::array<char, 1 << 16> block;
+        std::array<char, 1 << 16> block{};
         for (ssize_t size = 0; (size = ::read(mDescriptor, block.data(), block.size())) > 0;) {
             sum.add(block.data(), static_cast<std::size_t>(size));
         }

@@ -70,14 +70,15 @@ TEST(ASentenceFile, ReportsBadLinesByNumberAndKeepsTheRest) {
         "[names x]\n"
         "no value\n"     // 11
         "value = <x>\n"  // 12
+        "value = a *\n"  // 13
         "[sounds]\n"
-        "word = QQ\n"  // 14
+        "word = QQ\n"  // 15
         "[recipe steps]\n"
-        "soup = many\n"  // 16
-        "soup = 0\n"     // 17
+        "soup = many\n"  // 17
+        "soup = 0\n"     // 18
         "[Agent / Other]\n"
         "go back\n");
-    EXPECT_THAT(parsed.faults, ElementsAre(1, 4, 5, 6, 7, 8, 9, 11, 12, 14, 16, 17));
+    EXPECT_THAT(parsed.faults, ElementsAre(1, 4, 5, 6, 7, 8, 9, 11, 12, 13, 15, 17, 18));
     ASSERT_EQ(parsed.file.commands.size(), 2U);
     EXPECT_EQ(parsed.file.commands[0].sentences.size(), 1U);
     EXPECT_EQ(parsed.file.commands[1].sentences.size(), 1U);

@@ -45,6 +45,13 @@ TEST(ASentence, MatchesTheUtterancesItDescribesAndNoOthers) {
         {"search for *", "search for pie", true},
         {"search for *", "search for", false},
         {"a | b c", "b c", true},
+        {"add * to my list", "add milk to my list", true},
+        {"add * to my list", "add to my list", false},
+        {"add * to my list", "add milk to my list now", false},
+        {"(add * | put *) on it", "put milk on it", true},
+        {"* please", "help me please", true},
+        {"* please", "please", false},
+        {"add * to <app>", "add milk to the music", true},
     };
     for (const auto& row : table) {
         EXPECT_EQ(fits(row.sentence, row.utterance), row.expected) << row.sentence << " / " << row.utterance;
@@ -63,6 +70,32 @@ TEST(ASentence, CapturesTheWordsOfItsFreeTail) {
     SlotValues filling;
     EXPECT_TRUE(fits("search for *", "search for pie and cake", &filling));
     EXPECT_EQ(filling["*"], "pie and cake");
+}
+
+TEST(ASentence, CapturesAsFewFreeWordsAsPossible) {
+    struct {
+        const char* sentence;
+        const char* utterance;
+        const char* free;
+    } table[] = {
+        {"add * to my list", "add salt and pepper to my list", "salt and pepper"},
+        {"add * to my list", "add a note to my list to my list", "a note to my list"},
+        {"add [some] * to my list", "add some milk to my list", "milk"},
+        {"search for * [please]", "search for pie please", "pie"},
+        {"remind me to * [at noon]", "remind me to eat at noon", "eat"},
+    };
+    for (const auto& row : table) {
+        SlotValues filling;
+        EXPECT_TRUE(fits(row.sentence, row.utterance, &filling)) << row.utterance;
+        EXPECT_EQ(filling["*"], row.free) << row.utterance;
+    }
+}
+
+TEST(ASentence, HasFreeWordsInOnePlaceOnly) {
+    for (const char* text : {"* *", "add * to *", "add [*] to *", "(a | *) (b | *)"}) {
+        EXPECT_THROW(parseSentence(text), std::invalid_argument) << text;
+    }
+    EXPECT_NO_THROW(parseSentence("(add * | put *) on [the] list"));
 }
 
 TEST(ASentence, DoesNotMatchWhenItHasTooManyVariants) {
@@ -90,7 +123,7 @@ TEST(ASentence, MayHaveTwentyOptionalPartsButMustKeepAWord) {
 
 TEST(ASentence, ThatIsMalformedIsRefused) {
     for (const char* text : {"", "   ", "(", ")", "open (a", "open [a", "a ]", "()", "[]", "(a|)", "|", "<", "<>",
-                             "<app", "* a", "a $ b", "a 7", "\xff"}) {
+                             "<app", "a $ b", "a 7", "\xff"}) {
         EXPECT_THROW(parseSentence(text), std::invalid_argument) << text;
     }
     EXPECT_THROW(parseSentence(std::string(100000, '(') + "a"), std::invalid_argument);

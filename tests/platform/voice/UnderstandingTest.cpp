@@ -85,6 +85,25 @@ TEST_F(TheInstalledSentences, AskAQuestionAndAcceptItsAnswerOnlyAfterIt) {
     EXPECT_TRUE(understand("five minutes").is_null());
 }
 
+TEST_F(TheInstalledSentences, SetATimerForEveryDuration) {
+    struct {
+        const char* sentence;
+        const char* seconds;
+        const char* minutes;
+    } table[] = {
+        {"set a timer for twelve minutes", "720", "12"},
+        {"set a timer for an hour and a half", "5400", "90"},
+        {"set a timer for ninety seconds", "90", "1.5"},
+    };
+    for (const auto& row : table) {
+        const json result = understand(row.sentence);
+        ASSERT_TRUE(result.is_object()) << row.sentence;
+        EXPECT_EQ(result["action_name"], "Set Timer") << row.sentence;
+        EXPECT_EQ(result["action_data"]["timer"]["seconds"], row.seconds) << row.sentence;
+        EXPECT_EQ(result["action_data"]["timer"]["minutes"], row.minutes) << row.sentence;
+    }
+}
+
 TEST_F(TheInstalledSentences, DoNotMatchOtherUtterances) {
     for (const char* sentence : {"", "open", "open the door", "close", "search for", "what is the meaning of life"}) {
         EXPECT_TRUE(understand(sentence).is_null()) << sentence;

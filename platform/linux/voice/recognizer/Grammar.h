@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Builds the decoder's grammar from the sentences. The grammar also has a loop of all phones as a filler for speech
-// that matches no sentence, and another loop for the free end of a sentence. Each phone in a loop has a low
+// that matches no sentence, and other loops for the free words of a sentence. Each phone in a loop has a low
 // probability, so that a matching sentence wins.
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace voice {
 
-// Prefixes of the decoder's internal words: a phone of a free end, and a phone of the filler.
+// Prefixes of the decoder's internal words: a phone of free words, and a phone of the filler.
 constexpr char kFreePhone = '*';
 constexpr char kFillerPhone = '?';
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SphinxRecognizer.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "Grammar.h"
@@ -17,7 +18,7 @@ namespace {
 constexpr char kTag[] = "orvane-voice";
 constexpr char kDictation[] = "dictation";
 constexpr std::size_t kFrameSamples = 160;
-// Decoding of a free end starts a little before its first frame in the grammar.
+// Decoding of free words starts a little before their first frame in the grammar, and ends a little after their last.
 constexpr std::size_t kLeadSamples = 5 * kFrameSamples;
 
 sphinx::Options options(const Language& language, const std::string& dictionary) {
@@ -62,6 +63,10 @@ std::string decodeWhole(sphinx::Decoder& decoder, const int16_t* samples, std::s
     return decoder.text();
 }
 
+std::string join(const std::string& words, const std::string& more) {
+    return words.empty() || more.empty() ? words + more : words + " " + more;
+}
+
 bool isMark(const std::string& word, char mark) {
     return !word.empty() && word[0] == mark;
 }
@@ -95,7 +100,7 @@ std::string SphinxRecognizer::partial() {
             break;
         }
         if (!isMark(word, kFillerPhone)) {
-            words += (words.empty() ? "" : " ") + word;
+            words = join(words, word);
         }
     }
     return words;
@@ -104,32 +109,28 @@ std::string SphinxRecognizer::partial() {
 std::string SphinxRecognizer::finish() {
     mDecoder.finish();
     decodeWhole(mDecoder, mUtterance.data(), mUtterance.size());
-    int freeFromFrame = -1;
-    std::string words = sentence(freeFromFrame);
-    if (freeFromFrame < 0) {
-        return words;
+    const Spoken spoken = splitText();
+    if (!spoken.hasFreeWords) {
+        return spoken.before;
     }
-    const std::string free = dictate(static_cast<std::size_t>(freeFromFrame) * kFrameSamples);
-    return free.empty() ? "" : words + " " + free;
+    const std::string free = dictate(!spoken.after.empty());
+    return free.empty() ? "" : join(join(spoken.before, free), spoken.after);
 }
 
-std::string SphinxRecognizer::sentence(int& freeFromFrame) {
-    std::string words;
+SphinxRecognizer::Spoken SphinxRecognizer::splitText() {
+    Spoken spoken;
     for (const std::string& word : splitWords(mDecoder.text())) {
         if (isMark(word, kFillerPhone)) {
-            return "";
+            return {};
         }
-        if (!isMark(word, kFreePhone)) {
-            words += (words.empty() ? "" : " ") + word;
-        }
-    }
-    for (const sphinx::Segment& segment : mDecoder.segments()) {
-        if (isMark(segment.word, kFreePhone)) {
-            freeFromFrame = segment.firstFrame;
-            break;
+        if (isMark(word, kFreePhone)) {
+            spoken.hasFreeWords = true;
+        } else {
+            std::string& side = spoken.hasFreeWords ? spoken.after : spoken.before;
+            side = join(side, word);
         }
     }
-    return words;
+    return spoken;
 }
 
 void SphinxRecognizer::loadDictation() {
@@ -139,7 +140,7 @@ void SphinxRecognizer::loadDictation() {
     }
 }
 
-std::string SphinxRecognizer::dictate(std::size_t fromSample) {
+std::string SphinxRecognizer::dictate(bool endsBefore) {
     loadDictation();
     if (mLoading.valid()) {
         mDictation = mLoading.get();
@@ -148,8 +149,17 @@ std::string SphinxRecognizer::dictate(std::size_t fromSample) {
         process::logFault(DLOG_WARN, kTag, kDictation, "no language model for free speech in " + mLanguage.id);
         return "";
     }
-    const std::size_t from = fromSample > kLeadSamples ? fromSample - kLeadSamples : 0;
-    return decodeWhole(*mDictation, mUtterance.data() + from, mUtterance.size() - from);
+    std::size_t from = mUtterance.size();
+    std::size_t to = 0;
+    for (const sphinx::Segment& segment : mDecoder.segments()) {
+        if (isMark(segment.word, kFreePhone)) {
+            from = std::min(from, static_cast<std::size_t>(segment.firstFrame) * kFrameSamples);
+            to = (static_cast<std::size_t>(segment.lastFrame) + 1) * kFrameSamples + kLeadSamples;
+        }
+    }
+    from -= std::min(from, kLeadSamples);
+    to = endsBefore ? std::min(to, mUtterance.size()) : mUtterance.size();
+    return decodeWhole(*mDictation, mUtterance.data() + from, to - from);
 }
 
 }  // namespace voice

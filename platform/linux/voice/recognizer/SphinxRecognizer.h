@@ -2,8 +2,8 @@
 // A recognizer that uses PocketSphinx.
 //
 // While the person speaks, it decodes with a grammar of the sentences to get partial results. At the end, it decodes
-// the whole utterance again, normalized over its full length, to get the result. It decodes a free end a third time
-// with the open language model, which it loads on first use.
+// the whole utterance again, normalized over its full length, to get the result. It decodes the free words of a
+// sentence a third time with the open language model, which it loads on first use.
 #pragma once
 
 #include <future>
@@ -25,10 +25,17 @@ public:
     std::string finish() override;
 
 private:
-    // The accepted words without the free end; empty for a rejection. Also returns the first frame of the free end, or
-    // -1 without one.
-    std::string sentence(int& freeFromFrame);
-    std::string dictate(std::size_t fromSample);
+    // The accepted words before and after the free words. Without free words, all are in `before`; after a rejection,
+    // it is empty.
+    struct Spoken {
+        std::string before;
+        std::string after;
+        bool hasFreeWords = false;
+    };
+
+    Spoken splitText();
+    // Decodes the free words. endsBefore: other words follow them.
+    std::string dictate(bool endsBefore);
     void loadDictation();
 
     const Language mLanguage;

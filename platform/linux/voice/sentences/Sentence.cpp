@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "voice/Sentence.h"
 
+#include <algorithm>
 #include <sstream>
 
 namespace voice {
@@ -26,6 +27,11 @@ void collectLists(const Sentence& sentence, std::set<std::string>& lists) {
     for (const Sentence& part : sentence.parts) {
         collectLists(part, lists);
     }
+}
+
+bool containsAnything(const Sentence& sentence) {
+    return sentence.kind == Sentence::Anything ||
+           std::any_of(sentence.parts.begin(), sentence.parts.end(), containsAnything);
 }
 
 std::vector<std::string> splitWords(const std::string& text) {

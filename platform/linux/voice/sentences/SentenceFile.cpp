@@ -6,6 +6,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "BuiltInLists.h"
+#include "FieldValue.h"
 #include "dlog.h"
 
 namespace voice {
@@ -89,12 +91,20 @@ private:
         } else if (header == "recipe steps") {
             mSection = Section::RecipeSteps;
         } else if (header.rfind("names ", 0) == 0) {
-            mList = trim(header.substr(6));
-            mInto.lists[mList];
-            mSection = Section::Names;
+            openList(trim(header.substr(6)));
         } else {
             openCommand(splitAt(header, '/'));
         }
+    }
+
+    // The file's own list replaces the built-in one, even for the sentences above.
+    void openList(const std::string& name) {
+        mList = name;
+        if (mBuiltIn.erase(name) > 0) {
+            mInto.lists.erase(name);
+        }
+        mInto.lists[name];
+        mSection = Section::Names;
     }
 
     void openCommand(const std::vector<std::string>& parts) {
@@ -139,6 +149,9 @@ private:
         if (!inner.empty()) {
             throw std::invalid_argument("a name cannot refer to another list");
         }
+        if (containsAnything(spoken)) {
+            throw std::invalid_argument("a name cannot contain \"*\"");
+        }
         mInto.lists[mList].push_back({value, std::move(spoken)});
     }
 
@@ -148,10 +161,14 @@ private:
         mInto.commands.back().sentences.push_back(std::move(sentence));
     }
 
-    void requireLists(const Sentence& sentence) const {
+    void requireLists(const Sentence& sentence) {
         std::set<std::string> lists;
         collectLists(sentence, lists);
         for (const std::string& list : lists) {
+            if (mInto.lists.count(list) == 0 && isBuiltInList(list)) {
+                mInto.lists[list] = builtInNames(list);
+                mBuiltIn.insert(list);
+            }
             const auto found = mInto.lists.find(list);
             if (found == mInto.lists.end() || found->second.empty()) {
                 throw std::invalid_argument("the list <" + list + "> is empty or is not defined above");
@@ -161,6 +178,7 @@ private:
 
     void readField(const std::string& line) {
         auto field = splitField(line);
+        checkFieldValue(field.second);
         if (field.first == "only after") {
             mInto.commands.back().onlyAfter = field.second;
         } else {
@@ -172,6 +190,7 @@ private:
     const LineFault& mReport;
     Section mSection = Section::None;
     std::string mList;
+    std::set<std::string> mBuiltIn;  // the lists that the file uses without defining them
     int mLine = 0;
 };
 

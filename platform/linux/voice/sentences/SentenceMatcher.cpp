@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "voice/Sentence.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace voice {
@@ -9,6 +10,22 @@ namespace {
 
 // Limits the time of the search.
 constexpr int kMaxSteps = 100000;
+// So many names are skipped in the time of one step.
+constexpr std::size_t kNamesPerStep = 50;
+
+// Whether the sentence can begin with the word, as far as its first item shows. Skips most names of a long list without
+// a search.
+bool mayBeginWith(const Sentence& sentence, const std::string& word) {
+    const auto& parts = sentence.parts;
+    if (sentence.kind == Sentence::Word) {
+        return sentence.text == word;
+    }
+    if (sentence.kind == Sentence::All && !parts.empty()) {
+        return mayBeginWith(parts.front(), word);
+    }
+    return sentence.kind != Sentence::OneOf ||
+           std::any_of(parts.begin(), parts.end(), [&](const Sentence& part) { return mayBeginWith(part, word); });
+}
 
 // Searches by backtracking. `rest` returns whether the rest of the sentence matches the words from a position on.
 class Matcher {
@@ -52,8 +69,13 @@ private:
     }
 
     bool matchName(const std::string& list, std::size_t at, const Rest& rest) {
-        for (const Named& named : mLists.at(list)) {
-            if (match(named.spoken, at, rest)) {
+        if (at >= mWords.size()) {
+            return false;
+        }
+        const std::vector<Named>& names = mLists.at(list);
+        mSteps += static_cast<int>(names.size() / kNamesPerStep);
+        for (const Named& named : names) {
+            if (mayBeginWith(named.spoken, mWords[at]) && match(named.spoken, at, rest)) {
                 mSlots[list] = named.value;
                 return true;
             }
@@ -61,16 +83,23 @@ private:
         return false;
     }
 
+    // The fewest words with which the rest matches.
     bool matchAnything(std::size_t at, const Rest& rest) {
-        if (at >= mWords.size() || !rest(mWords.size())) {
-            return false;
+        for (std::size_t end = at + 1; end <= mWords.size(); ++end) {
+            if (rest(end)) {
+                mSlots["*"] = joined(at, end);
+                return true;
+            }
         }
-        std::string& said = mSlots["*"];
-        said.clear();
-        for (; at < mWords.size(); ++at) {
-            said += (said.empty() ? "" : " ") + mWords[at];
+        return false;
+    }
+
+    std::string joined(std::size_t from, std::size_t to) const {
+        std::string text;
+        for (std::size_t i = from; i < to; ++i) {
+            text += (text.empty() ? "" : " ") + mWords[i];
         }
-        return true;
+        return text;
     }
 
     const NameLists& mLists;

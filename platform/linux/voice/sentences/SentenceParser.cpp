@@ -21,6 +21,15 @@ bool fitsNothing(const Sentence& sentence) {
            (sentence.kind == Sentence::OneOf && std::any_of(parts.begin(), parts.end(), fitsNothing));
 }
 
+// The largest number of "*" on one way through the sentence.
+int freeParts(const Sentence& sentence) {
+    int most = sentence.kind == Sentence::Anything ? 1 : 0;
+    for (const Sentence& part : sentence.parts) {
+        most = sentence.kind == Sentence::All ? most + freeParts(part) : std::max(most, freeParts(part));
+    }
+    return most;
+}
+
 class Parser {
 public:
     explicit Parser(const std::string& text) : mText(text) {}
@@ -32,6 +41,9 @@ public:
         }
         if (fitsNothing(sentence)) {
             fail("every word is optional");
+        }
+        if (freeParts(sentence) > 1) {
+            fail("more than one \"*\"");
         }
         return sentence;
     }
@@ -75,9 +87,6 @@ private:
         Sentence all{Sentence::All, "", {}};
         for (skipBlanks(); mAt < mText.size() && std::string("|)]").find(mText[mAt]) == std::string::npos;
              skipBlanks()) {
-            if (!all.parts.empty() && all.parts.back().kind == Sentence::Anything) {
-                fail("\"*\" must come last");
-            }
             all.parts.push_back(item(depth));
         }
         if (all.parts.empty()) {

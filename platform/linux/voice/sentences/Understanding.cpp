@@ -3,6 +3,9 @@
 
 #include <cctype>
 #include <nlohmann/json.hpp>
+#include <utility>
+
+#include "FieldValue.h"
 
 namespace voice {
 
@@ -24,17 +27,13 @@ std::string dataName(const std::string& agent) {
     return name;
 }
 
-// Replaces "<list>" and "*" with the person's words.
-std::string filledIn(const std::string& value, const SlotValues& slots) {
-    const bool isList = value.size() > 2 && value.front() == '<' && value.back() == '>';
-    const auto found = slots.find(isList ? value.substr(1, value.size() - 2) : value);
-    return isList || value == "*" ? (found == slots.end() ? "" : found->second) : value;
-}
-
 Intent makeIntent(const Command& command, const SlotValues& slots) {
     Intent intent{command.agent, command.actionName, command.actionType, {}};
     for (const auto& [name, value] : command.fields) {
-        intent.fields.emplace_back(name, filledIn(value, slots));
+        std::string text = filledIn(value, slots);
+        if (!text.empty()) {
+            intent.fields.emplace_back(name, std::move(text));
+        }
     }
     return intent;
 }

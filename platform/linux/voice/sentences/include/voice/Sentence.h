@@ -15,7 +15,7 @@ struct Sentence {
         All,      // the parts in order
         OneOf,    // one of the parts; optional if one of them is an empty All
         Name,     // one of the names of the list `text`
-        Anything  // any words up to the end
+        Anything  // one or more words of any kind; at most one on each way through the sentence
     };
     Kind kind = All;
     std::string text;
@@ -38,10 +38,12 @@ void collectWords(const Sentence& sentence, const NameLists& lists, std::set<std
 // Adds the names of its lists.
 void collectLists(const Sentence& sentence, std::set<std::string>& lists);
 
-// Maps each list to the value of the recognized name, and "*" to the words of the free end.
+bool containsAnything(const Sentence& sentence);
+
+// Maps each list to the value of the recognized name, and "*" to the free words.
 using SlotValues = std::map<std::string, std::string>;
 
-// Whether the sentence matches the words. If so, `slots` contains the values.
+// Whether the sentence matches the words. If so, `slots` contains the values. The free words are as few as possible.
 bool matches(const Sentence& sentence, const NameLists& lists, const std::vector<std::string>& words,
              SlotValues& slots);
 

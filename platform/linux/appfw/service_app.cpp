@@ -157,7 +157,7 @@ bool join(const App& app, Presence& presence) {
 
 int run(const App& app) {
     // Ecore would feed the watchdog itself, and would not notice that another thread hangs.
-    const auto watchdogLimit = status::watchdogLimit();
+    const auto watchdogLimit = status::takeWatchdogLimit();
     ecore_app_no_system_modules();
     if (ecore_init() == 0) {
         fprintf(stderr, "%s: cannot set up the main loop\n", APP_ID);

@@ -30,11 +30,13 @@ void notifyManager(const std::string& lines) noexcept {
     }
 }
 
-std::chrono::microseconds watchdogLimit() noexcept {
+std::chrono::microseconds takeWatchdogLimit() noexcept {
     const char* limit = std::getenv("WATCHDOG_USEC");
     const char* process = std::getenv("WATCHDOG_PID");
     const bool forAnother = process && std::strtol(process, nullptr, 10) != getpid();
-    return std::chrono::microseconds(limit && !forAnother ? std::strtoll(limit, nullptr, 10) : 0);
+    const std::chrono::microseconds taken(limit && !forAnother ? std::strtoll(limit, nullptr, 10) : 0);
+    unsetenv("WATCHDOG_USEC");
+    return taken;
 }
 
 }  // namespace status

@@ -12,7 +12,8 @@ namespace status {
 void notifyManager(const std::string& lines) noexcept;
 
 // The manager ends a process that does not send "WATCHDOG=1" within this time (WATCHDOG_USEC). Zero: there is no
-// watchdog for this process (WATCHDOG_PID).
-std::chrono::microseconds watchdogLimit() noexcept;
+// watchdog for this process. Removes the variable; otherwise Ecore would send the message, even while another thread
+// hangs. Call it before ecore_init().
+std::chrono::microseconds takeWatchdogLimit() noexcept;
 
 }  // namespace status

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr double kWatchdogSeconds = 20;
+constexpr double kWatchdogSeconds = 60;
 
 std::mutex mutex;
 std::condition_variable changed;
